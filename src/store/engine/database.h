@@ -1,0 +1,68 @@
+#pragma once
+
+#include "store/engine/recordset.h"
+#include "store/engine/table_def.h"
+
+#include <memory>
+
+namespace dao {
+
+class DatabaseCore;
+
+/// An open file. A handle: copies speak of the same one; it closes with Close or with the last copy.
+class Database {
+public:
+    Database() = default; ///< none
+
+    bool isOpen() const;
+    explicit operator bool() const { return isOpen(); }
+    /// The path it was opened by; empty for a closed one.
+    QString Name() const;
+    bool isReadOnly() const;
+    /// Whether it is a genuine Jet file, which is only read.
+    bool isJetFile() const;
+
+    /// Opens a table by its name, or a SELECT of Jet SQL. Raises 3078 for no such table, and what
+    /// `sql::translateSelect` raises.
+    Recordset OpenRecordset(const QString& source,
+                            RecordsetType type = RecordsetType::Dynaset) const;
+    QList<Recordset> Recordsets() const; ///< those open
+
+    TableDef CreateTableDef(const QString& name) const { return TableDef(name); }
+    TableDefCollection TableDefs() const;
+    Relation CreateRelation(const QString& name, const QString& table, const QString& foreignTable,
+                            int attributes) const;
+    RelationCollection Relations() const;
+
+    /// Changes the file's password; an empty one means none. Raises 3031 when `oldPassword` is not
+    /// the file's, 3219 while a recordset is open. A failure leaves the file as it was.
+    void NewPassword(const QString& oldPassword, const QString& newPassword);
+
+    void Close(); ///< closes its recordsets too; nothing happens when it is closed already
+
+private:
+    friend class Workspace;
+    friend class Transaction;
+    explicit Database(std::shared_ptr<DatabaseCore> core);
+    std::shared_ptr<DatabaseCore> checkedCore() const; ///< raises 3420 when closed
+    std::shared_ptr<DatabaseCore> m_core;
+};
+
+/// Work that is done whole or not at all: what happens to the database between construction and
+/// `commit` is undone when the object goes without it. May stand inside another. Undoing closes the
+/// recordsets that were opened meanwhile.
+class Transaction {
+public:
+    explicit Transaction(const Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+private:
+    std::shared_ptr<DatabaseCore> m_core;
+    bool m_open = true;
+};
+
+} // namespace dao

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "store/engine/database.h"
+
+#include <QList>
+
+#include <memory>
+
+namespace dao {
+
+class WorkspaceCore;
+
+/// The text that CreateDatabase takes for the language of a file.
+inline constexpr QStringView GeneralLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
+
+/// The connect text for a password: ";pwd=" and the password, empty without one.
+QString connectText(const QString& password);
+
+/// A group of open databases whose changes can be made whole or not at all.
+class Workspace {
+public:
+    Workspace() = default;
+
+    QString Name() const;
+    QList<Database> Databases() const; ///< those open
+
+    /// Opens a file. Raises 3024 for no such file, 3031 for a missing or wrong password, 3045 or
+    /// 3356 when another process has it, 3049 or 3343 for what is no database or a damaged one,
+    /// 3051 when it can't be opened for writing. `exclusive` refuses a file that this process has
+    /// open already (3356).
+    Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false,
+                          const QString& connect = {}) const;
+    /// Makes an empty file and opens it. Raises 3204 when the path is taken.
+    Database CreateDatabase(const QString& path, const QString& locale, int options = 0) const;
+
+    void BeginTrans() const;
+    void CommitTrans() const; ///< raises 3034 with none begun
+    void Rollback() const;    ///< raises 3034 with none begun
+    void Close();             ///< undoes what is open and closes the databases
+
+private:
+    friend class DBEngine;
+    explicit Workspace(std::shared_ptr<WorkspaceCore> core);
+    std::shared_ptr<WorkspaceCore> m_core;
+};
+
+/// The engine. A process makes one and hands it to who opens files.
+class DBEngine {
+public:
+    DBEngine();
+
+    QString Version() const; ///< "3.6"
+    Workspace Workspaces(int index) const; ///< 0 is the default one; raises 3265 beyond
+    Workspace CreateWorkspace(const QString& name, const QString& user, const QString& password);
+
+    Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false,
+                          const QString& connect = {}) const;
+    Database CreateDatabase(const QString& path, const QString& locale, int options = 0) const;
+    /// Writes a compact copy. The password stands in `sourceConnect` (";pwd=..."); the copy has the
+    /// same. Raises 3204 when the destination exists and what OpenDatabase raises for the source,
+    /// which stays untouched; a failure leaves no destination behind.
+    void CompactDatabase(const QString& source, const QString& destination,
+                         const QString& locale = {}, int options = 0,
+                         const QString& sourceConnect = {}) const;
+    /// Mends a damaged file in place: keeps what can be read. A file that is whole stays as it is.
+    /// Raises 3343 where nothing can be read; the file then stays as it was.
+    void RepairDatabase(const QString& path, const QString& connect = {}) const;
+
+private:
+    Workspace m_default;
+};
+
+} // namespace dao

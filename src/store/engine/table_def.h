@@ -1,0 +1,103 @@
+#pragma once
+
+#include "store/engine/structure.h"
+
+#include <memory>
+
+namespace dao {
+
+class DatabaseCore;
+
+/// The fields of a table, in their order. Of a table that stands in a file, a change is made in the
+/// file at once; while a recordset has the table open it raises 3211, and nothing changes.
+class FieldCollection {
+public:
+    int Count() const;
+    Field operator[](int position) const;     ///< raises 3265 beyond the end
+    Field operator[](QStringView name) const; ///< raises 3265 where there is none; case-blind
+    bool Contains(QStringView name) const;
+    QList<Field>::const_iterator begin() const;
+    QList<Field>::const_iterator end() const;
+
+    /// Adds a field, last or at its `OrdinalPosition`. Raises 3191 when the name is taken, 3125 for
+    /// a name that can't be one, 3190 beyond 255 fields.
+    void Append(const Field& field);
+    /// Removes a field with all it holds. Raises 3265 where there is none.
+    void Delete(QStringView name);
+    /// Gives a field another name; relations and indexes follow. Raises as Append and Delete.
+    void Rename(QStringView name, const QString& newName);
+    /// Moves a field so that it stands at `position`, counted from 0; those between shift by one.
+    void SetOrdinalPosition(QStringView name, int position);
+
+private:
+    friend class TableDef;
+    FieldCollection(std::shared_ptr<DatabaseCore> core, std::shared_ptr<TableStructure> structure);
+
+    std::shared_ptr<DatabaseCore> m_core; ///< null for a table not yet appended
+    std::shared_ptr<TableStructure> m_structure;
+};
+
+/// The definition of a table: of one in a file, or of one still to be appended to
+/// `Database::TableDefs`. A handle: copies speak of the same definition.
+class TableDef {
+public:
+    explicit TableDef(const QString& name); ///< one to be appended later
+
+    const QString& Name() const { return m_structure->name; }
+    FieldCollection Fields() const;
+    const QList<Index>& Indexes() const { return m_structure->indexes; }
+    const TableStructure& structure() const { return *m_structure; }
+
+    /// A description to be filled in further and handed to `Fields().Append`.
+    static Field CreateField(const QString& name, DataType type, int size = 0);
+    /// A description to be filled in further and handed to `AppendIndex`.
+    static Index CreateIndex(const QString& name);
+    /// Adds an index. Raises 3265 for a field that the table lacks, 3022 when the records there
+    /// break it, 3211 as the fields' changes do.
+    void AppendIndex(const Index& index);
+
+private:
+    friend class TableDefCollection;
+    TableDef(std::shared_ptr<DatabaseCore> core, std::shared_ptr<TableStructure> structure);
+
+    std::shared_ptr<DatabaseCore> m_core;
+    std::shared_ptr<TableStructure> m_structure;
+};
+
+/// The tables of a file, in the order in which they were made.
+class TableDefCollection {
+public:
+    explicit TableDefCollection(std::shared_ptr<DatabaseCore> core);
+
+    int Count() const;
+    bool Contains(QStringView name) const;    ///< case-blind
+    TableDef operator[](QStringView name) const; ///< raises 3265 where there is none
+    QStringList names() const;
+
+    /// Makes the table in the file. Raises 3010 when the name is taken, 3125, 3190, 3191, and 3219
+    /// for a table without fields.
+    void Append(const TableDef& table);
+    /// Removes a table with all it holds, and the relations in which it is the foreign one. Raises
+    /// 3265 where there is none, 3211 in use, 3281 while another table is related to it.
+    void Delete(QStringView name);
+
+private:
+    std::shared_ptr<DatabaseCore> m_core;
+};
+
+/// The relations of a file.
+class RelationCollection {
+public:
+    explicit RelationCollection(std::shared_ptr<DatabaseCore> core);
+
+    QList<Relation> all() const;
+    /// Raises 3367 for a name in use, 3265 for a table or field that is not there, 3201 when
+    /// records there break it.
+    void Append(const Relation& relation);
+    void Delete(QStringView name); ///< raises 3265 where there is none
+
+private:
+    std::shared_ptr<DatabaseCore> m_core;
+};
+
+} // namespace dao

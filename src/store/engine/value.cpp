@@ -1,0 +1,69 @@
+#include "store/engine/value.h"
+
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace dao {
+namespace {
+
+/// The number at the start of a text, blanks before it ignored; 0 where there is none.
+double leadingNumber(const QString& text) {
+    static const QRegularExpression number(
+        QStringLiteral(R"(^\s*([+-]?(?:\d+\.?\d*|\.\d+)(?:[eE][+-]?\d+)?))"));
+    const QRegularExpressionMatch match = number.match(text);
+    return match.hasMatch() ? match.captured(1).toDouble() : 0.0;
+}
+
+qint64 roundedToInteger(double number) {
+    constexpr double limit = 9.2e18;
+    if (!(std::abs(number) < limit)) // NaN as well
+        return number > 0 ? std::numeric_limits<qint64>::max()
+                          : (number < 0 ? std::numeric_limits<qint64>::min() : 0);
+    return static_cast<qint64>(std::nearbyint(number));
+}
+
+} // namespace
+
+Value::Value(QString text) : m_data(std::move(text)) {}
+
+Value::Value(QByteArray bytes) : m_data(std::move(bytes)) {}
+
+qint64 Value::toInteger() const {
+    if (const auto* number = std::get_if<qint64>(&m_data))
+        return *number;
+    return roundedToInteger(toDouble());
+}
+
+double Value::toDouble() const {
+    if (const auto* number = std::get_if<qint64>(&m_data))
+        return static_cast<double>(*number);
+    if (const auto* number = std::get_if<double>(&m_data))
+        return *number;
+    if (const auto* text = std::get_if<QString>(&m_data))
+        return leadingNumber(*text);
+    return 0.0;
+}
+
+QString Value::toText() const {
+    if (const auto* text = std::get_if<QString>(&m_data))
+        return *text;
+    if (const auto* number = std::get_if<qint64>(&m_data))
+        return QString::number(*number);
+    if (const auto* number = std::get_if<double>(&m_data))
+        return numberText(*number);
+    return {};
+}
+
+QByteArray Value::toBinary() const {
+    const auto* bytes = std::get_if<QByteArray>(&m_data);
+    return bytes ? *bytes : QByteArray();
+}
+
+QString numberText(double number) {
+    return QString::number(number, 'g', 15);
+}
+
+} // namespace dao
