@@ -15,6 +15,9 @@ bool sameName(QStringView a, QStringView b);
 /// letter differs from the bare one and stands straight behind it. Negative, 0 or positive.
 int compareText(QStringView a, QStringView b);
 
+/// The same for texts in UTF-8, sizes in bytes.
+int compareUtf8(const char* a, int aSize, const char* b, int bSize);
+
 /// The one function that writes a name of a table or field into a text of Jet SQL: as it stands
 /// where it parses so, else in brackets, a closing bracket doubled. `writeName(u"7A")` gives
 /// `[7A]`, `writeName(u"Class_7A")` gives `Class_7A`, `writeName(u"a]b")` gives `[a]]b]`.
