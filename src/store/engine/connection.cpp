@@ -38,8 +38,8 @@ EngineError constraintError(int extended) {
 }
 
 int compareCollated(void*, int leftSize, const void* left, int rightSize, const void* right) {
-    return compareUtf8(static_cast<const char*>(left), leftSize, static_cast<const char*>(right),
-                       rightSize);
+    return compareUtf8({static_cast<const char*>(left), leftSize},
+                       {static_cast<const char*>(right), rightSize});
 }
 
 /// A value as the text that LIKE compares: a number as the engine writes it.

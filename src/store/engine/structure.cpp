@@ -1,5 +1,6 @@
 #include "store/engine/structure.h"
 
+#include "store/engine/error.h"
 #include "store/engine/names.h"
 
 #include <algorithm>
@@ -107,11 +108,15 @@ int TableStructure::fieldIndex(QStringView fieldName) const {
 }
 
 QString rowNumberName(const TableStructure& table) {
-    for (const QString& name : {QStringLiteral("rowid"), QStringLiteral("_rowid_")}) {
+    for (const QString& name :
+         {QStringLiteral("rowid"), QStringLiteral("_rowid_"), QStringLiteral("oid")}) {
         if (table.fieldIndex(name) < 0)
             return name;
     }
-    return QStringLiteral("oid");
+    throw EngineError(InvalidName,
+                      QStringLiteral("The table '%1' uses all names that the engine needs for its "
+                                     "record numbers.")
+                          .arg(table.name));
 }
 
 int defaultSize(DataType type) {

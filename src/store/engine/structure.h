@@ -82,7 +82,7 @@ struct TableStructure {
 };
 
 /// The number of a record in its table, by the one of SQLite's three names for it that no field of
-/// the table takes.
+/// the table takes. Raises 3125 when fields take all three.
 QString rowNumberName(const TableStructure& table);
 
 /// The bytes or characters that a field of this type has when none are given.
