@@ -17,14 +17,8 @@ constexpr char16_t EndOfAscii = 0x80;
 constexpr char16_t EndOfLatin = 0x180;
 constexpr qsizetype MaximumNameLength = 64;
 
-using Units = QVarLengthArray<char16_t, 128>;
-
 char16_t foldedAscii(char16_t character) {
     return character >= u'A' && character <= u'Z' ? char16_t(character + (u'a' - u'A')) : character;
-}
-
-QStringView viewOf(const Units& units) {
-    return QStringView(units.constData(), units.size());
 }
 
 /// A folded text without its accents.
@@ -43,85 +37,59 @@ QString bare(const QString& foldedText) {
     return letters;
 }
 
-/// The letters that Western and Central European names are made of, worked out once: a comparison
-/// of such names then needs no memory of its own.
+/// Compares two texts in full: their letters without accents first, then the texts themselves.
+int compareAny(QStringView a, QStringView b) {
+    const QString left = folded(a);
+    const QString right = folded(b);
+    const int order = bare(left).compare(bare(right));
+    return order != 0 ? order : left.compare(right);
+}
+
+/// A letter of those that Western and Central European names are made of, worked out once, so that
+/// comparing such names needs no memory.
 struct LatinLetter {
-    QString folded;
-    QString bare;
+    char16_t folded = 0;
+    char16_t bare = 0; ///< 0 for the few letters that fold to two
 };
 
-const LatinLetter& latinLetter(char16_t letter) {
+const std::array<LatinLetter, EndOfLatin>& latinLetters() {
     static const auto letters = [] {
         std::array<LatinLetter, EndOfLatin> made;
         for (char16_t each = 0; each < EndOfLatin; ++each) {
-            made[each].folded = folded(QStringView(&each, 1));
-            made[each].bare = bare(made[each].folded);
+            const QString foldedLetter = folded(QStringView(&each, 1));
+            const QString bareLetter = bare(foldedLetter);
+            if (foldedLetter.size() == 1 && bareLetter.size() == 1)
+                made[each] = {foldedLetter[0].unicode(), bareLetter[0].unicode()};
         }
         return made;
     }();
-    return letters[letter];
+    return letters;
 }
 
-/// What a text is compared by: its letters without their accents first, then the text itself.
-struct SortKey {
-    Units bare;
-    Units folded;
-};
-
-void append(const QString& text, Units& units) {
-    units.append(reinterpret_cast<const char16_t*>(text.utf16()), text.size());
-}
-
-SortKey sortKey(QStringView text) {
-    SortKey key;
-    const auto isLatin = [](QChar character) { return character.unicode() < EndOfLatin; };
-    for (auto place = text.begin(); place != text.end();) {
-        if (isLatin(*place)) {
-            const LatinLetter& letter = latinLetter(place->unicode());
-            append(letter.folded, key.folded);
-            append(letter.bare, key.bare);
-            ++place;
-            continue;
-        }
-        const auto end = std::find_if(place, text.end(), isLatin);
-        const QString foldedText = folded(QStringView(place, end));
-        append(foldedText, key.folded);
-        append(bare(foldedText), key.bare);
-        place = end;
-    }
-    return key;
-}
-
-int compareByKeys(QStringView a, QStringView b) {
-    const SortKey left = sortKey(a);
-    const SortKey right = sortKey(b);
-    const int order = viewOf(left.bare).compare(viewOf(right.bare));
-    return order != 0 ? order : viewOf(left.folded).compare(viewOf(right.folded));
-}
-
-/// Compares as long as both texts are ASCII: the order if that decides it, else nothing and in
-/// `place` where the rest begins. `Unit` is a byte of UTF-8 or a unit of UTF-16.
-template<typename Unit>
-std::optional<int> compareAscii(const Unit* a, qsizetype aLength, const Unit* b, qsizetype bLength,
-                                qsizetype& place) {
-    const qsizetype common = std::min(aLength, bLength);
-    for (place = 0; place < common; ++place) {
-        const Unit left = a[place];
-        const Unit right = b[place];
-        if ((left | right) >= EndOfAscii)
+/// As compareAny, letter by letter; nothing where it meets one that is not in the table.
+std::optional<int> compareLatin(QStringView a, QStringView b) {
+    const auto& letters = latinLetters();
+    const auto letterAt = [&letters](QStringView text, qsizetype place) {
+        const char16_t unit = text[place].unicode();
+        return unit < EndOfLatin ? letters[unit] : LatinLetter();
+    };
+    const qsizetype common = std::min(a.size(), b.size());
+    int accents = 0;
+    for (qsizetype place = 0; place < common; ++place) {
+        const LatinLetter left = letterAt(a, place);
+        const LatinLetter right = letterAt(b, place);
+        if (!left.bare || !right.bare)
             return std::nullopt;
-        if (left == right)
-            continue;
-        const int order = foldedAscii(left) - foldedAscii(right);
-        if (order != 0)
-            return order;
+        if (left.bare != right.bare)
+            return left.bare - right.bare;
+        if (accents == 0)
+            accents = left.folded - right.folded;
     }
-    if (aLength == bLength)
-        return 0;
-    const Unit next = aLength > bLength ? a[common] : b[common];
-    if (next >= EndOfAscii) // may be an accent of the last letter
+    if (a.size() == b.size())
+        return accents;
+    if (!letterAt(a.size() > b.size() ? a : b, common).bare) // may be an accent of the last letter
         return std::nullopt;
-    return aLength < bLength ? -1 : 1;
+    return a.size() < b.size() ? -1 : 1;
 }
 
 /// The characters of a text or pattern of LIKE, one by one, without regard to case.
@@ -256,17 +224,23 @@ bool sameName(QStringView a, QStringView b) {
 }
 
 int compareText(QStringView a, QStringView b) {
-    qsizetype place = 0;
-    if (const auto order = compareAscii(a.utf16(), a.size(), b.utf16(), b.size(), place))
-        return *order;
-    return compareByKeys(a.sliced(place), b.sliced(place));
+    const auto order = compareLatin(a, b);
+    return order ? *order : compareAny(a, b);
 }
 
 int compareUtf8(QByteArrayView a, QByteArrayView b) {
+    const qsizetype common = std::min(a.size(), b.size());
     qsizetype place = 0;
-    if (const auto order = compareAscii(reinterpret_cast<const uchar*>(a.data()), a.size(),
-                                        reinterpret_cast<const uchar*>(b.data()), b.size(), place))
-        return *order;
+    for (; place < common; ++place) {
+        const auto left = static_cast<uchar>(a[place]);
+        const auto right = static_cast<uchar>(b[place]);
+        if ((left | right) >= EndOfAscii)
+            break;
+        if (left != right && foldedAscii(left) != foldedAscii(right))
+            return foldedAscii(left) - foldedAscii(right);
+    }
+    if (place == a.size() && place == b.size())
+        return 0;
     const auto decoded = [place](QByteArrayView text) {
         QStringDecoder decoder(QStringDecoder::Utf8);
         QVarLengthArray<QChar, 256> units(decoder.requiredSpace(text.size() - place));
@@ -274,7 +248,7 @@ int compareUtf8(QByteArrayView a, QByteArrayView b) {
         units.resize(end - units.data());
         return units;
     };
-    return compareByKeys(decoded(a), decoded(b));
+    return compareText(decoded(a), decoded(b));
 }
 
 QString writeName(QStringView name) {
