@@ -22,6 +22,20 @@ bool isFullDisk(sqlite3* database, int extended) {
            (cause == ENOSPC || cause == EDQUOT || cause == EFBIG);
 }
 
+/// The code of a failure. One inside a function of the library's own (the export of a copy) comes
+/// as its text alone.
+int causeOf(sqlite3* database) {
+    const int extended = sqlite3_extended_errcode(database);
+    if ((extended & 0xff) != SQLITE_ERROR)
+        return extended;
+    const QByteArrayView message(sqlite3_errmsg(database));
+    for (const int code : {SQLITE_FULL, SQLITE_IOERR, SQLITE_CORRUPT}) {
+        if (message == QByteArrayView(sqlite3_errstr(code)))
+            return code;
+    }
+    return extended;
+}
+
 EngineError constraintError(int extended) {
     switch (extended) {
     case SQLITE_CONSTRAINT_FOREIGNKEY:
@@ -106,11 +120,11 @@ void configure(Connection& connection) {
 
 } // namespace
 
-void raiseDatabaseError(sqlite3* database, int result) {
-    const int extended = sqlite3_extended_errcode(database);
-    if (isFullDisk(database, extended))
+void raiseDatabaseError(sqlite3* database) {
+    const int cause = causeOf(database);
+    if (isFullDisk(database, cause))
         throw EngineError(DiskFull, QStringLiteral("There is not enough space on the disk."));
-    switch (result & 0xff) {
+    switch (cause & 0xff) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
@@ -128,7 +142,7 @@ void raiseDatabaseError(sqlite3* database, int result) {
     case SQLITE_IOERR:
         throw EngineError(DiskError, QStringLiteral("The disk or the network reported an error."));
     case SQLITE_CONSTRAINT:
-        throw constraintError(extended);
+        throw constraintError(cause);
     case SQLITE_TOOBIG:
         throw EngineError(TextTooLong, QStringLiteral("The value is too long."));
     case SQLITE_NOMEM:
@@ -152,7 +166,7 @@ Statement::Statement(Connection& connection, const QString& sql) : m_database(co
                                           static_cast<int>(text.size()) + 1, &statement, nullptr);
     m_statement.reset(statement);
     if (result != SQLITE_OK)
-        raiseDatabaseError(m_database, result);
+        raiseDatabaseError(m_database);
 }
 
 void Statement::bind(int position, const Value& value) {
@@ -177,7 +191,7 @@ void Statement::bind(int position, const Value& value) {
                                                        SQLITE_TRANSIENT);
     }
     if (result != SQLITE_OK)
-        raiseDatabaseError(m_database, result);
+        raiseDatabaseError(m_database);
 }
 
 bool Statement::step() {
@@ -187,7 +201,7 @@ bool Statement::step() {
     if (result == SQLITE_DONE)
         return false;
     try {
-        raiseDatabaseError(m_database, result);
+        raiseDatabaseError(m_database);
     } catch (...) {
         sqlite3_reset(m_statement.get());
         throw;
@@ -237,15 +251,13 @@ void Connection::Close::operator()(sqlite3* database) const {
 }
 
 Connection::Connection(const QString& path, Mode mode, const QString& password) {
-    const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
-                      : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
-                                                : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Existing ? 0 : SQLITE_OPEN_CREATE);
     const QByteArray name = mode == Mode::Memory ? QByteArray(":memory:") : path.toUtf8();
     sqlite3* database = nullptr;
     const int result = sqlite3_open_v2(name.constData(), &database, flags, nullptr);
     m_database.reset(database);
     if (result != SQLITE_OK)
-        raiseDatabaseError(database, result);
+        raiseDatabaseError(database);
     sqlite3_extended_result_codes(database, 1);
     sqlite3_busy_timeout(database, busyMilliseconds);
     for (const char* setting : protectionSettings)

@@ -42,7 +42,7 @@ private:
 /// keys enforced, every commit flushed to the disk, and no temporary files.
 class Connection {
 public:
-    enum class Mode { ReadOnly, ReadWrite, Create, Memory };
+    enum class Mode { Existing, Create, Memory };
 
     Connection() = default;
     /// Opens. `password` is empty for an unprotected file. Raises 3031 when the password is wrong,
@@ -66,7 +66,7 @@ public:
     void commit();
     void rollback();
 
-    /// Attaches another file under a name, made when it is not there.
+    /// Attaches another file, which has to be there but may be empty, under a name.
     void attach(const QString& path, const QString& schema, const QString& password);
 
     /// Raises 3343 when the file's structure is damaged. Reads the whole file.
@@ -96,6 +96,6 @@ private:
 };
 
 /// Turns the state that the library is in after a failed call into an EngineError.
-[[noreturn]] void raiseDatabaseError(sqlite3* database, int result);
+[[noreturn]] void raiseDatabaseError(sqlite3* database);
 
 } // namespace dao

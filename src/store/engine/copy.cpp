@@ -44,6 +44,9 @@ void writeInto(Connection& connection, const QString& path, const QString& passw
     removeDatabaseFile(path);
     connection.execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
     try {
+        if (!QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            throw EngineError(CannotOpenFile,
+                              QStringLiteral("The file could not be opened for writing."));
         {
             const Attachment attachment(connection, path, password);
             write();

@@ -86,14 +86,14 @@ void Database::NewPassword(const QString& oldPassword, const QString& newPasswor
         replaceFile(copy, core->path);
     } catch (const EngineError&) {
         removeDatabaseFile(copy);
-        core->connection = Connection(core->path, Connection::Mode::ReadWrite, core->password);
+        core->connection = Connection(core->path, Connection::Mode::Existing, core->password);
         throw;
     }
     --core->file->handles;
     core->file = copyFile;
     ++core->file->handles;
     core->password = newPassword;
-    core->connection = Connection(core->path, Connection::Mode::ReadWrite, newPassword);
+    core->connection = Connection(core->path, Connection::Mode::Existing, newPassword);
     core->catalog.invalidate();
 }
 

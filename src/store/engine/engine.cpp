@@ -57,9 +57,7 @@ void openOwnFile(DatabaseCore& core, FileKind kind) {
         core.password.clear();
     else if (core.password.isEmpty())
         throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
-    core.connection = Connection(
-        core.path, core.readOnly ? Connection::Mode::ReadOnly : Connection::Mode::ReadWrite,
-        core.password);
+    core.connection = Connection(core.path, Connection::Mode::Existing, core.password);
     core.connection.checkStructure();
     if (!core.readOnly)
         core.connection.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
@@ -240,7 +238,7 @@ void DBEngine::RepairDatabase(const QString& path, const QString& connect) const
     const QString password = kind == FileKind::Plain ? QString() : passwordOf(connect);
     if (kind == FileKind::Protected && password.isEmpty())
         throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
-    Connection connection(absolute, Connection::Mode::ReadWrite, password);
+    Connection connection(absolute, Connection::Mode::Existing, password);
     try {
         return connection.checkStructure();
     } catch (const EngineError& error) {
