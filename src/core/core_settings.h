@@ -6,7 +6,8 @@
 namespace setting {
 
 inline constexpr QStringView DefaultDatabasePath = u"DefaultDatabasePath"; ///< text
-inline constexpr QStringView DontShowStartup = u"DontShowStartup"; ///< 1: open it without the wizard
+inline constexpr QStringView DontShowStartup =
+    u"DontShowStartup"; ///< 1: open it without the wizard
 inline constexpr QStringView CheckForUpgrade = u"CheckForUpgrade"; ///< 1: after a file was opened
 /// At close: 0 nothing, 1 ask, 2 back up and compact, 3 back up only.
 inline constexpr QStringView AutoBackup = u"AutoBackup";

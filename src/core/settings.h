@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class QSettings;
 
@@ -25,9 +26,9 @@ QString keyOf(QStringView name);
 /// What an operation of the settings answers; 0 is success. Known by number.
 enum SettingStatus {
     SettingFound = 0,
-    SettingMissing = 2,      ///< no such key or value
-    SettingNotWritten = 5,   ///< the file could not be written
-    SettingUnreadable = 13,  ///< a value of neither type
+    SettingMissing = 2,     ///< no such key or value
+    SettingNotWritten = 5,  ///< the file could not be written
+    SettingUnreadable = 13, ///< a value of neither type
 };
 
 struct SettingEntry {
@@ -40,11 +41,11 @@ struct SettingEntry {
 /// hold any character, a key's name all but the backslash. A value that was never written is
 /// absent; no reader ever fails for it, and each has its own default.
 ///
-/// The tree is one file, in sections as QSettings writes them. A number is written as
-/// dword:0000002a, a text as itself; a text that begins with "dword:" or "text:" has "text:" in
-/// front. `.=` stands for the key itself, so that empty keys last; in a name `%`, `/` and `\` are
-/// written as % and two hexadecimal digits, so is the name `.`, and an empty name is `%`. A
-/// missing, damaged or unreadable file reads as an empty tree, as far as it can't be read.
+/// The tree is one file (settings_format.h). A number is written as dword:0000002a, a text as
+/// itself; a text that begins with "dword:" or "text:" has "text:" in front. `.=` stands for the
+/// key itself, so that empty keys last. In names `%`, `/`, `=`, `[` and line breaks are written as
+/// `%` and two hexadecimal digits, so is a value's name `.`, and an empty name is `%`. A missing or
+/// unreadable file reads as an empty tree, a damaged one as far as it can be read.
 ///
 /// Every change is on disk when its operation returns, written beside the file and renamed.
 class Settings {
@@ -116,8 +117,8 @@ private:
     dao::Value m_regValue;
     QStringList m_registrySubkeys;
 
-    QString storedKey(QStringView key) const;
-    QString storedName(const QString& group, QStringView name) const;
+    std::optional<QString> sectionOf(QStringView key) const;
+    std::optional<QString> storedName(const QString& section, QStringView name) const;
     SettingStatus write(QStringView key, QStringView name, const QString& stored);
     SettingStatus save();
 };
