@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QRandomGenerator>
 
+#include <sqlcipher/sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -216,11 +217,13 @@ TEST_F(OpenTest, RepairKeepsWhatCanBeRead) {
 
 TEST_F(OpenTest, ForeignRulesOfAFileDoNotRun) {
     pupilsFile(u("year.mdb")).Close();
-    ASSERT_EQ(std::system(qPrintable(
-                  u("sqlcipher '%1' 'CREATE TRIGGER t AFTER INSERT ON Pupils BEGIN DELETE FROM "
-                    "Pupils; END'")
-                      .arg(path(u("year.mdb"))))),
-              0);
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(qPrintable(path(u("year.mdb"))), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw,
+                           "CREATE TRIGGER t AFTER INSERT ON Pupils BEGIN DELETE FROM Pupils; END",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(raw);
     dao::Database database = engine.OpenDatabase(path(u("year.mdb")));
     addRecord(database, u("Pupils"), {u("Adams")});
     EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 1);
