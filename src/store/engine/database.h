@@ -9,7 +9,8 @@ namespace dao {
 
 class DatabaseCore;
 
-/// An open file. A handle: copies speak of the same one; it closes with Close or with the last copy.
+/// An open file. A handle: copies speak of the same one; it closes with Close or with the last
+/// copy.
 class Database {
 public:
     Database() = default; ///< none
@@ -41,16 +42,17 @@ public:
     void Close(); ///< closes its recordsets too; nothing happens when it is closed already
 
 private:
-    friend class Workspace;
+    friend class DBEngine;
     friend class Transaction;
+    friend class Workspace;
     explicit Database(std::shared_ptr<DatabaseCore> core);
     std::shared_ptr<DatabaseCore> checkedCore() const; ///< raises 3420 when closed
     std::shared_ptr<DatabaseCore> m_core;
 };
 
 /// Work that is done whole or not at all: what happens to the database between construction and
-/// `commit` is undone when the object goes without it. May stand inside another. Undoing closes the
-/// recordsets that were opened meanwhile.
+/// `commit` is undone when the object goes without it. May stand inside another. In open recordsets
+/// the records that were added meanwhile then read as deleted.
 class Transaction {
 public:
     explicit Transaction(const Database& database);

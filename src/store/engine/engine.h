@@ -49,7 +49,7 @@ class DBEngine {
 public:
     DBEngine();
 
-    QString Version() const; ///< "3.6"
+    QString Version() const;               ///< "3.6"
     Workspace Workspaces(int index) const; ///< 0 is the default one; raises 3265 beyond
     Workspace CreateWorkspace(const QString& name, const QString& user, const QString& password);
 

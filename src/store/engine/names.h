@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -14,6 +15,10 @@ bool sameName(QStringView a, QStringView b);
 /// Compares two texts as every comparison of the engine does: without regard to case; an accented
 /// letter differs from the bare one and stands straight behind it. Negative, 0 or positive.
 int compareText(QStringView a, QStringView b);
+
+/// compareText for texts in UTF-8, for where they come as such; it decodes only from the first
+/// letter beyond ASCII on.
+int compareUtf8(QByteArrayView a, QByteArrayView b);
 
 /// The one function that writes a name of a table or field into a text of Jet SQL: as it stands
 /// where it parses so, else in brackets, a closing bracket doubled. `writeName(u"7A")` gives

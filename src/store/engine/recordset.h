@@ -65,8 +65,9 @@ private:
 ///
 /// State: BOF and EOF are both true when there is no record at all. Opened on records, the first is
 /// current. Beyond either end, and straight after Delete, there is no current record; what needs
-/// one then raises 3021 (3167 after Delete). Leaving a record drops changes that were not written by
-/// Update. A handle: copies speak of the same recordset; Clone makes one with a place of its own.
+/// one then raises 3021 (3167 after Delete). Leaving a record drops changes that were not written
+/// by Update. A handle: copies speak of the same recordset; Clone makes one with a place of its
+/// own.
 class Recordset {
 public:
     Recordset() = default; ///< none
@@ -82,9 +83,9 @@ public:
     int RecordCount() const;
     int AbsolutePosition() const; ///< from 0; -1 with no current record
     void SetAbsolutePosition(int position);
-    Bookmark Bookmark() const; ///< raises 3021 with no current record
-    void SetBookmark(const class Bookmark& bookmark); ///< raises 3167 when the record is gone
-    class Bookmark LastModified() const; ///< of the record last added or changed here
+    dao::Bookmark Bookmark() const;                  ///< raises 3021 with no current record
+    void SetBookmark(const dao::Bookmark& bookmark); ///< raises 3167 when the record is gone
+    dao::Bookmark LastModified() const;              ///< of the record last added or changed here
 
     void MoveFirst();
     void MoveLast();
@@ -95,7 +96,7 @@ public:
     void FindFirst(const QString& criteria);
     bool NoMatch() const;
 
-    EditMode EditMode() const;
+    dao::EditMode EditMode() const;
     void AddNew();
     void Edit();
     /// Writes what AddNew or Edit began, whole or not at all. A record added stands last; the place
@@ -108,8 +109,8 @@ public:
     void Delete();
 
     int FieldCount() const;
-    RecordsetField Fields(int column) const;        ///< raises 3265 beyond the end
-    RecordsetField Fields(QStringView name) const;  ///< raises 3265 where there is none
+    RecordsetField Fields(int column) const;       ///< raises 3265 beyond the end
+    RecordsetField Fields(QStringView name) const; ///< raises 3265 where there is none
     bool HasField(QStringView name) const;
     /// The value of a field of the current record. Shorthand for Fields(name).value().
     Value Collect(QStringView name) const;
@@ -121,7 +122,8 @@ public:
     void SetCollect(int column, const Value& value);
     RecordsetField operator[](QStringView name) const { return Fields(name); }
 
-    /// The order that OpenRecordset gives to a new recordset made from this one, as behind ORDER BY.
+    /// The order that OpenRecordset gives to a new recordset made from this one, as behind ORDER
+    /// BY.
     void SetSort(const QString& order);
     QString Sort() const;
     Recordset OpenRecordset() const;

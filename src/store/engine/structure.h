@@ -81,6 +81,10 @@ struct TableStructure {
     int fieldIndex(QStringView fieldName) const; ///< -1 where there is none; case-blind
 };
 
+/// The number of a record in its table, by the one of SQLite's three names for it that no field of
+/// the table takes. Raises 3125 when fields take all three.
+QString rowNumberName(const TableStructure& table);
+
 /// The bytes or characters that a field of this type has when none are given.
 int defaultSize(DataType type);
 
@@ -93,6 +97,9 @@ void readDeclaredType(const QString& declaration, Field& field);
 
 /// The CREATE TABLE statement, in SQLite's language, that makes the table.
 QString createStatement(const TableStructure& table);
+
+/// A field as it stands in a CREATE TABLE or ALTER TABLE ADD statement.
+QString fieldDefinition(const Field& field);
 
 /// Reads a table's structure back from the CREATE TABLE statement that the file keeps.
 TableStructure readCreateStatement(const QString& statement);

@@ -2,10 +2,12 @@
 
 #include "store/engine/structure.h"
 
+#include <functional>
 #include <memory>
 
 namespace dao {
 
+class Catalog;
 class DatabaseCore;
 
 /// The fields of a table, in their order. Of a table that stands in a file, a change is made in the
@@ -33,6 +35,9 @@ private:
     friend class TableDef;
     FieldCollection(std::shared_ptr<DatabaseCore> core, std::shared_ptr<TableStructure> structure);
 
+    TableStructure& current() const; ///< as it stands in the file now
+    void change(const std::function<void(Catalog&)>& work);
+
     std::shared_ptr<DatabaseCore> m_core; ///< null for a table not yet appended
     std::shared_ptr<TableStructure> m_structure;
 };
@@ -45,8 +50,8 @@ public:
 
     const QString& Name() const { return m_structure->name; }
     FieldCollection Fields() const;
-    const QList<Index>& Indexes() const { return m_structure->indexes; }
-    const TableStructure& structure() const { return *m_structure; }
+    QList<Index> Indexes() const { return structure().indexes; }
+    const TableStructure& structure() const; ///< all of it, as it stands in the file now
 
     /// A description to be filled in further and handed to `Fields().Append`.
     static Field CreateField(const QString& name, DataType type, int size = 0);
@@ -70,7 +75,7 @@ public:
     explicit TableDefCollection(std::shared_ptr<DatabaseCore> core);
 
     int Count() const;
-    bool Contains(QStringView name) const;    ///< case-blind
+    bool Contains(QStringView name) const;       ///< case-blind
     TableDef operator[](QStringView name) const; ///< raises 3265 where there is none
     QStringList names() const;
 

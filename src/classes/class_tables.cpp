@@ -1,0 +1,55 @@
+#include "classes/class_tables.h"
+
+#include "calendar/dates.h"
+#include "classes/register_columns.h"
+#include "store/schema.h"
+#include "store/table_names.h"
+
+#include <algorithm>
+
+QList<Lesson> classLessons(const QList<QDate>& days, const QList<QChar>& letters,
+                           const ClassPeriods& periods) {
+    QList<Lesson> lessons;
+    for (qsizetype i = 0; i < days.size(); ++i) {
+        const QChar letter = letters.isEmpty() ? QChar(u'A') : letters[i];
+        const auto weekday = static_cast<size_t>(weekdayOf(days[i]) - Monday);
+        const QString& digits = periods.week(letter)[weekday];
+        lessons.insert(lessons.size(), digits.size(), Lesson{days[i], letter});
+    }
+    return lessons;
+}
+
+bool hasRegister(const QList<Lesson>& lessons) {
+    return lessons.size() > 1;
+}
+
+bool exceedsRegister(const QList<Lesson>& lessons) {
+    return lessons.size() > MaximumRegisterLessons;
+}
+
+void createPupilTable(const dao::Database& database, const QString& classCode) {
+    database.TableDefs().Append(schemaTableDef(Table::Class, {}, classCode));
+}
+
+void createRegisterTable(const dao::Database& database, const QString& classCode,
+                         const QList<Lesson>& lessons) {
+    const dao::TableDef definition = schemaTableDef(Table::Register, {}, classCode);
+    dao::FieldCollection fields = definition.Fields();
+    const qsizetype columns = std::min<qsizetype>(lessons.size(), MaximumRegisterLessons);
+    for (int number = 1; number <= columns; ++number)
+        fields.Append(registerField({lessons[number - 1].date, number}));
+    database.TableDefs().Append(definition);
+}
+
+void createMarksTable(const dao::Database& database, const QString& classCode) {
+    database.TableDefs().Append(schemaTableDef(Table::Marks, {}, classCode));
+}
+
+void createClassRelations(const dao::Database& database, const QString& classCode,
+                          bool withRegister) {
+    dao::RelationCollection relations = database.Relations();
+    if (withRegister)
+        relations.Append(
+            classRelation(registerRelation(classCode), classCode, registerTable(classCode)));
+    relations.Append(classRelation(marksRelation(classCode), classCode, marksTable(classCode)));
+}

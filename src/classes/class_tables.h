@@ -1,0 +1,53 @@
+#pragma once
+
+#include "store/engine/database.h"
+
+#include <QChar>
+#include <QDate>
+#include <QList>
+#include <QString>
+
+#include <array>
+
+/// How a class's own tables come to be: the pupils' table, the register with a column a lesson, the
+/// table of grades, and the relations between them.
+
+/// The periods of a class on each weekday, Monday 0 to Friday 4, as a text of digits in ascending
+/// order; week B only matters in a year with two timetables.
+struct ClassPeriods {
+    std::array<QString, 5> weekA;
+    std::array<QString, 5> weekB;
+
+    const std::array<QString, 5>& week(QChar letter) const {
+        return letter == u'B' ? weekB : weekA;
+    }
+};
+
+struct Lesson {
+    QDate date;
+    QChar letter; ///< of the timetable that holds on this date
+};
+
+/// The lessons of a class over a year, in the order of the days; two periods of one day are two
+/// lessons. `letters` has a letter for each of `days`, or is empty in a year with one timetable.
+QList<Lesson> classLessons(const QList<QDate>& days, const QList<QChar>& letters,
+                           const ClassPeriods& periods);
+
+/// A register has no more columns of lessons: a few of the 255 fields of a table stay free.
+inline constexpr int MaximumRegisterLessons = 250;
+
+/// Whether a class with so many lessons in the year gets a register: more than one.
+bool hasRegister(const QList<Lesson>& lessons);
+/// Whether the register leaves lessons out; the caller then warns.
+bool exceedsRegister(const QList<Lesson>& lessons);
+
+/// Makes `Class_`C. Raises what the engine raises, as the others do.
+void createPupilTable(const dao::Database& database, const QString& classCode);
+/// Makes `REG_`C with the first 250 of the lessons, numbered from 1.
+void createRegisterTable(const dao::Database& database, const QString& classCode,
+                         const QList<Lesson>& lessons);
+/// Makes `Marks_`C.
+void createMarksTable(const dao::Database& database, const QString& classCode);
+/// Ties `REG_`C, where there is one, and `Marks_`C to `Class_`C.
+void createClassRelations(const dao::Database& database, const QString& classCode,
+                          bool withRegister);

@@ -1,0 +1,45 @@
+#include "classes/register_columns.h"
+
+#include "calendar/dates.h"
+#include "store/engine/table_def.h"
+
+namespace {
+
+constexpr qsizetype DateLength = 8;
+constexpr qsizetype NumberPosition = DateLength + 1;
+
+} // namespace
+
+QString registerDateText(QDate date) {
+    return QStringLiteral("%1/%2/%3")
+        .arg(date.day(), 2, 10, QLatin1Char('0'))
+        .arg(date.month(), 2, 10, QLatin1Char('0'))
+        .arg(date.year() % 100, 2, 10, QLatin1Char('0'));
+}
+
+QString registerColumnName(const RegisterColumn& column) {
+    return registerDateText(column.date) + u' ' + QString::number(column.number);
+}
+
+std::optional<RegisterColumn> readRegisterColumn(QStringView fieldName) {
+    if (fieldName.size() <= NumberPosition || fieldName.at(DateLength) != u' ')
+        return std::nullopt;
+    bool isDay = false;
+    bool isMonth = false;
+    bool isYear = false;
+    bool isNumber = false;
+    const int day = fieldName.left(2).toInt(&isDay);
+    const int month = fieldName.mid(3, 2).toInt(&isMonth);
+    const int year = fieldName.mid(6, 2).toInt(&isYear);
+    const int number = fieldName.mid(NumberPosition).toInt(&isNumber);
+    if (!isDay || !isMonth || !isYear || !isNumber)
+        return std::nullopt;
+    return RegisterColumn{dateFromParts(year, month, day), number};
+}
+
+dao::Field registerField(const RegisterColumn& column) {
+    dao::Field field =
+        dao::TableDef::CreateField(registerColumnName(column), dao::DataType::Text, 1);
+    field.AllowZeroLength = true;
+    return field;
+}

@@ -1,0 +1,158 @@
+#include "core/commands.h"
+
+#include "core/core_settings.h"
+#include "core/main_frame.h"
+#include "core/prompts.h"
+#include "core/settings.h"
+
+#include <QFileInfo>
+
+#include <array>
+
+namespace {
+
+/// A window that is opened again at the next start, in the order of opening. Windows to come add
+/// their line here and in the frame's own table.
+struct StartupWindow {
+    QStringView value;
+    QStringView form;
+};
+constexpr std::array<StartupWindow, 3> windowsBeforePostits{{
+    {setting::Open_Register, u"RegisterFrm"},
+    {setting::Open_Timetable, u"TTfrm"},
+    {setting::Open_COE, u"COEfrm"},
+}};
+constexpr std::array<StartupWindow, 2> windowsAfterPostits{{
+    {setting::Open_WeeklyPlan, u"ORVA2frm"},
+    {setting::Open_Planning, u"ORVAfrm"},
+}};
+
+void backToWizard(Session& session) {
+    session.DatabasePath.clear();
+    session.Frame()->SetCaption(mainCaption({}));
+    session.Frame()->ShowStartupWizard();
+}
+
+/// Opens the windows whose value exists: that it exists is its meaning, whatever it holds.
+template<size_t Count>
+void openWindows(Session& session, const std::array<StartupWindow, Count>& windows) {
+    const QString key = setting::keyOf(setting::Startup);
+    for (const StartupWindow& window : windows) {
+        if (session.GetSettings().ReadRegistryValue(key, window.value) == SettingFound)
+            session.Frame()->OpenForm(window.form.toString());
+    }
+}
+
+QStringView valueOf(const QString& form) {
+    for (const auto& window : windowsBeforePostits) {
+        if (window.form == form)
+            return window.value;
+    }
+    for (const auto& window : windowsAfterPostits) {
+        if (window.form == form)
+            return window.value;
+    }
+    return {};
+}
+
+} // namespace
+
+void LoadMainWindow(Session& session) {
+    session.DatabasePath =
+        session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
+    if (!QFileInfo::exists(session.DatabasePath))
+        session.DatabasePath.clear();
+    session.Frame()->SetCaption(mainCaption({}));
+    session.Frame()->EnableInput(false);
+    session.Frame()->DestroySplash();
+}
+
+void ActivateMainWindow(Session& session) {
+    const bool skipsWizard =
+        session.GetSettings().readFlag(setting::Root, setting::DontShowStartup);
+    if (session.DatabasePath.isEmpty() || !skipsWizard)
+        return session.Frame()->ShowStartupWizard();
+    const QString path = session.DatabasePath;
+    const OpenResult result = session.OpenDatabaseFile(path, {});
+    if (result == OpenDone) {
+        session.Frame()->DestroySplash();
+        session.Frame()->EnableInput(true);
+        return RunCurrentStartup(session);
+    }
+    if (result != OpenCancelled) {
+        const OpenFailure failure = openFailure(result, path);
+        session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
+    }
+    backToWizard(session);
+}
+
+OpenFailure openFailure(OpenResult result, const QString& path) {
+    if (result == OpenInUse)
+        return {QStringLiteral("Database already open"),
+                QStringLiteral("The database : \n\n%1\n\nappears to be already open by another "
+                               "user.\n\nPlease retry later.")
+                    .arg(ShortenPath(path))};
+    return {QStringLiteral("Invalid Database"),
+            QStringLiteral("The database : \n\n%1\n\nappears to be either the wrong format or "
+                           "corrupt!\n\nPlease choose another action.")
+                .arg(ShortenPath(path))};
+}
+
+void LeaveDatabase(Session& session) {
+    session.Frame()->CloseOpenForms();
+    session.Frame()->EnableInput(false);
+    session.CloseAllDatabases();
+}
+
+void OpenDatabaseCommand(Session& session) {
+    const QString path = session.ChooseDatabaseFile();
+    if (path.isEmpty())
+        return;
+    session.DatabasePath = path;
+    LeaveDatabase(session);
+    const OpenResult result = session.OpenDatabaseFile(path, {});
+    if (result == OpenDone) {
+        session.Frame()->EnableInput(true);
+        return RunCurrentStartup(session);
+    }
+    if (result != OpenCancelled) {
+        const OpenFailure failure = openFailure(result, path);
+        session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
+    }
+    backToWizard(session);
+}
+
+void SetupDatabaseCommand(Session& session) {
+    LeaveDatabase(session);
+    session.Frame()->SetCaption(mainCaption({}));
+    session.Frame()->ShowStartupWizardSetup();
+}
+
+void ReturnToWizardCommand(Session& session) {
+    LeaveDatabase(session);
+    session.Frame()->SetCaption(mainCaption({}));
+    session.Frame()->ShowStartupWizard();
+}
+
+void RunCurrentStartup(Session& session) {
+    openWindows(session, windowsBeforePostits);
+    openWindows(session, windowsAfterPostits);
+}
+
+void SaveCurrentStartup(Session& session) {
+    Settings& settings = session.GetSettings();
+    const QString key = setting::keyOf(setting::Startup);
+    settings.ClearRegistryKey(key);
+    const QStringList forms = session.Frame()->visibleForms();
+    for (auto form = forms.crbegin(); form != forms.crend(); ++form) {
+        if (const QStringView value = valueOf(*form); !value.isEmpty())
+            settings.WriteRegistryValue(key, value, 1);
+    }
+    session.Frame()->CloseOpenForms();
+}
+
+void GetUpgradeInfo(Session& session) {
+    session.GetSeams().prompts.PlainBox(
+        QStringLiteral("No internet address for upgrades has been configured."),
+        OkButton | InformationIcon, QStringLiteral("Internet Upgrade"));
+}

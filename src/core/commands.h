@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <QString>
+
+/// The roads between the two states of a session: the start, the file menu, the end. Each leaves
+/// the frame either with an open year or with the start-up wizard.
+
+/// The main window has been loaded: takes over the default database, if its file is still there.
+void LoadMainWindow(Session& session);
+
+/// The first activation of the main window: opens the default database when the teacher has asked
+/// for that, else shows the wizard.
+void ActivateMainWindow(Session& session);
+
+/// "Open a ORVA Database... ". Cancelled, the session stays as it was.
+void OpenDatabaseCommand(Session& session);
+/// "Setup a New ORVA database..."
+void SetupDatabaseCommand(Session& session);
+/// "Return to the Startup Wizard..."
+void ReturnToWizardCommand(Session& session);
+
+/// Closes the year with its windows: every way out of the open state begins so.
+void LeaveDatabase(Session& session);
+
+/// The box for a file that is in use or invalid: its title and text.
+struct OpenFailure {
+    QString title;
+    QString text;
+};
+OpenFailure openFailure(OpenResult result, const QString& path);
+
+/// Opens the windows of the last run, after a database came open.
+void RunCurrentStartup(Session& session);
+/// Notes which windows are open, and unloads them.
+void SaveCurrentStartup(Session& session);
+
+/// Tells whether there is a newer version of the program. No address is built in: where none is
+/// configured the teacher is told so.
+void GetUpgradeInfo(Session& session);

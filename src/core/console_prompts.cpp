@@ -1,0 +1,64 @@
+#include "core/console_prompts.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void print(const QString& title, const QString& text) {
+    const QString line = (title + u": "_s + text).simplified() + u'\n';
+    std::fputs(line.toLocal8Bit().constData(), stderr);
+}
+
+} // namespace
+
+PromptAnswer ConsolePrompts::PlainBox(const QString& text, int flags, const QString& title) {
+    print(title, text);
+    return decliningAnswer(flags);
+}
+
+int ConsolePrompts::msg_Box(const QString& text, int flags, const QString& title, const BoxLook&) {
+    return PlainBox(text, flags, title);
+}
+
+int ConsolePrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
+                                const BoxLook&) {
+    print(title, text);
+    return defaultAnswer(flags);
+}
+
+QString ConsolePrompts::input_box(const QString& text, int, const QString& title, const QString&,
+                                  qint32) {
+    print(title, text);
+    return {};
+}
+
+std::optional<DatePeriod> ConsolePrompts::Date_Box(const QString&, const DatePeriod&) {
+    return std::nullopt;
+}
+
+QString ConsolePrompts::File_Link(const QString&, const QString&, const QString&, const QString&) {
+    return {};
+}
+
+QString ConsolePrompts::OpenFileDialog(const QString&, const QList<FileFilter>&, const QString&,
+                                       int, bool) {
+    return {};
+}
+
+QString ConsolePrompts::ChooseFolder(const QString&) {
+    return {};
+}
+
+std::optional<qint32> ConsolePrompts::ChooseColour(qint32) {
+    return std::nullopt;
+}
+
+std::optional<FontRecord> ConsolePrompts::ChooseFont(const FontRecord&) {
+    return std::nullopt;
+}
+
+QString ConsolePrompts::PromptForPassword() {
+    return {};
+}

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "core/font_record.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What a box answers: the value of the button that closed it. Callers know the values by number.
+enum PromptAnswer {
+    AnswerOk = 1,
+    AnswerCancel = 2,
+    AnswerAbort = 3,
+    AnswerRetry = 4,
+    AnswerIgnore = 5,
+    AnswerYes = 6,
+    AnswerNo = 7,
+};
+
+/// Added to the answer of msg_Box when its check box was ticked: No with the box ticked is 107.
+inline constexpr int CheckBoxTicked = 100;
+
+/// The word of flags of a box: one set of buttons, at most one icon, and the default button.
+enum PromptFlag {
+    OkButton = 0,
+    OkCancelButtons = 1,
+    AbortRetryIgnoreButtons = 2,
+    YesNoCancelButtons = 3,
+    YesNoButtons = 4,
+    RetryCancelButtons = 5,
+    CriticalIcon = 16,
+    QuestionIcon = 32,
+    WarningIcon = 48,
+    InformationIcon = 64,
+    SecondButtonDefault = 256,
+};
+
+struct PromptButton {
+    PromptAnswer answer;
+    QString caption;
+};
+
+/// The buttons of a word of flags, from left to right. A set that does not exist has "OK" alone.
+QList<PromptButton> promptButtons(int flags);
+
+/// The button that Enter presses, and that a box which closes by itself reports.
+PromptAnswer defaultAnswer(int flags);
+
+/// The answer of somebody who wants nothing done: Cancel, else No, else Abort; "OK" where that is
+/// the only button.
+PromptAnswer decliningAnswer(int flags);
+
+/// What msg_Box and MsgAuto_box may be given beyond their text.
+struct BoxLook {
+    qint32 colour = 0;              ///< background, red in the low byte; 0 is the usual pale yellow
+    std::optional<FontRecord> font; ///< the usual one where none is given
+    QStringList captions;           ///< up to four, in place of the set's own, from the left
+    QString checkBox;               ///< a check box with this caption; none where it is empty
+};
+
+struct FileFilter {
+    QString label;   ///< "All file types"
+    QString pattern; ///< "*.*"; several are separated by semicolons
+};
+
+/// The word of flags of OpenFileDialog.
+enum FileDialogFlag {
+    PathMustExist = 0x800,
+    FileMustExist = 0x1000,
+    ExplorerStyle = 0x80000,
+};
+
+struct DatePeriod {
+    QDate first;
+    QDate last;
+
+    bool operator==(const DatePeriod&) const = default;
+};
+
+/// Joins the name and the path in the answer of File_Link: the character 172.
+inline constexpr QChar FileLinkSeparator = QChar(172);
+
+/// How the rules ask the person. Every operation shows one dialog, waits for it and answers what
+/// the person did; none changes anything else. Tests and tools without a window put others in its
+/// place.
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+
+    /// The system's plain message box. `flags` is made of PromptFlag.
+    virtual PromptAnswer PlainBox(const QString& text, int flags, const QString& title) = 0;
+
+    /// The program's own message box. Answers a PromptAnswer, plus CheckBoxTicked when the look
+    /// has a check box and it was ticked.
+    virtual int msg_Box(const QString& text, int flags, const QString& title,
+                        const BoxLook& look = {}) = 0;
+    /// A message box that closes by itself after so many seconds and then reports the default
+    /// button.
+    virtual int MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                            const BoxLook& look = {}) = 0;
+    /// Asks for a line of text; empty when it was cancelled.
+    virtual QString input_box(const QString& text, int flags, const QString& title,
+                              const QString& proposal = {}, qint32 colour = 0) = 0;
+    /// Asks for a period within the limits, the first day not behind the last; nothing when it was
+    /// cancelled.
+    virtual std::optional<DatePeriod> Date_Box(const QString& title, const DatePeriod& limits) = 0;
+    /// Asks for a file or web address and a name for it. Answers the name and the path joined by
+    /// FileLinkSeparator, empty when it was cancelled.
+    virtual QString File_Link(const QString& title, const QString& text, const QString& name,
+                              const QString& path) = 0;
+
+    /// Asks for the path of a file to open, or to save when `save`; empty when it was cancelled.
+    /// `flags` is made of FileDialogFlag.
+    virtual QString OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
+                                   const QString& startFolder, int flags, bool save) = 0;
+    /// Asks for a folder, answered without a separator at its end; empty when it was cancelled.
+    virtual QString ChooseFolder(const QString& title) = 0;
+    /// Asks for a colour, red in the low byte; nothing when it was cancelled.
+    virtual std::optional<qint32> ChooseColour(qint32 colour) = 0;
+    virtual std::optional<FontRecord> ChooseFont(const FontRecord& font) = 0;
+
+    /// Asks for the password of a database; empty when it was cancelled.
+    virtual QString PromptForPassword() = 0;
+};

@@ -1,0 +1,214 @@
+#include "core/session.h"
+
+#include "core/core_settings.h"
+#include "core/main_frame.h"
+#include "core/prompts.h"
+#include "core/settings.h"
+#include "store/data_helpers.h"
+#include "store/engine/error.h"
+#include "store/table_names.h"
+#include "store/upgrades.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr qint32 white = 0xFFFFFF;
+
+QString withSeparator(const QString& folder) {
+    return folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator();
+}
+
+/// The first character between the parts of a date as this format writes it.
+QString separatorOf(const QString& format) {
+    const auto found = std::find_if(format.begin(), format.end(), [](QChar character) {
+        return !character.isLetter() && character != u'\'';
+    });
+    return found == format.end() ? QString() : QString(*found);
+}
+
+/// A name beside an older file for its converted copy that no file has yet.
+QString convertedName(const QString& path) {
+    const QFileInfo info(path);
+    const QString base = info.absolutePath() + u'/' + info.completeBaseName();
+    QString name = base + QStringLiteral(" (converted).mdb");
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = QStringLiteral("%1 (converted %2).mdb").arg(base).arg(number);
+    return name;
+}
+
+bool isInUse(int error) {
+    return error == dao::FileInUse || error == dao::CannotOpenFile ||
+           error == dao::OpenedExclusively;
+}
+
+} // namespace
+
+Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams)
+    : m_engine(engine), m_settings(settings), m_seams(seams) {}
+
+void Session::Start(const QString& appPath) {
+    QDir().mkpath(appPath);
+    AppPath = withSeparator(QDir::toNativeSeparators(appPath));
+    WindowsPath = withSeparator(QDir::toNativeSeparators(QDir::homePath()));
+    GradientsAvailable = true;
+    GradientsEnabled = m_settings.readNumber(setting::Root, setting::DisableGradients) != 1;
+    FolderDefaults = ReadFolderDefaults(m_settings, AppPath);
+    ShortDateFormat = QLocale().dateFormat(QLocale::ShortFormat);
+    DateSeparator = separatorOf(ShortDateFormat);
+}
+
+QString Session::helpFile() const {
+    return AppPath + QStringLiteral("ORVA.hlp");
+}
+
+OpenResult Session::OpenDatabaseFile(const QString& path, const QString& password) {
+    QString used = password;
+    for (int failures = 0;; ++failures) {
+        try {
+            return openOnce(path, used);
+        } catch (const dao::EngineError& error) {
+            clear();
+            if (isInUse(error.number()))
+                return OpenInUse;
+            if (error.number() != dao::WrongPassword)
+                return OpenInvalid;
+        }
+        if (failures > 0)
+            m_seams.prompts.msg_Box(QStringLiteral("This password is invalid!\nPlease try again"),
+                                    OkButton | WarningIcon, QStringLiteral("Invalid Password"));
+        used = m_seams.prompts.PromptForPassword();
+        if (used.isEmpty())
+            return OpenCancelled;
+    }
+}
+
+OpenResult Session::openOnce(const QString& path, const QString& password) {
+    CurrentDB = m_engine.OpenDatabase(path, false, false, dao::connectText(password));
+    readYear();
+    if (CurrentDB.isJetFile())
+        return openConverted(path, password);
+    bringUpToDate();
+    DatabasePassword = password;
+    if (m_frame)
+        m_frame->SetCaption(mainCaption(path));
+    return OpenDone;
+}
+
+/// What makes a file a year's: it has all these tables with these fields.
+void Session::readYear() {
+    readAdmin();
+    CurrentDB.OpenRecordset(PlanningTable);
+    countTerms();
+    CurrentDB.OpenRecordset(CalendarTable);
+    LoadClassColours();
+    CurrentDB.OpenRecordset(ExtraTTinfoTable);
+}
+
+void Session::readAdmin() {
+    const dao::Recordset admin = CurrentDB.OpenRecordset(AdminTable);
+    AcademicYear = admin.Collect(u"Year").toText();
+    PeriodsPerDay = static_cast<qint16>(admin.Collect(u"PeriodsPerDay").toInteger());
+    TeacherName = admin.Collect(u"Teacher").toText();
+    TTweekly = static_cast<qint16>(admin.Collect(u"TTweekly").toInteger());
+    StartWeek = TTweekly == 1 ? admin.Collect(u"StartWeek").toText() : QString();
+}
+
+void Session::countTerms() {
+    dao::Recordset terms = CurrentDB.OpenRecordset(TermDatesTable);
+    terms.MoveLast();
+    TermCount = static_cast<qint16>(dao::Value(terms.RecordCount() / 2.0).toInteger());
+}
+
+/// Older files lack what later ones have; each step does nothing to a file that has it.
+void Session::bringUpToDate() {
+    AddWeekField(CurrentDB);
+    AddABWeekField(CurrentDB, TTweekly, StartWeek);
+    if (!TableExists(CurrentDB, LessonNotesTable))
+        CreateLessonNotesTable(CurrentDB);
+}
+
+OpenResult Session::openConverted(const QString& path, const QString& password) {
+    CurrentDB.Close();
+    const QString copy = convertedName(path);
+    const int answer = m_seams.prompts.msg_Box(
+        QStringLiteral("The database :\n\n%1\n\nis in the older Jet format.\n\nA converted copy "
+                       "will be made beside it and opened:\n\n%2\n\nThe original file stays as it "
+                       "is. Do you wish to continue ?")
+            .arg(ShortenPath(path), ShortenPath(copy)),
+        OkCancelButtons | InformationIcon, QStringLiteral("Older Database"));
+    if (answer != AnswerOk) {
+        clear();
+        return OpenCancelled;
+    }
+    try {
+        m_engine.CompactDatabase(path, copy, dao::GeneralLocale.toString(), 0,
+                                 dao::connectText(password));
+    } catch (const dao::EngineError& error) {
+        clear();
+        m_seams.prompts.PlainBox(
+            QStringLiteral("The converted copy could not be made:\n\n%1\n\nThe original file is "
+                           "unchanged.")
+                .arg(error.description()),
+            OkButton | CriticalIcon, QStringLiteral("Older Database"));
+        return OpenCancelled;
+    }
+    if (QFileInfo(m_settings.readText(setting::Root, setting::DefaultDatabasePath)) ==
+        QFileInfo(path))
+        m_settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, copy);
+    DatabasePath = copy;
+    return openOnce(copy, password);
+}
+
+void Session::clear() {
+    CurrentDB.Close();
+    CurrentDB = {};
+    DatabasePassword.clear();
+}
+
+QString Session::ChooseDatabaseFile(const QString& title, int flags) {
+    return m_seams.prompts.OpenFileDialog(
+        title.isEmpty() ? QStringLiteral(" Select the database to open:") : title,
+        {{QStringLiteral("*.mdb"), QStringLiteral("*.mdb")}}, FolderDefaults[OpenFolder].folder,
+        flags, false);
+}
+
+void Session::CloseAllDatabases() {
+    ::CloseAllDatabases(m_engine.Workspaces(0), m_seams.prompts);
+    clear();
+}
+
+bool Session::IsDBOpen() {
+    try {
+        m_engine.OpenDatabase(DatabasePath, true, true, dao::connectText(DatabasePassword)).Close();
+    } catch (const dao::EngineError& error) {
+        if (error.number() == dao::OpenedExclusively || error.number() == dao::FileInUse) {
+            m_seams.prompts.PlainBox(
+                QStringLiteral("The database is already open and couldn't be closed!\n\nThis "
+                               "action has been canceled.\n\nPlease try restarting this "
+                               "application."),
+                OkButton | WarningIcon, QStringLiteral("Action canceled"));
+            return true;
+        }
+    }
+    return false;
+}
+
+void Session::LoadClassColours() {
+    ClassColours.clear();
+    dao::Recordset classes = CurrentDB.OpenRecordset(ClasscodesTable);
+    const dao::RecordsetField code = classes.Fields(u"Classcode");
+    const dao::RecordsetField colour = classes.Fields(u"Colour");
+    for (; !classes.EOF_(); classes.MoveNext())
+        ClassColours +=
+            {code.text(), colour.isNull() ? white : static_cast<qint32>(colour.integer())};
+}
+
+QString mainCaption(const QString& databasePath) {
+    return QStringLiteral("Orvane: ") + ShortenPath(databasePath);
+}

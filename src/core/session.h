@@ -1,0 +1,106 @@
+#pragma once
+
+#include "core/paths.h"
+#include "core/seams.h"
+#include "store/engine/engine.h"
+
+#include <QList>
+#include <QString>
+
+class MainFrame;
+class Settings;
+
+/// What opening a file ends in. Callers know the values by number.
+enum OpenResult : qint16 {
+    OpenInvalid = 0,   ///< not a year's file, or a damaged one
+    OpenDone = 1,      ///< it is the session's database now
+    OpenCancelled = 2, ///< the teacher called it off
+    OpenInUse = 3,     ///< another program has it
+};
+
+struct ClassColour {
+    QString code;
+    qint32 colour; ///< red in the low byte
+};
+
+/// The word of flags with which a file is chosen.
+inline constexpr int ExistingFileFlags = 0x80800;
+
+/// The session: one record for the whole process, with at most one open year. All read it; only the
+/// operations here write it, except `DatabasePath`, which whoever chooses a file sets first.
+///
+/// Two states. No database: `DatabasePath` is empty or not yet opened, `CurrentDB` is none.
+/// Database open: `CurrentDB` is set, and so are the values read from the file. A failure to open
+/// never leaves anything in between.
+class Session {
+public:
+    Session(dao::DBEngine& engine, Settings& settings, const Seams& seams);
+
+    QString AppPath;     ///< the person's program folder, with a separator at its end
+    QString WindowsPath; ///< the home folder, with a separator at its end
+    QString DatabasePath;
+    QString DatabasePassword; ///< what opened the database; handed on to compaction
+    dao::Database CurrentDB;
+    QString AcademicYear; ///< a label; no date is computed from it
+    qint16 PeriodsPerDay = 0;
+    QString TeacherName;
+    /// 1: TWO weeks, A and B, by turns; 0: one week that repeats. The name says the opposite of
+    /// what it means; it is the wizard's check box and stays so.
+    qint16 TTweekly = 0;
+    QString StartWeek; ///< the first teaching week's letter; empty unless TTweekly is 1
+    qint16 TermCount = 0;
+    QList<ClassColour> ClassColours; ///< in the order of `Classcodes`
+    QString ShortDateFormat;         ///< of the person's locale, as QLocale writes formats
+    QString DateSeparator;
+    qint16 TwipsPerPixelX = 15;
+    qint16 TwipsPerPixelY = 15;
+    qint32 ScreenMetricBorderX = 1; ///< logical pixels, as the next three
+    qint32 ScreenMetricBorderY = 1;
+    qint32 ScreenMetricCaption = 0;
+    qint32 ScreenMetricIcon = 0;
+    bool GradientsAvailable = false;
+    bool GradientsEnabled = false;
+    ::FolderDefaults FolderDefaults;
+
+    /// Sets the values that hold for the whole run, in the order of the start: paths, gradients,
+    /// default folders, the person's locale. `appPath` is made when it is not there.
+    void Start(const QString& appPath);
+    /// The main window that shows the caption; none in tools.
+    void SetFrame(MainFrame* frame) { m_frame = frame; }
+    MainFrame* Frame() const { return m_frame; }
+
+    dao::DBEngine& Engine() const { return m_engine; }
+    Settings& GetSettings() const { return m_settings; }
+    const Seams& GetSeams() const { return m_seams; }
+
+    /// Opens a year's file into the session: the only way in. Asks for a password as often as the
+    /// teacher tries; brings an older file up to date. For a genuine Jet file it offers to make a
+    /// converted copy beside it and opens that; `DatabasePath` then leads to the copy. Whatever
+    /// was open has to be closed before.
+    OpenResult OpenDatabaseFile(const QString& path, const QString& password);
+    /// Asks for a file to open; empty when it was cancelled. An empty title is the usual one.
+    QString ChooseDatabaseFile(const QString& title = {}, int flags = ExistingFileFlags);
+    void CloseAllDatabases();
+    /// Whether the file at `DatabasePath` is still open somewhere; if so the teacher is told.
+    bool IsDBOpen();
+    void LoadClassColours();
+
+    QString helpFile() const; ///< AppPath and "ORVA.hlp"
+
+private:
+    OpenResult openOnce(const QString& path, const QString& password);
+    OpenResult openConverted(const QString& path, const QString& password);
+    void readAdmin();
+    void readYear();
+    void bringUpToDate();
+    void countTerms();
+    void clear();
+
+    dao::DBEngine& m_engine;
+    Settings& m_settings;
+    Seams m_seams;
+    MainFrame* m_frame = nullptr;
+};
+
+/// The caption of the main window: "Orvane: " and the shortened path of the database, if any.
+QString mainCaption(const QString& databasePath);

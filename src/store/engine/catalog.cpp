@@ -1,0 +1,309 @@
+#include "store/engine/catalog.h"
+
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace dao {
+namespace {
+
+/// The name of a table while it is built again; no table of a person can have it.
+constexpr QStringView rebuiltName = u"orva.rebuilt";
+
+QString joinedNames(const QStringList& names) {
+    QStringList quoted;
+    for (const QString& name : names)
+        quoted += quoteName(name);
+    return quoted.join(QStringLiteral(", "));
+}
+
+/// Indexes share one name space in SQLite's files, so the stored name carries the table's.
+QString storedIndexName(const QString& table, const QString& index) {
+    return table + u'.' + index;
+}
+
+void renumber(TableStructure& table) {
+    for (int i = 0; i < table.fields.size(); ++i)
+        table.fields[i].OrdinalPosition = i;
+}
+
+} // namespace
+
+void Catalog::refresh() {
+    const qint64 version = m_connection.firstInteger(QStringLiteral("PRAGMA schema_version"));
+    if (version == m_version)
+        return;
+    QHash<QString, std::shared_ptr<TableStructure>> known;
+    for (const Entry& entry : std::as_const(m_entries))
+        known.insert(entry.statement, entry.structure);
+    m_entries.clear();
+    m_positions.clear();
+    Statement statement(
+        m_connection,
+        QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'table' AND "
+                       "name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND sql LIKE 'CREATE TABLE%' "
+                       "ORDER BY rowid"));
+    while (statement.step()) {
+        const QString sql = statement.text(1);
+        m_positions.insert(folded(statement.text(0)), m_entries.size());
+        m_entries += Entry{statement.text(0), sql, known.value(sql)};
+    }
+    m_version = version;
+}
+
+const TableStructure& Catalog::structureOf(Entry& entry) {
+    if (!entry.structure) {
+        entry.structure = std::make_shared<TableStructure>(readCreateStatement(entry.statement));
+        entry.structure->name = entry.name;
+        for (Relation& relation : entry.structure->relations)
+            relation.ForeignTable = entry.name;
+        readIndexes(*entry.structure);
+    }
+    return *entry.structure;
+}
+
+void Catalog::readIndexes(TableStructure& table) {
+    Statement list(m_connection,
+                   QStringLiteral("PRAGMA index_list(%1)").arg(quoteName(table.name)));
+    while (list.step()) {
+        const QString stored = list.text(1);
+        const QString prefix = table.name + u'.';
+        if (!stored.startsWith(prefix))
+            continue;
+        Index index{stored.mid(prefix.size()), false, list.integer(2) != 0, {}};
+        Statement info(m_connection,
+                       QStringLiteral("PRAGMA index_info(%1)").arg(quoteName(stored)));
+        while (info.step())
+            index.Fields += info.text(2);
+        table.indexes += index;
+    }
+}
+
+QStringList Catalog::tableNames() {
+    refresh();
+    QStringList names;
+    for (const Entry& entry : std::as_const(m_entries))
+        names += entry.name;
+    return names;
+}
+
+std::shared_ptr<const TableStructure> Catalog::find(QStringView name) {
+    refresh();
+    const qsizetype position = m_positions.value(folded(name), -1);
+    if (position < 0)
+        return nullptr;
+    structureOf(m_entries[position]);
+    return m_entries.at(position).structure;
+}
+
+QList<Relation> Catalog::relations() {
+    refresh();
+    QList<Relation> all;
+    for (Entry& entry : m_entries) {
+        if (entry.statement.contains(u"REFERENCES", Qt::CaseInsensitive))
+            all += structureOf(entry).relations;
+    }
+    return all;
+}
+
+QList<Relation> Catalog::relationsOn(QStringView table) {
+    QList<Relation> found;
+    for (const Relation& relation : relations()) {
+        if (sameName(relation.Table, table) && !sameName(relation.ForeignTable, table))
+            found += relation;
+    }
+    return found;
+}
+
+void Catalog::createTable(TableStructure table) {
+    Savepoint savepoint(m_connection);
+    m_connection.execute(createStatement(table));
+    createIndexes(table);
+    savepoint.commit();
+    invalidate();
+}
+
+void Catalog::createIndexes(const TableStructure& table) {
+    for (const Index& index : table.indexes) {
+        if (index.Primary)
+            continue;
+        m_connection.execute(QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+                                 .arg(index.Unique ? QStringLiteral("UNIQUE ") : QString(),
+                                      quoteName(storedIndexName(table.name, index.Name)),
+                                      quoteName(table.name), joinedNames(index.Fields)));
+    }
+}
+
+void Catalog::dropTable(const QString& table) {
+    m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(table));
+    invalidate();
+}
+
+Catalog::FieldOrigins Catalog::unchanged(const TableStructure& table) const {
+    FieldOrigins origins(table.fields.size());
+    std::iota(origins.begin(), origins.end(), 0);
+    return origins;
+}
+
+void Catalog::addField(const QString& table, Field field) {
+    const auto old = find(table);
+    const int last = static_cast<int>(old->fields.size());
+    const int position = field.OrdinalPosition < 0 ? last : std::min(field.OrdinalPosition, last);
+    if (position == last && !field.Required && !field.isAutoIncrement()) {
+        m_connection.execute(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2")
+                                 .arg(quoteName(old->name), fieldDefinition(field)));
+        return invalidate();
+    }
+    TableStructure changed = *old;
+    changed.fields.insert(position, field);
+    FieldOrigins origins = unchanged(*old);
+    origins.insert(position, -1);
+    rebuild(*old, std::move(changed), origins);
+}
+
+void Catalog::dropField(const QString& table, int field) {
+    const auto old = find(table);
+    TableStructure changed = *old;
+    FieldOrigins origins = unchanged(*old);
+    changed.fields.removeAt(field);
+    origins.removeAt(field);
+    rebuild(*old, std::move(changed), origins);
+}
+
+void Catalog::renameField(const QString& table, int field, const QString& newName) {
+    const auto old = find(table);
+    const QString oldName = old->fields.at(field).Name;
+    TableStructure changed = *old;
+    changed.fields[field].Name = newName;
+    for (Index& index : changed.indexes) {
+        for (QString& name : index.Fields)
+            name = sameName(name, oldName) ? newName : name;
+    }
+    for (Relation& relation : changed.relations) {
+        for (Relation::Pair& pair : relation.Fields)
+            pair.ForeignName = sameName(pair.ForeignName, oldName) ? newName : pair.ForeignName;
+    }
+    rebuild(*old, std::move(changed), unchanged(*old));
+}
+
+void Catalog::moveField(const QString& table, int field, int position) {
+    const auto old = find(table);
+    TableStructure changed = *old;
+    FieldOrigins origins = unchanged(*old);
+    const int target = std::clamp(position, 0, static_cast<int>(old->fields.size()) - 1);
+    if (target == field)
+        return;
+    changed.fields.move(field, target);
+    origins.move(field, target);
+    rebuild(*old, std::move(changed), origins);
+}
+
+void Catalog::addIndex(const QString& table, const Index& index) {
+    const auto old = find(table);
+    TableStructure changed = *old;
+    changed.indexes += index;
+    if (index.Primary) {
+        for (const QString& name : index.Fields)
+            changed.fields[changed.fieldIndex(name)].Required = true;
+        return rebuild(*old, std::move(changed), unchanged(*old));
+    }
+    TableStructure added = *old;
+    added.indexes = {index};
+    createIndexes(added);
+    invalidate();
+}
+
+void Catalog::addRelation(const Relation& relation) {
+    const auto old = find(relation.ForeignTable);
+    TableStructure changed = *old;
+    changed.relations += relation;
+    rebuild(*old, std::move(changed), unchanged(*old));
+}
+
+void Catalog::dropRelation(const Relation& relation) {
+    const auto old = find(relation.ForeignTable);
+    TableStructure changed = *old;
+    changed.relations.removeIf(
+        [&relation](const Relation& other) { return sameName(other.Name, relation.Name); });
+    rebuild(*old, std::move(changed), unchanged(*old));
+}
+
+void Catalog::rebuild(const TableStructure& old, TableStructure table,
+                      const FieldOrigins& origins) {
+    Savepoint savepoint(m_connection);
+    QList<std::shared_ptr<const TableStructure>> related;
+    for (const Relation& relation : relationsOn(old.name))
+        related += find(relation.ForeignTable);
+    for (const auto& foreign : std::as_const(related)) {
+        TableStructure apart = *foreign;
+        apart.relations.clear();
+        rebuildAlone(*foreign, apart, unchanged(*foreign));
+    }
+    renumber(table);
+    rebuildAlone(old, table, origins);
+    for (const auto& foreign : std::as_const(related)) {
+        TableStructure joined = *foreign;
+        for (Relation& relation : joined.relations) {
+            if (!sameName(relation.Table, old.name))
+                continue;
+            for (Relation::Pair& pair : relation.Fields) {
+                const qsizetype moved = origins.indexOf(old.fieldIndex(pair.Name));
+                if (moved >= 0)
+                    pair.Name = table.fields.at(moved).Name;
+            }
+        }
+        TableStructure apart = *foreign;
+        apart.relations.clear();
+        rebuildAlone(apart, joined, unchanged(apart));
+    }
+    savepoint.commit();
+    invalidate();
+}
+
+void Catalog::rebuildAlone(const TableStructure& old, const TableStructure& table,
+                           const FieldOrigins& origins) {
+    QStringList targets;
+    QStringList sources;
+    const bool numbersItself =
+        std::any_of(table.fields.begin(), table.fields.end(),
+                    [](const Field& field) { return field.isAutoIncrement(); });
+    if (!numbersItself) { // so that the records keep their order and their places
+        targets += rowNumberName(table);
+        sources += rowNumberName(old);
+    }
+    for (qsizetype i = 0; i < origins.size(); ++i) {
+        if (origins.at(i) < 0)
+            continue;
+        targets += quoteName(table.fields.at(i).Name);
+        sources += quoteName(old.fields.at(origins.at(i)).Name);
+    }
+    TableStructure rebuilt = table;
+    rebuilt.name = rebuiltName.toString();
+    m_connection.execute(createStatement(rebuilt));
+    m_connection.execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4")
+                             .arg(quoteName(rebuiltName), targets.join(QStringLiteral(", ")),
+                                  sources.join(QStringLiteral(", ")), quoteName(old.name)));
+    const qint64 lastNumber =
+        numbersItself ? m_connection.firstInteger(
+                            QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = '%1'")
+                                .arg(QString(old.name).replace(u'\'', QStringLiteral("''"))))
+                      : 0;
+    m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
+    m_connection.execute(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
+                             .arg(quoteName(rebuiltName), quoteName(table.name)));
+    if (lastNumber > 0) { // numbers of deleted records are not given again
+        const QString name = QString(table.name).replace(u'\'', QStringLiteral("''"));
+        m_connection.execute(
+            QStringLiteral("DELETE FROM sqlite_sequence WHERE name = '%1'").arg(name));
+        m_connection.execute(QStringLiteral("INSERT INTO sqlite_sequence (name, seq) "
+                                            "VALUES ('%1', %2)")
+                                 .arg(name)
+                                 .arg(lastNumber));
+    }
+    createIndexes(table);
+}
+
+} // namespace dao

@@ -1,0 +1,377 @@
+#include "store/engine/connection.h"
+
+#include "store/engine/error.h"
+#include "store/engine/jet_sql.h"
+#include "store/engine/names.h"
+
+#include <sqlcipher/sqlite3.h>
+
+#include <cerrno>
+
+namespace dao {
+namespace {
+
+/// How long a call waits for another program (a viewer of the file, say) to let go of it.
+constexpr int busyMilliseconds = 250;
+
+bool isFullDisk(sqlite3* database, int extended) {
+    if ((extended & 0xff) == SQLITE_FULL)
+        return true;
+    const int cause = sqlite3_system_errno(database);
+    return (extended & 0xff) == SQLITE_IOERR &&
+           (cause == ENOSPC || cause == EDQUOT || cause == EFBIG);
+}
+
+/// The code of a failure. One inside a function of the library's own (the export of a copy) comes
+/// as its text alone.
+int causeOf(sqlite3* database) {
+    const int extended = sqlite3_extended_errcode(database);
+    if ((extended & 0xff) != SQLITE_ERROR)
+        return extended;
+    const QByteArrayView message(sqlite3_errmsg(database));
+    for (const int code : {SQLITE_FULL, SQLITE_IOERR, SQLITE_CORRUPT}) {
+        if (message == QByteArrayView(sqlite3_errstr(code)))
+            return code;
+    }
+    return extended;
+}
+
+EngineError constraintError(int extended) {
+    switch (extended) {
+    case SQLITE_CONSTRAINT_FOREIGNKEY:
+        return {RelatedRecordRequired,
+                QStringLiteral("The record is related to one that is not there.")};
+    case SQLITE_CONSTRAINT_NOTNULL:
+        return {FieldRequired, QStringLiteral("A required field has no value.")};
+    case SQLITE_CONSTRAINT_CHECK:
+        return {TextTooLong, QStringLiteral("A value does not fit the rules of its field.")};
+    default:
+        return {DuplicateKey,
+                QStringLiteral("The change would make a second record with the same key.")};
+    }
+}
+
+int compareCollated(void*, int leftSize, const void* left, int rightSize, const void* right) {
+    return compareUtf8({static_cast<const char*>(left), leftSize},
+                       {static_cast<const char*>(right), rightSize});
+}
+
+/// A value as the text that LIKE compares: a number as the engine writes it.
+QString argumentText(sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+        return QString::number(sqlite3_value_int64(value));
+    case SQLITE_FLOAT:
+        return numberText(sqlite3_value_double(value));
+    default:
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                                 sqlite3_value_bytes(value));
+    }
+}
+
+void jetLike(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL ||
+        sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    try {
+        sqlite3_result_int(context,
+                           matchesLike(argumentText(arguments[1]), argumentText(arguments[0])));
+    } catch (const EngineError&) {
+        sqlite3_result_error(context, "The pattern of LIKE is not closed.", -1);
+    }
+}
+
+void jetText(sqlite3_context* context, int, sqlite3_value** arguments) {
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    const QByteArray text = argumentText(arguments[0]).toUtf8();
+    sqlite3_result_text(context, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+void registerFunctions(sqlite3* database) {
+    sqlite3_create_collation_v2(database, sql::TextCollation, SQLITE_UTF8, nullptr, compareCollated,
+                                nullptr);
+    sqlite3_create_function_v2(database, sql::LikeFunction, 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                               nullptr, jetLike, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(database, sql::TextFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                               nullptr, jetText, nullptr, nullptr, nullptr);
+}
+
+/// What every connection sets before its file is read. The page format of protected files is told
+/// to the library in full, so that each of its versions reads and writes the same; the versions
+/// that lack one of these settings have that value built in and pass over it.
+constexpr const char* protectionSettings[] = {
+    "PRAGMA cipher_default_compatibility = 3",
+    "PRAGMA cipher_default_page_size = 1024",
+    "PRAGMA cipher_default_hmac_algorithm = HMAC_SHA1",
+    "PRAGMA cipher_default_kdf_algorithm = PBKDF2_HMAC_SHA1",
+    "PRAGMA cipher_default_kdf_iter = 256000",
+};
+
+/// Foreign rules of a file from elsewhere (triggers) never run; foreign keys do. Sorting stays in
+/// memory, for pupils' names have no place in temporary files.
+void configure(Connection& connection) {
+    for (const char* setting : {"PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
+                                "PRAGMA temp_store = MEMORY", "PRAGMA trusted_schema = OFF",
+                                "PRAGMA legacy_alter_table = ON", "PRAGMA cell_size_check = ON"})
+        connection.execute(QLatin1StringView(setting));
+    sqlite3_db_config(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+}
+
+} // namespace
+
+void raiseDatabaseError(sqlite3* database) {
+    const int cause = causeOf(database);
+    if (isFullDisk(database, cause))
+        throw EngineError(DiskFull, QStringLiteral("There is not enough space on the disk."));
+    switch (cause & 0xff) {
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+    case SQLITE_FORMAT:
+        throw EngineError(DamagedDatabase,
+                          QStringLiteral("The file is damaged or in a format that is not known."));
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw EngineError(FileInUse, QStringLiteral("The file is in use by another program."));
+    case SQLITE_READONLY:
+        throw EngineError(ReadOnlyDatabase, QStringLiteral("The database can only be read."));
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be opened."));
+    case SQLITE_IOERR:
+        throw EngineError(DiskError, QStringLiteral("The disk or the network reported an error."));
+    case SQLITE_CONSTRAINT:
+        throw constraintError(cause);
+    case SQLITE_TOOBIG:
+        throw EngineError(TextTooLong, QStringLiteral("The value is too long."));
+    case SQLITE_NOMEM:
+        throw std::bad_alloc();
+    default:
+        throw EngineError(SyntaxError, QStringLiteral("The statement could not be carried out: %1")
+                                           .arg(QString::fromUtf8(sqlite3_errmsg(database))));
+    }
+}
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+Statement::Statement(Connection& connection, const QString& sql) : m_database(connection.handle()) {
+    if (!m_database)
+        throw EngineError(ObjectInvalid, QStringLiteral("The database is closed."));
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v2(m_database, text.constData(),
+                                          static_cast<int>(text.size()) + 1, &statement, nullptr);
+    m_statement.reset(statement);
+    if (result != SQLITE_OK)
+        raiseDatabaseError(m_database);
+}
+
+void Statement::bind(int position, const Value& value) {
+    sqlite3_stmt* statement = m_statement.get();
+    int result = SQLITE_OK;
+    if (value.isNull()) {
+        result = sqlite3_bind_null(statement, position);
+    } else if (value.isInteger()) {
+        result = sqlite3_bind_int64(statement, position, value.toInteger());
+    } else if (value.isReal()) {
+        result = sqlite3_bind_double(statement, position, value.toDouble());
+    } else if (value.isText()) {
+        const QByteArray text = value.toText().toUtf8();
+        result = sqlite3_bind_text64(statement, position, text.constData(),
+                                     static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                                     SQLITE_UTF8);
+    } else {
+        const QByteArray bytes = value.toBinary();
+        result = bytes.isEmpty() ? sqlite3_bind_zeroblob(statement, position, 0)
+                                 : sqlite3_bind_blob64(statement, position, bytes.constData(),
+                                                       static_cast<sqlite3_uint64>(bytes.size()),
+                                                       SQLITE_TRANSIENT);
+    }
+    if (result != SQLITE_OK)
+        raiseDatabaseError(m_database);
+}
+
+bool Statement::step() {
+    const int result = sqlite3_step(m_statement.get());
+    if (result == SQLITE_ROW)
+        return true;
+    if (result == SQLITE_DONE)
+        return false;
+    try {
+        raiseDatabaseError(m_database);
+    } catch (...) {
+        sqlite3_reset(m_statement.get());
+        throw;
+    }
+}
+
+void Statement::reset() {
+    sqlite3_reset(m_statement.get());
+    sqlite3_clear_bindings(m_statement.get());
+}
+
+Value Statement::column(int position, DataType type) const {
+    sqlite3_stmt* statement = m_statement.get();
+    switch (sqlite3_column_type(statement, position)) {
+    case SQLITE_INTEGER: {
+        const qint64 number = sqlite3_column_int64(statement, position);
+        const bool hasDecimals =
+            type == DataType::Single || type == DataType::Double || type == DataType::Currency;
+        return hasDecimals ? Value(static_cast<double>(number)) : Value(number);
+    }
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, position);
+    case SQLITE_TEXT:
+        return text(position);
+    case SQLITE_BLOB: {
+        const void* bytes = sqlite3_column_blob(statement, position);
+        return QByteArray(static_cast<const char*>(bytes),
+                          sqlite3_column_bytes(statement, position));
+    }
+    default:
+        return {};
+    }
+}
+
+qint64 Statement::integer(int position) const {
+    return sqlite3_column_int64(m_statement.get(), position);
+}
+
+QString Statement::text(int position) const {
+    const unsigned char* bytes = sqlite3_column_text(m_statement.get(), position);
+    return QString::fromUtf8(reinterpret_cast<const char*>(bytes),
+                             sqlite3_column_bytes(m_statement.get(), position));
+}
+
+void Connection::Close::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
+
+Connection::Connection(const QString& path, Mode mode, const QString& password) {
+    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Existing ? 0 : SQLITE_OPEN_CREATE);
+    const QByteArray name = mode == Mode::Memory ? QByteArray(":memory:") : path.toUtf8();
+    sqlite3* database = nullptr;
+    const int result = sqlite3_open_v2(name.constData(), &database, flags, nullptr);
+    m_database.reset(database);
+    if (result != SQLITE_OK)
+        raiseDatabaseError(database);
+    sqlite3_extended_result_codes(database, 1);
+    sqlite3_busy_timeout(database, busyMilliseconds);
+    for (const char* setting : protectionSettings)
+        execute(QLatin1StringView(setting));
+    if (!password.isEmpty()) {
+        const QByteArray key = password.toUtf8();
+        sqlite3_key(database, key.constData(), static_cast<int>(key.size()));
+    }
+    registerFunctions(database);
+    try {
+        firstInteger(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    } catch (const EngineError& error) {
+        if (error.number() == DamagedDatabase && !password.isEmpty())
+            throw EngineError(WrongPassword, QStringLiteral("Not a valid password."));
+        throw;
+    }
+    configure(*this);
+}
+
+void Connection::execute(const QString& sql) {
+    Statement statement(*this, sql);
+    while (statement.step()) {
+    }
+}
+
+QString Connection::firstText(const QString& sql) {
+    Statement statement(*this, sql);
+    return statement.step() ? statement.text(0) : QString();
+}
+
+qint64 Connection::firstInteger(const QString& sql) {
+    Statement statement(*this, sql);
+    return statement.step() ? statement.integer(0) : 0;
+}
+
+int Connection::changes() const {
+    return sqlite3_changes(m_database.get());
+}
+
+qint64 Connection::lastInsertedRow() const {
+    return sqlite3_last_insert_rowid(m_database.get());
+}
+
+bool Connection::inTransaction() const {
+    return sqlite3_get_autocommit(m_database.get()) == 0;
+}
+
+void Connection::begin() {
+    execute(m_depth == 0 ? QStringLiteral("BEGIN IMMEDIATE")
+                         : QStringLiteral("SAVEPOINT s%1").arg(m_depth));
+    ++m_depth;
+}
+
+void Connection::commit() {
+    if (m_depth == 0)
+        return;
+    if (!inTransaction()) {
+        m_depth = 0;
+        throw EngineError(NoTransaction, QStringLiteral("The work was undone after an error."));
+    }
+    execute(m_depth == 1 ? QStringLiteral("COMMIT")
+                         : QStringLiteral("RELEASE s%1").arg(m_depth - 1));
+    --m_depth;
+}
+
+void Connection::rollback() {
+    if (m_depth == 0)
+        return;
+    if (!inTransaction()) {
+        m_depth = 0;
+        return;
+    }
+    --m_depth;
+    if (m_depth == 0) {
+        execute(QStringLiteral("ROLLBACK"));
+    } else {
+        execute(QStringLiteral("ROLLBACK TO s%1").arg(m_depth));
+        execute(QStringLiteral("RELEASE s%1").arg(m_depth));
+    }
+}
+
+void Connection::attach(const QString& path, const QString& schema, const QString& password) {
+    Statement statement(*this,
+                        QStringLiteral("ATTACH DATABASE ?1 AS %1 KEY ?2").arg(quoteName(schema)));
+    statement.bind(1, path);
+    statement.bind(2, password.isNull() ? QStringLiteral("") : password);
+    statement.step();
+}
+
+Savepoint::~Savepoint() {
+    if (!m_open)
+        return;
+    try {
+        m_connection.rollback();
+    } catch (const std::exception&) {
+        // What could not be undone now is undone by the file's journal when it is next opened.
+    }
+}
+
+void Savepoint::commit() {
+    m_connection.commit();
+    m_open = false;
+}
+
+void Connection::checkStructure() {
+    execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+    Statement statement(*this, QStringLiteral("PRAGMA quick_check(100)"));
+    while (statement.step()) {
+        const QString finding = statement.text(0);
+        const bool isContent = finding.startsWith(u"NULL value in");
+        if (finding != u"ok" && !isContent)
+            throw EngineError(DamagedDatabase, QStringLiteral("The file is damaged."));
+    }
+    execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
+}
+
+} // namespace dao

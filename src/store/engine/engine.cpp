@@ -1,0 +1,254 @@
+#include "store/engine/engine.h"
+
+#include "store/engine/copy.h"
+#include "store/engine/database_core.h"
+#include "store/engine/error.h"
+#include "store/engine/jet_import.h"
+#include "store/engine/jet_reader.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <unistd.h>
+
+#include <csignal>
+#include <utility>
+
+namespace dao {
+namespace {
+
+/// Enough of a file's start to tell what it is.
+constexpr qsizetype headerBytes = 64 * 1024;
+/// Stands in the header of a file that this engine made: "ORVA".
+constexpr int applicationMark = 0x4F525641;
+
+/// The password of a connect text.
+QString passwordOf(const QString& connect) {
+    const QString key = QStringLiteral(";pwd=");
+    const qsizetype start = connect.indexOf(key, 0, Qt::CaseInsensitive);
+    return start < 0 ? QString() : connect.mid(start + key.size());
+}
+
+void checkPath(const QString& path, bool readOnly) {
+    const QFileInfo info(path);
+    if (!info.exists())
+        throw EngineError(NoSuchFile, QStringLiteral("The file could not be found."));
+    if (!info.isFile() || !info.isReadable() || (!readOnly && !info.isWritable()))
+        throw EngineError(CannotOpenFile,
+                          QStringLiteral("The file could not be opened for writing."));
+}
+
+/// What the start of a file tells of it.
+enum class FileKind { Plain, Protected, Jet, Foreign };
+
+FileKind kindOf(const QByteArray& start, qint64 size) {
+    if (isPlainHeader(start))
+        return FileKind::Plain;
+    if (isJetHeader(start))
+        return FileKind::Jet;
+    return looksProtected(start, size) ? FileKind::Protected : FileKind::Foreign;
+}
+
+void openOwnFile(DatabaseCore& core, FileKind kind) {
+    if (kind == FileKind::Foreign)
+        throw EngineError(DamagedDatabase,
+                          QStringLiteral("The file is not a database, or it is damaged."));
+    if (kind == FileKind::Plain)
+        core.password.clear();
+    else if (core.password.isEmpty())
+        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+    core.connection = Connection(core.path, Connection::Mode::Existing, core.password);
+    core.connection.checkStructure();
+    if (!core.readOnly)
+        core.connection.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
+}
+
+void openJetFile(DatabaseCore& core, const QByteArray& start) {
+    const QString password = jetPassword(start);
+    if (password != core.password && !password.isEmpty())
+        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+    core.password = password;
+    core.connection = Connection({}, Connection::Mode::Memory, {});
+    fillFromJet(core.connection, readJetFile(core.file->read(core.file->size())));
+    core.jetFile = true;
+}
+
+} // namespace
+
+QString connectText(const QString& password) {
+    return password.isEmpty() ? QString() : QStringLiteral(";pwd=") + password;
+}
+
+/// What the handles on one workspace share.
+class WorkspaceCore {
+public:
+    QString name;
+    QList<std::weak_ptr<DatabaseCore>> databases;
+    int depth = 0;
+
+    QList<std::shared_ptr<DatabaseCore>> open() const {
+        QList<std::shared_ptr<DatabaseCore>> found;
+        for (const auto& entry : databases) {
+            auto database = entry.lock();
+            if (database && database->isOpen())
+                found += std::move(database);
+        }
+        return found;
+    }
+
+    void add(const std::shared_ptr<DatabaseCore>& database) {
+        databases.removeIf([](const auto& entry) { return entry.expired(); });
+        databases += database;
+    }
+};
+
+Workspace::Workspace(std::shared_ptr<WorkspaceCore> core) : m_core(std::move(core)) {}
+
+QString Workspace::Name() const {
+    return m_core->name;
+}
+
+QList<Database> Workspace::Databases() const {
+    QList<Database> handles;
+    for (auto& database : m_core->open())
+        handles += Database(std::move(database));
+    return handles;
+}
+
+Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readOnly,
+                                 const QString& connect) const {
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    checkPath(absolute, readOnly);
+    auto file = OpenFile::acquire(absolute);
+    if (exclusive && file->handles > 0)
+        throw EngineError(OpenedExclusively, QStringLiteral("The file is already open."));
+    const QByteArray start = file->read(headerBytes);
+    const FileKind kind = kindOf(start, file->size());
+    auto core = std::make_shared<DatabaseCore>(absolute, passwordOf(connect),
+                                               readOnly || kind == FileKind::Jet, std::move(file));
+    if (kind == FileKind::Jet)
+        openJetFile(*core, start);
+    else
+        openOwnFile(*core, kind);
+    m_core->add(core);
+    return Database(std::move(core));
+}
+
+Database Workspace::CreateDatabase(const QString& path, const QString& /*locale*/,
+                                   int /*options*/) const {
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (QFileInfo::exists(absolute))
+        throw EngineError(FileExists, QStringLiteral("The file already exists."));
+    Connection connection(absolute, Connection::Mode::Create, {});
+    // A mark in the header makes the file one that can be recognised before it has a table.
+    connection.execute(QStringLiteral("PRAGMA application_id = %1").arg(applicationMark));
+    auto core =
+        std::make_shared<DatabaseCore>(absolute, QString(), false, OpenFile::acquire(absolute));
+    core->connection = std::move(connection);
+    m_core->add(core);
+    return Database(std::move(core));
+}
+
+void Workspace::BeginTrans() const {
+    for (const auto& database : m_core->open()) {
+        if (!database->readOnly)
+            database->connection.begin();
+    }
+    ++m_core->depth;
+}
+
+void Workspace::CommitTrans() const {
+    if (m_core->depth == 0)
+        throw EngineError(NoTransaction, QStringLiteral("No transaction was begun."));
+    for (const auto& database : m_core->open())
+        database->connection.commit();
+    --m_core->depth;
+}
+
+void Workspace::Rollback() const {
+    if (m_core->depth == 0)
+        throw EngineError(NoTransaction, QStringLiteral("No transaction was begun."));
+    --m_core->depth;
+    for (const auto& database : m_core->open())
+        database->rollback();
+}
+
+void Workspace::Close() {
+    while (m_core->depth > 0)
+        Rollback();
+    for (const auto& database : m_core->open())
+        database->close();
+}
+
+DBEngine::DBEngine() {
+    // A file that reaches a limit of its size is a failed write like any other, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
+    m_default = CreateWorkspace(QStringLiteral("#Default Workspace#"), {}, {});
+}
+
+QString DBEngine::Version() const {
+    return QStringLiteral("3.6");
+}
+
+Workspace DBEngine::Workspaces(int index) const {
+    if (index != 0)
+        throw EngineError(NoSuchItem, QStringLiteral("There is no workspace %1.").arg(index));
+    return m_default;
+}
+
+Workspace DBEngine::CreateWorkspace(const QString& name, const QString& /*user*/,
+                                    const QString& /*password*/) {
+    auto core = std::make_shared<WorkspaceCore>();
+    core->name = name;
+    return Workspace(std::move(core));
+}
+
+Database DBEngine::OpenDatabase(const QString& path, bool exclusive, bool readOnly,
+                                const QString& connect) const {
+    return m_default.OpenDatabase(path, exclusive, readOnly, connect);
+}
+
+Database DBEngine::CreateDatabase(const QString& path, const QString& locale, int options) const {
+    return m_default.CreateDatabase(path, locale, options);
+}
+
+void DBEngine::CompactDatabase(const QString& source, const QString& destination,
+                               const QString& /*locale*/, int /*options*/,
+                               const QString& sourceConnect) const {
+    if (QFileInfo::exists(destination))
+        throw EngineError(FileExists, QStringLiteral("The file already exists."));
+    Database database = m_default.OpenDatabase(source, false, true, sourceConnect);
+    const QString copy = unfinishedName(destination);
+    writeCopy(database.m_core->connection, copy, database.m_core->password);
+    try {
+        replaceFile(copy, destination);
+    } catch (const EngineError&) {
+        removeDatabaseFile(copy);
+        throw;
+    }
+}
+
+void DBEngine::RepairDatabase(const QString& path, const QString& connect) const {
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    checkPath(absolute, false);
+    const auto file = OpenFile::acquire(absolute);
+    const FileKind kind = kindOf(file->read(headerBytes), file->size());
+    if (kind != FileKind::Plain && kind != FileKind::Protected)
+        throw EngineError(DamagedDatabase, QStringLiteral("Nothing of the file can be read."));
+    const QString password = kind == FileKind::Plain ? QString() : passwordOf(connect);
+    if (kind == FileKind::Protected && password.isEmpty())
+        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+    Connection connection(absolute, Connection::Mode::Existing, password);
+    try {
+        return connection.checkStructure();
+    } catch (const EngineError& error) {
+        if (error.number() != DamagedDatabase)
+            throw;
+    }
+    const QString copy = unfinishedName(absolute);
+    writeSalvagedCopy(connection, copy, password);
+    connection.close();
+    replaceFile(copy, absolute);
+}
+
+} // namespace dao

@@ -1,0 +1,42 @@
+#include "store/engine/jet_import.h"
+
+#include "store/engine/catalog.h"
+#include "store/engine/connection.h"
+#include "store/engine/error.h"
+
+namespace dao {
+namespace {
+
+void insertRows(Connection& connection, const JetTable& table) {
+    QStringList parameters;
+    for (qsizetype i = 0; i < table.structure.fields.size(); ++i)
+        parameters += QStringLiteral("?");
+    Statement statement(connection, QStringLiteral("INSERT INTO %1 VALUES (%2)")
+                                        .arg(quoteName(table.structure.name),
+                                             parameters.join(QStringLiteral(", "))));
+    for (const QList<Value>& row : table.rows) {
+        for (qsizetype i = 0; i < row.size(); ++i)
+            statement.bind(static_cast<int>(i) + 1, row.at(i));
+        statement.step();
+        statement.reset();
+    }
+}
+
+} // namespace
+
+void fillFromJet(Connection& connection, const JetContent& content) {
+    Catalog catalog(connection);
+    // A file from elsewhere keeps what it holds even where it breaks its own rules.
+    connection.execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+    Savepoint savepoint(connection);
+    for (const JetTable& table : content.tables) {
+        catalog.createTable(table.structure);
+        insertRows(connection, table);
+    }
+    savepoint.commit();
+    connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
+    connection.execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+}
+
+} // namespace dao

@@ -1,0 +1,128 @@
+#include "store/engine/open_file.h"
+
+#include "store/engine/error.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <map>
+
+namespace dao {
+
+/// The files that this process has open. One a process, as the lock that it keeps is the process's.
+struct OpenFileRegistry {
+    static std::map<OpenFile::Identity, std::weak_ptr<OpenFile>>& files() {
+        static std::map<OpenFile::Identity, std::weak_ptr<OpenFile>> all;
+        return all;
+    }
+};
+
+namespace {
+
+EngineError openError(int cause) {
+    if (cause == ENOENT || cause == ENOTDIR)
+        return {NoSuchFile, QStringLiteral("The file could not be found.")};
+    return {CannotOpenFile, QStringLiteral("The file could not be opened.")};
+}
+
+/// A file descriptor that closes by itself until it is taken.
+struct Descriptor {
+    int value;
+    ~Descriptor() {
+        if (value >= 0)
+            ::close(value);
+    }
+    int take() { return std::exchange(value, -1); }
+};
+
+} // namespace
+
+OpenFile::OpenFile(int descriptor, Identity identity)
+    : m_descriptor(descriptor), m_identity(identity) {}
+
+OpenFile::~OpenFile() {
+    OpenFileRegistry::files().erase(m_identity);
+    ::close(m_descriptor);
+}
+
+OpenFile::Identity OpenFile::identify(int descriptor) {
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0)
+        throw openError(errno);
+    if (!S_ISREG(status.st_mode))
+        throw openError(EISDIR);
+    return {status.st_dev, status.st_ino};
+}
+
+std::shared_ptr<OpenFile> OpenFile::acquire(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status {};
+    if (::stat(name.constData(), &status) != 0)
+        throw openError(errno);
+    // Where this process has the file, no second descriptor is opened: closing one would drop the
+    // locks that the database library holds on it.
+    const auto known = OpenFileRegistry::files().find({status.st_dev, status.st_ino});
+    if (known != OpenFileRegistry::files().end()) {
+        if (auto file = known->second.lock())
+            return file;
+    }
+    if (!S_ISREG(status.st_mode))
+        throw openError(EISDIR);
+
+    Descriptor descriptor{::open(name.constData(), O_RDONLY | O_CLOEXEC)};
+    if (descriptor.value < 0)
+        throw openError(errno);
+    const Identity identity = identify(descriptor.value);
+    if (::flock(descriptor.value, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        throw EngineError(OpenedExclusively,
+                          QStringLiteral("The file is already open in another program."));
+    std::shared_ptr<OpenFile> file(new OpenFile(descriptor.take(), identity));
+    OpenFileRegistry::files()[identity] = file;
+    return file;
+}
+
+QByteArray OpenFile::read(qsizetype count) const {
+    QByteArray bytes(count, Qt::Uninitialized);
+    qsizetype done = 0;
+    while (done < count) {
+        const ssize_t got = ::pread(m_descriptor, bytes.data() + done,
+                                    static_cast<size_t>(count - done), static_cast<off_t>(done));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            throw EngineError(DiskError, QStringLiteral("The file could not be read."));
+        if (got == 0)
+            break;
+        done += got;
+    }
+    bytes.truncate(done);
+    return bytes;
+}
+
+qint64 OpenFile::size() const {
+    struct stat status {};
+    return ::fstat(m_descriptor, &status) == 0 ? status.st_size : 0;
+}
+
+void flushToDisk(const QString& path) {
+    const Descriptor descriptor{::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)};
+    if (descriptor.value < 0 || ::fsync(descriptor.value) != 0)
+        throw EngineError(DiskError, QStringLiteral("The disk or the network reported an error."));
+}
+
+void replaceFile(const QString& finished, const QString& target) {
+    flushToDisk(finished);
+    if (std::rename(QFile::encodeName(finished).constData(),
+                    QFile::encodeName(target).constData()) != 0)
+        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be put in place."));
+    flushToDisk(QFileInfo(target).absolutePath());
+}
+
+} // namespace dao

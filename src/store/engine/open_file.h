@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <memory>
+
+namespace dao {
+
+/// A file that this process has open: the lock that keeps other processes off it, and which of its
+/// tables are in use by recordsets. All handles on one file share it.
+///
+/// The lock is one of the file's own (`flock`): it goes with the process, also under a kill, and
+/// leaves nothing behind. It is apart from the locks that the database library takes on the file.
+class OpenFile {
+public:
+    /// Takes the lock, or shares it where this process has it. Raises 3024 for no such file, 3051
+    /// when it can't be opened, 3356 when another process has it.
+    static std::shared_ptr<OpenFile> acquire(const QString& path);
+    ~OpenFile();
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    /// Bytes from the start of the file, fewer where it is shorter. Read through the lock's own
+    /// handle: opening and closing another would drop the database library's locks.
+    QByteArray read(qsizetype count) const;
+    qint64 size() const;
+
+    int handles = 0; ///< how many databases are open on the file
+    /// How many open recordsets have a table in use, by its folded name.
+    QHash<QString, int> tablesInUse;
+
+private:
+    struct Identity {
+        quint64 device;
+        quint64 inode;
+        auto operator<=>(const Identity&) const = default;
+    };
+    OpenFile(int descriptor, Identity identity);
+    static Identity identify(int descriptor);
+    friend struct OpenFileRegistry;
+
+    int m_descriptor;
+    Identity m_identity;
+};
+
+/// Makes the content of a file or folder durable on the disk. Raises 3043 when that fails.
+void flushToDisk(const QString& path);
+
+/// Puts a finished file in the place of another (or of none) at once and durably: whatever happens,
+/// `target` is the old file or the new one, whole. Raises 3051.
+void replaceFile(const QString& finished, const QString& target);
+
+} // namespace dao

@@ -1,0 +1,521 @@
+#include "store/engine/recordset_core.h"
+
+#include "store/engine/error.h"
+#include "store/engine/field_values.h"
+#include "store/engine/names.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace dao {
+namespace {
+
+constexpr int behindLast = std::numeric_limits<int>::max();
+
+sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
+    return {parameter > 0 ? QStringLiteral("?%1").arg(parameter) : column.sql, column.field.Type};
+}
+
+QString keyList(const QList<sql::Source>& sources) {
+    QStringList keys;
+    for (const sql::Source& source : sources)
+        keys += sql::rowNumber(source);
+    return keys.join(QStringLiteral(", "));
+}
+
+QList<qint64> readKeys(const Statement& statement, qsizetype count) {
+    QList<qint64> keys(count);
+    for (qsizetype i = 0; i < count; ++i)
+        keys[i] = statement.integer(static_cast<int>(i));
+    return keys;
+}
+
+} // namespace
+
+RecordsetCore::RecordsetCore(std::shared_ptr<DatabaseCore> database, QString name,
+                             RecordsetType type, sql::Query query)
+    : name(std::move(name))
+    , type(type)
+    , query(std::move(query))
+    , m_database(std::move(database))
+    , m_keys(std::make_shared<KeySet>()) {
+    fetchKeys(this->query.orderBy);
+    useTables(1);
+    moveToStart();
+}
+
+RecordsetCore::RecordsetCore(const RecordsetCore& original, const QString& order)
+    : name(original.name)
+    , type(original.type)
+    , query(original.query)
+    , m_database(original.m_database)
+    , m_keys(std::make_shared<KeySet>()) {
+    fetchKeys(order.isEmpty() ? query.orderBy
+                              : sql::translateOrder(order, [&original](const QString& qualifier,
+                                                                       const QString& fieldName,
+                                                                       sql::FieldSql& out) {
+                                    return original.resolve(qualifier, fieldName, out, false);
+                                }));
+    useTables(1);
+    moveToStart();
+}
+
+RecordsetCore::RecordsetCore(const RecordsetCore& original)
+    : name(original.name)
+    , type(original.type)
+    , query(original.query)
+    , sort(original.sort)
+    , m_database(original.m_database)
+    , m_keys(original.m_keys) {
+    useTables(1);
+}
+
+RecordsetCore::~RecordsetCore() {
+    close();
+}
+
+void RecordsetCore::close() {
+    if (!std::exchange(m_open, false))
+        return;
+    m_reader.reset();
+    useTables(-1);
+}
+
+void RecordsetCore::useTables(int change) {
+    if (!m_database->file)
+        return;
+    for (const sql::Source& source : query.sources)
+        m_database->file->tablesInUse[folded(source.table->name)] += change;
+}
+
+void RecordsetCore::moveToStart() {
+    m_entry = m_keys->entries.isEmpty() ? -1 : 0;
+}
+
+QString RecordsetCore::selectRows(const QString& columns, const QString& order) const {
+    QString text = QStringLiteral("SELECT %1 FROM %2").arg(columns, query.from);
+    if (!query.where.isEmpty())
+        text += QStringLiteral(" WHERE ") + query.where;
+    return text + QStringLiteral(" ORDER BY ") + (order.isEmpty() ? QString() : order + u',') +
+           keyList(query.sources);
+}
+
+void RecordsetCore::fetchKeys(const QString& order) {
+    const qsizetype sources = query.sources.size();
+    QStringList columns{keyList(query.sources)};
+    if (type == RecordsetType::Snapshot) {
+        for (const sql::Column& column : query.columns)
+            columns += column.sql;
+    }
+    Statement statement(m_database->connection,
+                        selectRows(columns.join(QStringLiteral(", ")), order));
+    while (statement.step()) {
+        KeySet::Entry entry;
+        entry.keys = readKeys(statement, sources);
+        for (qsizetype i = 0; i < columns.size() - 1; ++i)
+            entry.values +=
+                statement.column(static_cast<int>(sources + i), query.columns.at(i).field.Type);
+        m_keys->entries += std::move(entry);
+    }
+    m_keys->live = static_cast<int>(m_keys->entries.size());
+    m_keys->inRowOrder = order.isEmpty();
+}
+
+bool RecordsetCore::atStart() const {
+    return m_keys->live == 0 || m_entry < 0;
+}
+
+bool RecordsetCore::atEnd() const {
+    return m_keys->live == 0 || m_entry == behindLast;
+}
+
+int RecordsetCore::absolutePosition() const {
+    if (m_entry < 0 || m_entry == behindLast || m_currentDeleted)
+        return -1;
+    const auto start = m_keys->entries.cbegin();
+    return static_cast<int>(std::count_if(
+        start, start + m_entry, [](const KeySet::Entry& entry) { return !entry.deleted; }));
+}
+
+void RecordsetCore::setAbsolutePosition(int position) {
+    int entry = nextLive(-1, 1);
+    for (int i = 0; i < position && entry != behindLast; ++i)
+        entry = nextLive(entry, 1);
+    if (position < 0 || entry == behindLast)
+        throw EngineError(InvalidArgument, QStringLiteral("There is no record at that position."));
+    goTo(entry);
+}
+
+int RecordsetCore::bookmark() const {
+    requireCurrent();
+    return m_entry;
+}
+
+void RecordsetCore::setBookmark(int entry) {
+    if (entry < 0 || entry >= m_keys->entries.size())
+        throw EngineError(InvalidArgument, QStringLiteral("This is no bookmark of the records."));
+    if (m_keys->entries.at(entry).deleted)
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+    goTo(entry);
+}
+
+void RecordsetCore::goTo(int entry) {
+    m_editMode = EditMode::None;
+    m_entry = entry;
+    m_currentDeleted = false;
+    m_rowLoaded = false;
+}
+
+int RecordsetCore::nextLive(int entry, int step) const {
+    const int size = static_cast<int>(m_keys->entries.size());
+    int next = entry == behindLast ? size : entry;
+    do {
+        next += step;
+    } while (next >= 0 && next < size && m_keys->entries.at(next).deleted);
+    return next >= size ? behindLast : std::max(next, -1);
+}
+
+void RecordsetCore::moveFirst() {
+    if (m_keys->live == 0)
+        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+    goTo(nextLive(-1, 1));
+}
+
+void RecordsetCore::moveLast() {
+    if (m_keys->live == 0)
+        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+    goTo(nextLive(behindLast, -1));
+}
+
+void RecordsetCore::moveNext() {
+    if (m_entry == behindLast || (m_keys->live == 0 && !m_currentDeleted))
+        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+    goTo(nextLive(m_entry, 1));
+}
+
+void RecordsetCore::movePrevious() {
+    if (m_entry < 0 || (m_keys->live == 0 && !m_currentDeleted))
+        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+    goTo(nextLive(m_entry, -1));
+}
+
+void RecordsetCore::requireCurrent() const {
+    if (m_currentDeleted)
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+    if (m_entry < 0 || m_entry == behindLast)
+        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+    if (m_keys->entries.at(m_entry).deleted)
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+}
+
+int RecordsetCore::columnIndex(QStringView columnName) const {
+    for (int i = 0; i < query.columns.size(); ++i) {
+        if (sameName(query.columns.at(i).name, columnName))
+            return i;
+    }
+    return -1;
+}
+
+Value RecordsetCore::value(int column) {
+    if (m_editMode != EditMode::None)
+        return m_edited.at(column);
+    return row().at(column);
+}
+
+const QList<Value>& RecordsetCore::row() {
+    requireCurrent();
+    const KeySet::Entry& entry = m_keys->entries.at(m_entry);
+    if (type == RecordsetType::Snapshot)
+        return entry.values;
+    if (!m_rowLoaded) {
+        readRow(entry.keys);
+        m_rowLoaded = true;
+    }
+    return m_row;
+}
+
+void RecordsetCore::readRow(const QList<qint64>& keys) {
+    if (!m_reader) {
+        QStringList columns;
+        for (const sql::Column& column : query.columns)
+            columns += column.sql;
+        QStringList tables;
+        QStringList conditions;
+        for (qsizetype i = 0; i < query.sources.size(); ++i) {
+            const sql::Source& source = query.sources.at(i);
+            tables +=
+                QStringLiteral("%1 AS %2").arg(quoteName(source.table->name), source.sqlAlias);
+            conditions += QStringLiteral("%1 = ?%2").arg(sql::rowNumber(source)).arg(i + 1);
+        }
+        m_reader = std::make_unique<Statement>(m_database->connection,
+                                               QStringLiteral("SELECT %1 FROM %2 WHERE %3")
+                                                   .arg(columns.join(QStringLiteral(", ")),
+                                                        tables.join(QStringLiteral(", ")),
+                                                        conditions.join(QStringLiteral(" AND "))));
+    }
+    for (qsizetype i = 0; i < keys.size(); ++i)
+        m_reader->bind(static_cast<int>(i) + 1, keys.at(i));
+    const bool found = m_reader->step();
+    if (found) {
+        m_row.resize(query.columns.size());
+        for (qsizetype i = 0; i < m_row.size(); ++i)
+            m_row[i] = m_reader->column(static_cast<int>(i), query.columns.at(i).field.Type);
+    }
+    m_reader->reset();
+    if (!found)
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+}
+
+bool RecordsetCore::resolve(const QString& qualifier, const QString& fieldName, sql::FieldSql& out,
+                            bool asParameter) const {
+    for (int i = 0; i < query.columns.size(); ++i) {
+        const sql::Column& column = query.columns.at(i);
+        const bool matches = qualifier.isEmpty()
+                                 ? sameName(column.name, fieldName)
+                                 : column.source >= 0 && sameName(column.field.Name, fieldName) &&
+                                       sameName(query.sources.at(column.source).alias, qualifier);
+        if (matches) {
+            out = fieldSql(column, asParameter ? i + 1 : 0);
+            return true;
+        }
+    }
+    return false;
+}
+
+void RecordsetCore::findFirst(const QString& criteria) {
+    m_editMode = EditMode::None;
+    const int entry =
+        type == RecordsetType::Snapshot ? findInSnapshot(criteria) : findInDynaset(criteria);
+    noMatch = entry < 0;
+    if (!noMatch)
+        goTo(entry);
+}
+
+int RecordsetCore::findInDynaset(const QString& criteria) {
+    const QString condition = sql::translateCondition(
+        criteria, [this](const QString& qualifier, const QString& fieldName, sql::FieldSql& out) {
+            return resolve(qualifier, fieldName, out, false);
+        });
+    const QString keys = keyList(query.sources);
+    Statement statement(
+        m_database->connection,
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %1").arg(keys, query.from, condition));
+    int first = -1;
+    while (statement.step()) {
+        const int place = placeOf(readKeys(statement, query.sources.size()));
+        if (place < 0 || m_keys->entries.at(place).deleted)
+            continue;
+        if (first < 0 || place < first)
+            first = place;
+        if (m_keys->inRowOrder)
+            break;
+    }
+    return first;
+}
+
+int RecordsetCore::findInSnapshot(const QString& criteria) {
+    const QString condition = sql::translateCondition(
+        criteria, [this](const QString& qualifier, const QString& fieldName, sql::FieldSql& out) {
+            return resolve(qualifier, fieldName, out, true);
+        });
+    QStringList parameters;
+    for (int i = 1; i <= query.columns.size(); ++i)
+        parameters += QStringLiteral("?%1").arg(i);
+    // Naming every parameter keeps their numbers whole when the condition uses a few only.
+    Statement statement(m_database->connection,
+                        QStringLiteral("SELECT (%1) IS NOT NULL AND (%1), %2")
+                            .arg(condition, parameters.join(QStringLiteral(", "))));
+    for (int i = 0; i < m_keys->entries.size(); ++i) {
+        const KeySet::Entry& entry = m_keys->entries.at(i);
+        for (int column = 0; column < entry.values.size(); ++column)
+            statement.bind(column + 1, entry.values.at(column));
+        const bool matches = statement.step() && statement.integer(0) != 0;
+        statement.reset();
+        if (matches && !entry.deleted)
+            return i;
+    }
+    return -1;
+}
+
+int RecordsetCore::placeOf(const QList<qint64>& keys) {
+    if (!m_keys->places) {
+        m_keys->places.emplace();
+        for (int i = 0; i < m_keys->entries.size(); ++i)
+            m_keys->places->insert(m_keys->entries.at(i).keys, i);
+    }
+    return m_keys->places->value(keys, -1);
+}
+
+void RecordsetCore::requireDynaset() const {
+    if (type == RecordsetType::Snapshot)
+        throw EngineError(NotSupported, QStringLiteral("A snapshot can't be changed."));
+    m_database->checkWritable();
+}
+
+void RecordsetCore::beginEditing(EditMode mode, QList<Value> values) {
+    m_edited = std::move(values);
+    m_changed.fill(false, query.columns.size());
+    m_chunked.fill(false, query.columns.size());
+    m_editMode = mode;
+}
+
+void RecordsetCore::addNew() {
+    requireDynaset();
+    if (query.sources.size() > 1)
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("A record can't be added through a join."));
+    beginEditing(EditMode::Add, QList<Value>(query.columns.size()));
+}
+
+void RecordsetCore::edit() {
+    requireDynaset();
+    m_editMode = EditMode::None;
+    m_rowLoaded = false;
+    beginEditing(EditMode::InProgress, row());
+}
+
+void RecordsetCore::cancelUpdate() {
+    m_editMode = EditMode::None;
+}
+
+void RecordsetCore::setValue(int column, const Value& value) {
+    if (m_editMode == EditMode::None)
+        throw EngineError(EditNotBegun,
+                          QStringLiteral("A record can be changed after Edit or AddNew only."));
+    const sql::Column& target = query.columns.at(column);
+    if (target.source < 0)
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("'%1' can't be changed.").arg(target.name));
+    const Value fitted = fittedValue(target.field, value);
+    if (target.field.isAutoIncrement() && m_editMode == EditMode::InProgress) {
+        if (fitted == m_edited.at(column))
+            return;
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("'%1' numbers the records by itself.").arg(target.name));
+    }
+    m_edited[column] = fitted;
+    m_changed[column] = true;
+}
+
+void RecordsetCore::appendChunk(int column, const QByteArray& bytes) {
+    if (m_editMode == EditMode::None)
+        throw EngineError(EditNotBegun,
+                          QStringLiteral("A record can be changed after Edit or AddNew only."));
+    const bool continues = m_chunked.at(column);
+    const Value& present = m_edited.at(column);
+    if (isTextual(query.columns.at(column).field.Type))
+        setValue(column, (continues ? present.toText() : QString()) + QString::fromUtf8(bytes));
+    else
+        setValue(column, (continues ? present.toBinary() : QByteArray()) + bytes);
+    m_chunked[column] = true;
+}
+
+void RecordsetCore::update() {
+    if (m_editMode == EditMode::None)
+        throw EngineError(EditNotBegun,
+                          QStringLiteral("Update needs a record begun by Edit or AddNew."));
+    checkRequired();
+    if (m_editMode == EditMode::Add)
+        insertRecord();
+    else
+        updateRecord();
+    m_editMode = EditMode::None;
+    m_rowLoaded = false;
+}
+
+void RecordsetCore::checkRequired() const {
+    for (int i = 0; i < query.columns.size(); ++i) {
+        const Field& field = query.columns.at(i).field;
+        if (field.Required && !field.isAutoIncrement() && m_edited.at(i).isNull())
+            throw EngineError(FieldRequired,
+                              QStringLiteral("The field '%1' must have a value.").arg(field.Name));
+    }
+}
+
+void RecordsetCore::insertRecord() {
+    const sql::Source& source = query.sources.first();
+    QStringList names;
+    QStringList parameters;
+    QList<Value> values;
+    for (int i = 0; i < query.columns.size(); ++i) {
+        if (!m_changed.at(i) || names.contains(quoteName(query.columns.at(i).field.Name)))
+            continue;
+        names += quoteName(query.columns.at(i).field.Name);
+        values += m_edited.at(i);
+        parameters += QStringLiteral("?");
+    }
+    const QString table = quoteName(source.table->name);
+    Statement& statement = m_database->prepared(
+        names.isEmpty() ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(table)
+                        : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                              .arg(table, names.join(QStringLiteral(", ")),
+                                   parameters.join(QStringLiteral(", "))));
+    for (qsizetype i = 0; i < values.size(); ++i)
+        statement.bind(static_cast<int>(i) + 1, values.at(i));
+    statement.step();
+    statement.reset();
+
+    KeySet::Entry entry;
+    entry.keys = {m_database->connection.lastInsertedRow()};
+    lastModified = static_cast<int>(m_keys->entries.size());
+    if (m_keys->places)
+        m_keys->places->insert(entry.keys, lastModified);
+    m_keys->entries += std::move(entry);
+    ++m_keys->live;
+}
+
+void RecordsetCore::updateRecord() {
+    const QList<qint64> keys = m_keys->entries.at(m_entry).keys;
+    Savepoint savepoint(m_database->connection);
+    for (int source = 0; source < query.sources.size(); ++source) {
+        QList<int> columns;
+        for (int i = 0; i < query.columns.size(); ++i) {
+            if (m_changed.at(i) && query.columns.at(i).source == source)
+                columns += i;
+        }
+        if (!columns.isEmpty())
+            updateSource(source, columns, keys.at(source));
+    }
+    savepoint.commit();
+    lastModified = m_entry;
+}
+
+void RecordsetCore::updateSource(int source, const QList<int>& columns, qint64 key) {
+    QStringList assignments;
+    for (int column : columns)
+        assignments += quoteName(query.columns.at(column).field.Name) + QStringLiteral(" = ?");
+    const TableStructure& table = *query.sources.at(source).table;
+    Statement& statement =
+        m_database->prepared(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
+                                 .arg(quoteName(table.name), assignments.join(QStringLiteral(", ")),
+                                      rowNumberName(table)));
+    int position = 0;
+    for (int column : columns)
+        statement.bind(++position, m_edited.at(column));
+    statement.bind(++position, key);
+    statement.step();
+    statement.reset();
+    if (m_database->connection.changes() == 0)
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+}
+
+void RecordsetCore::deleteRecord() {
+    requireDynaset();
+    requireCurrent();
+    KeySet::Entry& entry = m_keys->entries[m_entry];
+    const TableStructure& table = *query.sources.last().table;
+    Statement& statement =
+        m_database->prepared(QStringLiteral("DELETE FROM %1 WHERE %2 = ?")
+                                 .arg(quoteName(table.name), rowNumberName(table)));
+    statement.bind(1, entry.keys.last());
+    statement.step();
+    statement.reset();
+    entry.deleted = true;
+    --m_keys->live;
+    m_editMode = EditMode::None;
+    m_currentDeleted = true;
+    m_rowLoaded = false;
+}
+
+} // namespace dao

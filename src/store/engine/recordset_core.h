@@ -1,0 +1,116 @@
+#pragma once
+
+#include "store/engine/database_core.h"
+#include "store/engine/jet_sql.h"
+#include "store/engine/recordset.h"
+
+#include <QHash>
+#include <QList>
+
+#include <memory>
+#include <optional>
+
+namespace dao {
+
+/// The records of a recordset, shared with its clones: for a dynaset their keys (the row numbers in
+/// each source), for a snapshot their values. A record keeps its entry for good, so that bookmarks
+/// hold; a deleted one is marked.
+struct KeySet {
+    struct Entry {
+        QList<qint64> keys;
+        QList<Value> values; ///< of a snapshot
+        bool deleted = false;
+    };
+    QList<Entry> entries;
+    int live = 0;
+    bool inRowOrder = false; ///< as the records stand in the table, not sorted
+    std::optional<QHash<QList<qint64>, int>> places; ///< of the keys, made when first searched
+};
+
+/// What the handles on one recordset share. See `Recordset` for what the operations mean.
+class RecordsetCore {
+public:
+    RecordsetCore(std::shared_ptr<DatabaseCore> database, QString name, RecordsetType type,
+                  sql::Query query);
+    RecordsetCore(const RecordsetCore& original, const QString& order); ///< opened anew, sorted
+    explicit RecordsetCore(const RecordsetCore& original);              ///< a clone
+    ~RecordsetCore();
+    RecordsetCore& operator=(const RecordsetCore&) = delete;
+
+    bool isOpen() const { return m_open; }
+    void close();
+
+    const QString name;
+    const RecordsetType type;
+    const sql::Query query;
+    QString sort;
+    bool noMatch = false;
+    int lastModified = -1;
+
+    bool atStart() const;
+    bool atEnd() const;
+    int count() const { return m_keys->live; }
+    int absolutePosition() const;
+    void setAbsolutePosition(int position);
+    int bookmark() const;
+    void setBookmark(int entry);
+    void moveFirst();
+    void moveLast();
+    void moveNext();
+    void movePrevious();
+    void findFirst(const QString& criteria);
+
+    EditMode editMode() const { return m_editMode; }
+    void addNew();
+    void edit();
+    void update();
+    void cancelUpdate();
+    void deleteRecord();
+
+    int columnIndex(QStringView columnName) const; ///< -1 where there is none
+    const sql::Column& column(int index) const { return query.columns.at(index); }
+    Value value(int column);
+    void setValue(int column, const Value& value);
+    void appendChunk(int column, const QByteArray& bytes);
+
+    void forgetRow() { m_rowLoaded = false; } ///< reads the current record again when asked
+    std::shared_ptr<DatabaseCore> database() const { return m_database; }
+
+private:
+    void useTables(int change);
+    void moveToStart();
+    void fetchKeys(const QString& order); ///< of a snapshot the values too
+    QString selectRows(const QString& columns, const QString& order) const;
+    void requireCurrent() const;
+    void requireDynaset() const;
+    void beginEditing(EditMode mode, QList<Value> values);
+    void goTo(int entry);
+    int nextLive(int entry, int step) const;
+    const QList<Value>& row();
+    void readRow(const QList<qint64>& keys);
+    bool resolve(const QString& qualifier, const QString& fieldName, sql::FieldSql& out,
+                 bool asParameter) const;
+    int findInDynaset(const QString& criteria);
+    int findInSnapshot(const QString& criteria);
+    int placeOf(const QList<qint64>& keys);
+    void insertRecord();
+    void updateRecord();
+    void updateSource(int source, const QList<int>& columns, qint64 key);
+    void checkRequired() const;
+
+    std::shared_ptr<DatabaseCore> m_database;
+    std::shared_ptr<KeySet> m_keys;
+    bool m_open = true;
+    int m_entry =
+        -1; ///< the current one; -1 before the first, a number of no entry behind the last
+    bool m_currentDeleted = false; ///< it was deleted here, and no move has followed
+    bool m_rowLoaded = false;
+    QList<Value> m_row;
+    std::unique_ptr<Statement> m_reader; ///< reads one record by its keys; made when first needed
+    EditMode m_editMode = EditMode::None;
+    QList<Value> m_edited;
+    QList<bool> m_changed;
+    QList<bool> m_chunked;
+};
+
+} // namespace dao

@@ -1,0 +1,278 @@
+#include "store/engine/table_def.h"
+
+#include "store/engine/database_core.h"
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+
+#include <utility>
+
+namespace dao {
+namespace {
+
+EngineError noSuchField(QStringView name) {
+    return {NoSuchItem, QStringLiteral("There is no field '%1'.").arg(name)};
+}
+
+int requireField(const TableStructure& table, QStringView name) {
+    const int position = table.fieldIndex(name);
+    if (position < 0)
+        throw noSuchField(name);
+    return position;
+}
+
+void checkNewField(const TableStructure& table, const QString& name) {
+    checkName(name);
+    if (table.fieldIndex(name) >= 0)
+        throw EngineError(FieldExists, QStringLiteral("There is already a field '%1'.").arg(name));
+}
+
+void checkFieldCount(const TableStructure& table) {
+    if (table.fields.size() > MaximumFields)
+        throw EngineError(
+            TooManyFields,
+            QStringLiteral("A table can't have more than %1 fields.").arg(MaximumFields));
+}
+
+/// Another handle may have changed the table since.
+TableStructure& refreshed(const std::shared_ptr<DatabaseCore>& core, TableStructure& structure) {
+    if (core)
+        structure = *core->table(structure.name, NoSuchTableToChange);
+    return structure;
+}
+
+/// The fields of a primary index have to have values.
+void requirePrimaryFields(TableStructure& table, const Index& index) {
+    for (const QString& name : index.Fields) {
+        Field& field = table.fields[requireField(table, name)];
+        field.Required = field.Required || index.Primary;
+    }
+}
+
+} // namespace
+
+FieldCollection::FieldCollection(std::shared_ptr<DatabaseCore> core,
+                                 std::shared_ptr<TableStructure> structure)
+    : m_core(std::move(core)), m_structure(std::move(structure)) {}
+
+TableStructure& FieldCollection::current() const {
+    return refreshed(m_core, *m_structure);
+}
+
+int FieldCollection::Count() const {
+    return static_cast<int>(current().fields.size());
+}
+
+Field FieldCollection::operator[](int position) const {
+    if (position < 0 || position >= Count())
+        throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(position));
+    return m_structure->fields.at(position);
+}
+
+Field FieldCollection::operator[](QStringView name) const {
+    return m_structure->fields.at(requireField(current(), name));
+}
+
+bool FieldCollection::Contains(QStringView name) const {
+    return current().fieldIndex(name) >= 0;
+}
+
+QList<Field>::const_iterator FieldCollection::begin() const {
+    return current().fields.cbegin();
+}
+
+QList<Field>::const_iterator FieldCollection::end() const {
+    return m_structure->fields.cend();
+}
+
+void FieldCollection::Append(const Field& field) {
+    checkNewField(current(), field.Name);
+    if (Count() >= MaximumFields)
+        throw EngineError(
+            TooManyFields,
+            QStringLiteral("A table can't have more than %1 fields.").arg(MaximumFields));
+    if (!m_core) {
+        const int position =
+            field.OrdinalPosition < 0 ? Count() : std::min(field.OrdinalPosition, Count());
+        m_structure->fields.insert(position, field);
+        for (int i = position; i < Count(); ++i)
+            m_structure->fields[i].OrdinalPosition = i;
+        return;
+    }
+    change([&](Catalog& catalog) { catalog.addField(m_structure->name, field); });
+}
+
+void FieldCollection::Delete(QStringView name) {
+    const int position = requireField(current(), name);
+    if (!m_core) {
+        m_structure->fields.removeAt(position);
+        return;
+    }
+    if (Count() == 1)
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("The last field of a table can't be removed."));
+    for (const Index& index : std::as_const(m_structure->indexes)) {
+        if (index.Fields.contains(m_structure->fields.at(position).Name, Qt::CaseInsensitive))
+            throw EngineError(TableInRelation,
+                              QStringLiteral("The field '%1' is part of an index.").arg(name));
+    }
+    change([&](Catalog& catalog) { catalog.dropField(m_structure->name, position); });
+}
+
+void FieldCollection::Rename(QStringView name, const QString& newName) {
+    const int position = requireField(current(), name);
+    if (!sameName(name, newName))
+        checkNewField(*m_structure, newName);
+    if (!m_core) {
+        m_structure->fields[position].Name = newName;
+        return;
+    }
+    change([&](Catalog& catalog) { catalog.renameField(m_structure->name, position, newName); });
+}
+
+void FieldCollection::SetOrdinalPosition(QStringView name, int position) {
+    const int present = requireField(current(), name);
+    if (!m_core) {
+        m_structure->fields.move(present, std::clamp(position, 0, Count() - 1));
+        for (int i = 0; i < Count(); ++i)
+            m_structure->fields[i].OrdinalPosition = i;
+        return;
+    }
+    change([&](Catalog& catalog) { catalog.moveField(m_structure->name, present, position); });
+}
+
+void FieldCollection::change(const std::function<void(Catalog&)>& work) {
+    m_core->checkUnused(m_structure->name);
+    work(m_core->catalog);
+    current();
+}
+
+TableDef::TableDef(const QString& name) : m_structure(std::make_shared<TableStructure>()) {
+    m_structure->name = name;
+}
+
+TableDef::TableDef(std::shared_ptr<DatabaseCore> core, std::shared_ptr<TableStructure> structure)
+    : m_core(std::move(core)), m_structure(std::move(structure)) {}
+
+const TableStructure& TableDef::structure() const {
+    return refreshed(m_core, *m_structure);
+}
+
+FieldCollection TableDef::Fields() const {
+    return {m_core, m_structure};
+}
+
+Field TableDef::CreateField(const QString& name, DataType type, int size) {
+    Field field;
+    field.Name = name;
+    field.Type = type;
+    field.Size = type == DataType::Text && size > 0 ? size : defaultSize(type);
+    return field;
+}
+
+Index TableDef::CreateIndex(const QString& name) {
+    Index index;
+    index.Name = name;
+    return index;
+}
+
+void TableDef::AppendIndex(const Index& index) {
+    checkName(index.Name);
+    TableStructure checked = structure();
+    requirePrimaryFields(checked, index);
+    for (const Index& present : std::as_const(m_structure->indexes)) {
+        if (sameName(present.Name, index.Name) || (present.Primary && index.Primary))
+            throw EngineError(ItemExists,
+                              QStringLiteral("There is already an index '%1'.").arg(present.Name));
+    }
+    if (!m_core) {
+        *m_structure = std::move(checked);
+        m_structure->indexes += index;
+        return;
+    }
+    m_core->checkUnused(m_structure->name);
+    m_core->catalog.addIndex(m_structure->name, index);
+}
+
+TableDefCollection::TableDefCollection(std::shared_ptr<DatabaseCore> core)
+    : m_core(std::move(core)) {}
+
+QStringList TableDefCollection::names() const {
+    return m_core->catalog.tableNames();
+}
+
+int TableDefCollection::Count() const {
+    return static_cast<int>(names().size());
+}
+
+bool TableDefCollection::Contains(QStringView name) const {
+    return m_core->catalog.find(name) != nullptr;
+}
+
+TableDef TableDefCollection::operator[](QStringView name) const {
+    return {m_core, std::make_shared<TableStructure>(*m_core->table(name, NoSuchItem))};
+}
+
+void TableDefCollection::Append(const TableDef& table) {
+    m_core->checkWritable();
+    const TableStructure& structure = table.structure();
+    checkName(structure.name);
+    if (Contains(structure.name))
+        throw EngineError(TableExists,
+                          QStringLiteral("There is already a table '%1'.").arg(structure.name));
+    if (structure.fields.isEmpty())
+        throw EngineError(InvalidOperation, QStringLiteral("A table needs a field."));
+    checkFieldCount(structure);
+    m_core->catalog.createTable(structure);
+}
+
+void TableDefCollection::Delete(QStringView name) {
+    const QString table = m_core->table(name, NoSuchItem)->name;
+    m_core->checkUnused(table);
+    if (!m_core->catalog.relationsOn(table).isEmpty())
+        throw EngineError(TableInRelation,
+                          QStringLiteral("Another table is related to '%1'.").arg(table));
+    m_core->catalog.dropTable(table);
+}
+
+RelationCollection::RelationCollection(std::shared_ptr<DatabaseCore> core)
+    : m_core(std::move(core)) {}
+
+QList<Relation> RelationCollection::all() const {
+    return m_core->catalog.relations();
+}
+
+void RelationCollection::Append(const Relation& relation) {
+    checkName(relation.Name);
+    const auto table = m_core->table(relation.Table, NoSuchItem);
+    const auto foreign = m_core->table(relation.ForeignTable, NoSuchItem);
+    for (const Relation::Pair& pair : relation.Fields) {
+        requireField(*table, pair.Name);
+        requireField(*foreign, pair.ForeignName);
+    }
+    if (relation.Fields.isEmpty())
+        throw EngineError(InvalidOperation, QStringLiteral("A relation needs a field."));
+    for (const Relation& present : all()) {
+        if (sameName(present.Name, relation.Name))
+            throw EngineError(
+                ItemExists, QStringLiteral("There is already a relation '%1'.").arg(relation.Name));
+    }
+    m_core->checkUnused(table->name);
+    m_core->checkUnused(foreign->name);
+    Relation stored = relation;
+    stored.Table = table->name;
+    stored.ForeignTable = foreign->name;
+    m_core->catalog.addRelation(stored);
+}
+
+void RelationCollection::Delete(QStringView name) {
+    for (const Relation& relation : all()) {
+        if (!sameName(relation.Name, name))
+            continue;
+        m_core->checkUnused(relation.ForeignTable);
+        m_core->catalog.dropRelation(relation);
+        return;
+    }
+    throw EngineError(NoSuchItem, QStringLiteral("There is no relation '%1'.").arg(name));
+}
+
+} // namespace dao

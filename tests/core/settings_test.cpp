@@ -1,0 +1,308 @@
+#include "core/settings.h"
+
+#include "core/core_settings.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SettingsTest : public testing::Test {
+protected:
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath(u"settings.ini"_s);
+    QString m_key = setting::keyOf(u"Register");
+
+    void fill(const QByteArray& content) {
+        QFile file(m_file);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    QByteArray content() {
+        QFile file(m_file);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+QStringList namesOf(const QList<SettingEntry>& entries) {
+    QStringList names;
+    for (const SettingEntry& entry : entries)
+        names.append(entry.name);
+    return names;
+}
+
+} // namespace
+
+TEST_F(SettingsTest, TextsComeBackFromDiskAsTheyWent) {
+    const QStringList texts{u""_s,
+                            u" blanks "_s,
+                            u"007"_s,
+                            u"dword:0000002a"_s,
+                            u"DWORD:zz"_s,
+                            u"text:dword:1"_s,
+                            u"a, b; c = \"d\""_s,
+                            u"@Variant(x)"_s,
+                            u"C:\\new\\table"_s,
+                            u"/home/é/Überblick/Ωmega"_s,
+                            u"100% %2F"_s,
+                            u"two\nlines\ttab"_s,
+                            u"\U0001F600"_s};
+    Settings writer(m_file);
+    ASSERT_EQ(writer.CreateRegistryKey(m_key), 0);
+    for (int i = 0; i < texts.size(); ++i)
+        ASSERT_EQ(writer.WriteRegistryValue(m_key, QString::number(i), texts.at(i)), 0);
+
+    // Another file name, so that nothing comes from a cache of the first object.
+    const QString copy = m_folder.filePath(u"copy.ini"_s);
+    ASSERT_TRUE(QFile::copy(m_file, copy));
+    Settings reader(copy);
+    for (int i = 0; i < texts.size(); ++i) {
+        ASSERT_EQ(reader.ReadRegistryValue(m_key, QString::number(i)), 0) << i;
+        EXPECT_EQ(reader.RegValue(), dao::Value(texts.at(i) + QChar(QChar::Null))) << i;
+        EXPECT_EQ(reader.readText(m_key, QString::number(i)), texts.at(i));
+    }
+}
+
+TEST_F(SettingsTest, NamesMayHoldAnyCharacter) {
+    const QStringList names{u""_s,    u"."_s,     u"%"_s,       u"%2E"_s,       u"%key"_s,
+                            u"a/b"_s, u"a\\b"_s,  u"a"_s,       u"="_s,         u"[x]"_s,
+                            u"é ü"_s, u"%2F"_s,   u"/"_s,       u"General"_s,   u"11/09/24 1"_s,
+                            u"'"_s,   u"\"q\""_s, u"a;b#c,d"_s, u"\U0001F600"_s};
+    for (const QString& keyName : {u"Plain"_s, u"A/B"_s, u"100%"_s, u"Ä [=]"_s, u"General"_s}) {
+        const QString key = setting::keyOf(keyName);
+        Settings writer(m_file);
+        ASSERT_EQ(writer.CreateRegistryKey(key), 0);
+        for (const QString& name : names)
+            ASSERT_EQ(writer.WriteRegistryValue(key, name, name + u"!"_s), 0);
+
+        const QString copy = m_folder.filePath(u"copy.ini"_s);
+        QFile::remove(copy);
+        ASSERT_TRUE(QFile::copy(m_file, copy));
+        Settings reader(copy);
+        for (const QString& name : names)
+            EXPECT_EQ(reader.readText(key, name), name + u"!"_s) << keyName.toStdString();
+        QList<SettingEntry> entries;
+        ASSERT_TRUE(reader.EnumRegistryValues(key, entries));
+        QStringList found = namesOf(entries);
+        QStringList all = names;
+        found.sort();
+        all.sort();
+        EXPECT_EQ(found, all);
+    }
+}
+
+TEST_F(SettingsTest, NumbersKeepTheirTypeAndSign) {
+    Settings settings(m_file);
+    settings.CreateRegistryKey(m_key);
+    const qint32 windowColour = static_cast<qint32>(0x80000005U);
+    for (const qint32 number : {0, 1, 42, -1, windowColour, std::numeric_limits<qint32>::max()}) {
+        ASSERT_EQ(settings.WriteRegistryValue(m_key, u"n", number), 0);
+        ASSERT_EQ(settings.ReadRegistryValue(m_key, u"n"), 0);
+        EXPECT_EQ(settings.RegValue(), dao::Value(number));
+        EXPECT_EQ(settings.readNumber(m_key, u"n"), number);
+    }
+    settings.WriteRegistryValue(m_key, u"n", 42);
+    EXPECT_TRUE(content().contains("n=dword:0000002a\n")) << content().constData();
+}
+
+TEST_F(SettingsTest, NamesMatchWithoutRegardToCase) {
+    Settings settings(m_file);
+    settings.CreateRegistryKey(setting::keyOf(u"Über\\Été"));
+    ASSERT_EQ(settings.WriteRegistryValue(setting::keyOf(u"ÜBER\\ÉTÉ"), u"Ωmega", 1), 0);
+    ASSERT_EQ(settings.WriteRegistryValue(setting::keyOf(u"über\\été"), u"ωMEGA", 2), 0);
+    EXPECT_EQ(settings.readNumber(u"SOFTWARE\\q.r.l.\\orva\\üBER\\éTÉ\\", u"ΩMEGA"), 2);
+
+    QList<SettingEntry> entries;
+    ASSERT_TRUE(settings.EnumRegistryValues(setting::keyOf(u"ÜBER\\été"), entries));
+    EXPECT_EQ(namesOf(entries), QStringList{u"Ωmega"_s}) << "the first spelling stays";
+    settings.CreateRegistryKey(setting::keyOf(u"ÜBER\\Next"));
+    EXPECT_EQ(settings.EnumRegistrySubkeys(setting::keyOf(u"über")), QString());
+    EXPECT_EQ(settings.RegistrySubkeys(), (QStringList{u"Next"_s, u"Été"_s}));
+    EXPECT_EQ(settings.DeleteRegistryValue(setting::keyOf(u"ÜBER\\ÉTÉ"), u"ωmega"), 0);
+    EXPECT_EQ(settings.DeleteRegistryKey(setting::keyOf(u"ÜBER")), 0);
+    EXPECT_EQ(settings.EnumRegistrySubkeys(setting::Root), u"Badkey"_s);
+}
+
+TEST_F(SettingsTest, AbsentValuesLeaveRegValueEmpty) {
+    Settings settings(m_file);
+    EXPECT_NE(settings.ReadRegistryValue(m_key, u"n"), 0);
+    settings.CreateRegistryKey(m_key);
+    settings.WriteRegistryValue(m_key, u"n", 5);
+    settings.ReadRegistryValue(m_key, u"n");
+    EXPECT_NE(settings.ReadRegistryValue(m_key, u"other"), 0);
+    EXPECT_TRUE(settings.RegValue().isNull());
+    EXPECT_EQ(settings.readText(m_key, u"other", u"x"_s), u"x"_s);
+    EXPECT_EQ(settings.readNumber(m_key, u"other"), 0);
+    EXPECT_EQ(settings.readNumber(m_key, u"other", 7), 7);
+    EXPECT_FALSE(settings.readFlag(m_key, u"other"));
+}
+
+TEST_F(SettingsTest, ANumberIsWhatATextBeginsWith) {
+    struct Case {
+        QString text;
+        qint32 number;
+    };
+    Settings settings(m_file);
+    settings.CreateRegistryKey(m_key);
+    for (const Case& c : {Case{u"12 pt"_s, 12},
+                          {u"1"_s, 1},
+                          {u"x1"_s, 0},
+                          {u""_s, 0},
+                          {u"-3"_s, -3},
+                          {u"99999999999"_s, 2147483647}}) {
+        settings.WriteRegistryValue(m_key, u"n", c.text);
+        EXPECT_EQ(settings.readNumber(m_key, u"n"), c.number) << c.text.toStdString();
+        EXPECT_EQ(settings.readFlag(m_key, u"n"), c.number == 1);
+    }
+}
+
+TEST_F(SettingsTest, AWriteNeverMakesItsKey) {
+    Settings settings(m_file);
+    EXPECT_NE(settings.WriteRegistryValue(m_key, u"n", 1), 0);
+    EXPECT_NE(settings.ReadRegistryValue(m_key, u"n"), 0);
+    EXPECT_NE(settings.DeleteRegistryValue(m_key, u"n"), 0);
+    EXPECT_NE(settings.DeleteRegistryKey(m_key), 0);
+    settings.CreateRegistryKey(m_key);
+    EXPECT_EQ(settings.WriteRegistryValue(setting::Root, u"n", 1), 0) << "keys above exist too";
+}
+
+TEST_F(SettingsTest, EmptyKeysLast) {
+    Settings(m_file).CreateRegistryKey(setting::keyOf(u"Startup"));
+    Settings settings(m_file);
+    QList<SettingEntry> entries;
+    EXPECT_TRUE(settings.EnumRegistryValues(setting::keyOf(u"Startup"), entries));
+    EXPECT_TRUE(entries.isEmpty());
+    EXPECT_FALSE(settings.EnumRegistryValues(setting::keyOf(u"Register"), entries));
+    EXPECT_EQ(settings.EnumRegistrySubkeys(setting::keyOf(u"Startup")), u"Badkey"_s);
+}
+
+TEST_F(SettingsTest, AValueAndAKeyMayShareTheirName) {
+    Settings settings(m_file);
+    const QString below = setting::keyOf(u"Register\\Key");
+    settings.CreateRegistryKey(below);
+    settings.WriteRegistryValue(m_key, u"Key", 1);
+    settings.WriteRegistryValue(below, u"L", u"Late"_s);
+    settings.DeleteRegistryValue(m_key, u"Key");
+    EXPECT_EQ(settings.readText(below, u"L"), u"Late"_s);
+    settings.WriteRegistryValue(m_key, u"Key", 1);
+    settings.DeleteRegistryKey(below);
+    EXPECT_EQ(settings.readNumber(m_key, u"Key"), 1);
+}
+
+TEST_F(SettingsTest, SubkeysComeDepthFirstAndGoWithTheirKey) {
+    const QString menu = setting::keyOf(u"UserApps\\Root Menu");
+    Settings settings(m_file);
+    for (const QString& path : {u"\\B"_s, u"\\a\\deep\\er"_s, u"\\a b"_s, u"\\C"_s})
+        settings.CreateRegistryKey(menu + path);
+    settings.CreateRegistryKey(menu + u"s beside"_s);
+    EXPECT_EQ(settings.CollectRegistrySubkeys(menu),
+              (QStringList{menu + u"\\a"_s, menu + u"\\a\\deep"_s, menu + u"\\a\\deep\\er"_s,
+                           menu + u"\\a b"_s, menu + u"\\B"_s, menu + u"\\C"_s}));
+
+    settings.WriteRegistryValue(menu, u"v", 1);
+    settings.ClearRegistryKey(menu);
+    EXPECT_TRUE(settings.CollectRegistrySubkeys(menu).isEmpty());
+    EXPECT_NE(settings.ReadRegistryValue(menu, u"v"), 0);
+    EXPECT_EQ(settings.WriteRegistryValue(menu, u"v", 1), 0);
+    settings.EnumRegistrySubkeys(setting::keyOf(u"UserApps"));
+    EXPECT_EQ(settings.RegistrySubkeys(), (QStringList{u"Root Menu"_s, u"Root Menus beside"_s}));
+}
+
+TEST_F(SettingsTest, DamagedFilesReadAsFarAsTheyCan) {
+    const QByteArray head = "[Software\\Q.R.L.\\ORVA]\n.=\ngood=dword:00000007\n";
+    struct Case {
+        const char* what;
+        QByteArray content;
+        qint32 good;
+    };
+    for (const Case& c : {Case{"empty", "", 0},
+                          {"noise", QByteArray(5000, '\xfe'), 0},
+                          {"nulls", QByteArray(5000, '\0') + '\n' + head, 7},
+                          {"cut", head + "DefaultOpenF", 7},
+                          {"no number", head + "n=dword:zz\n", 7},
+                          {"no key", head + "=x\n", 7},
+                          {"open section", head + "[x\nn", 7},
+                          {"no section", "n=x\n" + head, 7}}) {
+        SCOPED_TRACE(c.what);
+        fill(c.content);
+        Settings settings(m_file);
+        EXPECT_EQ(settings.readNumber(setting::Root, u"good"), c.good);
+        EXPECT_EQ(settings.readText(setting::Root, setting::DefaultOpenFolder, u"none"_s),
+                  u"none"_s);
+        EXPECT_NE(settings.ReadRegistryValue(setting::Root, u"n"), 0);
+        EXPECT_EQ(settings.CreateRegistryKey(setting::Root), 0);
+        EXPECT_EQ(settings.WriteRegistryValue(setting::Root, u"new", 3), 0);
+        EXPECT_EQ(Settings(m_file).readNumber(setting::Root, u"new"), 3);
+        QFile::remove(m_file);
+    }
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeWrittenGivesAStatus) {
+    // A folder in the file's place stops everybody, whatever rights the tests run with.
+    ASSERT_TRUE(QDir().mkdir(m_file));
+    Settings settings(m_file);
+    EXPECT_NE(settings.CreateRegistryKey(m_key), 0);
+    ASSERT_TRUE(QDir().rmdir(m_file));
+    EXPECT_EQ(settings.CreateRegistryKey(m_key), 0) << "the next one is answered for itself";
+    EXPECT_EQ(settings.WriteRegistryValue(m_key, u"n", 1), 0);
+}
+
+TEST_F(SettingsTest, AFullDiskLeavesTheOldFile) {
+    Settings settings(m_file);
+    settings.CreateRegistryKey(m_key);
+    const QByteArray before = content();
+    rlimit usual{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const rlimit small{.rlim_cur = 4096, .rlim_max = usual.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const SettingStatus status = settings.WriteRegistryValue(m_key, u"n", QString(9000, u'x'));
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &usual), 0);
+    std::signal(SIGXFSZ, SIG_DFL);
+    EXPECT_NE(status, 0);
+    EXPECT_EQ(content(), before);
+    EXPECT_EQ(settings.WriteRegistryValue(m_key, u"m", 1), 0) << "there is room again";
+}
+
+TEST_F(SettingsTest, ABatchReachesTheDiskWhole) {
+    Settings settings(m_file);
+    settings.CreateRegistryKey(m_key);
+    const QByteArray before = content();
+    {
+        const Settings::Batch together(settings);
+        settings.ClearRegistryKey(m_key);
+        settings.WriteRegistryValue(m_key, u"L", u"Late"_s);
+        EXPECT_EQ(settings.readText(m_key, u"L"), u"Late"_s);
+        EXPECT_EQ(content(), before);
+    }
+    EXPECT_TRUE(content().contains("L=Late\n"));
+}
+
+TEST_F(SettingsTest, FontsComeBackAndHaveDefaults) {
+    Settings settings(m_file);
+    EXPECT_EQ(settings.ReadFontRecord(m_key), FontRecord());
+    const FontRecord font{.name = u"DejaVu Sans"_s,
+                          .bold = true,
+                          .italic = false,
+                          .underline = true,
+                          .size = 12,
+                          .colour = 0xFF8000};
+    settings.WriteFontRecord(m_key, font);
+    EXPECT_EQ(Settings(m_file).ReadFontRecord(m_key), font);
+    EXPECT_EQ(settings.readText(m_key, u"FontBold"), u"True"_s);
+    // One window spells the name so.
+    settings.WriteRegistryValue(m_key, u"Fontname", u"Serif"_s);
+    settings.DeleteRegistryValue(m_key, u"FontSize");
+    EXPECT_EQ(settings.ReadFontRecord(m_key).name, u"Serif"_s);
+    EXPECT_EQ(settings.ReadFontRecord(m_key).size, 8);
+}

@@ -1,0 +1,195 @@
+// What a kill at any instant or a full disk leaves behind: a file that opens, with all that was
+// acknowledged.
+
+#include "support/engine_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace {
+
+QString u(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class DurabilityTest : public EngineFiles {
+protected:
+    void SetUp() override { file = path(u("year.mdb")); }
+
+    /// Ends this process, as a kill would, after so many microseconds.
+    static void endAfter(int microseconds) {
+        std::signal(SIGALRM, SIG_DFL);
+        itimerval timer{};
+        timer.it_value.tv_usec = microseconds;
+        setitimer(ITIMER_REAL, &timer, nullptr);
+    }
+
+    /// Runs work in a process that ends itself some time. What the work reports comes back as the
+    /// last number reported, 0 for none.
+    int lastReportOf(const std::function<void(const std::function<void(int)>&)>& work) {
+        int reports[2];
+        EXPECT_EQ(pipe(reports), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            work([&reports](int number) { (void)!write(reports[1], &number, sizeof number); });
+            _exit(0);
+        }
+        close(reports[1]);
+        int last = 0;
+        for (int number = 0; read(reports[0], &number, sizeof number) == sizeof number;)
+            last = number;
+        close(reports[0]);
+        waitpid(child, nullptr, 0);
+        return last;
+    }
+
+    QString file;
+};
+
+} // namespace
+
+TEST_F(DurabilityTest, AKillWhileRecordsAreWrittenLosesTheLastAtMost) {
+    pupilsFile().Close();
+    QFile::rename(path(u("pupils.mdb")), file);
+    QRandomGenerator random(1);
+    int known = 0;
+    for (int round = 0; round < 300; ++round) {
+        const int delay = 100 + random.bounded(8000);
+        const bool fromTheStart = round % 4 == 0; // so that some kills meet the opening
+        const int reported = lastReportOf([&](const auto& report) {
+            if (fromTheStart)
+                endAfter(delay);
+            dao::DBEngine killed;
+            const dao::Database database = killed.OpenDatabase(file);
+            if (!fromTheStart)
+                endAfter(delay);
+            dao::Recordset records = database.OpenRecordset(u("Pupils"));
+            for (int number = known + 1;; ++number) {
+                records.AddNew();
+                records[u"Surname"] = u("Adams");
+                records[u"Mark"] = number % 30000;
+                records[u"Notes"] = QString(100 + number % 3000, u'n');
+                records.Update();
+                report(number);
+            }
+        });
+        const dao::Database database = engine.OpenDatabase(file);
+        const int found = database.OpenRecordset(u("Pupils")).RecordCount();
+        const int acknowledged = std::max(reported, known);
+        ASSERT_TRUE(found == acknowledged || found == acknowledged + 1)
+            << "round " << round << ": " << found << " of " << acknowledged;
+        known = found;
+    }
+    EXPECT_GT(known, 100) << "the kills came too early to prove anything";
+}
+
+TEST_F(DurabilityTest, AKillDuringAChangeOfStructureLeavesItDoneOrUndone) {
+    dao::Database database = pupilsFile();
+    dao::Transaction quick(database);
+    for (int i = 0; i < 50; ++i)
+        addRecord(database, u("Pupils"), {u("Adams"), i});
+    quick.commit();
+    database.Close();
+    QFile::rename(path(u("pupils.mdb")), file);
+    QRandomGenerator random(2);
+    for (int round = 0; round < 100; ++round) {
+        const int delay = 100 + random.bounded(15000);
+        lastReportOf([&](const auto&) {
+            dao::DBEngine killed;
+            const dao::Database changed = killed.OpenDatabase(file);
+            endAfter(delay);
+            dao::FieldCollection fields = changed.TableDefs()[u"Pupils"].Fields();
+            for (int position = 0;; position = (position + 1) % 3) {
+                fields.SetOrdinalPosition(u"Mark", position);
+                fields.Append(emptyableField(u("Extra"), dao::DataType::Text, 5));
+                fields.Delete(u"Extra");
+            }
+        });
+        database = engine.OpenDatabase(file);
+        ASSERT_EQ(rowsOf(database, u("SELECT ID, Surname, Mark FROM Pupils")).last(),
+                  u("50|Adams|49"));
+        if (database.TableDefs()[u"Pupils"].Fields().Contains(u"Extra"))
+            database.TableDefs()[u"Pupils"].Fields().Delete(u"Extra");
+        database.Close();
+    }
+}
+
+TEST_F(DurabilityTest, AKillDuringAChangeOfPasswordLeavesOneOfTheTwo) {
+    dao::Database database = pupilsFile();
+    addRecord(database, u("Pupils"), {u("Adams")});
+    database.Close();
+    QFile::rename(path(u("pupils.mdb")), file);
+    QRandomGenerator random(3);
+    for (int round = 0; round < 30; ++round) {
+        const int delay = 100 + random.bounded(600000);
+        lastReportOf([&](const auto&) {
+            dao::DBEngine killed;
+            dao::Database changed = killed.OpenDatabase(file);
+            endAfter(delay);
+            for (;;) {
+                changed.NewPassword({}, u("secret"));
+                changed.NewPassword(u("secret"), {});
+            }
+        });
+        const int error = errorOf([&] { database = engine.OpenDatabase(file); });
+        if (error == dao::WrongPassword)
+            database = engine.OpenDatabase(file, false, false, dao::connectText(u("secret")));
+        else
+            ASSERT_EQ(error, 0);
+        ASSERT_EQ(rowsOf(database, u("SELECT Surname FROM Pupils")), QStringList{u("Adams")});
+        if (error != 0)
+            database.NewPassword(u("secret"), {});
+        database.Close();
+    }
+}
+
+TEST_F(DurabilityTest, AFullDiskIsAnErrorAndLosesNothing) {
+    dao::Database database = pupilsFile();
+    addRecord(database, u("Pupils"), {u("Adams"), 1});
+    const qint64 size = QFileInfo(path(u("pupils.mdb"))).size();
+    {
+        const FileSizeLimit full(size + 4096);
+        dao::Recordset records = database.OpenRecordset(u("Pupils"));
+        records.Edit();
+        records[u"Notes"] = QString(100000, u'x');
+        EXPECT_EQ(errorOf([&] { records.Update(); }), dao::DiskFull);
+        EXPECT_EQ(records.EditMode(), dao::EditMode::InProgress) << "nothing typed is lost";
+        EXPECT_EQ(errorOf([&] {
+                      dao::Transaction bulk(database);
+                      for (int i = 0; i < 100; ++i)
+                          addRecord(database, u("Pupils"), {u("Baker"), i, QString(1000, u'x')});
+                      bulk.commit();
+                  }),
+                  dao::DiskFull);
+        EXPECT_EQ(rowsOf(database, u("SELECT Surname, Mark FROM Pupils")),
+                  QStringList{u("Adams|1")});
+    }
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    records.Edit();
+    records[u"Notes"] = QString(100000, u'x');
+    records.Update();
+    records.Close();
+    database.Close();
+    {
+        const FileSizeLimit full(50000);
+        EXPECT_EQ(
+            errorOf([&] { engine.CompactDatabase(path(u("pupils.mdb")), path(u("copy.mdb"))); }),
+            dao::DiskFull);
+        EXPECT_EQ(errorOf([&] {
+                      database = engine.OpenDatabase(path(u("pupils.mdb")));
+                      database.NewPassword({}, u("secret"));
+                  }),
+                  dao::DiskFull);
+    }
+    const QFileInfoList left =
+        QFileInfo(path(u("pupils.mdb"))).dir().entryInfoList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(left.size(), 1) << "no copy is left behind";
+    EXPECT_EQ(rowsOf(database, u("SELECT Surname, Mark FROM Pupils")), QStringList{u("Adams|1")});
+}

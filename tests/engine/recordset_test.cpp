@@ -1,0 +1,281 @@
+// Walks, edits and searches of recordsets, at their edges above all: both ends, deleted records,
+// clones, joins, and what happens to a change that can't be written.
+
+#include "support/engine_files.h"
+
+#include "store/engine/names.h"
+
+using dao::Value;
+
+namespace {
+
+QString u(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class RecordsetTest : public EngineFiles {
+protected:
+    void SetUp() override {
+        database = pupilsFile();
+        for (const auto& [name, mark] :
+             QList<std::pair<QString, Value>>{{u("Adams"), 3}, {u("baker"), {}}, {u("Clark"), 7}})
+            addRecord(database, u("Pupils"), {name, mark});
+    }
+
+    dao::Database database;
+};
+
+} // namespace
+
+TEST_F(RecordsetTest, WalksBetweenItsEnds) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    EXPECT_EQ(records.RecordCount(), 3);
+    EXPECT_EQ(records.AbsolutePosition(), 0);
+    records.MovePrevious();
+    EXPECT_TRUE(records.BOF());
+    EXPECT_EQ(records.AbsolutePosition(), -1);
+    EXPECT_EQ(errorOf([&] { records.Collect(u"Surname"); }), dao::NoCurrentRecord);
+    EXPECT_EQ(errorOf([&] { records.MovePrevious(); }), dao::NoCurrentRecord);
+    records.MoveLast();
+    EXPECT_EQ(records.Collect(u"SURNAME").toText(), u("Clark"));
+    records.MoveNext();
+    EXPECT_TRUE(records.EOF_());
+    EXPECT_EQ(errorOf([&] { records.MoveNext(); }), dao::NoCurrentRecord);
+    records.MovePrevious();
+    EXPECT_EQ(records.AbsolutePosition(), 2);
+    records.SetAbsolutePosition(1);
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("baker"));
+    EXPECT_TRUE(records.Collect(u"Mark").isNull());
+    EXPECT_EQ(errorOf([&] { records.Collect(u"Forename"); }), dao::NoSuchItem);
+}
+
+TEST_F(RecordsetTest, AnEmptyOneIsAtBothEnds) {
+    dao::Recordset records = database.OpenRecordset(u("SELECT * FROM Pupils WHERE Mark > 99"));
+    EXPECT_TRUE(records.BOF() && records.EOF_());
+    for (const auto& move : QList<std::function<void()>>{
+             [&] { records.MoveFirst(); }, [&] { records.MoveLast(); }, [&] { records.MoveNext(); },
+             [&] { records.MovePrevious(); }, [&] { records.Delete(); }, [&] { records.Edit(); }})
+        EXPECT_EQ(errorOf(move), dao::NoCurrentRecord);
+    records.FindFirst(u("Mark = 3"));
+    EXPECT_TRUE(records.NoMatch());
+}
+
+TEST_F(RecordsetTest, AnAddedRecordStandsLastAndThePlaceStays) {
+    dao::Recordset records = database.OpenRecordset(u("SELECT * FROM Pupils ORDER BY Surname"));
+    records.AddNew();
+    EXPECT_TRUE(records.Collect(u"Surname").isNull());
+    records[u"Surname"] = u("Aaron");
+    records.Update();
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Adams"));
+    EXPECT_EQ(records.RecordCount(), 4);
+    records.SetBookmark(records.LastModified());
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Aaron"));
+    EXPECT_EQ(records.Collect(u"ID").toInteger(), 4);
+    EXPECT_EQ(records.AbsolutePosition(), 3);
+}
+
+TEST_F(RecordsetTest, LeavingARecordDropsItsChange) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    records.Edit();
+    records[u"Surname"] = u("Changed");
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Changed"));
+    records.MoveNext();
+    EXPECT_EQ(records.EditMode(), dao::EditMode::None);
+    records.MoveFirst();
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Adams"));
+    EXPECT_EQ(errorOf([&] { records.Update(); }), dao::EditNotBegun);
+    EXPECT_EQ(errorOf([&] { records[u"Surname"] = u("x"); }), dao::EditNotBegun);
+}
+
+TEST_F(RecordsetTest, ARefusedValueLeavesTheEditOpen) {
+    struct Case {
+        const char16_t* field;
+        Value value;
+        int error;
+    };
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    records.Edit();
+    for (const Case& refused :
+         {Case{u"Surname", u("123456789012345678901"), dao::TextTooLong},
+          Case{u"Surname", u(""), dao::ZeroLengthNotAllowed},
+          Case{u"Mark", u("seven"), dao::ConversionError},
+          Case{u"Mark", u(""), dao::ConversionError}, Case{u"Mark", 32768, dao::ConversionError},
+          Case{u"Mark", QByteArray("7"), dao::ConversionError},
+          Case{u"ID", 9, dao::InvalidOperation}})
+        EXPECT_EQ(errorOf([&] { records[refused.field] = refused.value; }), refused.error);
+    records[u"Surname"] = u("12345678901234567890");
+    records[u"Mark"] = u(" -32768 ");
+    records[u"Notes"] = u("");
+    records.Update();
+    EXPECT_EQ(records.Collect(u"Mark"), Value(-32768));
+    EXPECT_EQ(records.Collect(u"Notes"), Value(u(""))) << "an empty text is not Null";
+}
+
+TEST_F(RecordsetTest, ADeletedRecordIsGoneForClonesToo) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    dao::Recordset clone = records.Clone();
+    EXPECT_EQ(errorOf([&] { clone.Collect(0); }), dao::NoCurrentRecord);
+    records.MoveNext();
+    const dao::Bookmark second = records.Bookmark();
+    clone.SetBookmark(second);
+    EXPECT_EQ(clone.Collect(u"Surname").toText(), u("baker"));
+    records.Delete();
+    EXPECT_EQ(errorOf([&] { records.Collect(0); }), dao::RecordDeleted);
+    EXPECT_EQ(errorOf([&] { clone.Collect(0); }), dao::RecordDeleted);
+    EXPECT_EQ(errorOf([&] { clone.SetBookmark(second); }), dao::RecordDeleted);
+    EXPECT_EQ(clone.RecordCount(), 2);
+    records.MoveNext();
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Clark"));
+    EXPECT_EQ(records.AbsolutePosition(), 1);
+    records.MovePrevious();
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Adams"));
+}
+
+TEST_F(RecordsetTest, EveryRecordCanBeDeletedInAWalk) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    for (records.MoveFirst(); !records.EOF_(); records.MoveNext()) {
+        records.Edit();
+        records.Delete();
+    }
+    EXPECT_TRUE(records.BOF() && records.EOF_());
+    EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 0);
+}
+
+TEST_F(RecordsetTest, FindsByConditionAndStaysWithoutAMatch) {
+    struct Case {
+        const char* criteria;
+        int position; ///< -1 for no match
+    };
+    for (const auto type : {dao::RecordsetType::Dynaset, dao::RecordsetType::Snapshot}) {
+        dao::Recordset records =
+            database.OpenRecordset(u("SELECT * FROM Pupils ORDER BY Surname DESC"), type);
+        for (const Case& find :
+             {Case{"Surname = 'BAKER'", 1}, Case{"Mark = 7", 0}, Case{"Mark < 100", 0},
+              Case{"Mark Is Null", 1}, Case{"Surname Like \"*A*\"", 0}, Case{"Mark = 8", -1},
+              Case{"NOT Mark = 3", 0}, Case{"Pupils.Surname = 'adams'", 2}}) {
+            records.MoveLast();
+            records.FindFirst(u(find.criteria));
+            EXPECT_EQ(records.NoMatch(), find.position < 0) << find.criteria;
+            EXPECT_EQ(records.AbsolutePosition(), find.position < 0 ? 2 : find.position)
+                << find.criteria;
+        }
+        EXPECT_EQ(errorOf([&] { records.FindFirst(u("Surname = 'O'Hara'")); }), dao::SyntaxError);
+        EXPECT_EQ(errorOf([&] { records.FindFirst(u("Forename = 'x'")); }), dao::UnknownFieldInSql);
+    }
+}
+
+TEST_F(RecordsetTest, ASnapshotKeepsItsValuesAndCantBeChanged) {
+    dao::Recordset snapshot = database.OpenRecordset(u("Pupils"), dao::RecordsetType::Snapshot);
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    records.Edit();
+    records[u"Surname"] = u("Evans");
+    records.Update();
+    EXPECT_EQ(snapshot.Collect(u"Surname").toText(), u("Adams"));
+    EXPECT_EQ(errorOf([&] { snapshot.Edit(); }), dao::NotSupported);
+    EXPECT_EQ(errorOf([&] { snapshot.AddNew(); }), dao::NotSupported);
+    EXPECT_EQ(errorOf([&] { snapshot.Delete(); }), dao::NotSupported);
+}
+
+TEST_F(RecordsetTest, SortOrdersTheNextRecordset) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    records.SetSort(u("Mark DESC, Surname"));
+    dao::Recordset sorted = records.OpenRecordset();
+    EXPECT_EQ(sorted.Collect(u"Surname").toText(), u("Clark"));
+    sorted.MoveLast();
+    EXPECT_TRUE(sorted.Collect(u"Mark").isNull()) << "Null comes first in rising order";
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Adams"));
+}
+
+TEST_F(RecordsetTest, AnEditThroughAJoinGoesToTheFieldsOwnTable) {
+    appendTable(database, u("Marks_7A"),
+                {dao::TableDef::CreateField(u("ID"), dao::DataType::Long),
+                 emptyableField(u("Test 1"), dao::DataType::Text, 5)});
+    dao::Recordset marks = database.OpenRecordset(u("Marks_7A"));
+    for (int id : {1, 3}) {
+        marks.AddNew();
+        marks[u"ID"] = id;
+        marks.Update();
+    }
+    dao::Recordset joined = database.OpenRecordset(
+        u("SELECT Pupils.Surname, Marks_7A.* FROM Pupils INNER JOIN Marks_7A ON "
+          "Pupils.ID = Marks_7A.ID ORDER BY Surname DESC"));
+    ASSERT_EQ(joined.RecordCount(), 2);
+    EXPECT_EQ(joined[u"Test 1"].SourceTable(), u("Marks_7A"));
+    joined.Edit();
+    joined[u"Surname"] = u("Zed");
+    joined[u"Test 1"] = u("B+");
+    joined.Update();
+    EXPECT_EQ(rowsOf(database, u("SELECT Surname FROM Pupils WHERE ID = 3")),
+              QStringList{u("Zed")});
+    EXPECT_EQ(rowsOf(database, u("Marks_7A")), (QStringList{u("1|~"), u("3|B+")}));
+    EXPECT_EQ(errorOf([&] { joined.AddNew(); }), dao::InvalidOperation);
+    joined.Delete();
+    EXPECT_EQ(rowsOf(database, u("Marks_7A")), QStringList{u("1|~")});
+    EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 3);
+}
+
+TEST_F(RecordsetTest, LongFieldsAreReadAndWrittenInParts) {
+    appendTable(
+        database, u("Photos"),
+        {numberingField(), dao::TableDef::CreateField(u("Photo"), dao::DataType::LongBinary)});
+    dao::Recordset photos = database.OpenRecordset(u("Photos"));
+    const QByteArray picture("\0\xff\x01 bytes", 9);
+    photos.AddNew();
+    photos[u"Photo"].AppendChunk(picture.left(4));
+    photos[u"Photo"].AppendChunk(picture.mid(4));
+    photos.Update();
+    photos.MoveFirst();
+    EXPECT_EQ(photos[u"Photo"].FieldSize(), 9);
+    EXPECT_EQ(photos[u"Photo"].GetChunk(2, 3), picture.mid(2, 3));
+    photos.Edit();
+    photos[u"Photo"].AppendChunk("new");
+    photos.Update();
+    EXPECT_EQ(photos.Collect(u"Photo").toBinary(), QByteArray("new"));
+    photos.Edit();
+    photos[u"Photo"] = Value();
+    photos.Update();
+    EXPECT_EQ(photos[u"Photo"].FieldSize(), 0);
+}
+
+TEST_F(RecordsetTest, TextsThatLookLikeNumbersStayTexts) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    for (const char* text : {"007", "1e5", "+3", " 4", "0x10", "-0", "3.0", "9223372036854775808",
+                             "NULL", "'", "\"", "a]b", "\xc3\x89mile", "\xf0\x9f\x93\x9a"}) {
+        records.Edit();
+        records[u"Surname"] = u(text);
+        records[u"Notes"] = u(text);
+        records.Update();
+        EXPECT_EQ(records.Collect(u"Surname"), Value(u(text)));
+        EXPECT_EQ(records.Collect(u"Notes"), Value(u(text)));
+        records.FindFirst(u("Surname = ") + dao::writeText(u(text)));
+        EXPECT_FALSE(records.NoMatch()) << text;
+    }
+}
+
+TEST_F(RecordsetTest, ChangesOfAnotherHandleAreSeenOnTheNextVisit) {
+    dao::Recordset here = database.OpenRecordset(u("Pupils"));
+    dao::Recordset there = database.OpenRecordset(u("Pupils"));
+    EXPECT_EQ(here.Collect(u"Surname").toText(), u("Adams"));
+    there.Edit();
+    there[u"Surname"] = u("Ames");
+    there.Update();
+    here.Edit();
+    EXPECT_EQ(here.Collect(u"Surname").toText(), u("Ames")) << "Edit reads the record again";
+    here.CancelUpdate();
+    there.Delete();
+    here.MoveFirst();
+    EXPECT_EQ(errorOf([&] { here.Collect(u"Surname"); }), dao::RecordDeleted);
+    here.MoveNext();
+    EXPECT_EQ(here.Collect(u"Surname").toText(), u("baker"));
+}
+
+TEST_F(RecordsetTest, AClosedOneRefusesAllWork) {
+    dao::Recordset records = database.OpenRecordset(u("Pupils"));
+    const dao::RecordsetField field = records[u"Surname"];
+    EXPECT_EQ(database.Recordsets().size(), 1);
+    database.Close();
+    EXPECT_FALSE(records.isOpen());
+    EXPECT_EQ(errorOf([&] { records.MoveFirst(); }), dao::ObjectInvalid);
+    EXPECT_EQ(errorOf([&] { field.value(); }), dao::ObjectInvalid);
+    EXPECT_EQ(errorOf([&] { database.OpenRecordset(u("Pupils")); }), dao::ObjectInvalid);
+}

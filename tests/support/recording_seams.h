@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/progress.h"
+#include "core/seams.h"
+#include "core/shell.h"
+#include "support/scripted_clock.h"
+#include "support/scripted_prompts.h"
+
+#include <QList>
+
+/// Keeps what a progress window would have shown.
+class RecordingProgress : public Progress {
+public:
+    struct Step {
+        int percent;
+        QString line1;
+        QString line2;
+    };
+    QString title;
+    QList<Step> steps;
+    bool isOpen = false;
+
+    void open(const QString& windowTitle) override {
+        title = windowTitle;
+        isOpen = true;
+    }
+    void UpdateProgress(int percent, const QString& line1, const QString& line2) override {
+        steps.append({percent, line1, line2});
+    }
+    void close() override { isOpen = false; }
+};
+
+/// Keeps what the desktop was asked to do.
+class RecordingShell : public Shell {
+public:
+    struct Run {
+        QString verb;
+        QString file;
+    };
+    QList<Run> runs;
+    QStringList sounds;
+
+    void ShellRun(const QString& verb, const QString& file, const QString&,
+                  const QString&) override {
+        runs.append({verb, file});
+    }
+    void PlaySoundFile(const QString& path, bool) override { sounds.append(path); }
+};
+
+/// All ways out of the rules, in the hands of a test. The clock stands on a Monday morning.
+struct TestSeams {
+    ScriptedPrompts prompts;
+    RecordingProgress progress;
+    RecordingShell shell;
+    ScriptedClock clock{QDateTime(QDate(2024, 9, 9), QTime(8, 30))};
+
+    Seams seams() { return {prompts, progress, shell, clock}; }
+};

@@ -1,0 +1,158 @@
+// jet FILE.mdb [--password P] [--names] [SQL...]
+//
+// Opens a year's file (or a genuine Jet file, which is only read) and prints what Jet SQL answers:
+// a line a row, values separated by tabs. Without SQL it answers one statement a line from standard
+// input until that ends. docs/file-format.md tells the language; `SHOW TABLES` and
+// `SHOW FIELDS table` are this tool's own.
+
+#include "store/engine/engine.h"
+#include "store/engine/error.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+#include <charconv>
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+namespace {
+
+struct Arguments {
+    QString file;
+    QString password;
+    bool names = false;
+    QStringList statements;
+};
+
+bool readArguments(const QStringList& given, Arguments& arguments) {
+    for (qsizetype i = 1; i < given.size(); ++i) {
+        if (given.at(i) == u"--password" && i + 1 < given.size())
+            arguments.password = given.at(++i);
+        else if (given.at(i) == u"--names")
+            arguments.names = true;
+        else if (arguments.file.isEmpty())
+            arguments.file = given.at(i);
+        else
+            arguments.statements += given.at(i);
+    }
+    return !arguments.file.isEmpty();
+}
+
+void printLine(const QString& line) {
+    const QByteArray bytes = line.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
+}
+
+QString escaped(QString text) {
+    text.replace(u'\\', QStringLiteral("\\\\"));
+    text.replace(u'\t', QStringLiteral("\\t"));
+    text.replace(u'\n', QStringLiteral("\\n"));
+    text.replace(u'\r', QStringLiteral("\\r"));
+    return text;
+}
+
+/// The shortest decimal that reads back as the same number.
+template<typename Number>
+QString shortest(Number number) {
+    char text[64];
+    const auto end = std::to_chars(std::begin(text), std::end(text), number).ptr;
+    return QString::fromLatin1(text, end - text);
+}
+
+QString printed(const dao::Value& value, dao::DataType type) {
+    if (value.isNull())
+        return QStringLiteral("\\N");
+    if (value.isBinary())
+        return u'x' + QString::fromLatin1(value.toBinary().toHex());
+    if (value.isReal())
+        return type == dao::DataType::Single ? shortest(static_cast<float>(value.toDouble()))
+                                             : shortest(value.toDouble());
+    return escaped(value.toText());
+}
+
+void printRecords(const dao::Database& database, const QString& statement, bool names) {
+    dao::Recordset records = database.OpenRecordset(statement, dao::RecordsetType::Snapshot);
+    QStringList line;
+    if (names) {
+        for (int i = 0; i < records.FieldCount(); ++i)
+            line += escaped(records.Fields(i).Name());
+        printLine(line.join(u'\t'));
+    }
+    for (; !records.EOF_(); records.MoveNext()) {
+        line.clear();
+        for (int i = 0; i < records.FieldCount(); ++i)
+            line += printed(records.Collect(i), records.Fields(i).Type());
+        printLine(line.join(u'\t'));
+    }
+}
+
+void printFields(const dao::Database& database, const QString& table, bool names) {
+    if (names)
+        printLine(QStringLiteral("name\ttype\tsize"));
+    for (const dao::Field& field : database.TableDefs()[table].Fields())
+        printLine(QStringLiteral("%1\t%2\t%3")
+                      .arg(escaped(field.Name))
+                      .arg(static_cast<int>(field.Type))
+                      .arg(field.Size));
+}
+
+void answer(const dao::Database& database, const QString& statement, bool names) {
+    static const QRegularExpression showTables(QStringLiteral(R"(^\s*SHOW\s+TABLES\s*;?\s*$)"),
+                                               QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression showFields(
+        QStringLiteral(R"(^\s*SHOW\s+FIELDS\s+(?:FROM\s+)?(\[.*\]|\S.*?)\s*;?\s*$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch fields = showFields.match(statement);
+    if (showTables.match(statement).hasMatch()) {
+        for (const QString& name : database.TableDefs().names())
+            printLine(escaped(name));
+    } else if (fields.hasMatch()) {
+        QString table = fields.captured(1);
+        if (table.startsWith(u'['))
+            table =
+                table.mid(1, table.size() - 2).replace(QStringLiteral("]]"), QStringLiteral("]"));
+        printFields(database, table, names);
+    } else {
+        printRecords(database, statement, names);
+    }
+}
+
+void answerStandardInput(const dao::Database& database, bool names) {
+    for (std::string line; std::getline(std::cin, line);) {
+        try {
+            answer(database, QString::fromStdString(line), names);
+            printLine(QStringLiteral("."));
+        } catch (const dao::EngineError& error) {
+            printLine(QStringLiteral("! %1 %2").arg(error.number()).arg(error.description()));
+        }
+        std::fflush(stdout);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    Arguments arguments;
+    if (!readArguments(QCoreApplication::arguments(), arguments)) {
+        std::fputs("usage: jet FILE.mdb [--password P] [--names] [SQL...]\n", stderr);
+        return 2;
+    }
+    try {
+        const dao::DBEngine engine;
+        const dao::Database database =
+            engine.OpenDatabase(arguments.file, false, false, dao::connectText(arguments.password));
+        for (const QString& statement : std::as_const(arguments.statements)) {
+            answer(database, statement, arguments.names);
+            std::fflush(stdout);
+        }
+        if (arguments.statements.isEmpty())
+            answerStandardInput(database, arguments.names);
+    } catch (const dao::EngineError& error) {
+        std::fflush(stdout);
+        std::fprintf(stderr, "%d: %s\n", error.number(), qPrintable(error.description()));
+        return 1;
+    }
+    return 0;
+}
