@@ -33,8 +33,8 @@ int main(int argc, char** argv) {
     session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 
     if (arguments.value(1) == u"--tour") {
-        mdiORVA frame(session);
-        frame.showForTour();
+        mdiORVA frame(session, false);
+        frame.show();
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;
     }
     mdiORVA frame(session);

@@ -3,9 +3,10 @@
 #include "core/commands.h"
 #include "core/core_settings.h"
 #include "core/screens/mdi_background.h"
-#include "core/screens/placed_subwindow.h"
+#include "core/screens/placed_widget.h"
 #include "core/screens/window_table.h"
 #include "core/session.h"
+#include "core/upgrade.h"
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>
@@ -95,6 +96,10 @@ QMdiSubWindow* mdiORVA::loadedForm(const QString& name) const {
     return found == m_forms.end() ? nullptr : *found;
 }
 
+PlacedWidget mdiORVA::placedForm(QMdiSubWindow& form) const {
+    return {form, form.widget()->objectName(), m_client->viewport()};
+}
+
 void mdiORVA::loadForm(const QString& name) {
     const WindowEntry* entry = findWindow(name);
     if (!entry)
@@ -103,7 +108,7 @@ void mdiORVA::loadForm(const QString& name) {
     form->setAttribute(Qt::WA_DeleteOnClose);
     m_forms += form;
     connect(form, &QObject::destroyed, this, [this, form] { m_forms.removeAll(form); });
-    PlacedSubWindow placed(*form);
+    PlacedWidget placed = placedForm(*form);
     if (!entry->placementKey.isEmpty())
         RestoreWindowPlacement(m_session.GetSettings(), placed, entry->placementKey);
     form->show();
@@ -112,7 +117,7 @@ void mdiORVA::loadForm(const QString& name) {
 void mdiORVA::bringForward(QMdiSubWindow* form, const QString& placementKey) {
     if (form->isMinimized()) {
         form->showNormal();
-        PlacedSubWindow placed(*form);
+        PlacedWidget placed = placedForm(*form);
         if (!placementKey.isEmpty())
             RestoreChildPlacement(m_session.GetSettings(), placed, placementKey);
     }
@@ -135,7 +140,7 @@ void mdiORVA::DestroySplash() {
 void mdiORVA::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     // From the event loop, so that the frame is drawn before a long opening begins.
-    if (!std::exchange(m_activated, true))
+    if (std::exchange(m_startPending, false))
         QTimer::singleShot(0, this, &mdiORVA::activateFirst);
 }
 
@@ -145,7 +150,7 @@ void mdiORVA::activateFirst() {
 }
 
 void mdiORVA::closeEvent(QCloseEvent* event) {
-    const PlacedTopWindow placed(*this);
+    const PlacedWidget placed(*this, objectName());
     SaveWindowPlacement(m_session.GetSettings(), placed, setting::Options);
     SaveCurrentStartup(m_session);
     m_session.CloseAllDatabases();

@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class MdiBackground;
+class PlacedWidget;
 class QMdiSubWindow;
 class Session;
 
@@ -15,7 +16,8 @@ class mdiORVA : public QMainWindow, public MainFrame {
     Q_OBJECT
 
 public:
-    explicit mdiORVA(Session& session, QWidget* parent = nullptr);
+    /// `startsByItself`: the first showing opens the default database or the wizard.
+    explicit mdiORVA(Session& session, bool startsByItself = true, QWidget* parent = nullptr);
     ~mdiORVA() override;
 
     void SetCaption(const QString& caption) override;
@@ -43,12 +45,13 @@ private:
     void buildHelpMenu();
     void activateFirst();
     QMdiSubWindow* loadedForm(const QString& name) const;
+    PlacedWidget placedForm(QMdiSubWindow& form) const;
     void loadForm(const QString& name);
     void bringForward(QMdiSubWindow* form, const QString& placementKey);
 
     Session& m_session;
     MdiBackground* m_client;
     QPointer<QWidget> m_splash;
-    bool m_activated = false;
+    bool m_startPending;
     QList<QMdiSubWindow*> m_forms; ///< in the order of loading
 };
