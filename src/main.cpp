@@ -12,6 +12,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/system_clock.h"
+#include "core/version.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -20,7 +21,7 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(ORVA_VERSION));
+    QCoreApplication::setApplicationVersion(programVersion());
     const QStringList arguments = QCoreApplication::arguments();
 
     dao::DBEngine engine;

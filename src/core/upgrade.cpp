@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/shell.h"
+#include "core/version.h"
 
 #include <QEventLoop>
 #include <QNetworkAccessManager>
@@ -25,7 +26,8 @@ QString address(Session& session) {
 std::optional<int> newestBuild(const QString& endpoint) {
     QNetworkAccessManager network;
     QNetworkRequest request(
-        QUrl(endpoint + (endpoint.endsWith(u'/') ? u"" : u"/") + u"ORVA/build.txt"));
+        QUrl(endpoint + (endpoint.endsWith(u'/') ? QString() : QStringLiteral("/")) +
+             QStringLiteral("ORVA/build.txt")));
     request.setTransferTimeout(timeoutMilliseconds);
     const std::unique_ptr<QNetworkReply> reply(network.get(request));
     QEventLoop loop;
@@ -56,7 +58,7 @@ void GetUpgradeInfo(Session& session) {
     if (!build)
         return say(QStringLiteral("The internet address for upgrades could not be reached.\n\n"
                                   "Please try again later."));
-    if (*build <= ORVA_BUILD)
+    if (*build <= ProgramBuild)
         return say(QStringLiteral("You already have the latest version of ORVA."));
     if (seams.prompts.PlainBox(QStringLiteral("A newer version of ORVA is available.\n\nWould you "
                                               "like to open its internet page now?"),
