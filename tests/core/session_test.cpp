@@ -289,3 +289,29 @@ TEST_F(SessionTest, AFileStillOpenIsTold) {
     seams.prompts.expect(PromptKind::Plain, u("Action canceled"), AnswerOk);
     EXPECT_TRUE(session.IsDBOpen());
 }
+
+TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
+    struct Case {
+        int autoBackup;
+        PromptReply reply; ///< of the question, where there is one
+        bool backedUp;
+        int autoBackupLater;
+    };
+    makeYear("year.mdb");
+    for (const Case& end :
+         {Case{0, {}, false, 0}, Case{1, AnswerNo, false, 1}, Case{1, AnswerYes, true, 1},
+          Case{1, AnswerNo + 100, false, 2}, Case{2, {}, true, 2}, Case{3, {}, true, 3}}) {
+        QFile::remove(path("year.001"));
+        session.FolderDefaults[BackupFolder].folder = folder.path() + u'/';
+        settings.CreateRegistryKey(setting::Root);
+        settings.WriteRegistryValue(setting::Root, setting::AutoBackup, end.autoBackup);
+        ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+        if (end.autoBackup == 1)
+            seams.prompts.expect(PromptKind::Message, u("Backup/Compress Database"), end.reply);
+        ShutDown(session);
+        EXPECT_FALSE(session.CurrentDB.isOpen());
+        EXPECT_EQ(QFile::exists(path("year.001")), end.backedUp) << end.autoBackup;
+        EXPECT_EQ(settings.readNumber(setting::Root, setting::AutoBackup), end.autoBackupLater);
+    }
+    ShutDown(session); // with nothing open nothing is asked
+}

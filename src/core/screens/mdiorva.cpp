@@ -153,6 +153,6 @@ void mdiORVA::closeEvent(QCloseEvent* event) {
     const PlacedWidget placed(*this, objectName());
     SaveWindowPlacement(m_session.GetSettings(), placed, setting::Options);
     SaveCurrentStartup(m_session);
-    m_session.CloseAllDatabases();
+    ShutDown(m_session);
     QMainWindow::closeEvent(event);
 }
