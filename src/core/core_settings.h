@@ -21,6 +21,9 @@ inline constexpr QStringView FadeStartColor = u"FadeStartColor";
 inline constexpr QStringView FadeEndColor = u"FadeEndColor";
 inline constexpr QStringView FadeStyle = u"FadeStyle"; ///< 0 diagonal, 1 horizontal, 2 vertical
 inline constexpr QStringView DisableGradients = u"DisableGradients";
+/// The program that shows whiteboard files: its name or path. Absent: what the desktop has for
+/// them.
+inline constexpr QStringView GwbViewer = u"GwbViewer";
 
 /// The key with the main window's placement. Written at every close and never read back: the main
 /// window does not restore its place.

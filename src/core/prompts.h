@@ -38,6 +38,9 @@ enum PromptFlag {
     SecondButtonDefault = 256,
 };
 
+/// The part of a word of flags that picks the icon.
+inline constexpr int IconMask = 0x70;
+
 struct PromptButton {
     PromptAnswer answer;
     QString caption;
@@ -113,7 +116,7 @@ public:
                               const QString& path) = 0;
 
     /// Asks for the path of a file to open, or to save when `save`; empty when it was cancelled.
-    /// `flags` is made of FileDialogFlag.
+    /// `flags` is made of FileDialogFlag. To replace a file that exists is the caller's question.
     virtual QString OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
                                    const QString& startFolder, int flags, bool save) = 0;
     /// Asks for a folder, answered without a separator at its end; empty when it was cancelled.

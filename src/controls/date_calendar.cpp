@@ -1,0 +1,41 @@
+#include "controls/date_calendar.h"
+
+#include <QAbstractItemView>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+DateCalendar::DateCalendar(const QString& name, QWidget* parent) : QCalendarWidget(parent) {
+    setFirstDayOfWeek(Qt::Sunday);
+    setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    setDateEditEnabled(false);
+    setAccessibleName(name);
+    nameParts(name);
+    connect(this, &QCalendarWidget::selectionChanged, this, &DateCalendar::describeSelection);
+    describeSelection();
+}
+
+/// The parts have no other handle than the names that the toolkit gives them.
+void DateCalendar::nameParts(const QString& name) {
+    const struct {
+        QString part;
+        QString words;
+    } names[] = {
+        {u"qt_calendar_prevmonth"_s, u"%1, previous month"_s},
+        {u"qt_calendar_monthbutton"_s, u"%1, month"_s},
+        {u"qt_calendar_yearbutton"_s, u"%1, year"_s},
+        {u"qt_calendar_yearedit"_s, u"%1, year"_s},
+        {u"qt_calendar_nextmonth"_s, u"%1, next month"_s},
+        {u"qt_calendar_calendarview"_s, u"%1, calendar"_s},
+    };
+    for (const auto& [part, words] : names) {
+        if (auto* widget = findChild<QWidget*>(part))
+            widget->setAccessibleName(words.arg(name));
+    }
+}
+
+/// A day's cell reads as a bare number, so the whole date is told beside it.
+void DateCalendar::describeSelection() {
+    if (auto* view = findChild<QAbstractItemView*>(u"qt_calendar_calendarview"_s))
+        view->setAccessibleDescription(locale().toString(selectedDate(), QLocale::LongFormat));
+}

@@ -1,0 +1,100 @@
+#include "core/screens/desktop_shell.h"
+
+#include "core/files.h"
+#include "core/prompts.h"
+
+#include <QDesktopServices>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QSoundEffect>
+#include <QStandardPaths>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An opener that ran longer has opened something, whatever became of it (milliseconds).
+constexpr qint64 FailsWithin = 20000;
+
+/// An address rather than a path: it begins with a scheme.
+bool isAddress(const QString& file) {
+    return !file.startsWith(u'/') && !QUrl(file).scheme().isEmpty();
+}
+
+/// A program as the linker makes it. A script is a text first, and is shown rather than run.
+bool isProgram(const QString& file) {
+    if (!QFileInfo(file).isFile() || !QFileInfo(file).isExecutable())
+        return false;
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchContent);
+    return type.inherits(u"application/x-executable"_s) ||
+           type.inherits(u"application/x-sharedlib"_s) ||
+           type.inherits(u"application/x-pie-executable"_s);
+}
+
+} // namespace
+
+DesktopShell::DesktopShell(Prompts& prompts) : m_prompts(prompts) {}
+
+DesktopShell::~DesktopShell() = default;
+
+void DesktopShell::ShellRun(const QString&, const QString& file, const QString& parameters,
+                            const QString& folder) {
+    if (!parameters.isEmpty() || isProgram(file)) {
+        if (!QProcess::startDetached(file, QProcess::splitCommand(parameters), folder))
+            showFailure(file);
+    } else if (isAddress(file) || FileExists(file)) {
+        handToDesktop(file, folder);
+    } else {
+        showFailure(file);
+    }
+}
+
+/// The desktop's opener tells by its exit code that it found no program. It may also run as long as
+/// the program that it opened; it is left alone then, and outlives us.
+void DesktopShell::handToDesktop(const QString& target, const QString& folder) {
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s);
+    if (opener.isEmpty()) {
+        const QUrl url = isAddress(target) ? QUrl(target) : QUrl::fromLocalFile(target);
+        if (!QDesktopServices::openUrl(url))
+            showFailure(target);
+        return;
+    }
+    auto* process = new QProcess;
+    process->setStandardInputFile(QProcess::nullDevice());
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setWorkingDirectory(folder);
+    QElapsedTimer running;
+    running.start();
+    connect(process, &QProcess::finished, this, [this, target, running](int code) {
+        if (code != 0 && !running.hasExpired(FailsWithin))
+            showFailure(target);
+    });
+    connect(process, &QProcess::errorOccurred, this, [this, target](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            showFailure(target);
+    });
+    connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    connect(process, &QProcess::errorOccurred, process, &QObject::deleteLater);
+    process->start(opener, {target});
+}
+
+void DesktopShell::showFailure(const QString& file) {
+    m_prompts.PlainBox(u"This file could not be opened, please make sure that the file \n"
+                       "below can be found on your system in the folders shown.\n\n"_s +
+                           file,
+                       OkButton | WarningIcon, u"File/Folder execution error:"_s);
+}
+
+void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
+    m_sound.reset();
+    if (!FileExists(path))
+        return;
+    m_sound = std::make_unique<QSoundEffect>();
+    m_sound->setSource(QUrl::fromLocalFile(path));
+    m_sound->setLoopCount(loop ? QSoundEffect::Infinite : 1);
+    m_sound->play();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/shell.h"
+
+#include <QObject>
+
+#include <memory>
+
+class Prompts;
+class QProcess;
+class QSoundEffect;
+
+/// The desktop itself. A file that is a program is started; every other file, a folder or an
+/// address is handed to what the person's desktop has for it. What cannot be opened is told in a
+/// box, also when the desktop finds that out a moment later.
+class DesktopShell : public QObject, public Shell {
+    Q_OBJECT
+
+public:
+    explicit DesktopShell(Prompts& prompts);
+    ~DesktopShell() override;
+
+    /// `verb` has one meaning here, to open. `parameters` are those of a program, apart by blanks;
+    /// one that holds blanks stands in double quotes.
+    void ShellRun(const QString& verb, const QString& file, const QString& parameters,
+                  const QString& folder) override;
+    /// Silent on a computer that has no sound.
+    void PlaySoundFile(const QString& path, bool loop) override;
+
+private:
+    void handToDesktop(const QString& target, const QString& folder);
+    void showFailure(const QString& file);
+
+    Prompts& m_prompts;
+    std::unique_ptr<QSoundEffect> m_sound;
+};

@@ -1,0 +1,76 @@
+#include "core/shell_services.h"
+
+#include "core/core_settings.h"
+#include "core/prompts.h"
+#include "core/settings.h"
+#include "core/shell.h"
+
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int NoApplication = 31;
+
+QString shellErrorText(int code) {
+    switch (code) {
+    case 0:
+        return u"The operating system is out of memory or resources."_s;
+    case 2:
+        return u"The specified file was not found."_s;
+    case 3:
+        return u"The specified path was not found."_s;
+    case 5:
+        return u"The operating system denied access to the specified file."_s;
+    case 8:
+        return u"There was not enough memory to complete the operation."_s;
+    case 11:
+        return u"The .exe file is invalid (non-Win32® .exe or error in .exe image)."_s;
+    case 26:
+        return u"A sharing violation occurred."_s;
+    case 27:
+        return u"The file name association is incomplete or invalid."_s;
+    case 28:
+        return u"The DDE transaction could not be completed because the request timed out."_s;
+    case 29:
+        return u"The DDE transaction failed."_s;
+    case 30:
+        return u"The DDE transaction could not be completed because other DDE transactions were "
+               "being processed."_s;
+    case NoApplication:
+        return u"There is no application associated with the given file name extension."_s;
+    case 32:
+        return u"The specified dynamic-link library was not found."_s;
+    default:
+        return {};
+    }
+}
+
+/// A path as one parameter of a command line.
+QString quotedParameter(QString path) {
+    return u'"' + path.replace(u'"', u"\"\"\""_s) + u'"';
+}
+
+} // namespace
+
+void ShowShellError(int code, Prompts& prompts) {
+    const QString text = shellErrorText(code);
+    if (!text.isEmpty())
+        prompts.PlainBox(text, OkButton | WarningIcon, u"ShellExecute Error"_s);
+}
+
+bool isGwbFile(const QString& path) {
+    return path.endsWith(u"gwb"_s, Qt::CaseInsensitive);
+}
+
+void OpenGwbFile(const QString& path, Settings& settings, Shell& shell, Prompts& prompts) {
+    const QString verb = u"Open"_s;
+    const QString viewer = settings.readText(setting::Root, setting::GwbViewer);
+    if (viewer.isEmpty())
+        shell.ShellRun(verb, path);
+    else if (QStandardPaths::findExecutable(viewer).isEmpty())
+        ShowShellError(NoApplication, prompts);
+    else
+        shell.ShellRun(verb, viewer, quotedParameter(path));
+}

@@ -1,0 +1,135 @@
+#include "support/screen_checks.h"
+
+#include "controls/colours.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::string described(const QWidget& widget) {
+    return std::string(widget.metaObject()->className()) + " '" +
+           widget.objectName().toStdString() + "' of '" +
+           widget.window()->objectName().toStdString() + "'";
+}
+
+QList<QWidget*> tabOrder(QWidget& window) {
+    QList<QWidget*> order;
+    for (QWidget* next = window.nextInFocusChain(); next != &window;
+         next = next->nextInFocusChain()) {
+        const bool reached = next->isVisibleTo(&window) && next->isEnabled() &&
+                             next->window() == &window && !next->focusProxy() &&
+                             (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (reached)
+            order += next;
+    }
+    return order;
+}
+
+QRect placeIn(const QWidget& window, const QWidget& widget) {
+    return {widget.mapTo(&window, QPoint()), widget.size()};
+}
+
+/// What overlaps in height stands in one line.
+bool followsTheEye(const QRect& from, const QRect& to) {
+    const bool rightOf = to.left() >= from.right();
+    const bool below = to.top() >= from.bottom();
+    return rightOf || below;
+}
+
+QPalette schemePalette(bool dark) {
+    return dark ? QPalette(QColor(60, 60, 60), QColor(45, 45, 45))
+                : QPalette(QColor(239, 239, 239));
+}
+
+} // namespace
+
+void checkFocus(QWidget& window) {
+    const QList<QWidget*> order = tabOrder(window);
+    for (qsizetype i = 0; i < order.size(); ++i) {
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(order[i]);
+        EXPECT_FALSE(!accessible || accessible->text(QAccessible::Name).trimmed().isEmpty())
+            << "no accessible name: " << described(*order[i]);
+        if (i > 0)
+            EXPECT_TRUE(followsTheEye(placeIn(window, *order[i - 1]), placeIn(window, *order[i])))
+                << "Tab goes back from " << described(*order[i - 1]) << " to "
+                << described(*order[i]);
+    }
+}
+
+void checkLegible(QWidget& window) {
+    constexpr double readable = 4.5;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool holdsText = qobject_cast<const QLabel*>(widget) ||
+                               qobject_cast<const QLineEdit*>(widget) ||
+                               qobject_cast<const QAbstractButton*>(widget);
+        if (!holdsText || !widget->isVisibleTo(&window))
+            continue;
+        const QPalette& palette = widget->palette();
+        EXPECT_GE(contrast(palette.color(widget->foregroundRole()),
+                           palette.color(widget->backgroundRole())),
+                  readable)
+            << described(*widget);
+    }
+}
+
+void checkNothingCut(QWidget& window) {
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (!label->isVisibleTo(&window))
+            continue;
+        const int needed =
+            label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+        EXPECT_GE(label->height(), needed) << described(*label);
+        if (!label->wordWrap())
+            EXPECT_GE(label->width(), label->sizeHint().width()) << described(*label);
+    }
+}
+
+void checkScreen(QWidget& window, const QString& name) {
+    checkFocus(window);
+    const QPalette usual = QApplication::palette();
+    for (const bool dark : {false, true}) {
+        QApplication::setPalette(schemePalette(dark));
+        QCoreApplication::processEvents();
+        checkLegible(window);
+        checkNothingCut(window);
+        const QString folder = qEnvironmentVariable("ORVA_PICTURES");
+        if (!folder.isEmpty()) {
+            QDir().mkpath(folder);
+            window.grab().save(u"%1/%2_%3.png"_s.arg(folder, name, dark ? u"dark"_s : u"light"_s));
+        }
+    }
+    QApplication::setPalette(usual);
+}
+
+void whenAsked(const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, qApp, [act] {
+        const QPointer<QWidget> window = QApplication::activeModalWidget();
+        if (!window) {
+            ADD_FAILURE() << "no window waits";
+            return;
+        }
+        act(*window);
+        if (!window || !window->isVisible())
+            return;
+        ADD_FAILURE() << "still open: " << described(*window);
+        qobject_cast<QDialog*>(window)->done(QDialog::Rejected);
+    });
+}
+
+void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* focus = window.focusWidget();
+    QTest::keyClick(focus ? focus : &window, key, modifiers);
+}
