@@ -15,8 +15,8 @@
 #include "core/version.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QStandardPaths>
-#include <QTimer>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -28,19 +28,20 @@ int main(int argc, char** argv) {
     Settings settings;
     SystemClock clock;
     DesktopPrompts prompts(clock);
-    ProgressFrm progress;
-    DesktopShell shell(prompts, settings);
+    DesktopProgress progress;
+    DesktopShell shell(prompts);
     Session session(engine, settings, {prompts, progress, shell, clock});
-    session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 
-    if (arguments.value(1) == u"--tour") {
-        mdiORVA frame(session, false);
-        frame.show();
-        return playTour(session, frame, arguments.value(2)) ? 0 : 1;
-    }
-    mdiORVA frame(session);
+    const bool playsTour = arguments.value(1) == u"--tour";
+    QPointer<SplashORVA> splash = playsTour ? nullptr : new SplashORVA(clock);
+    session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    mdiORVA frame(session, !playsTour, splash);
+    prompts.SetMainWindow(&frame);
+    progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")
         QObject::connect(&frame, &mdiORVA::started, &application, &QApplication::quit);
     frame.show();
+    if (playsTour)
+        return playTour(session, frame, arguments.value(2)) ? 0 : 1;
     return QApplication::exec();
 }

@@ -1,6 +1,6 @@
 #include "core/screens/mdi_background.h"
 
-#include "core/colours.h"
+#include "controls/colours.h"
 #include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
@@ -38,14 +38,14 @@ MdiBackground::MdiBackground(Session& session, QWidget* parent)
 void MdiBackground::ShadeMDI() {
     Settings& settings = m_session.GetSettings();
     const QColor workspace = palette().color(QPalette::Dark);
-    const QColor end = colourOf(
-        settings.readNumber(setting::Root, setting::FadeEndColor, storedColour(workspace)));
+    const QColor end =
+        toColour(settings.readNumber(setting::Root, setting::FadeEndColor, fromColour(workspace)));
     if (!m_session.GradientsEnabled)
         return setBackground(end);
     QLinearGradient gradient(
         {0, 0}, fadeEnd(size(), settings.readNumber(setting::Root, setting::FadeStyle)));
     gradient.setColorAt(
-        0, colourOf(settings.readNumber(setting::Root, setting::FadeStartColor, 0xFFFFFF)));
+        0, toColour(settings.readNumber(setting::Root, setting::FadeStartColor, 0xFFFFFF)));
     gradient.setColorAt(1, end);
     setBackground(gradient);
 }

@@ -2,6 +2,7 @@
 
 #include "core/commands.h"
 #include "core/core_settings.h"
+#include "core/screens/aboutfrm.h"
 #include "core/screens/mdi_background.h"
 #include "core/screens/placed_widget.h"
 #include "core/screens/window_table.h"
@@ -16,8 +17,11 @@
 #include <algorithm>
 #include <utility>
 
-mdiORVA::mdiORVA(Session& session, QWidget* parent)
-    : QMainWindow(parent), m_session(session), m_client(new MdiBackground(session, this)) {
+mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
+    : m_session(session)
+    , m_client(new MdiBackground(session, this))
+    , m_splash(splash)
+    , m_startPending(startsByItself) {
     setObjectName(QStringLiteral("mdiORVA"));
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setCentralWidget(m_client);
@@ -54,6 +58,8 @@ void mdiORVA::buildFileMenu() {
 void mdiORVA::buildHelpMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Help"));
     menu->setObjectName(QStringLiteral("mnuHelp"));
+    menu->addAction(tr("&About ORVA"), this, [this] { AboutFrm(this).exec(); })
+        ->setObjectName(QStringLiteral("mnHelpAbout"));
     menu->addAction(tr("Check for Internet Upgrade"), this, [this] { GetUpgradeInfo(m_session); })
         ->setObjectName(QStringLiteral("mnuHelpUpgrade"));
 }

@@ -17,7 +17,8 @@ class mdiORVA : public QMainWindow, public MainFrame {
 
 public:
     /// `startsByItself`: the first showing opens the default database or the wizard.
-    explicit mdiORVA(Session& session, bool startsByItself = true, QWidget* parent = nullptr);
+    /// `splash` shows while the program starts; the frame closes it when it stands.
+    explicit mdiORVA(Session& session, bool startsByItself = true, QWidget* splash = nullptr);
     ~mdiORVA() override;
 
     void SetCaption(const QString& caption) override;
@@ -28,9 +29,6 @@ public:
     void OpenForm(const QString& name) override;
     QStringList visibleForms() const override;
     void DestroySplash() override;
-
-    /// The window that shows while the program starts; the frame closes it when it stands.
-    void setSplash(QWidget* splash) { m_splash = splash; }
 
 signals:
     /// The frame has been drawn for the first time and the start has run its course.
