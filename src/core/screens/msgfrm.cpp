@@ -137,7 +137,9 @@ QString msgFrm::input_box(const QString& text, int flags, const QString& title,
                           const QString& proposal, qint32 colour) {
     auto* page = new InputPage(text, proposal);
     addPage(page);
-    prepare(text, OkCancelButtons | (flags & IconMask), title, {.colour = colour});
+    BoxLook look;
+    look.colour = colour;
+    prepare(text, OkCancelButtons | (flags & IconMask), title, look);
     page->setFocus();
     return answer() == AnswerOk ? page->text() : QString();
 }

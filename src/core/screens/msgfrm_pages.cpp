@@ -103,7 +103,8 @@ LinkPage::LinkPage(const QString& name, const QString& path, Prompts& prompts)
     layout->addWidget(button, 1, 1);
     layout->addWidget(captionFor(m_name, nameCaption), 2, 0, 1, 2);
     layout->addWidget(m_name, 3, 0, 1, 2);
-    setTabOrder({m_path, button, m_name});
+    setTabOrder(m_path, button);
+    setTabOrder(button, m_name);
 }
 
 QString LinkPage::name() const {
