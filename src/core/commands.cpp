@@ -4,6 +4,7 @@
 #include "core/main_frame.h"
 #include "core/prompts.h"
 #include "core/settings.h"
+#include "core/upgrade.h"
 
 #include <QFileInfo>
 
@@ -137,6 +138,9 @@ void ReturnToWizardCommand(Session& session) {
 void RunCurrentStartup(Session& session) {
     openWindows(session, windowsBeforePostits);
     openWindows(session, windowsAfterPostits);
+    if (session.GetSettings().readFlag(setting::Root, setting::CheckForUpgrade) &&
+        hasUpgradeAddress(session))
+        GetUpgradeInfo(session);
 }
 
 void SaveCurrentStartup(Session& session) {
@@ -149,10 +153,4 @@ void SaveCurrentStartup(Session& session) {
             settings.WriteRegistryValue(key, value, 1);
     }
     session.Frame()->CloseOpenForms();
-}
-
-void GetUpgradeInfo(Session& session) {
-    session.GetSeams().prompts.PlainBox(
-        QStringLiteral("No internet address for upgrades has been configured."),
-        OkButton | InformationIcon, QStringLiteral("Internet Upgrade"));
 }

@@ -35,7 +35,3 @@ OpenFailure openFailure(OpenResult result, const QString& path);
 void RunCurrentStartup(Session& session);
 /// Notes which windows are open, and unloads them.
 void SaveCurrentStartup(Session& session);
-
-/// Tells whether there is a newer version of the program. No address is built in: where none is
-/// configured the teacher is told so.
-void GetUpgradeInfo(Session& session);
