@@ -1,0 +1,46 @@
+// Wires the seams and starts the main window.
+//
+// The program reads no command line of the person's. Two words serve the project's own commands:
+// `--tour FOLDER` plays the tour, `--quit-when-shown` ends once the frame stands.
+
+#include "core/screens/desktop_prompts.h"
+#include "core/screens/desktop_shell.h"
+#include "core/screens/mdiorva.h"
+#include "core/screens/progressfrm.h"
+#include "core/screens/splash.h"
+#include "core/screens/tour.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "core/system_clock.h"
+#include "core/version.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+#include <QTimer>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
+    QCoreApplication::setApplicationVersion(programVersion());
+    const QStringList arguments = QCoreApplication::arguments();
+
+    dao::DBEngine engine;
+    Settings settings;
+    SystemClock clock;
+    DesktopPrompts prompts(clock);
+    ProgressFrm progress;
+    DesktopShell shell(prompts, settings);
+    Session session(engine, settings, {prompts, progress, shell, clock});
+    session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+
+    if (arguments.value(1) == u"--tour") {
+        mdiORVA frame(session, false);
+        frame.show();
+        return playTour(session, frame, arguments.value(2)) ? 0 : 1;
+    }
+    mdiORVA frame(session);
+    if (arguments.value(1) == u"--quit-when-shown")
+        QObject::connect(&frame, &mdiORVA::started, &application, &QApplication::quit);
+    frame.show();
+    return QApplication::exec();
+}
