@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QPainter>
+#include <QPixmap>
 
 #include <cstdio>
 
@@ -33,9 +35,25 @@ bool makeSampleYear(Session& session, const QString& path) {
     return true;
 }
 
+/// The window with its caption above it, which the platform draws and no grab holds.
+QPixmap pictureOf(QWidget& window) {
+    const QPixmap content = window.grab();
+    const int height = window.fontMetrics().height() * 2;
+    QPixmap picture(content.width(), content.height() + height);
+    const QPalette palette = window.palette();
+    picture.fill(palette.color(QPalette::Highlight));
+    QPainter painter(&picture);
+    painter.setFont(window.font());
+    painter.setPen(palette.color(QPalette::HighlightedText));
+    painter.drawText(QRect(height / 3, 0, picture.width(), height), Qt::AlignVCenter,
+                     window.windowTitle());
+    painter.drawPixmap(0, height, content);
+    return picture;
+}
+
 bool savePicture(QWidget& window, const QString& path) {
     QApplication::processEvents();
-    return window.grab().save(path) || fail(QStringLiteral("Could not write ") + path);
+    return pictureOf(window).save(path) || fail(QStringLiteral("Could not write ") + path);
 }
 
 } // namespace
