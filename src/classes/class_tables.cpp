@@ -33,7 +33,9 @@ void createPupilTable(const dao::Database& database, const QString& classCode) {
 
 void createRegisterTable(const dao::Database& database, const QString& classCode,
                          const QList<Lesson>& lessons) {
-    const dao::TableDef definition = schemaTableDef(Table::Register, {}, classCode);
+    dao::TableDef definition = schemaTableDef(Table::Register, {}, classCode);
+    definition.AppendRelation(
+        classRelation(registerRelation(classCode), classCode, registerTable(classCode)));
     dao::FieldCollection fields = definition.Fields();
     const qsizetype columns = std::min<qsizetype>(lessons.size(), MaximumRegisterLessons);
     for (int number = 1; number <= columns; ++number)
@@ -42,14 +44,8 @@ void createRegisterTable(const dao::Database& database, const QString& classCode
 }
 
 void createMarksTable(const dao::Database& database, const QString& classCode) {
-    database.TableDefs().Append(schemaTableDef(Table::Marks, {}, classCode));
-}
-
-void createClassRelations(const dao::Database& database, const QString& classCode,
-                          bool withRegister) {
-    dao::RelationCollection relations = database.Relations();
-    if (withRegister)
-        relations.Append(
-            classRelation(registerRelation(classCode), classCode, registerTable(classCode)));
-    relations.Append(classRelation(marksRelation(classCode), classCode, marksTable(classCode)));
+    dao::TableDef definition = schemaTableDef(Table::Marks, {}, classCode);
+    definition.AppendRelation(
+        classRelation(marksRelation(classCode), classCode, marksTable(classCode)));
+    database.TableDefs().Append(definition);
 }

@@ -43,11 +43,8 @@ bool exceedsRegister(const QList<Lesson>& lessons);
 
 /// Makes `Class_`C. Raises what the engine raises, as the others do.
 void createPupilTable(const dao::Database& database, const QString& classCode);
-/// Makes `REG_`C with the first 250 of the lessons, numbered from 1.
+/// Makes `REG_`C, tied to `Class_`C, with the first 250 of the lessons, numbered from 1.
 void createRegisterTable(const dao::Database& database, const QString& classCode,
                          const QList<Lesson>& lessons);
-/// Makes `Marks_`C.
+/// Makes `Marks_`C, tied to `Class_`C.
 void createMarksTable(const dao::Database& database, const QString& classCode);
-/// Ties `REG_`C, where there is one, and `Marks_`C to `Class_`C.
-void createClassRelations(const dao::Database& database, const QString& classCode,
-                          bool withRegister);

@@ -227,7 +227,6 @@ void YearBuilder::createRegisterAndMarks(const QString& classCode) {
     if (hasRegister(lessons))
         createRegisterTable(m_database, classCode, lessons);
     createMarksTable(m_database, classCode);
-    createClassRelations(m_database, classCode, hasRegister(lessons));
 }
 
 void YearBuilder::warnOfLongRegister(const QString& classCode, qsizetype lessons) {

@@ -4,6 +4,7 @@
 #include "core/screens/passwordorva.h"
 #include "core/screens/progressfrm.h"
 #include "core/screens/splash.h"
+#include "core/version.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
 
@@ -216,7 +217,7 @@ TEST_F(DesktopTest, TheSplashGoesByItsTimerAndNeverTakesTheFocus) {
 TEST_F(DesktopTest, TheAboutBoxTellsTheVersion) {
     AboutFrm about;
     about.show();
-    EXPECT_TRUE(about.accessibleDescription().contains(QStringLiteral(ORVA_VERSION)));
+    EXPECT_TRUE(about.accessibleDescription().contains(programVersion()));
     checkScreen(about, u"about"_s);
     press(about, Qt::Key_Return);
     EXPECT_FALSE(about.isVisible());

@@ -25,6 +25,11 @@ QString storedIndexName(const QString& table, const QString& index) {
     return table + u'.' + index;
 }
 
+bool numbersItself(const TableStructure& table) {
+    return std::any_of(table.fields.begin(), table.fields.end(),
+                       [](const Field& field) { return field.isAutoIncrement(); });
+}
+
 void renumber(TableStructure& table) {
     for (int i = 0; i < table.fields.size(); ++i)
         table.fields[i].OrdinalPosition = i;
@@ -265,45 +270,64 @@ void Catalog::rebuild(const TableStructure& old, TableStructure table,
 
 void Catalog::rebuildAlone(const TableStructure& old, const TableStructure& table,
                            const FieldOrigins& origins) {
+    const qint64 lastNumber = lastNumberOf(old);
+    if (isEmpty(old)) { // then nothing has to be carried over, and the name is free at once
+        m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
+        m_connection.execute(createStatement(table));
+    } else {
+        TableStructure rebuilt = table;
+        rebuilt.name = rebuiltName.toString();
+        m_connection.execute(createStatement(rebuilt));
+        copyRecords(old, rebuilt, origins);
+        m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
+        m_connection.execute(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
+                                 .arg(quoteName(rebuiltName), quoteName(table.name)));
+    }
+    setLastNumber(table, lastNumber);
+    createIndexes(table);
+}
+
+bool Catalog::isEmpty(const TableStructure& table) {
+    return m_connection.firstInteger(
+               QStringLiteral("SELECT EXISTS (SELECT 1 FROM %1)").arg(quoteName(table.name))) == 0;
+}
+
+void Catalog::copyRecords(const TableStructure& from, const TableStructure& to,
+                          const FieldOrigins& origins) {
     QStringList targets;
     QStringList sources;
-    const bool numbersItself =
-        std::any_of(table.fields.begin(), table.fields.end(),
-                    [](const Field& field) { return field.isAutoIncrement(); });
-    if (!numbersItself) { // so that the records keep their order and their places
-        targets += rowNumberName(table);
-        sources += rowNumberName(old);
+    if (!numbersItself(to)) { // so that the records keep their order and their places
+        targets += rowNumberName(to);
+        sources += rowNumberName(from);
     }
     for (qsizetype i = 0; i < origins.size(); ++i) {
         if (origins.at(i) < 0)
             continue;
-        targets += quoteName(table.fields.at(i).Name);
-        sources += quoteName(old.fields.at(origins.at(i)).Name);
+        targets += quoteName(to.fields.at(i).Name);
+        sources += quoteName(from.fields.at(origins.at(i)).Name);
     }
-    TableStructure rebuilt = table;
-    rebuilt.name = rebuiltName.toString();
-    m_connection.execute(createStatement(rebuilt));
     m_connection.execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4")
-                             .arg(quoteName(rebuiltName), targets.join(QStringLiteral(", ")),
-                                  sources.join(QStringLiteral(", ")), quoteName(old.name)));
-    const qint64 lastNumber =
-        numbersItself ? m_connection.firstInteger(
-                            QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = '%1'")
-                                .arg(QString(old.name).replace(u'\'', QStringLiteral("''"))))
-                      : 0;
-    m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
-    m_connection.execute(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
-                             .arg(quoteName(rebuiltName), quoteName(table.name)));
-    if (lastNumber > 0) { // numbers of deleted records are not given again
-        const QString name = QString(table.name).replace(u'\'', QStringLiteral("''"));
-        m_connection.execute(
-            QStringLiteral("DELETE FROM sqlite_sequence WHERE name = '%1'").arg(name));
-        m_connection.execute(QStringLiteral("INSERT INTO sqlite_sequence (name, seq) "
-                                            "VALUES ('%1', %2)")
-                                 .arg(name)
-                                 .arg(lastNumber));
-    }
-    createIndexes(table);
+                             .arg(quoteName(to.name), targets.join(QStringLiteral(", ")),
+                                  sources.join(QStringLiteral(", ")), quoteName(from.name)));
+}
+
+/// The last number that a table gave to a record; the numbers of deleted ones are not given again.
+qint64 Catalog::lastNumberOf(const TableStructure& table) {
+    return numbersItself(table)
+               ? m_connection.firstInteger(
+                     QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = %1")
+                         .arg(writeText(table.name)))
+               : 0;
+}
+
+void Catalog::setLastNumber(const TableStructure& table, qint64 number) {
+    if (number == 0 || !numbersItself(table))
+        return;
+    const QString name = writeText(table.name);
+    m_connection.execute(QStringLiteral("DELETE FROM sqlite_sequence WHERE name = ") + name);
+    m_connection.execute(QStringLiteral("INSERT INTO sqlite_sequence (name, seq) VALUES (%1, %2)")
+                             .arg(name)
+                             .arg(number));
 }
 
 } // namespace dao

@@ -54,6 +54,11 @@ private:
     void rebuild(const TableStructure& old, TableStructure table, const FieldOrigins& origins);
     void rebuildAlone(const TableStructure& old, const TableStructure& table,
                       const FieldOrigins& origins);
+    bool isEmpty(const TableStructure& table);
+    void copyRecords(const TableStructure& from, const TableStructure& to,
+                     const FieldOrigins& origins);
+    qint64 lastNumberOf(const TableStructure& table);
+    void setLastNumber(const TableStructure& table, qint64 number);
     void createIndexes(const TableStructure& table);
     FieldOrigins unchanged(const TableStructure& table) const;
 

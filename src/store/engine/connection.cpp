@@ -251,7 +251,9 @@ void Connection::Close::operator()(sqlite3* database) const {
 }
 
 Connection::Connection(const QString& path, Mode mode, const QString& password) {
-    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Existing ? 0 : SQLITE_OPEN_CREATE);
+    // The program has one thread: the library's own locks against others would only cost.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+                      (mode == Mode::Existing ? 0 : SQLITE_OPEN_CREATE);
     const QByteArray name = mode == Mode::Memory ? QByteArray(":memory:") : path.toUtf8();
     sqlite3* database = nullptr;
     const int result = sqlite3_open_v2(name.constData(), &database, flags, nullptr);
@@ -345,6 +347,17 @@ void Connection::attach(const QString& path, const QString& schema, const QStrin
     statement.bind(1, path);
     statement.bind(2, password.isNull() ? QStringLiteral("") : password);
     statement.step();
+}
+
+ReadScope::ReadScope(Connection& connection)
+    : m_connection(connection), m_begun(!connection.inTransaction()) {
+    if (m_begun)
+        m_connection.execute(QStringLiteral("BEGIN"));
+}
+
+ReadScope::~ReadScope() {
+    if (m_begun)
+        sqlite3_exec(m_connection.handle(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 Savepoint::~Savepoint() {

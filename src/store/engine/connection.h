@@ -80,6 +80,19 @@ private:
     int m_depth = 0; ///< transactions begun
 };
 
+/// Keeps the file locked for reading over several statements, which each would lock it anew.
+class ReadScope {
+public:
+    explicit ReadScope(Connection& connection);
+    ~ReadScope();
+    ReadScope(const ReadScope&) = delete;
+    ReadScope& operator=(const ReadScope&) = delete;
+
+private:
+    Connection& m_connection;
+    bool m_begun;
+};
+
 /// A transaction that is undone unless it was committed.
 class Savepoint {
 public:

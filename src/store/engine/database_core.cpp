@@ -87,6 +87,7 @@ QList<std::shared_ptr<RecordsetCore>> DatabaseCore::recordsets() {
 void DatabaseCore::rollback() {
     m_prepared.clear();
     connection.rollback();
+    ++file->changes;
     catalog.invalidate();
     for (const auto& recordset : recordsets())
         recordset->forgetRow();

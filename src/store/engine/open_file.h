@@ -28,6 +28,8 @@ public:
     qint64 size() const;
 
     int handles = 0; ///< how many databases are open on the file
+    quint64 changes =
+        0; ///< counts the changes of records, so that what was read ahead is known stale
     /// How many open recordsets have a table in use, by its folded name.
     QHash<QString, int> tablesInUse;
 

@@ -192,7 +192,9 @@ Value Recordset::Collect(QStringView name) const {
 }
 
 Value Recordset::Collect(int column) const {
-    return Fields(column).value();
+    if (column < 0 || column >= FieldCount())
+        throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(column));
+    return core().value(column);
 }
 
 void Recordset::SetCollect(QStringView name, const Value& value) {

@@ -12,6 +12,8 @@ namespace dao {
 namespace {
 
 constexpr int behindLast = std::numeric_limits<int>::max();
+/// So many records at most are read ahead of a walk.
+constexpr int mostReadAhead = 64;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? QStringLiteral("?%1").arg(parameter) : column.sql, column.field.Type};
@@ -229,42 +231,68 @@ const QList<Value>& RecordsetCore::row() {
     if (type == RecordsetType::Snapshot)
         return entry.values;
     if (!m_rowLoaded) {
-        readRow(entry.keys);
+        readAhead(m_entry);
         m_rowLoaded = true;
     }
     return m_row;
 }
 
-void RecordsetCore::readRow(const QList<qint64>& keys) {
-    if (!m_reader) {
-        QStringList columns;
-        for (const sql::Column& column : query.columns)
-            columns += column.sql;
-        QStringList tables;
-        QStringList conditions;
-        for (qsizetype i = 0; i < query.sources.size(); ++i) {
-            const sql::Source& source = query.sources.at(i);
-            tables +=
-                QStringLiteral("%1 AS %2").arg(quoteName(source.table->name), source.sqlAlias);
-            conditions += QStringLiteral("%1 = ?%2").arg(sql::rowNumber(source)).arg(i + 1);
-        }
-        m_reader = std::make_unique<Statement>(m_database->connection,
-                                               QStringLiteral("SELECT %1 FROM %2 WHERE %3")
-                                                   .arg(columns.join(QStringLiteral(", ")),
-                                                        tables.join(QStringLiteral(", ")),
-                                                        conditions.join(QStringLiteral(" AND "))));
+void RecordsetCore::readAhead(int entry) {
+    const auto read = static_cast<int>(m_ahead.size());
+    const bool isFresh = m_aheadStart >= 0 && m_aheadChanges == m_database->file->changes;
+    if (!isFresh || entry < m_aheadStart || entry >= m_aheadStart + read) {
+        const bool walks = isFresh && entry == m_aheadStart + read;
+        const int count = walks ? std::min(4 * read, mostReadAhead) : 1;
+        const int end = std::min(entry + count, static_cast<int>(m_keys->entries.size()));
+        m_ahead.clear();
+        m_aheadStart = entry;
+        m_aheadChanges = m_database->file->changes;
+        std::optional<ReadScope> scope;
+        if (count > 1)
+            scope.emplace(m_database->connection);
+        for (int i = entry; i < end; ++i)
+            m_ahead += readRow(m_keys->entries.at(i).keys);
     }
+    m_row = m_ahead.at(entry - m_aheadStart);
+    if (m_row.isEmpty())
+        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+}
+
+void RecordsetCore::noteChange() {
+    ++m_database->file->changes;
+}
+
+void RecordsetCore::prepareReader() {
+    QStringList columns;
+    for (const sql::Column& column : query.columns)
+        columns += column.sql;
+    QStringList tables;
+    QStringList conditions;
+    for (qsizetype i = 0; i < query.sources.size(); ++i) {
+        const sql::Source& source = query.sources.at(i);
+        tables += QStringLiteral("%1 AS %2").arg(quoteName(source.table->name), source.sqlAlias);
+        conditions += QStringLiteral("%1 = ?%2").arg(sql::rowNumber(source)).arg(i + 1);
+    }
+    m_reader = std::make_unique<Statement>(m_database->connection,
+                                           QStringLiteral("SELECT %1 FROM %2 WHERE %3")
+                                               .arg(columns.join(QStringLiteral(", ")),
+                                                    tables.join(QStringLiteral(", ")),
+                                                    conditions.join(QStringLiteral(" AND "))));
+}
+
+QList<Value> RecordsetCore::readRow(const QList<qint64>& keys) {
+    if (!m_reader)
+        prepareReader();
     for (qsizetype i = 0; i < keys.size(); ++i)
         m_reader->bind(static_cast<int>(i) + 1, keys.at(i));
-    const bool found = m_reader->step();
-    if (found) {
-        m_row.resize(query.columns.size());
-        for (qsizetype i = 0; i < m_row.size(); ++i)
-            m_row[i] = m_reader->column(static_cast<int>(i), query.columns.at(i).field.Type);
+    QList<Value> values;
+    if (m_reader->step()) {
+        values.reserve(query.columns.size());
+        for (int i = 0; i < query.columns.size(); ++i)
+            values += m_reader->column(i, query.columns.at(i).field.Type);
     }
     m_reader->reset();
-    if (!found)
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+    return values;
 }
 
 bool RecordsetCore::resolve(const QString& qualifier, const QString& fieldName, sql::FieldSql& out,
@@ -372,6 +400,7 @@ void RecordsetCore::edit() {
     requireDynaset();
     m_editMode = EditMode::None;
     m_rowLoaded = false;
+    m_aheadStart = -1; // another program may have changed the record since it was read
     beginEditing(EditMode::InProgress, row());
 }
 
@@ -455,6 +484,7 @@ void RecordsetCore::insertRecord() {
         statement.bind(static_cast<int>(i) + 1, values.at(i));
     statement.step();
     statement.reset();
+    noteChange();
 
     KeySet::Entry entry;
     entry.keys = {m_database->connection.lastInsertedRow()};
@@ -478,6 +508,7 @@ void RecordsetCore::updateRecord() {
             updateSource(source, columns, keys.at(source));
     }
     savepoint.commit();
+    noteChange();
     lastModified = m_entry;
 }
 
@@ -511,6 +542,7 @@ void RecordsetCore::deleteRecord() {
     statement.bind(1, entry.keys.last());
     statement.step();
     statement.reset();
+    noteChange();
     entry.deleted = true;
     --m_keys->live;
     m_editMode = EditMode::None;

@@ -87,7 +87,10 @@ private:
     void goTo(int entry);
     int nextLive(int entry, int step) const;
     const QList<Value>& row();
-    void readRow(const QList<qint64>& keys);
+    void readAhead(int entry);
+    QList<Value> readRow(const QList<qint64>& keys);
+    void prepareReader();
+    void noteChange();
     bool resolve(const QString& qualifier, const QString& fieldName, sql::FieldSql& out,
                  bool asParameter) const;
     int findInDynaset(const QString& criteria);
@@ -107,6 +110,11 @@ private:
     bool m_rowLoaded = false;
     QList<Value> m_row;
     std::unique_ptr<Statement> m_reader; ///< reads one record by its keys; made when first needed
+    /// Records read ahead in a walk: each read by itself would cost the locks of the file anew.
+    /// Used as long as nothing in the file has changed; a record that is gone has no values.
+    QList<QList<Value>> m_ahead;
+    int m_aheadStart = -1; ///< the entry of the first of them
+    quint64 m_aheadChanges = 0;
     EditMode m_editMode = EditMode::None;
     QList<Value> m_edited;
     QList<bool> m_changed;

@@ -41,6 +41,23 @@ TableStructure& refreshed(const std::shared_ptr<DatabaseCore>& core, TableStruct
     return structure;
 }
 
+/// Raises what `RelationCollection::Append` tells for a relation that can't be.
+void checkRelation(DatabaseCore& core, const Relation& relation, const TableStructure& foreign) {
+    checkName(relation.Name);
+    const auto table = core.table(relation.Table, NoSuchItem);
+    for (const Relation::Pair& pair : relation.Fields) {
+        requireField(*table, pair.Name);
+        requireField(foreign, pair.ForeignName);
+    }
+    if (relation.Fields.isEmpty())
+        throw EngineError(InvalidOperation, QStringLiteral("A relation needs a field."));
+    for (const Relation& present : core.catalog.relations()) {
+        if (sameName(present.Name, relation.Name))
+            throw EngineError(
+                ItemExists, QStringLiteral("There is already a relation '%1'.").arg(relation.Name));
+    }
+}
+
 /// The fields of a primary index have to have values.
 void requirePrimaryFields(TableStructure& table, const Index& index) {
     for (const QString& name : index.Fields) {
@@ -194,6 +211,13 @@ void TableDef::AppendIndex(const Index& index) {
     m_core->catalog.addIndex(m_structure->name, index);
 }
 
+void TableDef::AppendRelation(const Relation& relation) {
+    if (m_core)
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("A table in a file is related by the file's relations."));
+    m_structure->relations += relation;
+}
+
 TableDefCollection::TableDefCollection(std::shared_ptr<DatabaseCore> core)
     : m_core(std::move(core)) {}
 
@@ -223,6 +247,8 @@ void TableDefCollection::Append(const TableDef& table) {
     if (structure.fields.isEmpty())
         throw EngineError(InvalidOperation, QStringLiteral("A table needs a field."));
     checkFieldCount(structure);
+    for (const Relation& relation : structure.relations)
+        checkRelation(*m_core, relation, structure);
     m_core->catalog.createTable(structure);
 }
 
@@ -243,20 +269,9 @@ QList<Relation> RelationCollection::all() const {
 }
 
 void RelationCollection::Append(const Relation& relation) {
-    checkName(relation.Name);
-    const auto table = m_core->table(relation.Table, NoSuchItem);
     const auto foreign = m_core->table(relation.ForeignTable, NoSuchItem);
-    for (const Relation::Pair& pair : relation.Fields) {
-        requireField(*table, pair.Name);
-        requireField(*foreign, pair.ForeignName);
-    }
-    if (relation.Fields.isEmpty())
-        throw EngineError(InvalidOperation, QStringLiteral("A relation needs a field."));
-    for (const Relation& present : all()) {
-        if (sameName(present.Name, relation.Name))
-            throw EngineError(
-                ItemExists, QStringLiteral("There is already a relation '%1'.").arg(relation.Name));
-    }
+    checkRelation(*m_core, relation, *foreign);
+    const auto table = m_core->table(relation.Table, NoSuchItem);
     m_core->checkUnused(table->name);
     m_core->checkUnused(foreign->name);
     Relation stored = relation;
