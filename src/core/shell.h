@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 /// How the rules reach the desktop: other programs, mail and sound. An implementation tells the
@@ -15,6 +16,9 @@ public:
     /// Plays a wave file beside other work, over and over when `loop`, in place of what plays. A
     /// file that is missing is silent. An empty path ends what plays.
     virtual void PlaySoundFile(const QString& path, bool loop) = 0;
+
+    /// What the internet address gives; empty when it can't be had within some seconds.
+    virtual QByteArray FetchText(const QString& address) = 0;
 
     void ShellOpenFolder(const QString& folder);
     void OpenUrl(const QString& url);

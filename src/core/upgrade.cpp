@@ -7,36 +7,21 @@
 #include "core/shell.h"
 #include "core/version.h"
 
-#include <QEventLoop>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-
-#include <memory>
 #include <optional>
 
 namespace {
-
-constexpr int timeoutMilliseconds = 10000;
 
 QString address(Session& session) {
     return session.GetSettings().readText(setting::Root, setting::UpgradeAddress);
 }
 
-/// The number in the file of the newest build; nothing when it can't be had.
-std::optional<int> newestBuild(const QString& endpoint) {
-    QNetworkAccessManager network;
-    QNetworkRequest request(
-        QUrl(endpoint + (endpoint.endsWith(u'/') ? QString() : QStringLiteral("/")) +
-             QStringLiteral("ORVA/build.txt")));
-    request.setTransferTimeout(timeoutMilliseconds);
-    const std::unique_ptr<QNetworkReply> reply(network.get(request));
-    QEventLoop loop;
-    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+/// The number of the newest build; nothing when it can't be had.
+std::optional<int> newestBuild(Shell& shell, const QString& endpoint) {
+    const QString file = endpoint + (endpoint.endsWith(u'/') ? QString() : QStringLiteral("/")) +
+                         QStringLiteral("ORVA/build.txt");
     bool isNumber = false;
-    const int build = reply->readAll().trimmed().toInt(&isNumber);
-    return reply->error() == QNetworkReply::NoError && isNumber ? std::optional(build)
-                                                                : std::nullopt;
+    const int build = shell.FetchText(file).trimmed().toInt(&isNumber);
+    return isNumber ? std::optional(build) : std::nullopt;
 }
 
 } // namespace
@@ -54,7 +39,7 @@ void GetUpgradeInfo(Session& session) {
     const QString endpoint = address(session);
     if (endpoint.isEmpty())
         return say(QStringLiteral("No internet address for upgrades has been configured."));
-    const std::optional<int> build = newestBuild(endpoint);
+    const std::optional<int> build = newestBuild(seams.shell, endpoint);
     if (!build)
         return say(QStringLiteral("The internet address for upgrades could not be reached.\n\n"
                                   "Please try again later."));

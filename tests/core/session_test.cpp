@@ -5,6 +5,7 @@
 #include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "core/upgrade.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
 #include "support/scripted_frame.h"
@@ -314,4 +315,23 @@ TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
         EXPECT_EQ(settings.readNumber(setting::Root, setting::AutoBackup), end.autoBackupLater);
     }
     ShutDown(session); // with nothing open nothing is asked
+}
+
+TEST_F(SessionTest, ANewerVersionIsOfferedWhereAnAddressIsConfigured) {
+    struct Case {
+        QByteArray build;
+        const char* text;
+    };
+    settings.CreateRegistryKey(setting::Root);
+    settings.WriteRegistryValue(setting::Root, setting::UpgradeAddress, u("https://example.org"));
+    for (const Case& found :
+         {Case{{}, "could not be reached"}, Case{"<html>", "could not be reached"},
+          Case{"1\r\n", "already have the latest"}, Case{"999", "newer version"}}) {
+        seams.shell.fetched = found.build;
+        seams.prompts.expect(PromptKind::Plain, u("Internet Upgrade"), AnswerYes);
+        GetUpgradeInfo(session);
+        EXPECT_TRUE(seams.prompts.last().text.contains(u(found.text))) << found.text;
+    }
+    EXPECT_EQ(seams.shell.runs.first().file, u("https://example.org/ORVA/build.txt"));
+    EXPECT_EQ(seams.shell.runs.last().file, u("https://example.org"));
 }

@@ -39,12 +39,17 @@ public:
     };
     QList<Run> runs;
     QStringList sounds;
+    QByteArray fetched; ///< what every address gives
 
     void ShellRun(const QString& verb, const QString& file, const QString&,
                   const QString&) override {
         runs.append({verb, file});
     }
     void PlaySoundFile(const QString& path, bool) override { sounds.append(path); }
+    QByteArray FetchText(const QString& address) override {
+        runs.append({QStringLiteral("fetch"), address});
+        return fetched;
+    }
 };
 
 /// All ways out of the rules, in the hands of a test. The clock stands on a Monday morning.

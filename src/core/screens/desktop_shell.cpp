@@ -2,13 +2,13 @@
 
 #include "core/files.h"
 #include "core/prompts.h"
+#include "core/screens/late/late_services.h"
 
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QMimeDatabase>
 #include <QProcess>
-#include <QSoundEffect>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -90,11 +90,15 @@ void DesktopShell::showFailure(const QString& file) {
 }
 
 void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
-    m_sound.reset();
-    if (!FileExists(path))
-        return;
-    m_sound = std::make_unique<QSoundEffect>();
-    m_sound->setSource(QUrl::fromLocalFile(path));
-    m_sound->setLoopCount(loop ? QSoundEffect::Infinite : 1);
-    m_sound->play();
+    const bool plays = FileExists(path);
+    m_mayPlay = m_mayPlay || plays;
+    if (!m_mayPlay)
+        return; // nothing has been played that could be ended
+    if (LateServices* services = lateServices())
+        services->playSound(plays ? path : QString(), loop);
+}
+
+QByteArray DesktopShell::FetchText(const QString& address) {
+    LateServices* services = lateServices();
+    return services ? services->fetch(address) : QByteArray();
 }

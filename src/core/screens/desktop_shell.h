@@ -4,11 +4,8 @@
 
 #include <QObject>
 
-#include <memory>
-
 class Prompts;
 class QProcess;
-class QSoundEffect;
 
 /// The desktop itself. A file that is a program is started; every other file, a folder or an
 /// address is handed to what the person's desktop has for it. What cannot be opened is told in a
@@ -26,11 +23,12 @@ public:
                   const QString& folder) override;
     /// Silent on a computer that has no sound.
     void PlaySoundFile(const QString& path, bool loop) override;
+    QByteArray FetchText(const QString& address) override;
 
 private:
     void handToDesktop(const QString& target, const QString& folder);
     void showFailure(const QString& file);
 
     Prompts& m_prompts;
-    std::unique_ptr<QSoundEffect> m_sound;
+    bool m_mayPlay = false; ///< a sound was started in this run
 };

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Services whose libraries take long to load and that few runs of the program need. They stand in
+/// a module of their own, lib/liborva_late.so, which is loaded when the first of them is asked for.
+class LateServices {
+public:
+    virtual ~LateServices() = default;
+
+    /// As `Shell::PlaySoundFile`.
+    virtual void playSound(const QString& path, bool loop) = 0;
+    /// As `Shell::FetchText`.
+    virtual QByteArray fetch(const QString& address) = 0;
+};
+
+/// The services of this process; null where the module is missing.
+LateServices* lateServices();
+
+/// What the module is asked for by name.
+extern "C" LateServices* orvaLateServices();
