@@ -9,6 +9,9 @@ DateCalendar::DateCalendar(const QString& name, QWidget* parent) : QCalendarWidg
     setFirstDayOfWeek(Qt::Sunday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setDateEditEnabled(false);
+    // The toolkit's red of the weekend can't be read in every scheme.
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        setWeekdayTextFormat(day, {});
     setAccessibleName(name);
     nameParts(name);
     connect(this, &QCalendarWidget::selectionChanged, this, &DateCalendar::describeSelection);
