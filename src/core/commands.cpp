@@ -4,6 +4,8 @@
 #include "core/main_frame.h"
 #include "core/prompts.h"
 #include "core/settings.h"
+#include "core/upgrade.h"
+#include "store/backup.h"
 
 #include <QFileInfo>
 
@@ -26,6 +28,44 @@ constexpr std::array<StartupWindow, 2> windowsAfterPostits{{
     {setting::Open_WeeklyPlan, u"ORVA2frm"},
     {setting::Open_Planning, u"ORVAfrm"},
 }};
+
+/// What happens to the database when the program closes, by its number in the settings.
+enum ClosingBackup {
+    NoBackup = 0,
+    AskForBackup = 1,
+    CompactAndBackup = 2,
+    BackupWithoutCompacting = 3
+};
+
+BackupContext backupContext(Session& session) {
+    return {session.Engine(), session.GetSeams(), session.GetSettings(), session.AppPath,
+            session.FolderDefaults};
+}
+
+/// Asks whether to back up; with the box ticked it is done without asking from then on.
+bool wantsBackup(Session& session) {
+    BoxLook look;
+    look.checkBox = QStringLiteral("Don't show this prompt again (Use Automatic Backups)");
+    int answer = session.GetSeams().prompts.msg_Box(
+        QStringLiteral("ORVA is closing!,\nDo you wish to Backup and Compress the database?"),
+        YesNoButtons | QuestionIcon | SecondButtonDefault,
+        QStringLiteral("Backup/Compress Database"), look);
+    if (answer > CheckBoxTicked) {
+        session.GetSettings().CreateRegistryKey(setting::Root);
+        session.GetSettings().WriteRegistryValue(setting::Root, setting::AutoBackup,
+                                                 CompactAndBackup);
+        answer -= CheckBoxTicked;
+    }
+    return answer == AnswerYes;
+}
+
+void backUpAtClose(Session& session, const QString& path, const QString& password) {
+    const int kind = session.GetSettings().readNumber(setting::Root, setting::AutoBackup);
+    if (kind == CompactAndBackup || (kind == AskForBackup && wantsBackup(session)))
+        BackupAndCompact(backupContext(session), path, true, password);
+    else if (kind == BackupWithoutCompacting)
+        BackupOnly(backupContext(session), path, password);
+}
 
 void backToWizard(Session& session) {
     session.DatabasePath.clear();
@@ -60,6 +100,8 @@ QStringView valueOf(const QString& form) {
 void LoadMainWindow(Session& session) {
     session.DatabasePath =
         session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
+    if (!session.DatabasePath.isEmpty())
+        RecoverInterruptedBackup(backupContext(session), session.DatabasePath);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
     session.Frame()->SetCaption(mainCaption({}));
@@ -137,11 +179,15 @@ void ReturnToWizardCommand(Session& session) {
 void RunCurrentStartup(Session& session) {
     openWindows(session, windowsBeforePostits);
     openWindows(session, windowsAfterPostits);
+    if (session.GetSettings().readFlag(setting::Root, setting::CheckForUpgrade) &&
+        hasUpgradeAddress(session))
+        GetUpgradeInfo(session);
 }
 
 void SaveCurrentStartup(Session& session) {
     Settings& settings = session.GetSettings();
     const QString key = setting::keyOf(setting::Startup);
+    const Settings::Batch whole(settings);
     settings.ClearRegistryKey(key);
     const QStringList forms = session.Frame()->visibleForms();
     for (auto form = forms.crbegin(); form != forms.crend(); ++form) {
@@ -151,8 +197,10 @@ void SaveCurrentStartup(Session& session) {
     session.Frame()->CloseOpenForms();
 }
 
-void GetUpgradeInfo(Session& session) {
-    session.GetSeams().prompts.PlainBox(
-        QStringLiteral("No internet address for upgrades has been configured."),
-        OkButton | InformationIcon, QStringLiteral("Internet Upgrade"));
+void ShutDown(Session& session) {
+    const QString path = session.CurrentDB.Name();
+    const QString password = session.DatabasePassword;
+    session.CloseAllDatabases();
+    if (!path.isEmpty())
+        backUpAtClose(session, path, password);
 }

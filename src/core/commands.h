@@ -7,7 +7,8 @@
 /// The roads between the two states of a session: the start, the file menu, the end. Each leaves
 /// the frame either with an open year or with the start-up wizard.
 
-/// The main window has been loaded: takes over the default database, if its file is still there.
+/// The main window has been loaded: takes over the default database, if its file is still there. A
+/// backup of it that was cut off is put right before.
 void LoadMainWindow(Session& session);
 
 /// The first activation of the main window: opens the default database when the teacher has asked
@@ -35,7 +36,5 @@ OpenFailure openFailure(OpenResult result, const QString& path);
 void RunCurrentStartup(Session& session);
 /// Notes which windows are open, and unloads them.
 void SaveCurrentStartup(Session& session);
-
-/// Tells whether there is a newer version of the program. No address is built in: where none is
-/// configured the teacher is told so.
-void GetUpgradeInfo(Session& session);
+/// The main window goes: closes the year, then backs it up as the settings say.
+void ShutDown(Session& session);

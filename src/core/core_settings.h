@@ -9,6 +9,7 @@ inline constexpr QStringView DefaultDatabasePath = u"DefaultDatabasePath"; ///< 
 inline constexpr QStringView DontShowStartup =
     u"DontShowStartup"; ///< 1: open it without the wizard
 inline constexpr QStringView CheckForUpgrade = u"CheckForUpgrade"; ///< 1: after a file was opened
+inline constexpr QStringView UpgradeAddress = u"UpgradeAddress";   ///< text: where versions are
 /// At close: 0 nothing, 1 ask, 2 back up and compact, 3 back up only.
 inline constexpr QStringView AutoBackup = u"AutoBackup";
 inline constexpr QStringView DefaultOpenFolder = u"DefaultOpenFolder";     ///< text

@@ -2,6 +2,7 @@
 
 #include "core/core_settings.h"
 #include "core/main_frame.h"
+#include "core/password_retry.h"
 #include "core/prompts.h"
 #include "core/settings.h"
 #include "store/data_helpers.h"
@@ -79,11 +80,7 @@ OpenResult Session::OpenDatabaseFile(const QString& path, const QString& passwor
             if (error.number() != dao::WrongPassword)
                 return OpenInvalid;
         }
-        if (failures > 0)
-            m_seams.prompts.msg_Box(QStringLiteral("This password is invalid!\nPlease try again"),
-                                    OkButton | WarningIcon, QStringLiteral("Invalid Password"));
-        used = m_seams.prompts.PromptForPassword();
-        if (used.isEmpty())
+        if (!askForPassword(m_seams.prompts, failures, used))
             return OpenCancelled;
     }
 }

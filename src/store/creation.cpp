@@ -3,7 +3,7 @@
 #include "core/progress.h"
 #include "core/prompts.h"
 #include "store/engine/error.h"
-#include "store/new_file.h"
+#include "store/engine/files.h"
 #include "store/year_builder.h"
 
 #include <QDir>
@@ -51,7 +51,7 @@ void prepareTarget(const dao::DBEngine& engine, const QString& path, ExistingFil
 void removeLeftover(const dao::DBEngine& engine, const QString& working) {
     if (QFileInfo::exists(working))
         refuseOpenFile(engine, working);
-    removeDatabaseFile(working);
+    dao::removeDatabaseFile(working);
 }
 
 void buildFile(const dao::DBEngine& engine, const YearAnswers& answers, const QString& working,
@@ -76,9 +76,9 @@ void CreateDB(const dao::DBEngine& engine, const YearAnswers& answers, const QSt
     removeLeftover(engine, working);
     try {
         buildFile(engine, answers, working, progress, prompts, locale);
-        putInPlace(working, target);
+        dao::replaceFile(working, target);
     } catch (...) {
-        removeDatabaseFile(working);
+        dao::removeDatabaseFile(working);
         throw;
     }
 }

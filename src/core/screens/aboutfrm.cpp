@@ -1,5 +1,7 @@
 #include "core/screens/aboutfrm.h"
 
+#include "core/version.h"
+
 #include <QLabel>
 #include <QPushButton>
 #include <QSysInfo>
@@ -14,7 +16,7 @@ AboutFrm::AboutFrm(QWidget* parent) : QDialog(parent) {
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 2);
     name->setFont(large);
-    const QString version = u"Version "_s + QStringLiteral(ORVA_VERSION);
+    const QString version = u"Version "_s + programVersion();
     const QString purpose = u"Plans, registers and grades of a teacher's year."_s;
     const QString platform =
         u"Qt %1, %2"_s.arg(QLatin1StringView(qVersion()), QSysInfo::prettyProductName());

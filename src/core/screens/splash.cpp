@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "core/clock.h"
+#include "core/version.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -37,7 +38,7 @@ SplashORVA::SplashORVA(Clock& clock)
     const int margin = fontMetrics().height() * 2;
     layout->setContentsMargins(margin * 2, margin, margin * 2, margin);
     layout->addWidget(line(u"ORVA"_s, 3));
-    layout->addWidget(line(u"Version "_s + QStringLiteral(ORVA_VERSION), 1));
+    layout->addWidget(line(u"Version "_s + programVersion(), 1));
     setBackground(this, QColor(255, 255, 204));
     m_clock.startTimer(SplashTimer, ShownFor, [this] { close(); });
     show();

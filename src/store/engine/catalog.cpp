@@ -118,7 +118,7 @@ QList<Relation> Catalog::relationsOn(QStringView table) {
     return found;
 }
 
-void Catalog::createTable(TableStructure table) {
+void Catalog::createTable(const TableStructure& table) {
     Savepoint savepoint(m_connection);
     m_connection.execute(createStatement(table));
     createIndexes(table);
@@ -148,7 +148,7 @@ Catalog::FieldOrigins Catalog::unchanged(const TableStructure& table) const {
     return origins;
 }
 
-void Catalog::addField(const QString& table, Field field) {
+void Catalog::addField(const QString& table, const Field& field) {
     const auto old = find(table);
     const int last = static_cast<int>(old->fields.size());
     const int position = field.OrdinalPosition < 0 ? last : std::min(field.OrdinalPosition, last);

@@ -27,9 +27,9 @@ public:
     /// The relations in which the table is not the foreign one.
     QList<Relation> relationsOn(QStringView table);
 
-    void createTable(TableStructure table);
+    void createTable(const TableStructure& table);
     void dropTable(const QString& table);
-    void addField(const QString& table, Field field);
+    void addField(const QString& table, const Field& field);
     void dropField(const QString& table, int field);
     void renameField(const QString& table, int field, const QString& newName);
     void moveField(const QString& table, int field, int position);

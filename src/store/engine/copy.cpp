@@ -3,10 +3,9 @@
 #include "store/engine/catalog.h"
 #include "store/engine/connection.h"
 #include "store/engine/error.h"
-#include "store/engine/open_file.h"
+#include "store/engine/files.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <array>
 #include <utility>
@@ -105,12 +104,6 @@ void salvage(Connection& connection) {
 
 } // namespace
 
-QString unfinishedName(const QString& path) {
-    const QFileInfo info(path);
-    return info.absolutePath() + QStringLiteral("/.") + info.fileName() +
-           QStringLiteral(".unfinished");
-}
-
 void writeCopy(Connection& connection, const QString& path, const QString& password) {
     writeInto(connection, path, password, [&connection] {
         connection.firstText(QStringLiteral("SELECT sqlcipher_export('copy')"));
@@ -121,11 +114,6 @@ void writeCopy(Connection& connection, const QString& path, const QString& passw
 
 void writeSalvagedCopy(Connection& connection, const QString& path, const QString& password) {
     writeInto(connection, path, password, [&connection] { salvage(connection); });
-}
-
-void removeDatabaseFile(const QString& path) {
-    QFile::remove(path);
-    QFile::remove(path + QStringLiteral("-journal"));
 }
 
 bool isPlainHeader(const QByteArray& start) {

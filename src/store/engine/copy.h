@@ -6,10 +6,6 @@ namespace dao {
 
 class Connection;
 
-/// The name under which a file is built before it takes the place of `path`; beside it, so that the
-/// last step is a rename.
-QString unfinishedName(const QString& path);
-
 /// Writes all that an open file holds into a new, compact file at `path`, protected by `password`
 /// unless it is empty, and flushes it to the disk. What stands at `path` is removed first. On
 /// failure nothing is left there.
@@ -18,9 +14,6 @@ void writeCopy(Connection& connection, const QString& path, const QString& passw
 /// Writes what can be read of a damaged file into a new file at `path`, as writeCopy does. Raises
 /// 3343 when no table can be read.
 void writeSalvagedCopy(Connection& connection, const QString& path, const QString& password);
-
-/// Removes a database file and the journal beside it, where they are.
-void removeDatabaseFile(const QString& path);
 
 /// Whether bytes from the start of a file can be those of a protected database: they look like
 /// noise. Other files have a byte that stands out, if only in their first pages.

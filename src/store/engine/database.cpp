@@ -3,6 +3,7 @@
 #include "store/engine/copy.h"
 #include "store/engine/database_core.h"
 #include "store/engine/error.h"
+#include "store/engine/files.h"
 #include "store/engine/names.h"
 #include "store/engine/recordset_core.h"
 

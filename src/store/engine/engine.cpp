@@ -3,6 +3,7 @@
 #include "store/engine/copy.h"
 #include "store/engine/database_core.h"
 #include "store/engine/error.h"
+#include "store/engine/files.h"
 #include "store/engine/jet_import.h"
 #include "store/engine/jet_reader.h"
 
@@ -18,7 +19,7 @@ namespace dao {
 namespace {
 
 /// Enough of a file's start to tell what it is.
-constexpr qsizetype headerBytes = 64 * 1024;
+constexpr qsizetype headerBytes = qsizetype{64} * 1024;
 /// Stands in the header of a file that this engine made: "ORVA".
 constexpr int applicationMark = 0x4F525641;
 

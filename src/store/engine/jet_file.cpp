@@ -110,10 +110,16 @@ struct JetFile::Shape {
 
 JetFile::JetFile(const QByteArray& file, qint64 limit)
     : m_library(std::make_unique<Library>()), m_fileSize(file.size()), m_left(limit) {
+    if (!isJetHeader(file))
+        raiseDamaged();
     // Opened without the flag for writing, the buffer is only read.
     m_library->mdb.reset(mdb_open_buffer(const_cast<char*>(file.constData()),
                                          static_cast<size_t>(file.size()), MDB_NOFLAGS));
     if (!m_library->mdb)
+        raiseDamaged();
+    constexpr int fewestPages = 3; // the header, the map of pages, the catalogue
+    const auto pageSize = m_library->mdb->fmt->pg_size;
+    if (m_fileSize % pageSize != 0 || m_fileSize < fewestPages * pageSize)
         raiseDamaged();
     m_format = m_library->mdb->f->jet_version == MDB_VER_JET3 ? JetFormat::Jet3 : JetFormat::Jet4;
 }
@@ -208,7 +214,8 @@ void JetFile::checkDefinition(quint32 first) {
     const qint64 indexes = head.number<quint32>(format.tab_num_idxs_offset);
     const qint64 realIndexes = head.number<quint32>(format.tab_num_ridxs_offset);
 
-    qint64 found = 0;
+    constexpr int pageHead = 8;
+    qint64 found = pageHead; // the first page's counts, those of the others do not
     QSet<quint32> seen;
     for (quint32 next = first; next != 0;) {
         if (seen.contains(next))
@@ -217,13 +224,13 @@ void JetFile::checkDefinition(quint32 first) {
         const JetBytes bytes = page(next);
         if (bytes.number<quint8>(0) != MDB_PAGE_TABLE)
             raiseDamaged();
-        found += bytes.size() - 8; // less the head of the page
+        found += bytes.size() - pageHead;
         next = bytes.number<quint32>(4);
     }
 
     const int indexEntry = m_format == JetFormat::Jet4 ? 28 : 20;
     const int realIndexEntry = m_format == JetFormat::Jet4 ? 52 : 39;
-    const qint64 promised = format.tab_cols_start_offset - 8 + columns * format.tab_col_entry_size +
+    const qint64 promised = format.tab_cols_start_offset + columns * format.tab_col_entry_size +
                             indexes * indexEntry +
                             realIndexes * (format.tab_ridx_entry_size + realIndexEntry);
     if (columns < 1 || columns > MaximumFields || length > found || promised > length)
@@ -304,8 +311,9 @@ QList<Value> JetFile::readRow(const Shape& shape, const Place& place) {
     // libmdb takes the row apart where it stands, in its own page buffer.
     const JetBytes bytes = page(place.page);
     const JetBytes row = bytes.mid(place.start, place.length);
-    const int stored = m_format == JetFormat::Jet4 ? row.number<quint16>(0) : row.number<quint8>(0);
-    row.from(2 + (stored + 7) / 8); // the count of fields and the bits of Null fit in
+    const int counter = m_format == JetFormat::Jet4 ? 2 : 1;
+    const int stored = counter == 2 ? row.number<quint16>(0) : row.number<quint8>(0);
+    row.from(counter + (stored + 7) / 8); // the count of fields and the bits of Null fit in
     std::vector<MdbField> fields(shape.table->num_cols);
     if (mdb_crack_row(shape.table.get(), place.start, static_cast<size_t>(place.length),
                       fields.data()) < 0)

@@ -23,8 +23,8 @@ using JetTableRules = QHash<QString, JetFieldRules>;
 /// uses it where that does no harm.
 class JetFile {
 public:
-    /// `file` must live as long as the object and be whole pages. `limit`: the bytes that all
-    /// values read may have together; beyond them 3343 is raised.
+    /// `file` must live as long as the object. `limit`: the bytes that all values read may have
+    /// together; beyond them 3343 is raised.
     JetFile(const QByteArray& file, qint64 limit);
     ~JetFile();
     JetFile(const JetFile&) = delete;

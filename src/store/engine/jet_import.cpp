@@ -2,10 +2,42 @@
 
 #include "store/engine/catalog.h"
 #include "store/engine/connection.h"
-#include "store/engine/error.h"
+#include "store/engine/names.h"
+
+#include <algorithm>
 
 namespace dao {
 namespace {
+
+/// Whether no two records of the table can have the same values in the fields that a relation
+/// names.
+bool hasKeyFor(const TableStructure& table, const Relation& relation) {
+    const auto isNamed = [&relation](const QString& field) {
+        return std::any_of(
+            relation.Fields.begin(), relation.Fields.end(),
+            [&field](const Relation::Pair& pair) { return sameName(pair.Name, field); });
+    };
+    if (relation.Fields.size() == 1) {
+        const int field = table.fieldIndex(relation.Fields.first().Name);
+        if (field >= 0 && table.fields.at(field).isAutoIncrement())
+            return true;
+    }
+    return std::any_of(table.indexes.begin(), table.indexes.end(), [&](const Index& index) {
+        return (index.Primary || index.Unique) && index.Fields.size() == relation.Fields.size() &&
+               std::all_of(index.Fields.begin(), index.Fields.end(), isNamed);
+    });
+}
+
+/// A relation that its tables can't keep would refuse every later change of them.
+void dropRelationsWithoutKey(TableStructure& table, const JetContent& content) {
+    table.relations.removeIf([&content](const Relation& relation) {
+        return std::none_of(content.tables.begin(), content.tables.end(),
+                            [&relation](const JetTable& other) {
+                                return sameName(other.structure.name, relation.Table) &&
+                                       hasKeyFor(other.structure, relation);
+                            });
+    });
+}
 
 void insertRows(Connection& connection, const JetTable& table) {
     QStringList parameters;
@@ -31,7 +63,9 @@ void fillFromJet(Connection& connection, const JetContent& content) {
     connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
     Savepoint savepoint(connection);
     for (const JetTable& table : content.tables) {
-        catalog.createTable(table.structure);
+        TableStructure structure = table.structure;
+        dropRelationsWithoutKey(structure, content);
+        catalog.createTable(structure);
         insertRows(connection, table);
     }
     savepoint.commit();

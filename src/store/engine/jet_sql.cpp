@@ -245,7 +245,7 @@ private:
 
 } // namespace
 
-Query tableQuery(std::shared_ptr<const TableStructure> table) {
+Query tableQuery(const std::shared_ptr<const TableStructure>& table) {
     Query query;
     query.sources.append({table, table->name, QStringLiteral("t0")});
     query.columns = fieldColumns(query.sources, 0);

@@ -40,7 +40,7 @@ struct Query {
 };
 
 /// A plain walk over all records and fields of one table.
-Query tableQuery(std::shared_ptr<const TableStructure> table);
+Query tableQuery(const std::shared_ptr<const TableStructure>& table);
 
 /// Translates a SELECT. A text that is not exactly one SELECT of Jet's language raises 3075, an
 /// unknown table 3078, an unknown field 3061, a field that two tables have 3079, a text compared

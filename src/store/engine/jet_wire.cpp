@@ -5,11 +5,11 @@
 #include <QDataStream>
 #include <QIODevice>
 
-#include <new>
+#include <utility>
 
 namespace dao {
 
-// Found by QList's own operators, therefore not in a nameless namespace.
+// Found by QList's operator for writing, therefore not in a nameless namespace.
 
 static QDataStream& operator<<(QDataStream& out, const Value& value) {
     if (value.isInteger())
@@ -21,6 +21,21 @@ static QDataStream& operator<<(QDataStream& out, const Value& value) {
     if (value.isBinary())
         return out << 'b' << value.toBinary();
     return out << 'n';
+}
+
+/// As QList's own operator reads it, which however reserves as many items as the bytes say.
+template<typename Item>
+static void readList(QDataStream& in, QList<Item>& list) {
+    quint32 count = 0;
+    in >> count;
+    if (count > in.device()->bytesAvailable()) // an item takes one at least
+        in.setStatus(QDataStream::ReadCorruptData);
+    list.clear();
+    for (; count > 0 && in.status() == QDataStream::Ok; --count) {
+        Item item{};
+        in >> item;
+        list.append(std::move(item));
+    }
 }
 
 template<typename Content>
@@ -74,7 +89,9 @@ static QDataStream& operator<<(QDataStream& out, const Index& index) {
 }
 
 static QDataStream& operator>>(QDataStream& in, Index& index) {
-    return in >> index.Name >> index.Primary >> index.Unique >> index.Fields;
+    in >> index.Name >> index.Primary >> index.Unique;
+    readList(in, index.Fields);
+    return in;
 }
 
 static QDataStream& operator<<(QDataStream& out, const Relation::Pair& pair) {
@@ -91,8 +108,9 @@ static QDataStream& operator<<(QDataStream& out, const Relation& relation) {
 }
 
 static QDataStream& operator>>(QDataStream& in, Relation& relation) {
-    return in >> relation.Name >> relation.Table >> relation.ForeignTable >> relation.Attributes >>
-           relation.Fields;
+    in >> relation.Name >> relation.Table >> relation.ForeignTable >> relation.Attributes;
+    readList(in, relation.Fields);
+    return in;
 }
 
 static QDataStream& operator<<(QDataStream& out, const JetTable& table) {
@@ -100,9 +118,18 @@ static QDataStream& operator<<(QDataStream& out, const JetTable& table) {
                << table.structure.relations << table.rows;
 }
 
+static QDataStream& operator>>(QDataStream& in, QList<Value>& row) {
+    readList(in, row);
+    return in;
+}
+
 static QDataStream& operator>>(QDataStream& in, JetTable& table) {
-    return in >> table.structure.name >> table.structure.fields >> table.structure.indexes >>
-           table.structure.relations >> table.rows;
+    in >> table.structure.name;
+    readList(in, table.structure.fields);
+    readList(in, table.structure.indexes);
+    readList(in, table.structure.relations);
+    readList(in, table.rows);
+    return in;
 }
 
 constexpr auto WireVersion = QDataStream::Qt_6_4;
@@ -122,11 +149,8 @@ JetContent unpackContent(const QByteArray& bytes) {
     in.setVersion(WireVersion);
     JetContent content;
     quint32 mark = 0;
-    try {
-        in >> content.tables >> mark;
-    } catch (const std::bad_alloc&) {
-        raiseDamaged(); // a count that no content has
-    }
+    readList(in, content.tables);
+    in >> mark;
     if (in.status() != QDataStream::Ok || mark != EndMark || !in.atEnd())
         raiseDamaged();
     return content;

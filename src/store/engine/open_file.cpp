@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <map>
 
 namespace dao {
@@ -109,20 +108,6 @@ QByteArray OpenFile::read(qsizetype count) const {
 qint64 OpenFile::size() const {
     struct stat status {};
     return ::fstat(m_descriptor, &status) == 0 ? status.st_size : 0;
-}
-
-void flushToDisk(const QString& path) {
-    const Descriptor descriptor{::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC)};
-    if (descriptor.value < 0 || ::fsync(descriptor.value) != 0)
-        throw EngineError(DiskError, QStringLiteral("The disk or the network reported an error."));
-}
-
-void replaceFile(const QString& finished, const QString& target) {
-    flushToDisk(finished);
-    if (std::rename(QFile::encodeName(finished).constData(),
-                    QFile::encodeName(target).constData()) != 0)
-        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be put in place."));
-    flushToDisk(QFileInfo(target).absolutePath());
 }
 
 } // namespace dao

@@ -45,11 +45,4 @@ private:
     Identity m_identity;
 };
 
-/// Makes the content of a file or folder durable on the disk. Raises 3043 when that fails.
-void flushToDisk(const QString& path);
-
-/// Puts a finished file in the place of another (or of none) at once and durably: whatever happens,
-/// `target` is the old file or the new one, whole. Raises 3051.
-void replaceFile(const QString& finished, const QString& target);
-
 } // namespace dao

@@ -4,6 +4,7 @@
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace dao {

@@ -1,0 +1,69 @@
+// orva_bench [WORD...]: measures the program against what the raw libraries need for the same work,
+// a line a figure: name, value, floor, ratio, bound, `ok` or `OVER`. With words only the figures
+// whose name holds one of them. Exit status: 0 all within their bounds, 1 some over, 2 not
+// measured.
+
+#include "figures.h"
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+namespace {
+
+enum ExitStatus { Within = 0, Over = 1, NotMeasured = 2 };
+
+bool isAskedFor(const Figure& figure, const QStringList& words) {
+    return words.isEmpty() || std::any_of(words.begin(), words.end(), [&](const QString& word) {
+               return figure.name.contains(word);
+           });
+}
+
+bool isWithinBound(const Figure& figure) {
+    constexpr double milliseconds = 1000;
+    const Measurement measured = measure(figure);
+    const bool within = measured.ratio() <= figure.bound;
+    std::printf("%-24s %9.3f ms %9.3f ms %6.2f %6.2f  %s\n", qPrintable(figure.name),
+                measured.value * milliseconds, measured.floor * milliseconds, measured.ratio(),
+                figure.bound, within ? "ok" : "OVER");
+    std::fflush(stdout);
+    return within;
+}
+
+std::vector<Figure> allFigures(const QString& folder) {
+    std::vector<Figure> all;
+    for (const auto& family : {fileFigures, recordsetFigures, startFigures}) {
+        std::vector<Figure> figures = family(folder);
+        std::move(figures.begin(), figures.end(), std::back_inserter(all));
+    }
+    return all;
+}
+
+ExitStatus measureAll(const QStringList& words) {
+    // Beside the program and not in the system's temporary folder, which may be in memory, where
+    // writing through to the disk costs nothing.
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() +
+                               QStringLiteral("/bench-XXXXXX"));
+    bool within = true;
+    for (const Figure& figure : allFigures(folder.path())) {
+        if (isAskedFor(figure, words))
+            within = isWithinBound(figure) && within;
+    }
+    return within ? Within : Over;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    std::printf("%-24s %12s %12s %6s %6s\n", "figure", "value", "floor", "ratio", "bound");
+    try {
+        return measureAll(QCoreApplication::arguments().mid(1));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return NotMeasured;
+    }
+}

@@ -1,0 +1,47 @@
+// Wires the seams and starts the main window.
+//
+// The program reads no command line of the person's. Two words serve the project's own commands:
+// `--tour FOLDER` plays the tour, `--quit-when-shown` ends once the frame stands.
+
+#include "core/screens/desktop_prompts.h"
+#include "core/screens/desktop_shell.h"
+#include "core/screens/mdiorva.h"
+#include "core/screens/progressfrm.h"
+#include "core/screens/splash.h"
+#include "core/screens/tour.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "core/system_clock.h"
+#include "core/version.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QStandardPaths>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
+    QCoreApplication::setApplicationVersion(programVersion());
+    const QStringList arguments = QCoreApplication::arguments();
+
+    dao::DBEngine engine;
+    Settings settings;
+    SystemClock clock;
+    DesktopPrompts prompts(clock);
+    DesktopProgress progress;
+    DesktopShell shell(prompts);
+    Session session(engine, settings, {prompts, progress, shell, clock});
+
+    const bool playsTour = arguments.value(1) == u"--tour";
+    QPointer<SplashORVA> splash = playsTour ? nullptr : new SplashORVA(clock);
+    session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    mdiORVA frame(session, !playsTour, splash);
+    prompts.SetMainWindow(&frame);
+    progress.SetMainWindow(&frame);
+    if (arguments.value(1) == u"--quit-when-shown")
+        QObject::connect(&frame, &mdiORVA::started, &application, &QApplication::quit);
+    frame.show();
+    if (playsTour)
+        return playTour(session, frame, arguments.value(2)) ? 0 : 1;
+    return QApplication::exec();
+}

@@ -1,0 +1,64 @@
+#include "store/engine/files.h"
+
+#include "store/engine/error.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace dao {
+namespace {
+
+[[noreturn]] void raiseFileError(const QString& path, int cause) {
+    throw EngineError(
+        cause == ENOSPC || cause == EDQUOT ? DiskFull : DiskError,
+        QStringLiteral("The file \"%1\" can't be written: %2.")
+            .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(std::strerror(cause))));
+}
+
+void removeSideFiles(const QString& path) {
+    for (const char* suffix : {"-journal", "-wal", "-shm"})
+        QFile::remove(path + QLatin1StringView(suffix));
+}
+
+} // namespace
+
+QString unfinishedName(const QString& path) {
+    const QFileInfo info(path);
+    return info.absolutePath() + QStringLiteral("/.") + info.fileName() +
+           QStringLiteral(".unfinished");
+}
+
+void flushToDisk(const QString& path) {
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        raiseFileError(path, errno);
+    const int result = ::fsync(descriptor);
+    const int cause = errno;
+    ::close(descriptor);
+    if (result != 0)
+        raiseFileError(path, cause);
+}
+
+void replaceFile(const QString& finished, const QString& target) {
+    flushToDisk(finished);
+    removeSideFiles(target);
+    if (std::rename(QFile::encodeName(finished).constData(),
+                    QFile::encodeName(target).constData()) != 0)
+        raiseFileError(target, errno);
+    flushToDisk(QFileInfo(target).absolutePath());
+}
+
+void removeDatabaseFile(const QString& path) {
+    QFile::remove(path);
+    removeSideFiles(path);
+}
+
+} // namespace dao

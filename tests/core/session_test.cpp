@@ -1,0 +1,317 @@
+// The one way by which a file enters the session: its four results, what it reads, what it brings
+// up to date, and that a failure leaves nothing half open.
+
+#include "core/commands.h"
+#include "core/core_settings.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "store/engine/error.h"
+#include "store/table_names.h"
+#include "support/scripted_frame.h"
+#include "support/year_file.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString u(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+class SessionTest : public testing::Test {
+protected:
+    SessionTest() { session.SetFrame(&frame); }
+
+    QString path(const char* name) const { return folder.filePath(u(name)); }
+    void makeYear(const char* name, const YearAnswers& answers = twoWeekAnswers()) {
+        createYear(answers, path(name), seams);
+    }
+    /// Changes a file outside the session.
+    void change(const char* name, const std::function<void(dao::Database&)>& work) {
+        dao::Database database = engine.OpenDatabase(path(name));
+        work(database);
+        database.Close();
+    }
+    /// Sets the default database and whether it is opened at the start.
+    void setDefault(const QString& file, int dontShowStartup) {
+        settings.CreateRegistryKey(setting::Root);
+        settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, file);
+        settings.WriteRegistryValue(setting::Root, setting::DontShowStartup, dontShowStartup);
+    }
+    void start() {
+        frame.log.clear();
+        LoadMainWindow(session);
+        ActivateMainWindow(session);
+    }
+
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    ScriptedFrame frame;
+    Session session{engine, settings, seams.seams()};
+};
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+TEST_F(SessionTest, AYearFillsTheSession) {
+    YearAnswers answers = twoWeekAnswers();
+    answers.colours = {{u("7A"), 0x123456}};
+    makeYear("year.mdb", answers);
+    change("year.mdb", [](dao::Database& database) {
+        dao::Recordset classes = database.OpenRecordset(ClasscodesTable);
+        classes.FindFirst(u("Classcode = '9C'"));
+        classes.Edit();
+        classes[u"Colour"] = dao::Value();
+        classes.Update();
+    });
+    ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+    EXPECT_EQ(session.AcademicYear, answers.year);
+    EXPECT_EQ(session.PeriodsPerDay, answers.periodsPerDay);
+    EXPECT_EQ(session.TTweekly, 1);
+    EXPECT_EQ(session.StartWeek, u("B"));
+    EXPECT_EQ(session.TermCount, 2);
+    ASSERT_EQ(session.ClassColours.size(), answers.classes.size());
+    EXPECT_EQ(session.ClassColours.at(0).code, u("7A"));
+    EXPECT_EQ(session.ClassColours.at(0).colour, 0x123456);
+    for (const ClassColour& other : session.ClassColours.mid(1))
+        EXPECT_EQ(other.colour, 0xFFFFFF) << "no colour reads as white";
+    EXPECT_TRUE(frame.caption.startsWith(u("Orvane: ")));
+    EXPECT_TRUE(frame.caption.endsWith(u("year.mdb")));
+    session.CloseAllDatabases();
+    EXPECT_FALSE(session.CurrentDB.isOpen());
+
+    makeYear("single.mdb", oneWeekAnswers());
+    ASSERT_EQ(session.OpenDatabaseFile(path("single.mdb"), {}), OpenDone);
+    EXPECT_EQ(session.TTweekly, 0);
+    EXPECT_TRUE(session.StartWeek.isEmpty()) << "not read, whatever was open before";
+}
+
+TEST_F(SessionTest, AFileThatLacksAPieceIsInvalid) {
+    struct Case {
+        const char* table;
+        const char* field; ///< null for the whole table
+    };
+    for (const Case& lacking :
+         {Case{"Admin", nullptr}, Case{"Admin", "Year"}, Case{"Admin", "PeriodsPerDay"},
+          Case{"Admin", "Teacher"}, Case{"Admin", "TTweekly"}, Case{"Admin", "StartWeek"},
+          Case{"Planning", nullptr}, Case{"TermDates", nullptr}, Case{"Calendar", nullptr},
+          Case{"Classcodes", nullptr}, Case{"Classcodes", "Colour"},
+          Case{"Classcodes", "Classcode"}, Case{"ExtraTTinfo", nullptr}}) {
+        createYear(twoWeekAnswers(), path("broken.mdb"), seams, ExistingFile::Replace);
+        change("broken.mdb", [&lacking](dao::Database& database) {
+            if (lacking.field)
+                database.TableDefs()[u(lacking.table)].Fields().Delete(u(lacking.field));
+            else
+                database.TableDefs().Delete(u(lacking.table));
+        });
+        EXPECT_EQ(session.OpenDatabaseFile(path("broken.mdb"), {}), OpenInvalid)
+            << lacking.table << "." << (lacking.field ? lacking.field : "");
+        EXPECT_FALSE(session.CurrentDB.isOpen());
+        EXPECT_TRUE(engine.Workspaces(0).Databases().isEmpty()) << "nothing stays open";
+    }
+    EXPECT_EQ(session.OpenDatabaseFile(path("missing.mdb"), {}), OpenInvalid);
+    EXPECT_EQ(session.OpenDatabaseFile(u(ORVA_SAMPLES "/year.json"), {}), OpenInvalid);
+}
+
+TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {
+    makeYear("year.mdb");
+    change("year.mdb", [](dao::Database& database) {
+        database.TableDefs()[PlanningTable].Fields().Delete(u"ABWeek");
+        database.TableDefs()[PlanningTable].Fields().Delete(u"Week");
+        if (database.TableDefs().Contains(LessonNotesTable))
+            database.TableDefs().Delete(LessonNotesTable);
+    });
+    for (int round = 0; round < 2; ++round) { // the second time there is nothing to do
+        ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+        const dao::FieldCollection fields = session.CurrentDB.TableDefs()[PlanningTable].Fields();
+        EXPECT_EQ(fields[u"Week"].OrdinalPosition, 2);
+        EXPECT_EQ(fields[u"ABWeek"].OrdinalPosition, 3);
+        EXPECT_TRUE(session.CurrentDB.TableDefs().Contains(LessonNotesTable));
+        EXPECT_EQ(session.CurrentDB.OpenRecordset(PlanningTable).Collect(u"ABWeek").toText(),
+                  u("B"));
+        session.CloseAllDatabases();
+    }
+}
+
+TEST_F(SessionTest, APasswordIsAskedForUntilItIsRightOrCancelled) {
+    makeYear("year.mdb");
+    change("year.mdb", [](dao::Database& database) { database.NewPassword({}, u("secret")); });
+    seams.prompts.expect(PromptKind::Password, {}, u("wrong"));
+    seams.prompts.expect(PromptKind::Message, u("Invalid Password"), AnswerOk);
+    seams.prompts.expect(PromptKind::Password, {}, u("secret"));
+    ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+    EXPECT_EQ(session.DatabasePassword, u("secret"));
+    session.CloseAllDatabases();
+    EXPECT_TRUE(session.DatabasePassword.isEmpty());
+
+    seams.prompts.expect(PromptKind::Password, {}, {});
+    EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenCancelled);
+    EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), u("secret")), OpenDone)
+        << "the right password is not asked for";
+}
+
+TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
+    for (const char* name : {"year_single_jet4", "year_ab_jet4"}) {
+        const QString original = path("old.mdb");
+        QFile::remove(original);
+        QFile::remove(path("old (converted).mdb"));
+        ASSERT_TRUE(QFile::copy(u(ORVA_TEST_DATA "/jet/%1.mdb").arg(u(name)), original));
+        const QByteArray before = contentOf(original);
+        setDefault(original, 1);
+        seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerCancel);
+        EXPECT_EQ(session.OpenDatabaseFile(original, {}), OpenCancelled);
+        EXPECT_FALSE(QFile::exists(path("old (converted).mdb")));
+
+        seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerOk);
+        ASSERT_EQ(session.OpenDatabaseFile(original, {}), OpenDone);
+        EXPECT_EQ(session.DatabasePath, path("old (converted).mdb"));
+        EXPECT_EQ(settings.readText(setting::Root, setting::DefaultDatabasePath),
+                  session.DatabasePath);
+        EXPECT_EQ(contentOf(original), before) << "the original is untouched";
+
+        const dao::Database jet = engine.OpenDatabase(original);
+        ASSERT_EQ(jet.TableDefs().names(), session.CurrentDB.TableDefs().names());
+        EXPECT_EQ(jet.Relations().all().size(), session.CurrentDB.Relations().all().size());
+        for (const QString& table : jet.TableDefs().names()) {
+            dao::Recordset old = jet.OpenRecordset(table);
+            dao::Recordset copied = session.CurrentDB.OpenRecordset(table);
+            ASSERT_EQ(old.RecordCount(), copied.RecordCount()) << qPrintable(table);
+            for (; !old.EOF_(); old.MoveNext(), copied.MoveNext()) {
+                for (int i = 0; i < old.FieldCount(); ++i)
+                    ASSERT_EQ(old.Collect(i), copied.Collect(i))
+                        << qPrintable(table) << "." << qPrintable(old.Fields(i).Name());
+            }
+        }
+        session.CloseAllDatabases();
+        ASSERT_EQ(session.OpenDatabaseFile(path("old (converted).mdb"), {}), OpenDone);
+        session.CloseAllDatabases();
+    }
+    EXPECT_EQ(session.OpenDatabaseFile(u(ORVA_TEST_DATA "/jet/not_a_year.mdb"), {}), OpenInvalid)
+        << "a Jet file that is no year is refused without a question";
+}
+
+TEST_F(SessionTest, TheStartOpensTheDefaultDatabaseWhenAskedTo) {
+    makeYear("year.mdb");
+    struct Case {
+        const char* name;
+        QString file;
+        int dontShow;
+        const char* log;
+    };
+    for (const Case& begun :
+         {Case{"nothing set", {}, 0, "disable wizard"}, Case{"no path", {}, 1, "disable wizard"},
+          Case{"wizard wanted", path("year.mdb"), 0, "disable wizard"},
+          Case{"deleted file", path("gone.mdb"), 1, "disable wizard"},
+          Case{"opened", path("year.mdb"), 1, "disable enable"}}) {
+        setDefault(begun.file, begun.dontShow);
+        start();
+        EXPECT_EQ(frame.log.join(u' '), u(begun.log)) << begun.name;
+    }
+    EXPECT_EQ(session.DatabasePath, path("year.mdb"));
+    EXPECT_TRUE(session.CurrentDB.isOpen());
+}
+
+TEST_F(SessionTest, AFailureAtTheStartIsToldAndLeadsToTheWizard) {
+    ASSERT_TRUE(QFile::copy(u(ORVA_SAMPLES "/year.json"), path("text.mdb")));
+    setDefault(path("text.mdb"), 1);
+    seams.prompts.expect(PromptKind::Plain, u("Invalid Database"), AnswerOk);
+    start();
+    EXPECT_EQ(frame.log.join(u' '), u("disable wizard"));
+    EXPECT_TRUE(session.DatabasePath.isEmpty());
+    EXPECT_EQ(frame.caption, u("Orvane: "));
+    EXPECT_TRUE(seams.prompts.last().text.contains(
+        u("appears to be either the wrong format or corrupt!\n\nPlease choose another action.")));
+
+    makeYear("locked.mdb");
+    change("locked.mdb", [](dao::Database& database) { database.NewPassword({}, u("secret")); });
+    setDefault(path("locked.mdb"), 1);
+    seams.prompts.expect(PromptKind::Password, {}, {});
+    start();
+    EXPECT_EQ(frame.log.join(u' '), u("disable wizard")) << "cancelling shows no error at all";
+}
+
+TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
+    makeYear("year.mdb");
+    makeYear("other.mdb");
+    ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+    session.DatabasePath = path("year.mdb");
+    const QString title = u(" Select the database to open:");
+    seams.prompts.expect(PromptKind::File, title, {});
+    frame.log.clear();
+    OpenDatabaseCommand(session);
+    EXPECT_TRUE(frame.log.isEmpty() && session.CurrentDB.isOpen()) << "cancelled: all as it was";
+
+    seams.prompts.expect(PromptKind::File, title, path("other.mdb"));
+    OpenDatabaseCommand(session);
+    EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
+    EXPECT_TRUE(frame.caption.endsWith(u("other.mdb")));
+    EXPECT_EQ(engine.Workspaces(0).Databases().size(), 1);
+
+    seams.prompts.expect(PromptKind::File, title, path("missing.mdb"));
+    seams.prompts.expect(PromptKind::Message, u("Invalid Database"), AnswerOk);
+    frame.log.clear();
+    OpenDatabaseCommand(session);
+    EXPECT_EQ(frame.log.join(u' '), u("close forms disable wizard"));
+    EXPECT_TRUE(session.DatabasePath.isEmpty());
+}
+
+TEST_F(SessionTest, TheWindowsOfTheLastRunOpenAgainInTheirOrder) {
+    const QString key = setting::keyOf(setting::Startup);
+    frame.forms = {u("ORVAfrm"), u("ContactsFrm"), u("TTfrm"), u("RegisterFrm"), u("ORVA2frm")};
+    SaveCurrentStartup(session);
+    EXPECT_TRUE(frame.forms.isEmpty());
+    RunCurrentStartup(session);
+    EXPECT_EQ(frame.forms,
+              (QStringList{u("RegisterFrm"), u("TTfrm"), u("ORVA2frm"), u("ORVAfrm")}));
+    frame.forms.clear();
+    SaveCurrentStartup(session);
+    RunCurrentStartup(session);
+    EXPECT_TRUE(frame.forms.isEmpty()) << "with no window the next start opens nothing";
+    settings.WriteRegistryValue(key, setting::Open_COE, 0);
+    RunCurrentStartup(session);
+    EXPECT_EQ(frame.forms, QStringList{u("COEfrm")}) << "that the value exists is its meaning";
+}
+
+TEST_F(SessionTest, AFileStillOpenIsTold) {
+    makeYear("year.mdb");
+    session.DatabasePath = path("year.mdb");
+    EXPECT_FALSE(session.IsDBOpen());
+    const dao::Database other = engine.OpenDatabase(path("year.mdb"));
+    seams.prompts.expect(PromptKind::Plain, u("Action canceled"), AnswerOk);
+    EXPECT_TRUE(session.IsDBOpen());
+}
+
+TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
+    struct Case {
+        int autoBackup;
+        PromptReply reply; ///< of the question, where there is one
+        bool backedUp;
+        int autoBackupLater;
+    };
+    makeYear("year.mdb");
+    for (const Case& end :
+         {Case{0, {}, false, 0}, Case{1, AnswerNo, false, 1}, Case{1, AnswerYes, true, 1},
+          Case{1, AnswerNo + 100, false, 2}, Case{2, {}, true, 2}, Case{3, {}, true, 3}}) {
+        QFile::remove(path("year.001"));
+        session.FolderDefaults[BackupFolder].folder = folder.path() + u'/';
+        settings.CreateRegistryKey(setting::Root);
+        settings.WriteRegistryValue(setting::Root, setting::AutoBackup, end.autoBackup);
+        ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+        if (end.autoBackup == 1)
+            seams.prompts.expect(PromptKind::Message, u("Backup/Compress Database"), end.reply);
+        ShutDown(session);
+        EXPECT_FALSE(session.CurrentDB.isOpen());
+        EXPECT_EQ(QFile::exists(path("year.001")), end.backedUp) << end.autoBackup;
+        EXPECT_EQ(settings.readNumber(setting::Root, setting::AutoBackup), end.autoBackupLater);
+    }
+    ShutDown(session); // with nothing open nothing is asked
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/main_frame.h"
+
+/// A main window that keeps what it was told, in order, and opens any window by name.
+class ScriptedFrame : public MainFrame {
+public:
+    QStringList log;
+    QString caption;
+    QStringList forms;
+
+    void SetCaption(const QString& text) override { caption = text; }
+    void EnableInput(bool enable) override {
+        log += enable ? QStringLiteral("enable") : QStringLiteral("disable");
+    }
+    void CloseOpenForms() override {
+        log += QStringLiteral("close forms");
+        forms.clear();
+    }
+    void ShowStartupWizard() override { log += QStringLiteral("wizard"); }
+    void ShowStartupWizardSetup() override { log += QStringLiteral("wizard setup"); }
+    void OpenForm(const QString& name) override { forms += name; }
+    QStringList visibleForms() const override { return forms; }
+    void DestroySplash() override {}
+};
