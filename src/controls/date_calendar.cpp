@@ -1,6 +1,7 @@
 #include "controls/date_calendar.h"
 
 #include <QAbstractItemView>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
