@@ -2,27 +2,27 @@
 
 #include "calendar/dates.h"
 
-#include <QRegularExpression>
-
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int MostDigits = 4;
-
 /// The runs of digits in a text, in whatever script; nothing when one is too long for a year.
 std::optional<QList<int>> numbersIn(const QString& text) {
-    static const QRegularExpression run(u"\\d+"_s, QRegularExpression::UseUnicodePropertiesOption);
+    constexpr int beyondYears = 10000;
     QList<int> numbers;
-    for (const QRegularExpressionMatch& match : run.globalMatch(text)) {
-        if (match.capturedLength() > MostDigits)
-            return std::nullopt;
-        int number = 0;
-        for (const QChar digit : match.captured())
-            number = number * 10 + digit.digitValue();
-        numbers += number;
+    bool inNumber = false;
+    for (const uint character : text.toUcs4()) {
+        const int digit = QChar::digitValue(character);
+        if (digit >= 0) {
+            if (!inNumber)
+                numbers += 0;
+            numbers.last() = numbers.last() * 10 + digit;
+            if (numbers.last() >= beyondYears)
+                return std::nullopt;
+        }
+        inNumber = digit >= 0;
     }
     return numbers;
 }

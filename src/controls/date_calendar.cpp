@@ -1,6 +1,7 @@
 #include "controls/date_calendar.h"
 
 #include <QAbstractItemView>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -9,6 +10,9 @@ DateCalendar::DateCalendar(const QString& name, QWidget* parent) : QCalendarWidg
     setFirstDayOfWeek(Qt::Sunday);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setDateEditEnabled(false);
+    // The toolkit's red of the weekend can't be read in every scheme.
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday})
+        setWeekdayTextFormat(day, {});
     setAccessibleName(name);
     nameParts(name);
     connect(this, &QCalendarWidget::selectionChanged, this, &DateCalendar::describeSelection);

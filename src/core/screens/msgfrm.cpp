@@ -216,7 +216,7 @@ void msgFrm::writeText(const QString& text, const BoxLook& look) {
     const int needed =
         metrics.boundingRect(room, Qt::TextWordWrap | Qt::TextExpandTabs, m_text->text()).width();
     const int width = std::max(needed + letter, narrowest * letter);
-    m_text->setMinimumSize(width, m_text->heightForWidth(width));
+    m_text->setMinimumSize(width, std::max(m_text->heightForWidth(width), 0));
 }
 
 void msgFrm::SetDisplayIcon(int flags) {
