@@ -73,6 +73,9 @@ OpenResult Session::OpenDatabaseFile(const QString& path, const QString& passwor
     for (int failures = 0;; ++failures) {
         try {
             return openOnce(path, used);
+        } catch (const std::bad_alloc&) { // a file that claims to hold more than there is memory
+            clear();
+            return OpenInvalid;
         } catch (const dao::EngineError& error) {
             clear();
             if (isInUse(error.number()))
@@ -155,17 +158,23 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
             OkButton | CriticalIcon, QStringLiteral("Older Database"));
         return OpenCancelled;
     }
+    const OpenResult result = openOnce(copy, password);
+    DatabasePath = copy;
     if (QFileInfo(m_settings.readText(setting::Root, setting::DefaultDatabasePath)) ==
         QFileInfo(path))
         m_settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, copy);
-    DatabasePath = copy;
-    return openOnce(copy, password);
+    return result;
 }
 
 void Session::clear() {
     CurrentDB.Close();
     CurrentDB = {};
     DatabasePassword.clear();
+    AcademicYear.clear();
+    TeacherName.clear();
+    StartWeek.clear();
+    PeriodsPerDay = TTweekly = TermCount = 0;
+    ClassColours.clear();
 }
 
 QString Session::ChooseDatabaseFile(const QString& title, int flags) {

@@ -4,53 +4,42 @@
 #include "core/prompts.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
+#include "store/engine/open_file.h"
 #include "store/year_builder.h"
 
 #include <QDir>
 #include <QFileInfo>
 
+#include <memory>
+
 namespace {
 
-/// The file under work, in the folder of the file to come. One name for all: whatever a killed run
-/// left in a folder is found by the next one.
-QString workingName(const QString& path) {
-    return QFileInfo(path).absoluteDir().filePath(QStringLiteral(".orva-new-year.mdb"));
+/// Keeps others off a file that is going to be replaced, as long as the answer lives. Raises 3356
+/// when somebody has it open.
+std::shared_ptr<dao::OpenFile> lockFile(const QString& path) {
+    auto file = dao::OpenFile::acquire(path);
+    if (file->handles > 0)
+        throw dao::EngineError(dao::OpenedExclusively, QStringLiteral("The file is already open."));
+    return file;
 }
 
-/// The file that a link leads to, so that it is replaced and not the link.
-QString behindLinks(const QString& path) {
-    const QString file = QFileInfo(path).canonicalFilePath();
-    return file.isEmpty() ? path : file;
-}
-
-bool isOpenElsewhere(int number) {
-    return number == dao::FileInUse || number == dao::OpenedExclusively;
-}
-
-/// Raises 3045 or 3356 when somebody has the file open. Whether it opens otherwise is no matter.
-void refuseOpenFile(const dao::DBEngine& engine, const QString& path) {
-    try {
-        engine.OpenDatabase(path, true, true).Close();
-    } catch (const dao::EngineError& error) {
-        if (isOpenElsewhere(error.number()))
-            throw;
-    }
-}
-
-void prepareTarget(const dao::DBEngine& engine, const QString& path, ExistingFile existing) {
+/// The lock on the file that is to be replaced; null where there is none.
+std::shared_ptr<dao::OpenFile> prepareTarget(const QString& path, ExistingFile existing) {
     const QFileInfo target(path);
     if (!target.exists() && !target.isSymLink())
-        return;
+        return nullptr;
     if (existing == ExistingFile::Keep || !target.isFile())
         throw dao::EngineError(
             dao::FileExists,
             QStringLiteral("\"%1\" already exists.").arg(QDir::toNativeSeparators(path)));
-    refuseOpenFile(engine, path);
+    return lockFile(path);
 }
 
-void removeLeftover(const dao::DBEngine& engine, const QString& working) {
-    if (QFileInfo::exists(working))
-        refuseOpenFile(engine, working);
+/// What a killed run left goes; what another run is at work on is locked and stays.
+void removeLeftover(const QString& working) {
+    if (!QFileInfo::exists(working))
+        return;
+    const auto lock = lockFile(working);
     dao::removeDatabaseFile(working);
 }
 
@@ -70,10 +59,10 @@ void buildFile(const dao::DBEngine& engine, const YearAnswers& answers, const QS
 void CreateDB(const dao::DBEngine& engine, const YearAnswers& answers, const QString& path,
               ExistingFile existing, Progress& progress, Prompts& prompts, const QLocale& locale) {
     const ProgressWindow window(progress, QStringLiteral("Creating Database:"));
-    prepareTarget(engine, path, existing);
-    const QString target = behindLinks(path);
-    const QString working = workingName(target);
-    removeLeftover(engine, working);
+    const auto lock = prepareTarget(path, existing);
+    const QString target = dao::behindLinks(path);
+    const QString working = dao::unfinishedName(target);
+    removeLeftover(working);
     try {
         buildFile(engine, answers, working, progress, prompts, locale);
         dao::replaceFile(working, target);

@@ -49,7 +49,7 @@ AnswerCheck checkName(const YearAnswers& answers) {
 
 AnswerCheck checkYear(const QString& year) {
     static const QRegularExpression shape(QStringLiteral("^[0-9]{4}-[0-9]{4}\\z"));
-    if (shape.match(year).hasMatch())
+    if (shape.match(year).hasMatch() && year.right(4).toInt() == year.left(4).toInt() + 1)
         return std::nullopt;
     return fault(QStringLiteral("year"), QStringLiteral("Academic year error"),
                  QStringLiteral("The academic year must be two years with a hyphen between, such "

@@ -3,6 +3,7 @@
 #include "calendar/term_weeks.h"
 #include "store/data_helpers.h"
 #include "store/engine/error.h"
+#include "store/engine/files.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 #include "support/year_file.h"
@@ -258,8 +259,8 @@ TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
     EXPECT_EQ(old.readAll(), QByteArray("no database"));
 
     // What killed runs left beside it goes, a journal that would spoil the new file as well.
-    write(folder.filePath(QStringLiteral(".orva-new-year.mdb")), "half a file");
-    write(folder.filePath(QStringLiteral(".orva-new-year.mdb-journal")), "its journal");
+    write(dao::unfinishedName(path), "half a file");
+    write(dao::unfinishedName(path) + QStringLiteral("-journal"), "its journal");
     write(path + QStringLiteral("-journal"), "the old file's journal");
     EXPECT_EQ(failure(ExistingFile::Replace), 0);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));

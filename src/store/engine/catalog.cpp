@@ -13,18 +13,6 @@ namespace {
 /// The name of a table while it is built again; no table of a person can have it.
 constexpr QStringView rebuiltName = u"orva.rebuilt";
 
-QString joinedNames(const QStringList& names) {
-    QStringList quoted;
-    for (const QString& name : names)
-        quoted += quoteName(name);
-    return quoted.join(QStringLiteral(", "));
-}
-
-/// Indexes share one name space in SQLite's files, so the stored name carries the table's.
-QString storedIndexName(const QString& table, const QString& index) {
-    return table + u'.' + index;
-}
-
 bool numbersItself(const TableStructure& table) {
     return std::any_of(table.fields.begin(), table.fields.end(),
                        [](const Field& field) { return field.isAutoIncrement(); });
@@ -135,10 +123,7 @@ void Catalog::createIndexes(const TableStructure& table) {
     for (const Index& index : table.indexes) {
         if (index.Primary)
             continue;
-        m_connection.execute(QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
-                                 .arg(index.Unique ? QStringLiteral("UNIQUE ") : QString(),
-                                      quoteName(storedIndexName(table.name, index.Name)),
-                                      quoteName(table.name), joinedNames(index.Fields)));
+        m_connection.execute(createIndexStatement(table, index));
     }
 }
 
@@ -278,7 +263,10 @@ void Catalog::rebuildAlone(const TableStructure& old, const TableStructure& tabl
         TableStructure rebuilt = table;
         rebuilt.name = rebuiltName.toString();
         m_connection.execute(createStatement(rebuilt));
+        // What a file from elsewhere holds against its own rules stays as it is.
+        m_connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
         copyRecords(old, rebuilt, origins);
+        m_connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
         m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
         m_connection.execute(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
                                  .arg(quoteName(rebuiltName), quoteName(table.name)));

@@ -307,7 +307,13 @@ bool Connection::inTransaction() const {
     return sqlite3_get_autocommit(m_database.get()) == 0;
 }
 
+void Connection::checkTransaction() const {
+    if (m_depth > 0 && !inTransaction())
+        throw EngineError(NoTransaction, QStringLiteral("The work was undone after an error."));
+}
+
 void Connection::begin() {
+    checkTransaction();
     execute(m_depth == 0 ? QStringLiteral("BEGIN IMMEDIATE")
                          : QStringLiteral("SAVEPOINT s%1").arg(m_depth));
     ++m_depth;
@@ -316,10 +322,7 @@ void Connection::begin() {
 void Connection::commit() {
     if (m_depth == 0)
         return;
-    if (!inTransaction()) {
-        m_depth = 0;
-        throw EngineError(NoTransaction, QStringLiteral("The work was undone after an error."));
-    }
+    checkTransaction();
     execute(m_depth == 1 ? QStringLiteral("COMMIT")
                          : QStringLiteral("RELEASE s%1").arg(m_depth - 1));
     --m_depth;
@@ -328,11 +331,9 @@ void Connection::commit() {
 void Connection::rollback() {
     if (m_depth == 0)
         return;
-    if (!inTransaction()) {
-        m_depth = 0;
-        return;
-    }
     --m_depth;
+    if (!inTransaction())
+        return; // the library has undone everything; the outer transactions learn it at their end
     if (m_depth == 0) {
         execute(QStringLiteral("ROLLBACK"));
     } else {

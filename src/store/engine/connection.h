@@ -42,7 +42,7 @@ private:
 /// keys enforced, every commit flushed to the disk, and no temporary files.
 class Connection {
 public:
-    enum class Mode { Existing, Create, Memory };
+    enum class Mode { Existing, Memory };
 
     Connection() = default;
     /// Opens. `password` is empty for an unprotected file. Raises 3031 when the password is wrong,
@@ -61,10 +61,12 @@ public:
     bool inTransaction() const;
 
     /// Transactions, each of which may stand inside another. Without an open one the last two do
-    /// nothing; after a failure that made the library undo everything, `commit` raises 3034.
+    /// nothing. After a failure that made the library undo everything (a full disk), every further
+    /// write and `commit` raise 3034 until each transaction begun has been rolled back.
     void begin();
     void commit();
     void rollback();
+    void checkTransaction() const; ///< raises 3034 when the open transaction was undone
 
     /// Attaches another file, which has to be there but may be empty, under a name.
     void attach(const QString& path, const QString& schema, const QString& password);

@@ -4,9 +4,11 @@
 #include "store/engine/connection.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
+#include "store/engine/names.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -59,17 +61,26 @@ void writeInto(Connection& connection, const QString& path, const QString& passw
     connection.execute(QStringLiteral("PRAGMA foreign_keys = ON"));
 }
 
-/// Copies the records of a table up to the first that can't be read, from one end of it.
+/// Copies the records of a table up to the first that can't be read, from one end of it. A record
+/// keeps its number, so that it comes once whichever end it is met from.
 bool copyFromEnd(Connection& connection, const TableStructure& table, const char* direction) {
     const QString name = quoteName(table.name);
     const QString row = rowNumberName(table);
+    QStringList fields;
+    for (const Field& field : table.fields)
+        fields += quoteName(field.Name);
+    const bool numbersItself =
+        std::any_of(table.fields.begin(), table.fields.end(),
+                    [](const Field& field) { return field.isAutoIncrement(); });
+    if (!numbersItself)
+        fields += row;
+    const QString list = fields.join(QStringLiteral(", "));
     try {
         Statement rows(connection, QStringLiteral("SELECT %1 FROM main.%2 ORDER BY %1 %3")
                                        .arg(row, name, QLatin1StringView(direction)));
-        Statement insert(connection,
-                         QStringLiteral("INSERT OR IGNORE INTO copy.%1 SELECT * FROM main.%1 "
-                                        "WHERE %2 = ?")
-                             .arg(name, row));
+        Statement insert(connection, QStringLiteral("INSERT OR IGNORE INTO copy.%1 (%2) SELECT %2 "
+                                                    "FROM main.%1 WHERE %3 = ?")
+                                         .arg(name, list, row));
         while (rows.step()) {
             insert.bind(1, rows.integer(0));
             insert.step();
@@ -83,19 +94,35 @@ bool copyFromEnd(Connection& connection, const TableStructure& table, const char
     return true;
 }
 
+/// Carries over what is not in the records: indexes, and the numbers that were given already.
+void salvageRest(Connection& connection, const TableStructure& table) {
+    for (const Index& index : table.indexes) {
+        if (!index.Primary)
+            connection.execute(createIndexStatement(table, index, QStringLiteral("copy.")));
+    }
+    try {
+        const QString name = writeText(table.name);
+        connection.execute(
+            QStringLiteral("UPDATE copy.sqlite_sequence SET seq = max(seq, (SELECT seq FROM "
+                           "main.sqlite_sequence WHERE name = %1)) WHERE name = %1")
+                .arg(name));
+    } catch (const EngineError&) {
+        // The file has no such table, or it is what is damaged.
+    }
+}
+
 void salvage(Connection& connection) {
     Catalog catalog(connection);
     int tables = 0;
     for (const QString& name : catalog.tableNames()) {
-        TableStructure table = *catalog.find(name);
+        const TableStructure table = *catalog.find(name);
         if (table.fields.isEmpty())
             continue;
-        const bool numbersItself = table.fields.first().isAutoIncrement();
-        connection.execute(createStatement(table).replace(QStringLiteral("CREATE TABLE "),
-                                                          QStringLiteral("CREATE TABLE copy.")));
-        // From the end again only where each record has a number that keeps it from coming twice.
-        if (!copyFromEnd(connection, table, "ASC") && numbersItself)
+        const qsizetype verb = QStringLiteral("CREATE TABLE ").size();
+        connection.execute(QStringLiteral("CREATE TABLE copy.") + createStatement(table).mid(verb));
+        if (!copyFromEnd(connection, table, "ASC"))
             copyFromEnd(connection, table, "DESC");
+        salvageRest(connection, table);
         ++tables;
     }
     if (tables == 0)

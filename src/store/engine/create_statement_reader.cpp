@@ -37,8 +37,7 @@ public:
     }
 
     void advance() {
-        while (m_at < m_text.size() && m_text.at(m_at).isSpace())
-            ++m_at;
+        skipBlanksAndComments();
         if (m_at >= m_text.size()) {
             m_current = {};
             return;
@@ -69,6 +68,23 @@ public:
     }
 
 private:
+    void skipBlanksAndComments() {
+        for (;;) {
+            const QStringView rest = QStringView(m_text).mid(m_at);
+            if (rest.startsWith(u"--"))
+                skipBehind(u"\n");
+            else if (rest.startsWith(u"/*"))
+                skipBehind(u"*/");
+            else if (!rest.isEmpty() && rest.front().isSpace())
+                ++m_at;
+            else
+                return;
+        }
+    }
+    void skipBehind(QStringView end) {
+        const qsizetype found = QStringView(m_text).indexOf(end, m_at + 2);
+        m_at = found < 0 ? m_text.size() : found + end.size();
+    }
     QString quoted(QChar closing) {
         QString text;
         for (++m_at; m_at < m_text.size(); ++m_at) {

@@ -51,8 +51,8 @@ private:
 };
 
 /// Work that is done whole or not at all: what happens to the database between construction and
-/// `commit` is undone when the object goes without it. May stand inside another. In open recordsets
-/// the records that were added meanwhile then read as deleted.
+/// `commit` is undone when the object goes without it, and open recordsets follow. May stand inside
+/// another.
 class Transaction {
 public:
     explicit Transaction(const Database& database);

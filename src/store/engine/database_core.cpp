@@ -58,9 +58,11 @@ void DatabaseCore::checkUnused(QStringView table) {
 void DatabaseCore::checkWritable() const {
     if (readOnly)
         throw EngineError(ReadOnlyDatabase, QStringLiteral("The database can only be read."));
+    connection.checkTransaction();
 }
 
 Statement& DatabaseCore::prepared(const QString& sql) {
+    connection.checkTransaction();
     if (m_prepared.size() >= keptStatements && !m_prepared.contains(sql))
         m_prepared.clear();
     std::shared_ptr<Statement>& statement = m_prepared[sql];
@@ -90,7 +92,7 @@ void DatabaseCore::rollback() {
     ++file->changes;
     catalog.invalidate();
     for (const auto& recordset : recordsets())
-        recordset->forgetRow();
+        recordset->resync();
 }
 
 } // namespace dao

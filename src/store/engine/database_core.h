@@ -36,7 +36,7 @@ public:
     std::shared_ptr<const TableStructure> table(QStringView name, int missing);
     /// Raises 3211 when a recordset has the table open, 3027 when nothing may be changed.
     void checkUnused(QStringView table);
-    void checkWritable() const; ///< raises 3027
+    void checkWritable() const; ///< raises 3027, and 3034 in a transaction that was undone
 
     /// A prepared statement that is kept for the next time the same text is asked for.
     Statement& prepared(const QString& sql);

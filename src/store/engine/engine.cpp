@@ -30,11 +30,18 @@ QString passwordOf(const QString& connect) {
     return start < 0 ? QString() : connect.mid(start + key.size());
 }
 
-void checkPath(const QString& path, bool readOnly) {
+/// The file that a path leads to, behind links. Raises 3024 and 3051.
+QString checkedPath(const QString& path) {
     const QFileInfo info(path);
     if (!info.exists())
         throw EngineError(NoSuchFile, QStringLiteral("The file could not be found."));
-    if (!info.isFile() || !info.isReadable() || (!readOnly && !info.isWritable()))
+    if (!info.isFile() || !info.isReadable())
+        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be opened."));
+    return behindLinks(info.absoluteFilePath());
+}
+
+void checkWritable(const QString& path) {
+    if (!QFileInfo(path).isWritable())
         throw EngineError(CannotOpenFile,
                           QStringLiteral("The file could not be opened for writing."));
 }
@@ -118,13 +125,14 @@ QList<Database> Workspace::Databases() const {
 
 Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readOnly,
                                  const QString& connect) const {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    checkPath(absolute, readOnly);
+    const QString absolute = checkedPath(path);
     auto file = OpenFile::acquire(absolute);
     if (exclusive && file->handles > 0)
         throw EngineError(OpenedExclusively, QStringLiteral("The file is already open."));
     const QByteArray start = file->read(headerBytes);
     const FileKind kind = kindOf(start, file->size());
+    if (!readOnly && kind != FileKind::Jet) // which is only read
+        checkWritable(absolute);
     auto core = std::make_shared<DatabaseCore>(absolute, passwordOf(connect),
                                                readOnly || kind == FileKind::Jet, std::move(file));
     if (kind == FileKind::Jet)
@@ -140,11 +148,14 @@ Database Workspace::CreateDatabase(const QString& path, const QString& /*locale*
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (QFileInfo::exists(absolute))
         throw EngineError(FileExists, QStringLiteral("The file already exists."));
-    Connection connection(absolute, Connection::Mode::Create, {});
+    if (!QFile(absolute).open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        throw EngineError(CannotOpenFile,
+                          QStringLiteral("The file \"%1\" could not be made.").arg(absolute));
+    auto file = OpenFile::acquire(absolute);
+    Connection connection(absolute, Connection::Mode::Existing, {});
     // A mark in the header makes the file one that can be recognised before it has a table.
     connection.execute(QStringLiteral("PRAGMA application_id = %1").arg(applicationMark));
-    auto core =
-        std::make_shared<DatabaseCore>(absolute, QString(), false, OpenFile::acquire(absolute));
+    auto core = std::make_shared<DatabaseCore>(absolute, QString(), false, std::move(file));
     core->connection = std::move(connection);
     m_core->add(core);
     return Database(std::move(core));
@@ -230,8 +241,8 @@ void DBEngine::CompactDatabase(const QString& source, const QString& destination
 }
 
 void DBEngine::RepairDatabase(const QString& path, const QString& connect) const {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    checkPath(absolute, false);
+    const QString absolute = checkedPath(path);
+    checkWritable(absolute);
     const auto file = OpenFile::acquire(absolute);
     const FileKind kind = kindOf(file->read(headerBytes), file->size());
     if (kind != FileKind::Plain && kind != FileKind::Protected)

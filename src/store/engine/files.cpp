@@ -36,6 +36,11 @@ QString unfinishedName(const QString& path) {
            QStringLiteral(".unfinished");
 }
 
+QString behindLinks(const QString& path) {
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return file.isEmpty() ? path : file;
+}
+
 void flushToDisk(const QString& path) {
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
@@ -48,6 +53,8 @@ void flushToDisk(const QString& path) {
 }
 
 void replaceFile(const QString& finished, const QString& target) {
+    if (QFileInfo::exists(target))
+        QFile::setPermissions(finished, QFileInfo(target).permissions());
     flushToDisk(finished);
     removeSideFiles(target);
     if (std::rename(QFile::encodeName(finished).constData(),

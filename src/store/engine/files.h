@@ -10,13 +10,18 @@ namespace dao {
 /// last step is a rename.
 QString unfinishedName(const QString& path);
 
+/// The file that a link leads to, so that it is replaced and not the link; a path that leads to no
+/// file stays as it is.
+QString behindLinks(const QString& path);
+
 /// Makes the content of a file or folder durable on the disk. Raises 3043, on a full disk 3182.
 void flushToDisk(const QString& path);
 
 /// Puts a finished file in the place of `target`, over one that stands there: at every moment, also
 /// when the power fails, the name stands for the old file or for the new one. Side files that an
-/// old database left beside `target` go first, or they would be played into the new one. Both must
-/// be in the same folder. Raises as flushToDisk; then `target` is as it was.
+/// old database left beside `target` go first, or they would be played into the new one. Who may
+/// read and write the old file may do so with the new one. Both must be in the same folder. Raises
+/// as flushToDisk; then `target` is as it was.
 void replaceFile(const QString& finished, const QString& target);
 
 /// Removes a database and the side files that the engine may have left with it, where they are.

@@ -2,6 +2,8 @@
 
 #include "store/engine/jet_file.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -87,6 +89,30 @@ JetTableRules readProperties(const QByteArray& stored, JetFormat format) {
 }
 
 /// Where the year's order of rows counts and the file's does not hold it, restores it.
+/// Where a month stands in the year, by the first three letters of its English name or of that in
+/// the person's language; -1 for no month.
+int monthPosition(const QString& text) {
+    for (const QLocale& locale : {QLocale::c(), QLocale()}) {
+        for (int month = 1; month <= 12; ++month) {
+            if (text.left(3).compare(locale.standaloneMonthName(month).left(3),
+                                     Qt::CaseInsensitive) == 0)
+                return month;
+        }
+    }
+    return -1;
+}
+
+/// The calendar's months in the order of the year, if all of them are known.
+void restoreMonths(QList<QList<Value>>& rows, qsizetype column) {
+    const auto position = [column](const QList<Value>& row) {
+        return monthPosition(row[column].toText());
+    };
+    if (std::all_of(rows.begin(), rows.end(),
+                    [&](const QList<Value>& row) { return position(row) > 0; }))
+        std::stable_sort(rows.begin(), rows.end(),
+                         [&](const auto& a, const auto& b) { return position(a) < position(b); });
+}
+
 void restoreOrder(JetTable& table) {
     const auto& fields = table.structure.fields;
     const auto named = [&](QStringView tableName, QStringView fieldName) {
@@ -95,6 +121,8 @@ void restoreOrder(JetTable& table) {
                    field.Name.compare(fieldName, Qt::CaseInsensitive) == 0;
         });
     };
+    if (const auto month = named(u"Calendar", u"Month"); month != fields.end())
+        return restoreMonths(table.rows, month - fields.begin());
     auto key = std::find_if(fields.begin(), fields.end(),
                             [](const Field& field) { return field.isAutoIncrement(); });
     if (key == fields.end())
@@ -143,7 +171,9 @@ void addRelations(const SystemTable& stored, JetContent& content) {
         const QString tableName = stored.value(row, u"szReferencedObject").toText();
         JetTable* foreign = findTable(content, stored.value(row, u"szObject").toText());
         const JetTable* table = findTable(content, tableName);
-        if (!foreign || !table)
+        constexpr qint64 notEnforced = 2;
+        const qint64 attributes = stored.value(row, u"grbit").toInteger();
+        if (!foreign || !table || (attributes & notEnforced))
             continue;
         QList<Relation>& relations = foreign->structure.relations;
         auto relation = std::find_if(relations.begin(), relations.end(),
@@ -153,7 +183,7 @@ void addRelations(const SystemTable& stored, JetContent& content) {
             made.Name = name;
             made.Table = table->structure.name;
             made.ForeignTable = foreign->structure.name;
-            made.Attributes = static_cast<int>(stored.value(row, u"grbit").toInteger());
+            made.Attributes = static_cast<int>(attributes);
             relation = relations.insert(relations.end(), made);
         }
         relation->Fields.append({stored.value(row, u"szReferencedColumn").toText(),

@@ -275,7 +275,7 @@ QString translateOrder(const QString& jetOrder, const ResolveField& resolve) {
 
 bool looksLikeStatement(const QString& text) {
     static const QRegularExpression statement(
-        QStringLiteral(R"(^\s*(?:SELECT(?=[\s*(\["'])|(?:INSERT|UPDATE|DELETE|CREATE|ALTER|DROP|)"
+        QStringLiteral(R"(^\s*(?:SELECT\b|(?:INSERT|UPDATE|DELETE|CREATE|ALTER|DROP|)"
                        R"(TRANSFORM|PARAMETERS|EXECUTE|EXEC|WITH|PRAGMA|ATTACH|DETACH)\s)\s*\S)"),
         QRegularExpression::CaseInsensitiveOption);
     return statement.match(text).hasMatch();

@@ -48,7 +48,8 @@ public:
 
     /// The length of a memo in characters or of a long binary in bytes; 0 for Null.
     qsizetype FieldSize() const;
-    /// A part of a memo (as UTF-8) or long binary: `count` characters or bytes from `offset`.
+    /// A part of a memo (as UTF-8) or long binary: `count` characters or bytes from `offset`. Parts
+    /// of a memo, read or written, must not divide a character.
     QByteArray GetChunk(qsizetype offset, qsizetype count) const;
     /// Adds to the end of the value being edited; the first call after Edit or AddNew replaces it.
     void AppendChunk(const QByteArray& bytes) const;

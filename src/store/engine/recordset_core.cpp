@@ -262,6 +262,19 @@ void RecordsetCore::noteChange() {
     ++m_database->file->changes;
 }
 
+void RecordsetCore::resync() {
+    m_rowLoaded = false;
+    m_aheadStart = -1;
+    if (type == RecordsetType::Snapshot)
+        return;
+    m_keys->live = 0;
+    for (KeySet::Entry& entry : m_keys->entries) {
+        entry.deleted = readRow(entry.keys).isEmpty();
+        m_keys->live += !entry.deleted;
+    }
+    m_currentDeleted = m_currentDeleted && m_keys->entries.at(m_entry).deleted;
+}
+
 void RecordsetCore::prepareReader() {
     QStringList columns;
     for (const sql::Column& column : query.columns)
@@ -489,6 +502,8 @@ void RecordsetCore::insertRecord() {
     KeySet::Entry entry;
     entry.keys = {m_database->connection.lastInsertedRow()};
     lastModified = static_cast<int>(m_keys->entries.size());
+    if (lastModified > 0 && entry.keys < m_keys->entries.last().keys)
+        m_keys->inRowOrder = false;
     if (m_keys->places)
         m_keys->places->insert(entry.keys, lastModified);
     m_keys->entries += std::move(entry);

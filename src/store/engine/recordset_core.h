@@ -73,7 +73,7 @@ public:
     void setValue(int column, const Value& value);
     void appendChunk(int column, const QByteArray& bytes);
 
-    void forgetRow() { m_rowLoaded = false; } ///< reads the current record again when asked
+    void resync(); ///< after undone work: looks again which records there are
     std::shared_ptr<DatabaseCore> database() const { return m_database; }
 
 private:

@@ -170,6 +170,14 @@ QString createStatement(const TableStructure& table) {
         .arg(quoteName(table.name), parts.join(QStringLiteral(", ")));
 }
 
+QString createIndexStatement(const TableStructure& table, const Index& index,
+                             const QString& schema) {
+    return QStringLiteral("CREATE %1INDEX %2%3 ON %4 (%5)")
+        .arg(index.Unique ? QStringLiteral("UNIQUE ") : QString(), schema,
+             quoteName(table.name + u'.' + index.Name), quoteName(table.name),
+             quotedList(index.Fields));
+}
+
 QString fieldDefinition(const Field& field) {
     return columnDefinition({}, field);
 }

@@ -98,6 +98,12 @@ void readDeclaredType(const QString& declaration, Field& field);
 /// The CREATE TABLE statement, in SQLite's language, that makes the table.
 QString createStatement(const TableStructure& table);
 
+/// The CREATE INDEX statement of an index that is not the primary one. Indexes share one name space
+/// in a file, so the stored name is the table's, a dot, and the index's. `schema`: "copy." for one
+/// in an attached file.
+QString createIndexStatement(const TableStructure& table, const Index& index,
+                             const QString& schema = {});
+
 /// A field as it stands in a CREATE TABLE or ALTER TABLE ADD statement.
 QString fieldDefinition(const Field& field);
 
