@@ -168,7 +168,6 @@ BackupRecovery putBack(const BackupContext& context, const BackupNames& names) {
     } catch (const dao::EngineError&) {
         checkDatabaseFile(context.engine, names.backup(1));
         dao::replaceFile(copyBeside(names.backup(1), names.database), names.database);
-        removeBackupLeftovers(names);
         return BackupRecovery::BackupPutBack;
     }
 }
@@ -252,6 +251,7 @@ BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QStr
     Prompts& prompts = context.seams.prompts;
     try {
         const BackupRecovery done = putBack(context, names);
+        removeBackupLeftovers(names);
         prompts.PlainBox(u"The last backup was interrupted before it was finished.\n\nThe database "
                          "has been put back in its place and is complete:\n%1"_s.arg(databasePath),
                          OkButton | InformationIcon, u"Backup interrupted"_s);

@@ -246,7 +246,7 @@ TEST_F(BackupTest, WithoutThePasswordItIsAskedFor) {
 TEST_F(BackupTest, AFullDiskLosesNoBackup) {
     putBackups({1, 2, 3, 4, 5});
     const QByteArray before = bytesOf(database);
-    const FileSizeLimit full(20000);
+    const FileSizeLimit full(8192);
     test.prompts.expect(PromptKind::Plain, u"Compacting Error"_s, AnswerOk);
     EXPECT_FALSE(BackupAndCompact(context(), database, true, {}));
     EXPECT_EQ(test.prompts.last().text, u"Error compacting database, Please try again.\n\n"
@@ -350,18 +350,19 @@ TEST_F(BackupTest, AHalfWrittenChangeOfAKilledProgramIsUndoneFirst) {
 }
 
 TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
+    enum class Compacted { None, Whole, Broken };
     struct Case {
-        const char* compacted; ///< the temporary file: none, whole or broken
+        Compacted compacted; ///< what the temporary file is
         bool hasBackup;
         BackupRecovery recovery;
     };
     const Case cases[] = {
-        {"whole", true, BackupRecovery::CompactedPutBack},
-        {"whole", false, BackupRecovery::CompactedPutBack},
-        {"broken", true, BackupRecovery::BackupPutBack},
-        {"broken", false, BackupRecovery::NotPossible},
-        {"none", true, BackupRecovery::NothingToDo}, // the teacher removed the file
-        {"none", false, BackupRecovery::NothingToDo},
+        {Compacted::Whole, true, BackupRecovery::CompactedPutBack},
+        {Compacted::Whole, false, BackupRecovery::CompactedPutBack},
+        {Compacted::Broken, true, BackupRecovery::BackupPutBack},
+        {Compacted::Broken, false, BackupRecovery::NotPossible},
+        {Compacted::None, true, BackupRecovery::NothingToDo}, // the teacher removed the file
+        {Compacted::None, false, BackupRecovery::NothingToDo},
     };
     const QString compacted = path(u"year/Year.new"_s);
     const QString whole = path(u"whole.mdb"_s);
@@ -371,9 +372,9 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
             QFile::remove(file);
         if (c.hasBackup)
             QFile::copy(whole, backup(1));
-        if (c.compacted == "whole"_L1)
+        if (c.compacted == Compacted::Whole)
             QFile::copy(whole, compacted);
-        if (c.compacted == "broken"_L1)
+        if (c.compacted == Compacted::Broken)
             write(compacted, bytesOf(whole).first(4096));
         if (c.recovery != BackupRecovery::NothingToDo)
             test.prompts.expect(PromptKind::Plain, u"Backup interrupted"_s, AnswerOk);
@@ -381,8 +382,9 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
         const bool isBack = c.recovery == BackupRecovery::CompactedPutBack ||
                             c.recovery == BackupRecovery::BackupPutBack;
         ASSERT_EQ(QFile::exists(database), isBack);
-        if (isBack)
+        if (isBack) {
             EXPECT_EQ(pupilsIn(database), Pupils);
+        }
         EXPECT_EQ(QFile::exists(backup(1)), c.hasBackup);
         EXPECT_EQ(QFile::exists(compacted), c.recovery == BackupRecovery::NotPossible);
     }

@@ -77,10 +77,12 @@ TEST_F(RestoreTest, WhereABackupGoes) {
             answer(static_cast<PromptAnswer>(c.answer));
         const QString answered = RestoreBackupFile(context());
         EXPECT_EQ(answered, restored.isEmpty() ? QString() : path(restored));
-        if (c.answer != 0)
+        if (c.answer != 0) {
             EXPECT_TRUE(test.prompts.last().text.startsWith(u"Do you wish to replace the file /"));
-        if (!answered.isEmpty())
+        }
+        if (!answered.isEmpty()) {
             EXPECT_EQ(pupilsIn(answered), Pupils + 1) << c.restored;
+        }
         EXPECT_EQ(pupilsIn(backup(1)), Pupils + 1);
     }
     EXPECT_EQ(test.prompts.seen().constFirst().proposal, backups);
