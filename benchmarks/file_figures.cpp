@@ -32,6 +32,7 @@ class AbsentShell : public Shell {
 public:
     void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
     void PlaySoundFile(const QString&, bool) override {}
+    QByteArray FetchText(const QString&) override { return {}; }
 };
 
 YearAnswers sampleAnswers() {
