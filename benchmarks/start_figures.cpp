@@ -1,11 +1,14 @@
-// The start of the program, from the fork to its end as soon as the window is shown.
+// The start of the program, from the fork to its end as soon as its window is shown.
 
 #include "figures.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
+
+#include <stdexcept>
 
 namespace {
 
@@ -16,13 +19,12 @@ public:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         environment.insert(QStringLiteral("HOME"), home);
-        for (const char* kind : {"CONFIG", "DATA", "CACHE", "STATE"})
-            environment.insert(QStringLiteral("XDG_%1_HOME").arg(QLatin1StringView(kind)),
-                               home + u'/' + QLatin1StringView(kind));
+        for (const char* kind :
+             {"CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "STATE_HOME", "RUNTIME_DIR"})
+            environment.insert(QStringLiteral("XDG_") + QLatin1StringView(kind), home);
         m_process.setProgram(QCoreApplication::applicationDirPath() + u'/' + program);
         m_process.setArguments(arguments);
         m_process.setProcessEnvironment(environment);
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     }
 
     void run() override {
@@ -30,12 +32,11 @@ public:
         m_process.waitForFinished(-1);
     }
     qint64 finish() override {
-        const bool shown = m_process.error() == QProcess::UnknownError &&
-                           m_process.exitStatus() == QProcess::NormalExit &&
-                           m_process.exitCode() == 0;
-        return shown ? 1
-                     : throw std::runtime_error(
-                           qPrintable(m_process.program() + QStringLiteral(" did not start")));
+        if (m_process.error() != QProcess::UnknownError ||
+            m_process.exitStatus() != QProcess::NormalExit || m_process.exitCode() != 0)
+            throw std::runtime_error(m_process.program().toStdString() + " did not start:\n" +
+                                     m_process.readAllStandardError().toStdString());
+        return 1;
     }
 
 private:
@@ -47,9 +48,10 @@ private:
 std::vector<Figure> startFigures(const QString& folder) {
     const QString home = folder + QStringLiteral("/home");
     QDir().mkpath(home);
+    QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     std::vector<Figure> figures;
     figures.push_back(
-        {QStringLiteral("start the program"), 1.5, 25,
+        {QStringLiteral("start the program"), 1.5, 40,
          std::make_unique<Start>(QStringLiteral("orva"),
                                  QStringList{QStringLiteral("--quit-when-shown")}, home),
          std::make_unique<Start>(QStringLiteral("bare_window"), QStringList(), home)});
