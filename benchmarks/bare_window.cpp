@@ -19,6 +19,7 @@ protected:
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     BareWindow window;
+    window.resize(1024, 700); // as large as the frame starts
     window.show();
     return QApplication::exec();
 }

@@ -25,7 +25,7 @@ mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
     setObjectName(QStringLiteral("mdiORVA"));
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setCentralWidget(m_client);
-    resize(1280, 800);
+    resize(1024, 700);
     buildFileMenu();
     buildHelpMenu();
     m_session.SetFrame(this);
