@@ -121,10 +121,10 @@ TEST_F(WizardTest, RefusesWhatIsWrongAndStays) {
     answerTeacher(answers);
     refuses("Classcodes", "You must enter at least one classcode!", ClassesFrame);
 
-    for (const char16_t character : u" -/+.,!*?:;@{|}~\\`'\"&()"_s) {
+    for (const QChar character : u" -/+.,!*?:;@{|}~\\`'\"&()"_s) {
         seams.prompts.expect(PromptKind::Plain, u"Invalid Character"_s, AnswerOk);
-        type(QChar(character));
-        EXPECT_EQ(on<QLineEdit>("Text2").text(), QString()) << character;
+        type(character);
+        EXPECT_EQ(on<QLineEdit>("Text2").text(), QString()) << static_cast<int>(character.unicode());
     }
     type(u"a[]^_9b"_s);
     EXPECT_EQ(on<QLineEdit>("Text2").text(), u"A[]^_9"_s);
@@ -196,7 +196,7 @@ TEST_F(WizardTest, GoingBackAndForthLosesNothing) {
     const YearAnswers answers = asked(twoWeekAnswers());
     answerAll(answers);
     key(Qt::Key_A, Qt::ControlModifier);
-    type(u"mine?"_s.chopped(1));
+    type(u"mine"_s);
     seams.prompts.expect(PromptKind::Plain, u"Invalid Character"_s, AnswerOk);
     type(u"?"_s);
     EXPECT_EQ(seams.prompts.last().text, u"This character is not allowed in a filename!"_s);
