@@ -37,6 +37,28 @@ QStringList contents(const QString& path) {
     return lines;
 }
 
+/// The first line in which two files differ; empty for two of the same content.
+std::string difference(const QString& made, const QString& expected) {
+    const QStringList a = contents(made);
+    const QStringList b = contents(expected);
+    for (qsizetype i = 0; i < std::max(a.size(), b.size()); ++i) {
+        if (a.value(i) != b.value(i))
+            return a.value(i).toStdString() + " where there should be " + b.value(i).toStdString();
+    }
+    return {};
+}
+
+/// The year of the answers as the wizard has to leave it: made from the answers, and opened once.
+QString openedYear(const YearAnswers& answers, const QString& path, TestSeams& seams) {
+    createYear(answers, path, seams);
+    dao::DBEngine engine;
+    Settings settings(path + u".ini"_s);
+    Session session(engine, settings, seams.seams());
+    EXPECT_EQ(session.OpenDatabaseFile(path, {}), OpenDone);
+    session.CloseAllDatabases();
+    return path;
+}
+
 /// The wizard asks for no colours.
 YearAnswers asked(YearAnswers answers) {
     answers.colours.clear();
@@ -51,8 +73,8 @@ QString dates(const char* first, const char* last) {
 
 TEST_F(WizardTest, MakesTheYearsFileByKeysAlone) {
     for (const YearAnswers& answers : {asked(oneWeekAnswers()), asked(twoWeekAnswers())}) {
-        const QString expected = path(answers.startWeek + u"expected.mdb"_s);
-        createYear(answers, expected, seams);
+        const QString expected =
+            openedYear(answers, path(answers.startWeek + u"expected.mdb"_s), seams);
         start();
         EXPECT_EQ(items("CL1"), startupActions(engine.Version()));
         answerAll(answers);
@@ -70,7 +92,7 @@ TEST_F(WizardTest, MakesTheYearsFileByKeysAlone) {
         EXPECT_EQ(session.DatabasePath, saved(name));
         EXPECT_EQ(session.TeacherName, u"Mrs A Morrow"_s);
         EXPECT_EQ(frame->windowTitle(), mainCaption(saved(name)));
-        EXPECT_EQ(contents(saved(name)), contents(expected));
+        EXPECT_EQ(difference(saved(name), expected), "");
         frame.reset();
         session.CloseAllDatabases();
         session.DatabasePath.clear();
@@ -124,7 +146,8 @@ TEST_F(WizardTest, RefusesWhatIsWrongAndStays) {
     for (const QChar character : u" -/+.,!*?:;@{|}~\\`'\"&()"_s) {
         seams.prompts.expect(PromptKind::Plain, u"Invalid Character"_s, AnswerOk);
         type(character);
-        EXPECT_EQ(on<QLineEdit>("Text2").text(), QString()) << static_cast<int>(character.unicode());
+        EXPECT_EQ(on<QLineEdit>("Text2").text(), QString())
+            << static_cast<int>(character.unicode());
     }
     type(u"a[]^_9b"_s);
     EXPECT_EQ(on<QLineEdit>("Text2").text(), u"A[]^_9"_s);
@@ -231,8 +254,7 @@ TEST_F(WizardTest, GoingBackAndForthLosesNothing) {
     EXPECT_EQ(on<QLineEdit>("DBName").text(), u"mine"_s);
     EXPECT_EQ(on<QPushButton>("cmdNext").text(), u"Finish"_s);
 
-    const QString expected = path(u"expected.mdb"_s);
-    createYear(answers, expected, seams);
+    const QString expected = openedYear(answers, path(u"expected.mdb"_s), seams);
     QFile old(saved(u"mine.mdb"_s));
     ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
     old.close();
@@ -242,7 +264,7 @@ TEST_F(WizardTest, GoingBackAndForthLosesNothing) {
     seams.prompts.expect(PromptKind::Plain, u"File exists"_s, AnswerYes);
     seams.prompts.expect(PromptKind::Plain, u"Create Database:"_s, AnswerOk);
     click("cmdNext");
-    EXPECT_EQ(contents(saved(u"mine.mdb"_s)), contents(expected));
+    EXPECT_EQ(difference(saved(u"mine.mdb"_s), expected), "");
 }
 
 TEST_F(WizardTest, AFileThatCannotBeMadeIsToldAndTheAnswersStay) {
