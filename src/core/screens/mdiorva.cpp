@@ -34,6 +34,7 @@ mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
 }
 
 mdiORVA::~mdiORVA() {
+    CloseOpenForms(); // while there is a list that they can leave
     m_session.SetFrame(nullptr);
 }
 
