@@ -112,8 +112,8 @@ TEST_F(WizardTest, EveryPageIsLegibleNamedAndUncut) {
         click("cmdAddClass");
     }
     for (int number = 0; number < 7; ++number) {
-        if (number > ClassesFrame)
-            window.Load_Timetable_A(), window.Load_Timetable_B();
+        window.Load_Timetable_A();
+        window.Load_Timetable_B();
         if (number == TermsFrame) {
             control<QLineEdit>(on<QWidget>("StartDate"), u"txtDate"_s).setText(u"4/9/2024"_s);
             control<QLineEdit>(on<QWidget>("EndDate"), u"txtDate"_s).setText(u"13/9/2024"_s);
