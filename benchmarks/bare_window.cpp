@@ -20,7 +20,7 @@ protected:
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     BareWindow window;
-    window.resize(1280, 800);
+    window.resize(1024, 700);
     window.show();
     return QApplication::exec();
 }

@@ -37,11 +37,6 @@ enum ClosingBackup {
     BackupWithoutCompacting = 3
 };
 
-BackupContext backupContext(Session& session) {
-    return {session.Engine(), session.GetSeams(), session.GetSettings(), session.AppPath,
-            session.FolderDefaults};
-}
-
 /// Asks whether to back up; with the box ticked it is done without asking from then on.
 bool wantsBackup(Session& session) {
     BoxLook look;
@@ -96,6 +91,11 @@ QStringView valueOf(const QString& form) {
 }
 
 } // namespace
+
+BackupContext backupContext(Session& session) {
+    return {session.Engine(), session.GetSeams(), session.GetSettings(), session.AppPath,
+            session.FolderDefaults};
+}
 
 void LoadMainWindow(Session& session) {
     session.DatabasePath =

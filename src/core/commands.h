@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "store/backup_files.h"
 
 #include <QString>
 
@@ -21,6 +22,9 @@ void OpenDatabaseCommand(Session& session);
 void SetupDatabaseCommand(Session& session);
 /// "Return to the Startup Wizard..."
 void ReturnToWizardCommand(Session& session);
+
+/// What the operations on whole files need, from the session.
+BackupContext backupContext(Session& session);
 
 /// Closes the year with its windows: every way out of the open state begins so.
 void LeaveDatabase(Session& session);

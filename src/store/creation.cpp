@@ -46,6 +46,7 @@ void removeLeftover(const QString& working) {
 void buildFile(const dao::DBEngine& engine, const YearAnswers& answers, const QString& working,
                Progress& progress, Prompts& prompts, const QLocale& locale) {
     dao::Database database = engine.CreateDatabase(working, dao::GeneralLocale.toString());
+    database.FlushWhenReplaced();
     {
         dao::Transaction transaction(database);
         YearBuilder(database, answers, progress, prompts, locale).build();

@@ -7,6 +7,8 @@
 #include <QStorageInfo>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +58,7 @@ protected:
             ASSERT_EQ(pupilsIn(backups + name), Pupils) << qPrintable(name);
     }
 
+    bool compactWatchedBy(Progress& progress);
     void killAtEachStep();
     void killAtAnyInstant(int rounds);
 
@@ -63,27 +66,32 @@ private:
     QTemporaryDir m_other{u"/dev/shm/orva-XXXXXX"_s};
 };
 
-/// Ends the process at one of the steps that are shown.
-class EndingProgress : public RecordingProgress {
+/// Does something at each step that is shown.
+class HookedProgress : public RecordingProgress {
 public:
-    explicit EndingProgress(int stepsLeft) : m_stepsLeft(stepsLeft) {}
-    void UpdateProgress(int, const QString&, const QString&) override {
-        if (--m_stepsLeft < 0)
-            _exit(1);
-    }
+    explicit HookedProgress(std::function<void(const QString&)> hook) : m_hook(std::move(hook)) {}
+    void UpdateProgress(int, const QString& line1, const QString&) override { m_hook(line1); }
 
 private:
-    int m_stepsLeft;
+    std::function<void(const QString&)> m_hook;
 };
+
+bool BackupTest::compactWatchedBy(Progress& progress) {
+    const BackupContext usual = context();
+    const Seams seams{test.prompts, progress, test.shell, test.clock};
+    return BackupAndCompact({engine, seams, settings, usual.appPath, usual.folders}, database, true,
+                            {});
+}
 
 void BackupTest::killAtEachStep() {
     int steps = 0;
     const auto run = [&] {
-        EndingProgress progress(steps);
-        BackupContext killed = context();
-        const Seams seams{test.prompts, progress, test.shell, test.clock};
-        BackupAndCompact({killed.engine, seams, settings, killed.appPath, killed.folders}, database,
-                         true, {});
+        int left = steps;
+        HookedProgress ending([&left](const QString&) {
+            if (--left < 0)
+                _exit(1);
+        });
+        compactWatchedBy(ending);
     };
     for (; !completes(run); ++steps) {
         ASSERT_LT(steps, 100);
@@ -339,8 +347,8 @@ TEST_F(BackupTest, AHalfWrittenChangeOfAKilledProgramIsUndoneFirst) {
     completes([&] {
         const dao::Database year = engine.OpenDatabase(database);
         dao::Transaction bulk(year);
-        for (int i = 0; i < 2000; ++i)
-            addRecord(year, u"Pupils"_s, {u"Baker"_s, i, QString(3000, u'x')});
+        for (int i = 0; i < 100; ++i)
+            addRecord(year, u"Pupils"_s, {u"Baker"_s, i, QString(60000, u'x')});
         _exit(1);
     });
     ASSERT_TRUE(QFile::exists(journal)) << "the change was not large enough to reach the file";
@@ -389,6 +397,18 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
         EXPECT_EQ(QFile::exists(compacted), c.recovery == BackupRecovery::NotPossible);
     }
     EXPECT_EQ(RecoverInterruptedBackup(context(), {}), BackupRecovery::NothingToDo);
+}
+
+TEST_F(BackupTest, AFailureOfTheLastStepPutsTheDatabaseBack) {
+    const QByteArray before = bytesOf(database);
+    HookedProgress removing([this](const QString& line) {
+        if (line == u"Creating latest backup file 001")
+            QFile::remove(path(u"year/Year.new"_s));
+    });
+    test.prompts.expect(PromptKind::Plain, u"Backup Error"_s, AnswerOk);
+    EXPECT_FALSE(compactWatchedBy(removing));
+    EXPECT_EQ(bytesOf(database), before);
+    EXPECT_EQ(filesIn(backups), QStringList());
 }
 
 TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {

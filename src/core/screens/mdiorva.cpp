@@ -8,6 +8,7 @@
 #include "core/screens/window_table.h"
 #include "core/session.h"
 #include "core/upgrade.h"
+#include "store/screens/startupwiz.h"
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>
@@ -25,7 +26,7 @@ mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
     setObjectName(QStringLiteral("mdiORVA"));
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     setCentralWidget(m_client);
-    resize(1280, 800);
+    resize(1024, 700);
     buildFileMenu();
     buildHelpMenu();
     m_session.SetFrame(this);
@@ -33,6 +34,7 @@ mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
 }
 
 mdiORVA::~mdiORVA() {
+    CloseOpenForms(); // while there is a list that they can leave
     m_session.SetFrame(nullptr);
 }
 
@@ -47,10 +49,8 @@ void mdiORVA::buildFileMenu() {
     add(0, tr("Open a ORVA Database... "), [this] {
         OpenDatabaseCommand(m_session);
     })->setShortcut(QKeySequence::Open);
-    if (findWindow(QStringLiteral("StartupWiz"))) {
-        add(1, tr("Setup a New ORVA database..."), [this] { SetupDatabaseCommand(m_session); });
-        add(2, tr("Return to the Startup Wizard..."), [this] { ReturnToWizardCommand(m_session); });
-    }
+    add(1, tr("Setup a New ORVA database..."), [this] { SetupDatabaseCommand(m_session); });
+    add(2, tr("Return to the Startup Wizard..."), [this] { ReturnToWizardCommand(m_session); });
     menu->addSeparator();
     add(8, tr("E&xit"), [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
@@ -69,8 +69,9 @@ void mdiORVA::SetCaption(const QString& caption) {
 }
 
 void mdiORVA::EnableInput(bool enable) {
+    // The wizard is there to find a database, so it needs none.
     for (QMdiSubWindow* form : std::as_const(m_forms)) {
-        if (form->isVisible())
+        if (form->isVisible() && !qobject_cast<StartupWiz*>(form->widget()))
             form->setEnabled(enable);
     }
 }
@@ -85,7 +86,11 @@ void mdiORVA::ShowStartupWizard() {
 }
 
 void mdiORVA::ShowStartupWizardSetup() {
-    OpenForm(QStringLiteral("StartupWiz"));
+    ShowStartupWizard();
+    for (QMdiSubWindow* form : std::as_const(m_forms)) {
+        if (auto* wizard = qobject_cast<StartupWiz*>(form->widget()))
+            wizard->startSetup();
+    }
 }
 
 void mdiORVA::OpenForm(const QString& name) {

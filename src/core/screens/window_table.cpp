@@ -1,9 +1,17 @@
 #include "core/screens/window_table.h"
 
+#include "store/screens/startupwiz.h"
+
 #include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
 
 std::span<const WindowEntry> windowTable() {
-    return {};
+    static const std::array windows{
+        WindowEntry{u"StartupWiz"_s, {}, [](Session& session) { return new StartupWiz(session); }},
+    };
+    return windows;
 }
 
 const WindowEntry* findWindow(const QString& name) {

@@ -98,6 +98,10 @@ void Database::NewPassword(const QString& oldPassword, const QString& newPasswor
     core->catalog.invalidate();
 }
 
+void Database::FlushWhenReplaced() {
+    checkedCore()->connection.execute(QStringLiteral("PRAGMA synchronous = OFF"));
+}
+
 void Database::Close() {
     if (m_core)
         m_core->close();

@@ -39,6 +39,11 @@ public:
     /// the file's, 3219 while a recordset is open. A failure leaves the file as it was.
     void NewPassword(const QString& oldPassword, const QString& newPassword);
 
+    /// For a file that is built under an unfinished name and put in place by `replaceFile`, which
+    /// flushes it as a whole: until Close no change is flushed by itself. A kill then still leaves
+    /// the file whole; a power cut may not.
+    void FlushWhenReplaced();
+
     void Close(); ///< closes its recordsets too; nothing happens when it is closed already
 
 private:

@@ -154,7 +154,9 @@ Database Workspace::CreateDatabase(const QString& path, const QString& /*locale*
     auto file = OpenFile::acquire(absolute);
     Connection connection(absolute, Connection::Mode::Existing, {});
     // A mark in the header makes the file one that can be recognised before it has a table.
+    connection.execute(QStringLiteral("PRAGMA synchronous = OFF")); // there is nothing to lose yet
     connection.execute(QStringLiteral("PRAGMA application_id = %1").arg(applicationMark));
+    connection.execute(QStringLiteral("PRAGMA synchronous = FULL"));
     auto core = std::make_shared<DatabaseCore>(absolute, QString(), false, std::move(file));
     core->connection = std::move(connection);
     m_core->add(core);

@@ -192,9 +192,10 @@ Value Recordset::Collect(QStringView name) const {
 }
 
 Value Recordset::Collect(int column) const {
-    if (column < 0 || column >= FieldCount())
+    RecordsetCore& records = core();
+    if (column < 0 || column >= records.query.columns.size())
         throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(column));
-    return core().value(column);
+    return records.value(column);
 }
 
 void Recordset::SetCollect(QStringView name, const Value& value) {

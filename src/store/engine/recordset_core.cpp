@@ -13,7 +13,7 @@ namespace {
 
 constexpr int behindLast = std::numeric_limits<int>::max();
 /// So many records at most are read ahead of a walk.
-constexpr int mostReadAhead = 64;
+constexpr int mostReadAhead = 128;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? QStringLiteral("?%1").arg(parameter) : column.sql, column.field.Type};
@@ -242,7 +242,7 @@ void RecordsetCore::readAhead(int entry) {
     const bool isFresh = m_aheadStart >= 0 && m_aheadChanges == m_database->file->changes;
     if (!isFresh || entry < m_aheadStart || entry >= m_aheadStart + read) {
         const bool walks = isFresh && entry == m_aheadStart + read;
-        const int count = walks ? std::min(4 * read, mostReadAhead) : 1;
+        const int count = walks ? mostReadAhead : 1;
         const int end = std::min(entry + count, static_cast<int>(m_keys->entries.size()));
         m_ahead.clear();
         m_aheadStart = entry;
@@ -302,7 +302,7 @@ QList<Value> RecordsetCore::readRow(const QList<qint64>& keys) {
     if (m_reader->step()) {
         values.reserve(query.columns.size());
         for (int i = 0; i < query.columns.size(); ++i)
-            values += m_reader->column(i, query.columns.at(i).field.Type);
+            values.emplaceBack(m_reader->column(i, query.columns.at(i).field.Type));
     }
     m_reader->reset();
     return values;

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <utility>
 
 namespace dao {
 namespace {
@@ -26,10 +25,6 @@ qint64 roundedToInteger(double number) {
 }
 
 } // namespace
-
-Value::Value(QString text) : m_data(std::move(text)) {}
-
-Value::Value(QByteArray bytes) : m_data(std::move(bytes)) {}
 
 qint64 Value::toInteger() const {
     if (const auto* number = std::get_if<qint64>(&m_data))

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <concepts>
+#include <utility>
 #include <variant>
 
 namespace dao {
@@ -17,8 +18,8 @@ public:
     Value(Number number) : m_data(static_cast<qint64>(number)) {}
     Value(bool) = delete; ///< A truth value is a number of the caller's choice: -1, 1 or 0.
     Value(double number) : m_data(number) {}
-    Value(QString text);
-    Value(QByteArray bytes);
+    Value(QString text) : m_data(std::move(text)) {}
+    Value(QByteArray bytes) : m_data(std::move(bytes)) {}
     Value(const char*) = delete;
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_data); }

@@ -1,0 +1,168 @@
+#pragma once
+
+#include "core/screens/mdiorva.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "store/screens/startupwiz.h"
+#include "support/screen_checks.h"
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+/// The frame without a year, and in it the start-up wizard as a person with a keyboard drives it.
+class WizardTest : public testing::Test {
+protected:
+    WizardTest() {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        session.Start(path(QStringLiteral("app")));
+    }
+    ~WizardTest() override { QLocale::setDefault(QLocale::c()); }
+
+    QString path(const QString& name) const { return folder.filePath(name); }
+    /// Where the wizard puts a file by itself.
+    QString saved(const QString& name) const {
+        return session.FolderDefaults[SaveFolder].folder + name;
+    }
+
+    /// Shows the frame and waits for the end of its start.
+    void start() {
+        frame = std::make_unique<mdiORVA>(session);
+        QSignalSpy started(frame.get(), &mdiORVA::started);
+        frame->show();
+        ASSERT_TRUE(!started.isEmpty() || started.wait());
+        wizard = frame->findChild<StartupWiz*>();
+        ASSERT_TRUE(wizard);
+    }
+    /// Lets windows go that were closed.
+    static void settle() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    template<typename Control>
+    Control& on(const char* name) {
+        return control<Control>(*wizard, QString::fromLatin1(name));
+    }
+    QStringList items(const char* list) {
+        QStringList texts;
+        for (int row = 0; row < on<QListWidget>(list).count(); ++row)
+            texts += on<QListWidget>(list).item(row)->text();
+        return texts;
+    }
+    /// The number of the frame of the set-up that is shown; -1 on the first page.
+    int shownFrame() {
+        for (int number = 0; number < 7; ++number) {
+            if (on<QWidget>(qPrintable(QStringLiteral("f1(%1)").arg(number))).isVisible())
+                return number;
+        }
+        return -1;
+    }
+
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        press(*frame, key, modifiers);
+    }
+    void type(const QString& text) { QTest::keyClicks(frame->focusWidget(), text); }
+    void click(const char* button) { on<QPushButton>(button).click(); }
+    /// Presses Tab until a control has the focus.
+    void tabTo(const QString& name) {
+        constexpr int mostControls = 40;
+        for (int presses = 0; presses < mostControls; ++presses) {
+            if (frame->focusWidget()->objectName() == name)
+                return;
+            key(Qt::Key_Tab);
+        }
+        ADD_FAILURE() << "Tab never comes to " << name.toStdString();
+    }
+    /// Picks an item of the combo box that has the focus.
+    void pick(const QString& text) {
+        auto* combo = qobject_cast<QComboBox*>(frame->focusWidget());
+        ASSERT_TRUE(combo && combo->findText(text) >= 0) << text.toStdString();
+        key(Qt::Key_Home);
+        while (combo->currentText() != text)
+            key(Qt::Key_Down);
+    }
+
+    void answerTeacher(const YearAnswers& answers) {
+        tabTo(QStringLiteral("Combo1"));
+        key(Qt::Key_A, Qt::ControlModifier);
+        type(answers.title);
+        key(Qt::Key_Tab);
+        type(answers.name);
+        key(Qt::Key_Tab);
+        pick(answers.year);
+        key(Qt::Key_Tab);
+        pick(QString::number(answers.periodsPerDay));
+        key(Qt::Key_Tab);
+        if (answers.twoWeeks)
+            key(Qt::Key_Space);
+        key(Qt::Key_Return);
+    }
+    void answerClasses(const YearAnswers& answers) {
+        for (auto code = answers.classes.crbegin(); code != answers.classes.crend(); ++code) {
+            type(code->toLower());
+            key(Qt::Key_Return);
+        }
+        EXPECT_EQ(items("List1"), answers.classes);
+        key(Qt::Key_Return);
+    }
+    void answerWeek(const YearAnswers& answers, QChar letter) {
+        const QString lists[] = {QStringLiteral("lbMon"), QStringLiteral("lbTue"),
+                                 QStringLiteral("lbWed"), QStringLiteral("lbThu"),
+                                 QStringLiteral("lbFri")};
+        const QString suffix = letter == u'B' ? QStringLiteral("B") : QString();
+        for (const QString& code : answers.classes) {
+            tabTo(letter == u'B' ? QStringLiteral("Combo5") : QStringLiteral("Combo4"));
+            pick(code);
+            for (int day = 0; day < 5; ++day) {
+                tabTo(lists[day] + suffix);
+                key(Qt::Key_Home);
+                for (int period = 1; period <= answers.periodsPerDay; ++period) {
+                    if (classAt(answers.week(letter), day, period) == code)
+                        key(Qt::Key_Space);
+                    key(Qt::Key_Down);
+                }
+            }
+        }
+        key(Qt::Key_Return);
+    }
+    void answerTerms(const YearAnswers& answers) {
+        for (const DatePeriod& term : answers.terms) {
+            type(term.first.toString(QStringLiteral("d/M/yyyy")));
+            key(Qt::Key_Tab);
+            type(term.last.toString(QStringLiteral("d/M/yyyy")));
+            key(Qt::Key_Return);
+        }
+        tabTo(QStringLiteral("cmdNext"));
+        key(Qt::Key_Return);
+    }
+    /// From the first page to the last, by keys alone.
+    void answerAll(const YearAnswers& answers) {
+        key(Qt::Key_Return);
+        answerTeacher(answers);
+        answerClasses(answers);
+        answerWeek(answers, u'A');
+        if (answers.twoWeeks)
+            answerWeek(answers, u'B');
+        answerTerms(answers);
+        if (answers.twoWeeks) {
+            pick(answers.startWeek);
+            key(Qt::Key_Return);
+        }
+    }
+
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Session session{engine, settings, seams.seams()};
+    std::unique_ptr<mdiORVA> frame;
+    QPointer<StartupWiz> wizard;
+};
