@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")
-        QObject::connect(&frame, &mdiORVA::started, &application, [] { QApplication::exit(); });
+        QObject::connect(&frame, &mdiORVA::shown, &application, [] { QApplication::exit(); });
     frame.show();
     if (playsTour)
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;

@@ -156,8 +156,11 @@ void mdiORVA::showEvent(QShowEvent* event) {
 }
 
 void mdiORVA::activateFirst() {
-    ActivateMainWindow(m_session);
-    emit started();
+    emit shown();
+    QTimer::singleShot(0, this, [this] {
+        ActivateMainWindow(m_session);
+        emit started();
+    });
 }
 
 void mdiORVA::closeEvent(QCloseEvent* event) {

@@ -31,6 +31,8 @@ public:
     void DestroySplash() override;
 
 signals:
+    /// The frame stands for the first time; the start goes on behind it.
+    void shown();
     /// The frame has been drawn for the first time and the start has run its course.
     void started();
 

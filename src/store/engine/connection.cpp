@@ -214,22 +214,24 @@ void Statement::reset() {
 }
 
 Value Statement::column(int position, DataType type) const {
-    sqlite3_stmt* statement = m_statement.get();
-    switch (sqlite3_column_type(statement, position)) {
+    // The value is looked up once: this is what a walk over records spends its time on.
+    sqlite3_value* value = sqlite3_column_value(m_statement.get(), position);
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER: {
-        const qint64 number = sqlite3_column_int64(statement, position);
+        const qint64 number = sqlite3_value_int64(value);
         const bool hasDecimals =
             type == DataType::Single || type == DataType::Double || type == DataType::Currency;
         return hasDecimals ? Value(static_cast<double>(number)) : Value(number);
     }
     case SQLITE_FLOAT:
-        return sqlite3_column_double(statement, position);
-    case SQLITE_TEXT:
-        return text(position);
+        return sqlite3_value_double(value);
+    case SQLITE_TEXT: {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        return QString::fromUtf8(text, sqlite3_value_bytes(value));
+    }
     case SQLITE_BLOB: {
-        const void* bytes = sqlite3_column_blob(statement, position);
-        return QByteArray(static_cast<const char*>(bytes),
-                          sqlite3_column_bytes(statement, position));
+        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+        return QByteArray(bytes, sqlite3_value_bytes(value));
     }
     default:
         return {};

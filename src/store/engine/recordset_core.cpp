@@ -13,7 +13,7 @@ namespace {
 
 constexpr int behindLast = std::numeric_limits<int>::max();
 /// So many records at most are read ahead of a walk.
-constexpr int mostReadAhead = 128;
+constexpr int mostReadAhead = 256;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? QStringLiteral("?%1").arg(parameter) : column.sql, column.field.Type};
@@ -300,9 +300,10 @@ QList<Value> RecordsetCore::readRow(const QList<qint64>& keys) {
         m_reader->bind(static_cast<int>(i) + 1, keys.at(i));
     QList<Value> values;
     if (m_reader->step()) {
-        values.reserve(query.columns.size());
+        values.resize(query.columns.size());
+        Value* value = values.data();
         for (int i = 0; i < query.columns.size(); ++i)
-            values.emplaceBack(m_reader->column(i, query.columns.at(i).field.Type));
+            value[i] = m_reader->column(i, query.columns.at(i).field.Type);
     }
     m_reader->reset();
     return values;
