@@ -141,6 +141,49 @@ TEST_F(RecordsetTest, EveryRecordCanBeDeletedInAWalk) {
     EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 0);
 }
 
+TEST_F(RecordsetTest, AWalkThatReadsAheadSeesWhatHappenedMeanwhile) {
+    for (const char* name : {"Davies", "Evans", "Foster", "Green"})
+        addRecord(database, u("Pupils"), {u(name)});
+    dao::Recordset gap = database.OpenRecordset(u("SELECT * FROM Pupils WHERE Surname = 'Davies'"));
+    gap.Delete();
+    const dao::Database other = engine.OpenDatabase(database.Name());
+    // A whole table, a part of it and a sorted one are read ahead in different ways.
+    for (const char* source :
+         {"Pupils", "SELECT * FROM Pupils WHERE ID > 0", "SELECT * FROM Pupils ORDER BY Surname"}) {
+        dao::Recordset records = other.OpenRecordset(u(source));
+        dao::Transaction transaction(database);
+        dao::Recordset changed = database.OpenRecordset(u("Pupils"));
+        changed.FindFirst(u("Surname = 'Evans'"));
+        changed.Edit();
+        changed[u"Mark"] = changed.Collect(u"Mark").toInteger() + 1;
+        changed.Update();
+        const int before = static_cast<int>(changed.Collect(u"Mark").toInteger()) - 1;
+        QStringList names{records.Collect(u"Surname").toText()};
+        for (int i = 0; i < 3; ++i) {
+            records.MoveNext();
+            names += records.Collect(u"Surname").toText();
+        }
+        EXPECT_EQ(names, (QStringList{u("Adams"), u("baker"), u("Clark"), u("Evans")})) << source;
+        EXPECT_EQ(records.Collect(u"Mark").toInteger(), before) << "not committed yet";
+        records.MovePrevious();
+        transaction.commit();
+        records.MoveNext();
+        EXPECT_EQ(records.Collect(u"Mark").toInteger(), before + 1) << source;
+    }
+
+    dao::Recordset records = other.OpenRecordset(u("Pupils"));
+    dao::Recordset deleting = database.OpenRecordset(u("Pupils"));
+    deleting.SetAbsolutePosition(4);
+    deleting.Delete();
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_FALSE(records.Collect(u"Surname").isNull());
+        records.MoveNext();
+    }
+    EXPECT_EQ(errorOf([&] { records.Collect(u"Surname"); }), dao::RecordDeleted);
+    records.MoveNext();
+    EXPECT_EQ(records.Collect(u"Surname").toText(), u("Green"));
+}
+
 TEST_F(RecordsetTest, FindsByConditionAndStaysWithoutAMatch) {
     struct Case {
         const char* criteria;

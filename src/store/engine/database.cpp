@@ -123,7 +123,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
-    m_core->connection.commit();
+    m_core->commit();
     m_open = false;
 }
 

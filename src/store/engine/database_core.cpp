@@ -86,6 +86,11 @@ QList<std::shared_ptr<RecordsetCore>> DatabaseCore::recordsets() {
     return open;
 }
 
+void DatabaseCore::commit() {
+    connection.commit();
+    ++file->changes;
+}
+
 void DatabaseCore::rollback() {
     m_prepared.clear();
     connection.rollback();

@@ -45,6 +45,7 @@ public:
     void addRecordset(const std::shared_ptr<RecordsetCore>& recordset);
     QList<std::shared_ptr<RecordsetCore>> recordsets();
 
+    void commit();   ///< what other handles on the file have read ahead is stale then
     void rollback(); ///< undoes, and lets what is kept in memory follow
 
 private:

@@ -175,7 +175,7 @@ void Workspace::CommitTrans() const {
     if (m_core->depth == 0)
         throw EngineError(NoTransaction, QStringLiteral("No transaction was begun."));
     for (const auto& database : m_core->open())
-        database->connection.commit();
+        database->commit();
     --m_core->depth;
 }
 

@@ -81,6 +81,7 @@ void RecordsetCore::close() {
     if (!std::exchange(m_open, false))
         return;
     m_reader.reset();
+    m_rangeReader.reset();
     useTables(-1);
 }
 
@@ -247,11 +248,7 @@ void RecordsetCore::readAhead(int entry) {
         m_ahead.clear();
         m_aheadStart = entry;
         m_aheadChanges = m_database->file->changes;
-        std::optional<ReadScope> scope;
-        if (count > 1)
-            scope.emplace(m_database->connection);
-        for (int i = entry; i < end; ++i)
-            m_ahead += readRow(m_keys->entries.at(i).keys);
+        readRows(entry, end);
     }
     m_row = m_ahead.at(entry - m_aheadStart);
     if (m_row.isEmpty())
@@ -275,37 +272,69 @@ void RecordsetCore::resync() {
     m_currentDeleted = m_currentDeleted && m_keys->entries.at(m_entry).deleted;
 }
 
-void RecordsetCore::prepareReader() {
+std::unique_ptr<Statement> RecordsetCore::prepareReader(const QString& condition) const {
     QStringList columns;
     for (const sql::Column& column : query.columns)
         columns += column.sql;
     QStringList tables;
-    QStringList conditions;
-    for (qsizetype i = 0; i < query.sources.size(); ++i) {
-        const sql::Source& source = query.sources.at(i);
+    for (const sql::Source& source : query.sources)
         tables += QStringLiteral("%1 AS %2").arg(quoteName(source.table->name), source.sqlAlias);
-        conditions += QStringLiteral("%1 = ?%2").arg(sql::rowNumber(source)).arg(i + 1);
+    return std::make_unique<Statement>(
+        m_database->connection, QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4 ORDER BY %2")
+                                    .arg(columns.join(QStringLiteral(", ")), keyList(query.sources),
+                                         tables.join(QStringLiteral(", ")), condition));
+}
+
+void RecordsetCore::readRows(int first, int end) {
+    const bool isOne = end - first == 1;
+    if (!isOne && m_keys->inRowOrder && query.where.isEmpty() && query.sources.size() == 1)
+        return readRange(first, end);
+    std::optional<ReadScope> scope;
+    if (!isOne)
+        scope.emplace(m_database->connection);
+    for (int i = first; i < end; ++i)
+        m_ahead += readRow(m_keys->entries.at(i).keys);
+}
+
+void RecordsetCore::readRange(int first, int end) {
+    if (!m_rangeReader)
+        m_rangeReader = prepareReader(
+            QStringLiteral("%1 BETWEEN ?1 AND ?2").arg(sql::rowNumber(query.sources.first())));
+    const auto keyOf = [this](int entry) { return m_keys->entries.at(entry).keys.first(); };
+    const int keyColumn = static_cast<int>(query.columns.size());
+    m_rangeReader->bind(1, keyOf(first));
+    m_rangeReader->bind(2, keyOf(end - 1));
+    m_ahead.reserve(end - first);
+    bool found = m_rangeReader->step();
+    for (int i = first; i < end; ++i) {
+        while (found && m_rangeReader->integer(keyColumn) < keyOf(i)) // added since
+            found = m_rangeReader->step();
+        const bool isThere = found && m_rangeReader->integer(keyColumn) == keyOf(i);
+        m_ahead += isThere ? readValues(*m_rangeReader) : QList<Value>();
     }
-    m_reader = std::make_unique<Statement>(m_database->connection,
-                                           QStringLiteral("SELECT %1 FROM %2 WHERE %3")
-                                               .arg(columns.join(QStringLiteral(", ")),
-                                                    tables.join(QStringLiteral(", ")),
-                                                    conditions.join(QStringLiteral(" AND "))));
+    m_rangeReader->reset();
 }
 
 QList<Value> RecordsetCore::readRow(const QList<qint64>& keys) {
-    if (!m_reader)
-        prepareReader();
+    if (!m_reader) {
+        QStringList conditions;
+        for (qsizetype i = 0; i < query.sources.size(); ++i)
+            conditions +=
+                QStringLiteral("%1 = ?%2").arg(sql::rowNumber(query.sources.at(i))).arg(i + 1);
+        m_reader = prepareReader(conditions.join(QStringLiteral(" AND ")));
+    }
     for (qsizetype i = 0; i < keys.size(); ++i)
         m_reader->bind(static_cast<int>(i) + 1, keys.at(i));
-    QList<Value> values;
-    if (m_reader->step()) {
-        values.resize(query.columns.size());
-        Value* value = values.data();
-        for (int i = 0; i < query.columns.size(); ++i)
-            value[i] = m_reader->column(i, query.columns.at(i).field.Type);
-    }
+    QList<Value> values = m_reader->step() ? readValues(*m_reader) : QList<Value>();
     m_reader->reset();
+    return values;
+}
+
+QList<Value> RecordsetCore::readValues(const Statement& row) const {
+    QList<Value> values(query.columns.size());
+    Value* value = values.data();
+    for (int i = 0; i < query.columns.size(); ++i)
+        value[i] = row.column(i, query.columns.at(i).field.Type);
     return values;
 }
 

@@ -88,8 +88,11 @@ private:
     int nextLive(int entry, int step) const;
     const QList<Value>& row();
     void readAhead(int entry);
+    void readRows(int first, int end);  ///< into m_ahead, `end` not included
+    void readRange(int first, int end); ///< the same, of a whole table in its own order
     QList<Value> readRow(const QList<qint64>& keys);
-    void prepareReader();
+    QList<Value> readValues(const Statement& row) const;
+    std::unique_ptr<Statement> prepareReader(const QString& condition) const;
     void noteChange();
     bool resolve(const QString& qualifier, const QString& fieldName, sql::FieldSql& out,
                  bool asParameter) const;
@@ -110,6 +113,7 @@ private:
     bool m_rowLoaded = false;
     QList<Value> m_row;
     std::unique_ptr<Statement> m_reader; ///< reads one record by its keys; made when first needed
+    std::unique_ptr<Statement> m_rangeReader; ///< the records of a table between two keys
     /// Records read ahead in a walk: each read by itself would cost the locks of the file anew.
     /// Used as long as nothing in the file has changed; a record that is gone has no values.
     QList<QList<Value>> m_ahead;
