@@ -275,3 +275,15 @@ TEST_F(TableDefTest, ATransactionIsDoneWholeOrNotAtAll) {
     EXPECT_EQ(rowsOf(again, u("SELECT Surname FROM Class_7A WHERE ID > 3")),
               QStringList{u("Dale")});
 }
+
+TEST_F(TableDefTest, ARelationNeedsAKeyToHoldOnTo) {
+    dao::Relation relation = database.CreateRelation(u("Names"), u("Class_7A"), u("Marks_7A"),
+                                                     dao::RelationDeleteCascade);
+    relation.Fields += {u("Surname"), u("Surname")};
+    dao::TableDef related = database.CreateTableDef(u("Marks_7A"));
+    related.Fields().Append(TableDef::CreateField(u("Surname"), DataType::Text, 20));
+    related.AppendRelation(relation);
+    EXPECT_EQ(errorOf([&] { database.TableDefs().Append(related); }), dao::InvalidOperation);
+    appendTable(database, u("Marks_7A"), {TableDef::CreateField(u("Surname"), DataType::Text, 20)});
+    EXPECT_EQ(errorOf([&] { database.Relations().Append(relation); }), dao::InvalidOperation);
+}

@@ -119,6 +119,23 @@ QString rowNumberName(const TableStructure& table) {
                           .arg(table.name));
 }
 
+bool hasKeyFor(const TableStructure& table, const Relation& relation) {
+    const auto isNamed = [&relation](const QString& field) {
+        return std::any_of(
+            relation.Fields.begin(), relation.Fields.end(),
+            [&field](const Relation::Pair& pair) { return sameName(pair.Name, field); });
+    };
+    if (relation.Fields.size() == 1) {
+        const int field = table.fieldIndex(relation.Fields.first().Name);
+        if (field >= 0 && table.fields.at(field).isAutoIncrement())
+            return true;
+    }
+    return std::any_of(table.indexes.begin(), table.indexes.end(), [&](const Index& index) {
+        return (index.Primary || index.Unique) && index.Fields.size() == relation.Fields.size() &&
+               std::all_of(index.Fields.begin(), index.Fields.end(), isNamed);
+    });
+}
+
 int defaultSize(DataType type) {
     return typeName(type).size;
 }

@@ -85,6 +85,10 @@ struct TableStructure {
 /// the table takes. Raises 3125 when fields take all three.
 QString rowNumberName(const TableStructure& table);
 
+/// Whether no two records of the table can have the same values in the fields that a relation names
+/// there: only then can the relation be kept.
+bool hasKeyFor(const TableStructure& table, const Relation& relation);
+
 /// The bytes or characters that a field of this type has when none are given.
 int defaultSize(DataType type);
 

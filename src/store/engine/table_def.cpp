@@ -51,6 +51,10 @@ void checkRelation(DatabaseCore& core, const Relation& relation, const TableStru
     }
     if (relation.Fields.isEmpty())
         throw EngineError(InvalidOperation, QStringLiteral("A relation needs a field."));
+    if (!hasKeyFor(*table, relation))
+        throw EngineError(InvalidOperation,
+                          QStringLiteral("The fields of '%1' that the relation names are no key.")
+                              .arg(table->name));
     for (const Relation& present : core.catalog.relations()) {
         if (sameName(present.Name, relation.Name))
             throw EngineError(

@@ -100,8 +100,8 @@ public:
     explicit RelationCollection(std::shared_ptr<DatabaseCore> core);
 
     QList<Relation> all() const;
-    /// Raises 3367 for a name in use, 3265 for a table or field that is not there, 3201 when
-    /// records there break it.
+    /// Raises 3367 for a name in use, 3265 for a table or field that is not there, 3219
+    /// for fields of `Table` that are no key of it, 3201 when records there break it.
     void Append(const Relation& relation);
     void Delete(QStringView name); ///< raises 3265 where there is none
 
