@@ -8,6 +8,7 @@
 #include "core/upgrade.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "support/engine_places.h"
 #include "support/scripted_frame.h"
 #include "support/year_file.h"
 
@@ -120,7 +121,7 @@ TEST_F(SessionTest, AFileThatLacksAPieceIsInvalid) {
         EXPECT_TRUE(engine.Workspaces(0).Databases().isEmpty()) << "nothing stays open";
     }
     EXPECT_EQ(session.OpenDatabaseFile(path("missing.mdb"), {}), OpenInvalid);
-    EXPECT_EQ(session.OpenDatabaseFile(u(ORVA_SAMPLES "/year.json"), {}), OpenInvalid);
+    EXPECT_EQ(session.OpenDatabaseFile(test::sample(u("year.json")), {}), OpenInvalid);
 }
 
 TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {
@@ -165,7 +166,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         const QString original = path("old.mdb");
         QFile::remove(original);
         QFile::remove(path("old (converted).mdb"));
-        ASSERT_TRUE(QFile::copy(u(ORVA_TEST_DATA "/jet/%1.mdb").arg(u(name)), original));
+        ASSERT_TRUE(QFile::copy(test::testData(u("jet/%1.mdb").arg(u(name))), original));
         const QByteArray before = contentOf(original);
         setDefault(original, 1);
         seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerCancel);
@@ -196,7 +197,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         ASSERT_EQ(session.OpenDatabaseFile(path("old (converted).mdb"), {}), OpenDone);
         session.CloseAllDatabases();
     }
-    EXPECT_EQ(session.OpenDatabaseFile(u(ORVA_TEST_DATA "/jet/not_a_year.mdb"), {}), OpenInvalid)
+    EXPECT_EQ(session.OpenDatabaseFile(test::testData(u("jet/not_a_year.mdb")), {}), OpenInvalid)
         << "a Jet file that is no year is refused without a question";
 }
 
@@ -222,7 +223,7 @@ TEST_F(SessionTest, TheStartOpensTheDefaultDatabaseWhenAskedTo) {
 }
 
 TEST_F(SessionTest, AFailureAtTheStartIsToldAndLeadsToTheWizard) {
-    ASSERT_TRUE(QFile::copy(u(ORVA_SAMPLES "/year.json"), path("text.mdb")));
+    ASSERT_TRUE(QFile::copy(test::sample(u("year.json")), path("text.mdb")));
     setDefault(path("text.mdb"), 1);
     seams.prompts.expect(PromptKind::Plain, u("Invalid Database"), AnswerOk);
     start();

@@ -3,6 +3,7 @@
 #include "store/engine/error.h"
 #include "store/engine/jet_content.h"
 #include "support/engine_jet.h"
+#include "support/engine_places.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -22,7 +23,7 @@ using namespace dao;
 namespace {
 
 QByteArray readData(const QString& name) {
-    QFile file(QStringLiteral(ORVA_TEST_DATA "/jet/") + name);
+    QFile file(test::testData(QStringLiteral("jet/") + name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
     return file.readAll();
 }

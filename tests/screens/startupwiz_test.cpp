@@ -3,6 +3,7 @@
 #include "calendar/term_weeks.h"
 #include "core/core_settings.h"
 #include "store/wizard_rules.h"
+#include "support/engine_places.h"
 #include "support/screen_wizard.h"
 
 #include <QComboBox>
@@ -368,8 +369,8 @@ TEST_F(WizardTest, ImportsTermDates) {
     const QString locked = path(u"locked.mdb"_s);
     createYear(twoWeekAnswers(), locked, seams);
     engine.OpenDatabase(locked, true).NewPassword({}, u"secret"_s);
-    QFile::copy(QStringLiteral(ORVA_TEST_DATA "/jet/year_ab_jet4.mdb"), path(u"jet.mdb"_s));
-    QFile::copy(QStringLiteral(ORVA_TEST_DATA "/jet/not_a_year.mdb"), path(u"other.mdb"_s));
+    QFile::copy(test::testData(u"jet/year_ab_jet4.mdb"_s), path(u"jet.mdb"_s));
+    QFile::copy(test::testData(u"jet/not_a_year.mdb"_s), path(u"other.mdb"_s));
     start();
     wizard->NextInSetup(QString::number(TermsFrame));
     const auto imports = [this](const QString& name) {

@@ -4,6 +4,7 @@
 #include "store/engine/engine.h"
 #include "store/schema_markdown.h"
 #include "store/table_names.h"
+#include "support/engine_places.h"
 
 #include <gtest/gtest.h>
 
@@ -109,7 +110,7 @@ TEST(Schema, EveryTableCanBeMadeAndReadBack) {
 }
 
 TEST(Schema, PageIsUpToDate) {
-    QFile page(QStringLiteral(ORVA_SAMPLES "/../docs/file-format.md"));
+    QFile page(test::docsPage(QStringLiteral("file-format.md")));
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(page.readAll());
     const qsizetype begin = text.indexOf(SchemaSectionBegin) + SchemaSectionBegin.size();

@@ -1,4 +1,5 @@
 #include "store/year_answers_json.h"
+#include "support/engine_places.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +45,7 @@ TEST(YearAnswers, ReadsAGoodFile) {
 }
 
 TEST(YearAnswers, SampleHolds) {
-    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
+    QFile file(test::sample(QStringLiteral("year.json")));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
     ASSERT_FALSE(read.fault) << read.fault->field.toStdString() << read.fault->text.toStdString();
