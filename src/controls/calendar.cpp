@@ -52,7 +52,8 @@ Calendar::Calendar(const QString& name, Style style, QWidget* parent)
 }
 
 Calendar::~Calendar() {
-    // The field that has the focus ends its editing while it is destroyed: nobody is left to hear it.
+    // The field that has the focus ends its editing while it is destroyed: nobody is left to hear
+    // it.
     m_field->disconnect(this);
 }
 
