@@ -45,3 +45,4 @@ Measurement measure(const Figure& figure);
 std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
+std::vector<Figure> richTextFigures(const QString& folder);
