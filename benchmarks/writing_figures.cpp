@@ -16,20 +16,20 @@ namespace {
 
 constexpr qsizetype longestLesson = 65535;
 
-/// Paragraphs of some sentences, a few words of them misspelled.
-QString longText() {
+/// Paragraphs of so many sentences, some words of them misspelled.
+QString longText(int paragraph) {
     const QString sentence =
         QStringLiteral("Starter: recap fractions, then groups of four work throu the worksheet. ");
     QString text;
     for (int count = 1; text.size() < longestLesson; ++count)
-        text += count % 6 == 0 ? sentence + u'\n' : sentence;
+        text += count % paragraph == 0 ? sentence + u'\n' : sentence;
     return text.left(longestLesson);
 }
 
 /// Types a letter in the middle and takes it back, so that each run finds the same document.
 class KeyPress : public Work {
 public:
-    explicit KeyPress(const QString& folder) : m_session(folder) {
+    KeyPress(const QString& folder, const QString& text) : m_session(folder) {
         auto* layout = new QVBoxLayout(&m_window);
         auto* tools = new FormatTools(m_session.session(), QStringLiteral("BBBB|BB|B"), m_window);
         layout->addWidget(tools->toolbar());
@@ -38,7 +38,7 @@ public:
         m_window.resize(700, 500);
         m_window.show();
         m_box->setFocus();
-        m_box->setRtf(longText());
+        m_box->setRtf(text);
         m_box->select(longestLesson / 2, 0);
         m_box->spelling().check();
         QApplication::processEvents();
@@ -68,8 +68,14 @@ private:
 } // namespace
 
 std::vector<Figure> writingFigures(const QString& folder) {
+    constexpr int rounds = 100;
+    constexpr int usualParagraph = 6;
+    constexpr int endlessParagraph = 10000;
+    const QString place = folder + QStringLiteral("/writing");
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("key press to painted"), 1, 100,
-                       std::make_unique<KeyPress>(folder + QStringLiteral("/writing")), nullptr});
+    figures.push_back({QStringLiteral("key press to painted"), 1, rounds,
+                       std::make_unique<KeyPress>(place, longText(usualParagraph)), nullptr});
+    figures.push_back({QStringLiteral("key press, one paragraph"), 1, rounds,
+                       std::make_unique<KeyPress>(place, longText(endlessParagraph)), nullptr});
     return figures;
 }
