@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <utility>
+
 namespace richtext {
 
 namespace {
@@ -31,7 +33,8 @@ QString safeName(const QString& name) {
 
 } // namespace
 
-ObjectFiles::ObjectFiles(const QString& place, QObject* parent) : QObject(parent), m_place(place) {}
+ObjectFiles::ObjectFiles(QString place, QObject* parent)
+    : QObject(parent), m_place(std::move(place)) {}
 
 ObjectFiles::~ObjectFiles() {
     m_lock.reset();

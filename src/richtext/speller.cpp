@@ -74,7 +74,7 @@ QList<TextRange> wordsToCheck(QStringView text) {
     return words;
 }
 
-Speller::Speller(const QString& dictionary) : m_path(dictionary) {}
+Speller::Speller(QString dictionary) : m_path(std::move(dictionary)) {}
 
 Speller::~Speller() = default;
 

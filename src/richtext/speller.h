@@ -28,7 +28,7 @@ QList<TextRange> wordsToCheck(QStringView text);
 class Speller {
 public:
     /// `dictionary` is the path of its two files without their endings: ".aff" and ".dic".
-    explicit Speller(const QString& dictionary = QStringLiteral("/usr/share/hunspell/en_GB"));
+    explicit Speller(QString dictionary = QStringLiteral("/usr/share/hunspell/en_GB"));
     ~Speller();
     Speller(const Speller&) = delete;
     Speller& operator=(const Speller&) = delete;

@@ -325,6 +325,22 @@ TEST_F(FormatToolsTest, APackagedFileIsOpenedFromAPrivateCopy) {
     EXPECT_TRUE(m_seams.prompts.last().text.contains(path));
 }
 
+TEST_F(FormatToolsTest, AShortToolbarLeavesTheOtherCommandsToTheMenu) {
+    QWidget window;
+    FormatTools tools(m_session, u"BBB"_s, window);
+    auto* box = new RichTextBox(u"Day 1"_s, &window);
+    tools.serve(*box);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    box->setFocus();
+    EXPECT_EQ(tools.toolbar()->buttonCount(), 3);
+    entry(*tools.formatMenu(), u"Superscript"_s).trigger();
+    entry(*entry(*tools.formatMenu(), u"Font Size"_s).menu<QMenu*>(), u"18"_s).trigger();
+    EXPECT_EQ(box->selectionFormat().offset, CharOffset::Superscript);
+    EXPECT_EQ(box->selectionFormat().fontSize, 18);
+    EXPECT_TRUE(entry(*tools.formatMenu(), u"Superscript"_s).isChecked());
+}
+
 TEST_F(FormatToolsTest, TheToolbarOutlivesItsBox) {
     show();
     m_second->setEnabled(false);
