@@ -51,6 +51,12 @@ Calendar::Calendar(const QString& name, Style style, QWidget* parent)
     }
 }
 
+Calendar::~Calendar() {
+    // The field that has the focus ends its editing while it is destroyed: nobody is left to hear
+    // it.
+    m_field->disconnect(this);
+}
+
 void Calendar::makeDropDown() {
     m_button = new QToolButton;
     m_button->setArrowType(Qt::DownArrow);

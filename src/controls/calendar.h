@@ -22,6 +22,7 @@ public:
     /// `name` says in words what the date is for.
     explicit Calendar(const QString& name, Style style = Style::DropDown,
                       QWidget* parent = nullptr);
+    ~Calendar() override;
 
     /// The first and last date to choose from; an invalid one is no limit.
     void setRange(QDate first, QDate last);

@@ -30,16 +30,19 @@ QColor lineColour(QIcon::Mode mode) {
     }
 }
 
+void paintDrawing(QPainter& painter, const QRect& rect, QByteArray svg, const QColor& lines) {
+    svg.replace("currentColor", lines.name().toLatin1());
+    QSvgRenderer(svg).render(&painter, rect);
+}
+
 class FamilyEngine : public QIconEngine {
 public:
     FamilyEngine(const QString& name, const QByteArray& svg) : m_name(name), m_svg(svg) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        QByteArray svg = m_svg;
-        svg.replace("currentColor", lineColour(mode).name().toLatin1());
         if (mode == QIcon::Disabled)
             painter->setOpacity(0.5);
-        QSvgRenderer(svg).render(painter, rect);
+        paintDrawing(*painter, rect, m_svg, lineColour(mode));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -71,4 +74,8 @@ private:
 QIcon icon(const QString& name) {
     const QByteArray svg = drawing(name);
     return svg.isEmpty() ? QIcon() : QIcon(new FamilyEngine(name, svg));
+}
+
+void paintIcon(QPainter& painter, const QRect& rect, const QString& name, const QColor& lines) {
+    paintDrawing(painter, rect, drawing(name), lines);
 }
