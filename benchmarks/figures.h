@@ -52,3 +52,4 @@ std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);
 std::vector<Figure> richTextFigures(const QString& folder);
+std::vector<Figure> writingFigures(const QString& folder);

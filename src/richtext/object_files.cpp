@@ -29,11 +29,6 @@ QString safeName(const QString& name) {
     return last.isEmpty() ? QStringLiteral("object") : last;
 }
 
-/// The files are read only, and so are the folders they lie in for their own removal.
-void removeFolder(const QString& path) {
-    QDir(path).removeRecursively();
-}
-
 } // namespace
 
 ObjectFiles::ObjectFiles(const QString& place, QObject* parent) : QObject(parent), m_place(place) {}
@@ -43,7 +38,6 @@ ObjectFiles::~ObjectFiles() {
 }
 
 ObjectFiles& ObjectFiles::ofProcess(const QString& place) {
-    static const QString name = QStringLiteral("objectFiles");
     QObject* application = QCoreApplication::instance();
     for (QObject* child : application->children()) {
         if (auto* files = dynamic_cast<ObjectFiles*>(child))
@@ -59,7 +53,7 @@ void ObjectFiles::removeLeftovers() {
         if (!lock.tryLock(0))
             continue;
         lock.unlock();
-        removeFolder(place.filePath(name));
+        QDir(place.filePath(name)).removeRecursively();
     }
 }
 

@@ -142,11 +142,12 @@ void RtfParser::addFontText(QStringView text) {
             continue;
         }
         const QString name = m_newFont.name.trimmed();
+        if (name.isEmpty())
+            continue;
         const qint32 number = m_newFont.number;
         const int codePage = m_newFont.codePage == 0 ? m_codePage : m_newFont.codePage;
         m_newFont = {};
-        if (name.isEmpty() || m_fonts.size() == mostFonts || number < 0 ||
-            number > greatestFontNumber)
+        if (m_fonts.size() == mostFonts || number < 0 || number > greatestFontNumber)
             continue;
         m_fonts.push_back({number, codePage, name});
         const auto place = static_cast<size_t>(number);

@@ -12,6 +12,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "richtext/highlight.h"
+#include "richtext/object_files.h"
 #include "richtext/objects.h"
 #include "store/engine/engine.h"
 #include "support/recording_seams.h"
@@ -315,6 +316,8 @@ TEST_F(FormatToolsTest, APackagedFileIsOpenedFromAPrivateCopy) {
     EXPECT_EQ(QFileInfo(copy).fileName(), u"Work sheet.txt"_s);
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.readAll(), QByteArray("2 + 2 ="));
+    delete &richtext::ObjectFiles::ofProcess({}); // as the end of the program does
+    EXPECT_FALSE(copy.exists());
 
     m_seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, path);
     m_seams.prompts.expect(PromptKind::Plain, u"Insert Object"_s, AnswerOk);
