@@ -353,6 +353,16 @@ TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
     EXPECT_FALSE(frame->menus().action(FrameCommand::Timetable).isEnabled());
 }
 
+TEST_F(FrameTest, AMaximisedWindowKeepsItsCaptionAndTheMenuBarWhole) {
+    const std::unique_ptr<mdiORVA> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    form(*frame, u"TTfrm"_s).showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_GT(control<PlainWindow>(*frame, u"TTfrm"_s).y(), 0);
+    EXPECT_TRUE(control<ContextHelp>(*frame, u"ButtonEx1"_s).isVisible());
+    EXPECT_TRUE(control<QMenuBar>(*frame, u"menuBar"_s).isVisible());
+}
+
 TEST_F(FrameTest, HelpIsWantedForTheControlBelowThePointerOrWithTheFocus) {
     const std::unique_ptr<mdiORVA> frame = fullFrame(true);
     frame->resize(700, 500); // all of it on the screen
