@@ -3,10 +3,10 @@
 #include "figures.h"
 #include "quiet_session.h"
 #include "raw_library.h"
+#include "sample_year.h"
 
 #include "store/creation.h"
 #include "store/table_names.h"
-#include "store/year_answers_json.h"
 
 #include <QFile>
 
@@ -15,23 +15,6 @@
 #include <stdexcept>
 
 namespace {
-
-YearAnswers sampleAnswers() {
-    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("The sample year's answers could not be read.");
-    const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
-    if (read.fault)
-        throw std::runtime_error("The sample year's answers do not hold.");
-    return read.answers;
-}
-
-void createSampleYear(const QString& path) {
-    SilentProgress progress;
-    ConsolePrompts prompts;
-    CreateDB(dao::DBEngine(), sampleAnswers(), path, ExistingFile::Keep, progress, prompts,
-             QLocale::c());
-}
 
 /// Answers the rows of a file that was made, and removes it for the next run.
 qint64 countAndRemove(const QString& path) {

@@ -5,23 +5,15 @@
 #include "core/screens/tour_wizard.h"
 #include "figures.h"
 #include "quiet_session.h"
+#include "sample_year.h"
 #include "store/screens/startupwiz.h"
 #include "store/wizard_rules.h"
-#include "store/year_answers_json.h"
 
 #include <QApplication>
-#include <QFile>
 
 #include <stdexcept>
 
 namespace {
-
-YearAnswers sampleAnswers() {
-    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no samples");
-    return readYearAnswers(file.readAll(), QLocale::c()).answers;
-}
 
 /// The frame over a folder of its own, as it stands without a year.
 class Screen {

@@ -2,6 +2,7 @@
 
 #include "richtext/objects.h"
 #include "richtext/rtf_parser.h"
+#include "richtext/rtf_text.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -205,7 +206,7 @@ void readDocument(const QString& rtf, QTextDocument& document) {
         document.clear();
         DocumentSink(document).read(rtf);
     } else {
-        document.setPlainText(rtf);
+        document.setPlainText(cleanedLines(rtf));
     }
     document.setUndoRedoEnabled(hasUndo);
 }

@@ -41,6 +41,8 @@ TEST(RtfReader, ReadsTheTextOfEveryProgram) {
         QString plain;
     } cases[] = {
         {"no rich text", u"{curly} \\b and\nplain"_s, u"{curly} \\b and\nplain"_s},
+        {"control characters in no rich text", u"a\x01\x0c\rb\r\nc\u2029d\ufffc\te"_s,
+         u"a\nb\nc\nd\ufffd\te"_s},
         {"an empty document", u"{\\rtf1\\ansi\\pard\\par }"_s, u""_s},
         {"the last \\par is the document's end", u"{\\rtf1 a\\par b\\par\n}"_s, u"a\nb"_s},
         {"an empty paragraph at the end", u"{\\rtf1 a\\par\\par }"_s, u"a\n"_s},
