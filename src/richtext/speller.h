@@ -20,7 +20,8 @@ struct TextRange {
 };
 
 /// The words of a text that are looked up: letters with apostrophes inside. Left out are single
-/// letters, words in capitals, words with digits, and web and mail addresses.
+/// letters, words in capitals, words with digits or letters of other scripts than the Latin, and
+/// web and mail addresses.
 QList<TextRange> wordsToCheck(QStringView text);
 
 /// British English spelling, by the dictionary that is installed on the computer. Without one
