@@ -57,6 +57,7 @@ private:
 
     CharacterState stateOf(const QTextFormat& format, int index);
     CharacterState makeState(const QTextCharFormat& format);
+    QString fontName(const QTextCharFormat& format) const;
     qint32 fontPlace(const QTextCharFormat& format);
     qint32 colourPlace(const QBrush& brush);
     QString head() const;
@@ -82,8 +83,11 @@ QString Writer::write(int from, int to) {
 
 QString Writer::head() const {
     QString text = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
-    for (qsizetype i = 0; i < m_fonts.size(); ++i)
-        text += QStringLiteral("{\\f%1\\fnil %2;}").arg(QString::number(i), m_fonts.at(i));
+    for (qsizetype i = 0; i < m_fonts.size(); ++i) {
+        text += QStringLiteral("{\\f%1\\fnil ").arg(i);
+        appendText(text, m_fonts.at(i));
+        text += QStringLiteral(";}");
+    }
     text += QStringLiteral("}\r\n{\\colortbl ;");
     for (const QRgb colour : m_colours)
         text += QStringLiteral("\\red%1\\green%2\\blue%3;")
@@ -272,10 +276,17 @@ CharacterState Writer::makeState(const QTextCharFormat& format) {
     return state;
 }
 
-qint32 Writer::fontPlace(const QTextCharFormat& format) {
+/// The family's name, without what would end its entry in the table.
+QString Writer::fontName(const QTextCharFormat& format) const {
+    static const QRegularExpression special(QStringLiteral("[\\\\{};\\x00-\\x1F]"));
     const QStringList families = format.fontFamilies().toStringList();
-    QString family = families.isEmpty() ? usualFamily(m_document) : families.first();
-    family.remove(QRegularExpression(QStringLiteral("[\\\\{};\\x00-\\x1F]")));
+    const QString name =
+        families.isEmpty() ? QString() : QString(families.first()).remove(special).trimmed();
+    return name.isEmpty() ? usualFamily(m_document) : name;
+}
+
+qint32 Writer::fontPlace(const QTextCharFormat& format) {
+    const QString family = fontName(format);
     qsizetype place = m_fonts.indexOf(family);
     if (place < 0) {
         place = m_fonts.size();
