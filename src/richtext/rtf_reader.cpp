@@ -125,7 +125,7 @@ void DocumentSink::startParagraph() {
 }
 
 void DocumentSink::flushRun() {
-    if (m_run.isEmpty())
+    if (m_run.isEmpty() || !m_runFormat)
         return;
     m_cursor.insertText(m_run, *m_runFormat);
     m_run.clear();
