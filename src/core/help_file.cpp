@@ -51,10 +51,12 @@ QCborMap toMap(const HelpChapter& chapter) {
     return {{u"title"_s, chapter.title}, {u"pages"_s, pages}};
 }
 
-HelpChapter toChapter(const QCborValue& map) {
+HelpChapter toChapter(const QCborValue& map, qsizetype pageCount) {
     HelpChapter chapter{map[u"title"_s].toString(), {}};
-    for (const QCborValue& page : map[u"pages"_s].toArray())
-        chapter.pages += static_cast<int>(page.toInteger());
+    for (const QCborValue& page : map[u"pages"_s].toArray()) {
+        if (page.toInteger(-1) >= 0 && page.toInteger() < pageCount)
+            chapter.pages += static_cast<int>(page.toInteger());
+    }
     return chapter;
 }
 
@@ -79,7 +81,7 @@ HelpBook toBook(const QByteArray& bytes) {
     for (const QCborValue& page : map[u"pages"_s].toArray())
         book.pages += toPage(page);
     for (const QCborValue& chapter : map[u"chapters"_s].toArray())
-        book.chapters += toChapter(chapter);
+        book.chapters += toChapter(chapter, book.pages.size());
     for (const auto& [name, picture] : map[u"pictures"_s].toMap())
         book.pictures.insert(name.toString(), picture.toByteArray());
     return book;
@@ -101,7 +103,8 @@ bool writeHelpFile(const HelpBook& book, const QString& path) {
     const QByteArray content = toBytes(book);
     QSaveFile file(path);
     return file.open(QIODevice::WriteOnly) &&
-           file.write(magic + QCryptographicHash::hash(content, algorithm) + content) > 0 &&
+           file.write(magic.toByteArray() + QCryptographicHash::hash(content, algorithm) +
+                      content) > 0 &&
            file.commit();
 }
 
