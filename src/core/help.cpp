@@ -116,6 +116,10 @@ QString arrayName(const QString& name) {
 
 } // namespace
 
+QList<HelpMark> helpMarks(const QString& text, const QString& words) {
+    return marksOf(text, wordsOf(words));
+}
+
 int HelpBook::pageNamed(QStringView name) const {
     return placeOf(pages, [name](const HelpPage& page) { return page.name == name; });
 }

@@ -43,6 +43,9 @@ struct HelpMark {
     bool operator==(const HelpMark&) const = default;
 };
 
+/// Where words of the text begin with one of `words`, in order.
+QList<HelpMark> helpMarks(const QString& text, const QString& words);
+
 /// A page that a search found.
 struct HelpHit {
     int page; ///< place in HelpBook::pages

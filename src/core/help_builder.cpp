@@ -9,10 +9,13 @@
 #include <QTextFragment>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString suffix = u".md"_s;
 
 struct Source {
     HelpPage page;
@@ -39,7 +42,9 @@ private:
     void setHeadLine(Source& source, const QString& key, const QString& value);
     void readContents();
     void addPage(const QString& name);
-    void finishPage(HelpPage& page);
+    void checkLinks(HelpPage& page);
+    void removeDeadLinks(HelpPage& page) const;
+    void addPictures(HelpPage& page);
     void addPicture(const HelpPage& page, const QString& name);
     void findTwins();
     bool isLeftOut(const Source& source) const;
@@ -83,8 +88,12 @@ References readText(HelpPage& page) {
 BuiltHelp Builder::build() {
     readPages();
     readContents();
-    for (HelpPage& page : m_built.book.pages)
-        finishPage(page);
+    for (Source& source : m_pages)
+        checkLinks(source.page);
+    for (HelpPage& page : m_built.book.pages) {
+        removeDeadLinks(page);
+        addPictures(page);
+    }
     findTwins();
     return m_built;
 }
@@ -98,7 +107,6 @@ std::optional<QString> Builder::readFile(const QString& path, const QString& nam
 }
 
 void Builder::readPages() {
-    const QString suffix = u".md"_s;
     for (const QString& file : m_sources.entryList({u'*' + suffix}, QDir::Files)) {
         Source source;
         source.page.name = file.chopped(suffix.size());
@@ -174,17 +182,25 @@ bool Builder::isLeftOut(const Source& source) const {
     return !source.window.isEmpty() && !m_windows.contains(source.window);
 }
 
-void Builder::finishPage(HelpPage& page) {
+void Builder::checkLinks(HelpPage& page) {
     for (const QString& link : readText(page).links) {
-        const auto target = m_pages.constFind(link.chopped(link.endsWith(u".md") ? 3 : 0));
-        if (!link.endsWith(u".md") || target == m_pages.constEnd()) {
+        if (!link.endsWith(suffix) || !m_pages.contains(link.chopped(suffix.size())))
             fault(page.name, u"has a link to \"%1\", which is no page"_s.arg(link));
-        } else if (isLeftOut(*target)) {
-            const QString pattern = u"\\[([^\\]]*)\\]\\(%1\\)"_s;
-            page.markdown.replace(QRegularExpression(pattern.arg(QRegularExpression::escape(link))),
-                                  u"\\1"_s);
-        }
     }
+}
+
+/// A link to a page that is left out becomes the text that it had.
+void Builder::removeDeadLinks(HelpPage& page) const {
+    for (const Source& source : m_pages) {
+        if (!isLeftOut(source))
+            continue;
+        const QString address = QRegularExpression::escape(source.page.name + suffix);
+        page.markdown.replace(QRegularExpression(u"\\[([^\\]]*)\\]\\(%1\\)"_s.arg(address)),
+                              u"\\1"_s);
+    }
+}
+
+void Builder::addPictures(HelpPage& page) {
     for (const QString& picture : readText(page).pictures)
         addPicture(page, picture);
 }
@@ -204,7 +220,8 @@ void Builder::findTwins() {
             fault(page.name, u"claims %1, which is of \"%2\""_s.arg(what, owners.value(what)));
         owners.insert(what, page.name);
     };
-    for (const HelpPage& page : m_built.book.pages) {
+    for (const QString& name : std::as_const(m_placed)) {
+        const HelpPage& page = m_pages[name].page;
         claim(page, u"number %1"_s.arg(page.number));
         for (const QString& context : page.contexts)
             claim(page, context);
