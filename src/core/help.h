@@ -22,7 +22,7 @@ struct HelpPage {
     /// anything in a part of one ("StartupWiz.f1(1)"). Each stands in one page only.
     QStringList contexts;
     QString markdown;
-    QString text; ///< the same without marks, for the search
+    QString text; ///< the same without title and marks, for the search
 };
 
 struct HelpChapter {

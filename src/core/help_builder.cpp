@@ -70,7 +70,8 @@ QStringList listOf(const QString& value) {
 References readText(HelpPage& page) {
     QTextDocument document;
     document.setMarkdown(page.markdown);
-    page.text = document.toPlainText().remove(QChar::ObjectReplacementCharacter);
+    const QString text = document.toPlainText().remove(QChar::ObjectReplacementCharacter);
+    page.text = text.section(u'\n', 1); // without the title
     References references;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto part = block.begin(); !part.atEnd(); ++part) {

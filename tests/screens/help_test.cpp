@@ -95,7 +95,7 @@ TEST_F(HelpPagesTest, PagesBecomeABook) {
     const HelpBook& book = built.book;
     ASSERT_EQ(book.pages.size(), 2);
     EXPECT_EQ(book.pages[0].keywords, QStringList({u"a"_s, u"b c"_s}));
-    EXPECT_EQ(book.pages[0].text.simplified(), u"Page one See the other.");
+    EXPECT_EQ(book.pages[0].text.simplified(), u"See the other.");
     EXPECT_EQ(book.chapters.size(), 2);
     EXPECT_EQ(book.pictures.value(u"shown.png"_s), "PNG");
 }

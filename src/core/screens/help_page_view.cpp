@@ -1,9 +1,12 @@
 #include "core/screens/help_page_view.h"
 
+#include "controls/colours.h"
+
 #include <QEvent>
 #include <QImage>
 #include <QResizeEvent>
 #include <QTextBlock>
+#include <QTextTable>
 
 #include <algorithm>
 #include <utility>
@@ -31,7 +34,6 @@ HelpPageView::HelpPageView(const HelpBook& book, QWidget* parent)
     : QTextBrowser(parent), m_book(book) {
     setObjectName(u"HelpPage"_s);
     setAccessibleName(u"Help page"_s);
-    setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
     document()->setDocumentMargin(margin);
     connect(this, &QTextBrowser::sourceChanged, this, &HelpPageView::noteSource);
 }
@@ -43,8 +45,52 @@ void HelpPageView::showPage(int page) {
 
 void HelpPageView::noteSource(const QUrl& address) {
     m_page = m_book.pageNamed(nameIn(address).chopped(suffix.size()));
+    dressLinks();
+    dressTables();
     markWords();
     emit pageShown(m_page);
+}
+
+/// Underlined, and in the scheme's colour for them where that can be read.
+void HelpPageView::dressLinks() {
+    constexpr double readable = 4.5;
+    const QColor background = palette().color(QPalette::Base);
+    QColor colour = palette().color(QPalette::Link);
+    if (contrast(colour, background) < readable)
+        colour = textColourOn(background, QColor(130, 180, 255));
+    QTextCharFormat look;
+    look.setForeground(colour);
+    look.setFontUnderline(true);
+    QList<QTextFragment> links;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            if (part.fragment().charFormat().isAnchor())
+                links += part.fragment();
+        }
+    }
+    QTextCursor cursor(document());
+    for (const QTextFragment& link : std::as_const(links)) {
+        cursor.setPosition(link.position());
+        cursor.setPosition(link.position() + link.length(), QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(look);
+    }
+}
+
+void HelpPageView::dressTables() {
+    constexpr qreal space = 8;
+    for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table)
+            continue;
+        QTextTableFormat look = table->format();
+        look.setBorderCollapse(true);
+        look.setBorderBrush(palette().color(QPalette::Mid));
+        look.setCellSpacing(0);
+        look.setCellPadding(space / 2);
+        look.setTopMargin(space);
+        look.setBottomMargin(space);
+        table->setFormat(look);
+    }
 }
 
 QVariant HelpPageView::loadResource(int type, const QUrl& address) {

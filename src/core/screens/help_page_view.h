@@ -36,6 +36,8 @@ protected:
 
 private:
     void noteSource(const QUrl& address);
+    void dressLinks();
+    void dressTables();
     QImage fittedPicture(const QString& name) const;
     void markWords();
 
