@@ -35,6 +35,7 @@ HelpPageView::HelpPageView(const HelpBook& book, QWidget* parent)
     setObjectName(u"HelpPage"_s);
     setAccessibleName(u"Help page"_s);
     document()->setDocumentMargin(margin);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that pictures are fitted once
     connect(this, &QTextBrowser::sourceChanged, this, &HelpPageView::noteSource);
 }
 
