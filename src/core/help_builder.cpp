@@ -30,8 +30,8 @@ struct References {
 
 class Builder {
 public:
-    Builder(const QString& sources, const QString& pictures, const QStringList& windows)
-        : m_sources(sources), m_pictures(pictures), m_windows(windows) {}
+    Builder(const QString& sources, const QString& pictures, QStringList windows)
+        : m_sources(sources), m_pictures(pictures), m_windows(std::move(windows)) {}
 
     BuiltHelp build();
 

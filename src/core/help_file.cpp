@@ -29,7 +29,7 @@ QCborMap toMap(const HelpPage& page) {
 
 QStringList toTexts(const QCborValue& value) {
     QStringList texts;
-    for (const QCborValue& text : value.toArray())
+    for (const auto& text : value.toArray())
         texts += text.toString();
     return texts;
 }
@@ -53,7 +53,7 @@ QCborMap toMap(const HelpChapter& chapter) {
 
 HelpChapter toChapter(const QCborValue& map, qsizetype pageCount) {
     HelpChapter chapter{map[u"title"_s].toString(), {}};
-    for (const QCborValue& page : map[u"pages"_s].toArray()) {
+    for (const auto& page : map[u"pages"_s].toArray()) {
         if (page.toInteger(-1) >= 0 && page.toInteger() < pageCount)
             chapter.pages += static_cast<int>(page.toInteger());
     }
@@ -78,9 +78,9 @@ QByteArray toBytes(const HelpBook& book) {
 HelpBook toBook(const QByteArray& bytes) {
     const QCborValue map = QCborValue::fromCbor(bytes);
     HelpBook book;
-    for (const QCborValue& page : map[u"pages"_s].toArray())
+    for (const auto& page : map[u"pages"_s].toArray())
         book.pages += toPage(page);
-    for (const QCborValue& chapter : map[u"chapters"_s].toArray())
+    for (const auto& chapter : map[u"chapters"_s].toArray())
         book.chapters += toChapter(chapter, book.pages.size());
     for (const auto& [name, picture] : map[u"pictures"_s].toMap())
         book.pictures.insert(name.toString(), picture.toByteArray());
