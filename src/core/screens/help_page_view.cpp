@@ -85,6 +85,7 @@ void HelpPageView::dressTables() {
             continue;
         QTextTableFormat look = table->format();
         look.setBorderCollapse(true);
+        look.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
         look.setBorderBrush(palette().color(QPalette::Mid));
         look.setCellSpacing(0);
         look.setCellPadding(space / 2);
