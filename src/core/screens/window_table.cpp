@@ -13,6 +13,8 @@ WindowTable windowTable() {
                     .placementKey = {},
                     .make = [](Session& session) { return new StartupWiz(session); },
                     .needsDatabase = false},
+        // Beside the main window, which opens it itself (help_viewer.h).
+        WindowEntry{.name = u"HelpFrm"_s, .placementKey = {}, .make = {}, .needsDatabase = false},
     };
     return windows;
 }
