@@ -44,4 +44,5 @@ Measurement measure(const Figure& figure);
 /// be on the disk where years are kept.
 std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
+std::vector<Figure> classFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);

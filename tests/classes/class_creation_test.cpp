@@ -2,6 +2,7 @@
 
 #include "classes/class_creation.h"
 #include "classes/class_list.h"
+#include "classes/class_removal.h"
 #include "store/data_helpers.h"
 #include "store/schema.h"
 #include "store/year_builder.h"
@@ -123,6 +124,7 @@ TEST_F(ClassCreationTest, ARegisterHas250LessonsAtMost) {
             seams.prompts.expect(PromptKind::Plain, u"Too many fields"_s, AnswerOk);
         ASSERT_TRUE(Create_NEW_CLASS(database, newClass(database, code, periods), seams.prompts));
         EXPECT_EQ(fieldNames(database, registerTable(code)).size(), 251);
+        ASSERT_TRUE(Delete_Class(database, code, seams.prompts)); // its periods are free again
     }
     EXPECT_TRUE(seams.prompts.last().text.contains(u"is registered 252 times during the year."_s));
     // One lesson too many is enough.

@@ -222,13 +222,15 @@ TEST_F(RegisterTest, LessonsRemainingWantsADateOfTheYear) {
                             "dd/MM/yyyy"_s;
     const QDate today(2024, 9, 9);
     const QLocale british(QLocale::English, QLocale::UnitedKingdom);
+    const QString month = u"dd MMM yyyy"_s;
     for (const Case& each :
          {Case{{}, {}, {}}, Case{u"soon"_s, u"Invalid Date"_s, invalid.arg(u"soon"_s)},
           Case{u"11/09/2026"_s, u"Invalid Date"_s, invalid.arg(u"11/09/2026"_s)},
           Case{u"10/09/2024"_s, u"Invalid Date"_s, u"This date has already past!"_s},
           Case{u"01/09/2024"_s, u"Invalid Date"_s, u"This date has already past!"_s},
           Case{u"11/09/2024"_s, u"Lessons Remaining"_s,
-               u"There are 7 lessons from now until the 11 Sep 2024 (inclusive)."_s},
+               u"There are 7 lessons from now until the "_s +
+                   british.toString(QDate(2024, 9, 11), month) + u" (inclusive)."_s},
           Case{u"01/07/2025"_s, u"Lessons Remaining"_s,
                u"There are 16 lessons from now until the 01 Jul 2025 (inclusive)."_s}}) {
         seams.prompts.expect(PromptKind::Input, u"Enter a valid date"_s, each.typed);
