@@ -14,9 +14,9 @@ public:
     /// Shows another sheet; the one before is closed.
     void setSheet(PupilSheet sheet);
     const PupilSheet& sheet() const { return m_sheet; }
-    PupilSheet& sheet() { return m_sheet; } ///< to select; changes go through the two below
 
-    /// As PupilSheet's operations of these names; the views follow.
+    /// As PupilSheet's operations of these names; the views follow a change.
+    void select(int row) { m_sheet.select(row); }
     void write(int row, const QList<CellChange>& changes);
     void fill(const QList<int>& rows, int column, const dao::Value& value);
 

@@ -1,6 +1,7 @@
 // The register: its records, marks, and what is counted from them.
 
 #include "classes/class_views.h"
+#include "classes/pupil_photo.h"
 #include "classes/register_keys.h"
 #include "classes/register_lessons.h"
 #include "classes/register_marking.h"
@@ -9,6 +10,7 @@
 #include "support/class_file.h"
 
 #include <QAbstractItemModelTester>
+#include <QBuffer>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -264,6 +266,47 @@ TEST_F(RegisterTest, SelectedPupilsAreShownAlone) {
     selection.setMultiSelect(false);
     EXPECT_EQ(selection.clauseForView(sheet(), false), QString());
     EXPECT_FALSE(selection.isFiltered());
+}
+
+TEST_F(RegisterTest, PupilsOfOneNameAreNotToldApart) {
+    addPupils(database, code, {u"Ames,Ann"_s});
+    open();
+    PupilSelection selection;
+    selection.setMultiSelect(true);
+    selection.click(sheet(), 0);
+    EXPECT_TRUE(selection.isSelected(sheet(), 1));
+    model.setSheet(
+        *openRegister(database, code, selection.clauseForView(sheet(), false), seams.prompts));
+    EXPECT_EQ(sheet().rowCount(), 2);
+    EXPECT_EQ(rowOfPupil(sheet(), {u"Cole"_s, {}}), 0);
+    // A query that is active takes all that it found.
+    EXPECT_EQ(selection.clauseForView(sheet(), true),
+              u" WHERE Surname = 'Ames' AND Firstname = 'Ann' OR Surname = 'Ames' AND Firstname = "
+              "'Ann'"_s);
+}
+
+TEST_F(RegisterTest, PhotosOfEveryKindAreFound) {
+    QImage picture(67, 87, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    dao::Recordset pupils = database.OpenRecordset(classTable(code));
+    for (const char* format : {"BMP", "PNG", ""}) {
+        QByteArray bytes = "no picture";
+        if (*format) {
+            QBuffer buffer(&bytes);
+            buffer.open(QIODevice::WriteOnly | QIODevice::Truncate);
+            picture.save(&buffer, format);
+        }
+        pupils.Edit();
+        pupils.SetCollect(u"Photo", bytes);
+        pupils.Update();
+        const QImage photo = pupilPhoto(database, code, pupils.Collect(u"ID").toInteger());
+        EXPECT_EQ(photo.isNull(), !*format) << format;
+        if (*format) {
+            EXPECT_EQ(photo.convertToFormat(QImage::Format_RGB32), picture) << format;
+        }
+        pupils.MoveNext();
+    }
+    EXPECT_TRUE(pupilPhoto(database, code, 99).isNull());
 }
 
 TEST_F(RegisterTest, AClassWithoutARegisterIsTold) {
