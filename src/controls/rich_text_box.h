@@ -1,0 +1,100 @@
+#pragma once
+
+#include "controls/selection_format.h"
+#include "core/font_record.h"
+
+#include <QTextEdit>
+
+class ObjectView;
+class SpellingMarks;
+
+/// The box of every window in which formatted text is written: holds one document, the rich text of
+/// a memo field. What it shows is what it will give back: text pasted from other programs comes in
+/// as what the document can hold. Spelling mistakes are underlined where a dictionary is installed.
+///
+/// Commands (toolbar, menus, objects) come from the FormatTools of its window. Tab leaves the box;
+/// Ctrl and Tab types a tabulator.
+class RichTextBox : public QTextEdit {
+    Q_OBJECT
+
+public:
+    /// `name` says in words what the text is: "Lesson, period 3".
+    explicit RichTextBox(const QString& name, QWidget* parent = nullptr);
+    ~RichTextBox() override;
+
+    /// The complete document.
+    QString rtf() const;
+    /// Shows a document, or none for an empty text. The box counts as unchanged afterwards, and
+    /// there is nothing to undo.
+    void setRtf(const QString& rtf);
+
+    /// Whether the document differs from what was set or last marked as kept: the field has to be
+    /// written.
+    bool dataChanged() const;
+    void setDataChanged(bool changed);
+
+    /// The characters of the document; an object counts as one. Positions and lengths count these.
+    QString plainText() const;
+    int selectionStart() const;
+    int selectionLength() const;
+    /// Both are cut at the end of the text.
+    void select(int start, int length);
+    QString selectedText() const;
+    /// Puts plain text in place of the selection and the caret behind it.
+    void setSelectedText(const QString& text);
+    /// The selection as a document of its own.
+    QString selectedRtf() const;
+    /// Puts a document's content in place of the selection and the caret behind it.
+    void setSelectedRtf(const QString& rtf);
+
+    /// The look of the selection or, with none, of what is typed next.
+    SelectionFormat selectionFormat() const;
+    void setFontName(const QString& name);
+    void setFontSize(double points);
+    void setBold(bool on);
+    void setItalic(bool on);
+    void setUnderline(bool on);
+    void setColour(const QColor& colour); ///< an invalid one is automatic
+    void setCharOffset(CharOffset offset);
+    void setBullet(bool on);
+    /// Name, size, bold, italic, underline and colour at once; black is automatic.
+    void setSelectionFont(const FontRecord& font);
+
+    /// Gives a box without text and objects the font for new text. That is nothing to be kept:
+    /// the box stays unchanged. Answers whether the box was empty.
+    bool applyDefaultFont(const FontRecord& font);
+
+    /// The background; the text's automatic colour is what reads on it. White at first.
+    void setPaper(const QColor& colour);
+
+    SpellingMarks& spelling() { return *m_spelling; }
+
+signals:
+    /// The document has changed, by the person or a command; not by setRtf.
+    void edited();
+    /// The box has the focus now.
+    void entered();
+    /// The person wants to see what the selected object holds.
+    void objectActivated();
+    /// The person wants the menu of the box, at a place of the screen.
+    void menuWanted(const QPoint& place);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    void change(const std::function<void(QTextCharFormat&)>& change);
+    bool selectObjectAt(const QPoint& place);
+
+    ObjectView* m_objects;
+    SpellingMarks* m_spelling;
+    bool m_isLoading = false;
+};

@@ -1,0 +1,142 @@
+#include "richtext/speller.h"
+
+#include <QFile>
+
+#include <hunspell.hxx>
+
+#include <algorithm>
+#include <utility>
+
+namespace richtext {
+
+namespace {
+
+/// A document can't make the memory of known words grow without bound.
+constexpr qsizetype mostKnown = 50000;
+constexpr qsizetype longestWord = 60;
+
+bool isApostrophe(QChar c) {
+    return c == u'\'' || c == QChar(0x2019);
+}
+
+bool isSpace(QChar c) {
+    return c.isSpace() || c == QChar::ObjectReplacementCharacter;
+}
+
+bool isAddress(QStringView chunk) {
+    return chunk.contains(u"://") || chunk.contains(u'@') || chunk.startsWith(u"www.");
+}
+
+bool isCapitals(QStringView word) {
+    return std::none_of(word.begin(), word.end(), [](QChar c) { return c.isLower(); });
+}
+
+/// The words of a chunk that stands between blanks.
+void addWords(QStringView text, qsizetype from, qsizetype end, QList<TextRange>& words) {
+    while (from < end) {
+        qsizetype to = from;
+        bool hasDigit = false;
+        const auto belongs = [&](qsizetype at) {
+            const bool inside = at > from && at + 1 < end && isApostrophe(text[at]) &&
+                                text[at + 1].isLetter() && text[at - 1].isLetter();
+            return text[at].isLetterOrNumber() || text[at].isMark() || inside;
+        };
+        for (; to < end && belongs(to); ++to)
+            hasDigit = hasDigit || text[to].isNumber();
+        const QStringView word = text.mid(from, to - from);
+        if (word.size() > 1 && word.size() <= longestWord && !hasDigit && !isCapitals(word))
+            words.append({from, to - from});
+        from = std::max(to, from + 1);
+    }
+}
+
+/// The dictionary knows the straight apostrophe alone.
+QString plainForm(QStringView word) {
+    return word.toString().replace(QChar(0x2019), u'\'');
+}
+
+std::string encoded(const QString& word) {
+    return word.toUtf8().toStdString();
+}
+
+} // namespace
+
+QList<TextRange> wordsToCheck(QStringView text) {
+    QList<TextRange> words;
+    for (qsizetype from = 0; from < text.size();) {
+        qsizetype to = from;
+        while (to < text.size() && !isSpace(text[to]))
+            ++to;
+        if (to > from && !isAddress(text.mid(from, to - from)))
+            addWords(text, from, to, words);
+        from = to + 1;
+    }
+    return words;
+}
+
+Speller::Speller(const QString& dictionary) : m_path(dictionary) {}
+
+Speller::~Speller() = default;
+
+Speller& Speller::shared() {
+    static Speller speller;
+    return speller;
+}
+
+void Speller::load() {
+    if (std::exchange(m_isLoaded, true))
+        return;
+    const QByteArray aff = QFile::encodeName(m_path + QStringLiteral(".aff"));
+    const QByteArray dic = QFile::encodeName(m_path + QStringLiteral(".dic"));
+    if (!QFile::exists(m_path + QStringLiteral(".aff")) ||
+        !QFile::exists(m_path + QStringLiteral(".dic")))
+        return;
+    m_dictionary = std::make_unique<Hunspell>(aff.constData(), dic.constData());
+    if (m_dictionary->get_dict_encoding() != "UTF-8")
+        m_dictionary.reset(); // the British one is in UTF-8 wherever it is installed
+}
+
+bool Speller::isRight(QStringView word) {
+    const QString plain = plainForm(word);
+    const auto known = m_known.constFind(plain);
+    if (known != m_known.constEnd())
+        return known.value();
+    if (m_known.size() >= mostKnown)
+        m_known.clear();
+    return m_known[plain] = lookUp(plain);
+}
+
+bool Speller::lookUp(const QString& word) {
+    load();
+    return !m_dictionary || m_dictionary->spell(encoded(word));
+}
+
+QList<TextRange> Speller::mistakes(QStringView text) {
+    QList<TextRange> wrong;
+    for (const TextRange& word : wordsToCheck(text)) {
+        if (!isRight(text.mid(word.start, word.length)))
+            wrong.append(word);
+    }
+    return wrong;
+}
+
+QStringList Speller::suggestions(const QString& word, qsizetype most) {
+    load();
+    QStringList found;
+    if (!m_dictionary)
+        return found;
+    for (const std::string& suggestion : m_dictionary->suggest(encoded(plainForm(word)))) {
+        if (found.size() < most)
+            found += QString::fromStdString(suggestion);
+    }
+    return found;
+}
+
+void Speller::accept(const QString& word) {
+    load();
+    if (m_dictionary)
+        m_dictionary->add(encoded(plainForm(word)));
+    m_known.remove(plainForm(word));
+}
+
+} // namespace richtext

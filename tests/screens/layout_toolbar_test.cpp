@@ -1,0 +1,94 @@
+#include "controls/layout_toolbar.h"
+
+#include "controls/colours.h"
+#include "controls/icons.h"
+#include "support/screen_checks.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The strongest contrast of a pixel of the icon against a background.
+double strongest(const QIcon& icon, const QColor& background) {
+    const QImage image = icon.pixmap(24, 24).toImage();
+    double best = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y).alpha() > 200)
+                best = std::max(best, contrast(image.pixelColor(x, y), background));
+        }
+    }
+    return best;
+}
+
+} // namespace
+
+TEST(LayoutToolbar, ButtonsStandAsTheLayoutSays) {
+    LayoutToolbar bar(u"Format_Cks"_s, u"BB|B"_s, u"Bold|Italic|Bullets"_s,
+                      u"bold|italic|bullets"_s);
+    QString layout;
+    for (const QAction* action : bar.actions())
+        layout += action->isSeparator() ? u'|' : u'B';
+    EXPECT_EQ(layout, u"BB|B"_s);
+    ASSERT_EQ(bar.buttonCount(), 3);
+    EXPECT_EQ(bar.button(2)->toolTip(), u"Bullets"_s);
+    EXPECT_FALSE(bar.button(2)->icon().isNull());
+    EXPECT_EQ(control<QToolButton>(bar, u"Format_Cks(1)"_s).accessibleName(), u"Italic"_s);
+}
+
+TEST(LayoutToolbar, TheKeyboardReachesEveryButtonOverOneStop) {
+    QWidget window;
+    auto* layout = new QHBoxLayout(&window);
+    auto* line = new QLineEdit;
+    line->setAccessibleName(u"Before"_s);
+    auto* bar = new LayoutToolbar(u"Keys"_s, u"BB|B"_s, u"One|Two|Three"_s, u"bold|cut|copy"_s);
+    auto* after = new QPushButton(u"After"_s);
+    layout->addWidget(line);
+    layout->addWidget(bar);
+    layout->addWidget(after);
+    bar->button(0)->setEnabled(false);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    line->setFocus();
+    const struct {
+        Qt::Key key;
+        QString focus;
+    } steps[] = {
+        {Qt::Key_Tab, u"Keys(1)"_s},   {Qt::Key_Left, u"Keys(1)"_s}, {Qt::Key_Right, u"Keys(2)"_s},
+        {Qt::Key_Right, u"Keys(2)"_s}, {Qt::Key_Home, u"Keys(1)"_s}, {Qt::Key_End, u"Keys(2)"_s},
+    };
+    for (const auto& [key, focus] : steps) {
+        press(window, key);
+        ASSERT_EQ(window.focusWidget()->objectName(), focus) << key;
+    }
+    press(window, Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), after);
+    press(window, Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(window.focusWidget()->objectName(), u"Keys(2)"_s);
+    checkScreen(window, u"layout_toolbar"_s);
+}
+
+TEST(Icons, AllReadInLightAndDark) {
+    const QPalette usual = QApplication::palette();
+    const QStringList files = QDir(u":/icons"_s).entryList();
+    ASSERT_FALSE(files.isEmpty());
+    for (const QColor& background : {QColor(239, 239, 239), QColor(60, 60, 60)}) {
+        QApplication::setPalette(QPalette(background));
+        for (QString name : files) {
+            name.chop(4);
+            EXPECT_GE(strongest(icon(name), background), 3) << name.toStdString();
+        }
+    }
+    QApplication::setPalette(usual);
+    EXPECT_TRUE(icon(u"no such icon"_s).isNull());
+}
