@@ -20,7 +20,6 @@ protected:
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     BareWindow window;
-    window.resize(1024, 700);
-    window.show();
+    window.showMaximized();
     return QApplication::exec();
 }

@@ -20,13 +20,18 @@ public:
     virtual qint64 finish() = 0;
 };
 
-/// What the program needs for something, beside what the raw library needs for the same.
+/// One picture of a screen that shows sixty a second: what a person sees happen at once takes no
+/// longer.
+inline constexpr double FrameSeconds = 0.016;
+
+/// What the program needs for something, beside what the raw library needs for the same, or beside
+/// one frame of the screen.
 struct Figure {
     QString name;
     double bound; ///< how many times the floor the value may be
     int rounds;
     std::unique_ptr<Work> value;
-    std::unique_ptr<Work> floor;
+    std::unique_ptr<Work> floor; ///< none: FrameSeconds
 };
 
 struct Measurement {
@@ -35,9 +40,9 @@ struct Measurement {
     double ratio() const { return value / floor; }
 };
 
-/// Runs both sides in turn, each round the other one first, after one round that does not count.
-/// Answers each side's shortest time: other load on the machine only ever adds to it. Raises
-/// std::runtime_error where the sides did not do the same.
+/// Runs both sides (or the only one) in turn, each round the other one first, after one round that
+/// does not count. Answers each side's shortest time: other load on the machine only ever adds to
+/// it. Raises std::runtime_error where the sides did not do the same.
 Measurement measure(const Figure& figure);
 
 /// The figures, each family by the file that its work is in. `folder` takes their files; it has to
@@ -45,3 +50,4 @@ Measurement measure(const Figure& figure);
 std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
+std::vector<Figure> screenFigures(const QString& folder);

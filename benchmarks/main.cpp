@@ -5,7 +5,7 @@
 
 #include "figures.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -35,7 +35,7 @@ bool isWithinBound(const Figure& figure) {
 
 std::vector<Figure> allFigures(const QString& folder) {
     std::vector<Figure> all;
-    for (const auto& family : {fileFigures, recordsetFigures, startFigures}) {
+    for (const auto& family : {fileFigures, recordsetFigures, startFigures, screenFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }
@@ -58,7 +58,8 @@ ExitStatus measureAll(const QStringList& words) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     std::printf("%-24s %12s %12s %6s %6s\n", "figure", "value", "floor", "ratio", "bound");
     try {
         return measureAll(QCoreApplication::arguments().mid(1));

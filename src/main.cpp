@@ -40,8 +40,10 @@ int main(int argc, char** argv) {
     progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")
         QObject::connect(&frame, &mdiORVA::shown, &application, [] { QApplication::exit(); });
-    frame.show();
-    if (playsTour)
+    if (playsTour) {
+        frame.show();
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;
+    }
+    frame.showMaximized(); // one size on one place, as large as the screen allows
     return QApplication::exec();
 }

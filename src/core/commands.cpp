@@ -176,6 +176,11 @@ void ReturnToWizardCommand(Session& session) {
     session.Frame()->ShowStartupWizard();
 }
 
+void ExitCommand(Session& session) {
+    session.Frame()->CloseOpenForms();
+    session.Frame()->Unload();
+}
+
 void RunCurrentStartup(Session& session) {
     openWindows(session, windowsBeforePostits);
     openWindows(session, windowsAfterPostits);

@@ -22,6 +22,9 @@ void OpenDatabaseCommand(Session& session);
 void SetupDatabaseCommand(Session& session);
 /// "Return to the Startup Wizard..."
 void ReturnToWizardCommand(Session& session);
+/// "E&xit". The windows go first, so that none of them is noted for the next start: only closing
+/// the main window itself keeps them.
+void ExitCommand(Session& session);
 
 /// What the operations on whole files need, from the session.
 BackupContext backupContext(Session& session);

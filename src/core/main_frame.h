@@ -3,6 +3,11 @@
 #include <QString>
 #include <QStringList>
 
+enum class FrameCommand;
+
+/// What the help menu shows.
+enum class HelpItem { About, Contents, Search };
+
 /// What the rules ask of the main window and of the tool windows that are its children. Windows are
 /// called by the system's names: `TTfrm`, `RegisterFrm`, `StartupWiz`, ...
 class MainFrame {
@@ -20,7 +25,17 @@ public:
     /// Loads and shows a window, or brings it to the front. Does nothing for a window that the
     /// program does not have.
     virtual void OpenForm(const QString& name) = 0;
+    /// Gives a command to the window it belongs to: one that has commands of its own acts on it,
+    /// any other is opened.
+    virtual void RunFormCommand(const QString& name, FrameCommand command) = 0;
     /// The names of the loaded windows that are visible, in the order of loading.
     virtual QStringList visibleForms() const = 0;
     virtual void DestroySplash() = 0;
+    /// Unloads the main window, and with it the program.
+    virtual void Unload() = 0;
+    /// Docks the toolbar at the side that the settings say.
+    virtual void ToolbarAlign() = 0;
+    /// Paints the background anew, as the settings say.
+    virtual void ShadeMDI() = 0;
+    virtual void Help_Menu(HelpItem item) = 0;
 };

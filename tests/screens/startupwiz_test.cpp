@@ -2,15 +2,16 @@
 
 #include "calendar/term_weeks.h"
 #include "core/core_settings.h"
+#include "core/screens/frame_menus.h"
 #include "store/wizard_rules.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiSubWindow>
-#include <QMenu>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +66,26 @@ YearAnswers asked(YearAnswers answers) {
     answers.colours.clear();
     return answers;
 }
+
+/// Another program that has a file open, as long as the object lives.
+class OtherProgram {
+public:
+    explicit OtherProgram(const QString& file) {
+        m_process.start(test::tool(u"jet"_s), {file});
+        m_process.write("SHOW TABLES\n");
+        if (!m_process.waitForReadyRead())
+            ADD_FAILURE() << "the other program does not answer";
+    }
+    ~OtherProgram() {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished();
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+private:
+    QProcess m_process;
+};
 
 QString dates(const char* first, const char* last) {
     return QString::fromLatin1(first) + u"   to   "_s + QString::fromLatin1(last);
@@ -351,18 +372,83 @@ TEST_F(WizardTest, RunsTheActionsOfItsFirstPage) {
     EXPECT_FALSE(wizard);
     EXPECT_EQ(session.DatabasePath, path(u"year.mdb"_s));
 
-    for (QMenu* menu : frame->findChildren<QMenu*>()) {
-        for (QAction* action : menu->actions()) {
-            if (action->objectName() == u"mnufileItem(1)")
-                action->trigger();
-        }
-    }
+    frame->menus().action(FrameCommand::SetupDatabase).trigger();
     wizard = frame->findChild<StartupWiz*>();
     ASSERT_TRUE(wizard);
     EXPECT_EQ(shownFrame(), TeacherFrame);
     EXPECT_TRUE(wizard->isEnabled());
     frame->EnableInput(false);
     EXPECT_TRUE(wizard->isEnabled());
+}
+
+TEST_F(WizardTest, AFileThatDoesNotOpenIsToldAndTheWizardStays) {
+    QFile garbage(path(u"garbage.mdb"_s));
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && garbage.write("no database") > 0);
+    garbage.close();
+    for (const QString& name : {u"busy.mdb"_s, u"locked.mdb"_s})
+        createYear(oneWeekAnswers(), path(name), seams);
+    engine.OpenDatabase(path(u"locked.mdb"_s), true).NewPassword({}, u"secret"_s);
+    const OtherProgram other(path(u"busy.mdb"_s));
+    start();
+    const struct {
+        QString file;
+        QString titleInWizard; ///< empty: nothing is told
+        QString titleInMenu;
+    } cases[] = {
+        {u"garbage.mdb"_s, u"Invalid Database"_s, u"Invalid Database"_s},
+        {u"busy.mdb"_s, u"Database already open."_s, u"Database already open"_s},
+        {u"locked.mdb"_s, {}, {}},
+    };
+    for (const auto& [file, titleInWizard, titleInMenu] : cases) {
+        on<QListWidget>("CL1").setCurrentRow(OpenAction);
+        for (const bool byMenu : {false, true}) {
+            seams.prompts.expect(PromptKind::File, u" Select the database to open:"_s, path(file));
+            if (titleInWizard.isEmpty())
+                seams.prompts.expect(PromptKind::Password, {});
+            else if (byMenu)
+                seams.prompts.expect(PromptKind::Message, titleInMenu, AnswerOk);
+            else
+                seams.prompts.expect(PromptKind::Plain, titleInWizard, AnswerOk);
+            if (byMenu)
+                frame->menus().action(FrameCommand::OpenDatabase).trigger();
+            else
+                click("cmdNext");
+            settle();
+            EXPECT_TRUE(session.DatabasePath.isEmpty()) << file.toStdString();
+            EXPECT_FALSE(session.CurrentDB.isOpen()) << file.toStdString();
+            EXPECT_EQ(frame->windowTitle(), u"Orvane: "_s);
+            wizard = frame->findChild<StartupWiz*>();
+            ASSERT_TRUE(wizard && wizard->isVisible()) << file.toStdString();
+        }
+    }
+
+    on<QListWidget>("CL1").setCurrentRow(OpenAction);
+    seams.prompts.expect(PromptKind::File, u" Select the database to open:"_s,
+                         path(u"locked.mdb"_s));
+    seams.prompts.expect(PromptKind::Password, {}, u"wrong"_s);
+    seams.prompts.expect(PromptKind::Message, u"Invalid Password"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::Password, {}, u"secret"_s);
+    click("cmdNext");
+    settle();
+    EXPECT_FALSE(wizard);
+    EXPECT_TRUE(session.CurrentDB.isOpen());
+}
+
+TEST_F(WizardTest, AnEngineWithARepairOfItsOwnOffersIt) {
+    createYear(oneWeekAnswers(), path(u"year.mdb"_s), seams);
+    StartupWiz window(session, u"3.5"_s);
+    window.show();
+    wizard = &window;
+    EXPECT_EQ(items("CL1").size(), 5);
+    on<QListWidget>("CL1").setCurrentRow(RepairAction);
+    seams.prompts.expect(PromptKind::File, u"Select the database to repair:"_s, {});
+    click("cmdNext");
+    seams.prompts.expect(PromptKind::File, u"Select the database to repair:"_s,
+                         path(u"year.mdb"_s));
+    seams.prompts.expect(PromptKind::Message, u"Repair Database:"_s, AnswerYes);
+    seams.prompts.expect(PromptKind::AutoMessage, u"Database Repaired:"_s, AnswerOk);
+    click("cmdNext");
+    EXPECT_EQ(session.OpenDatabaseFile(path(u"year.mdb"_s), {}), OpenDone);
 }
 
 TEST_F(WizardTest, ImportsTermDates) {

@@ -20,6 +20,13 @@ public:
     void ShowStartupWizard() override { log += QStringLiteral("wizard"); }
     void ShowStartupWizardSetup() override { log += QStringLiteral("wizard setup"); }
     void OpenForm(const QString& name) override { forms += name; }
+    void RunFormCommand(const QString& name, FrameCommand) override { forms += name; }
     QStringList visibleForms() const override { return forms; }
     void DestroySplash() override {}
+    void Unload() override { log += QStringLiteral("unload"); }
+    void ToolbarAlign() override {}
+    void ShadeMDI() override {}
+    void Help_Menu(HelpItem item) override {
+        log += QStringLiteral("help %1").arg(static_cast<int>(item));
+    }
 };

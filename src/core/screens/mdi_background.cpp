@@ -54,3 +54,10 @@ void MdiBackground::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
     ShadeMDI();
 }
+
+/// The default end of the shading is a colour of the person's scheme.
+void MdiBackground::changeEvent(QEvent* event) {
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ShadeMDI();
+}

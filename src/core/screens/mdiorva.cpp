@@ -3,32 +3,42 @@
 #include "core/commands.h"
 #include "core/core_settings.h"
 #include "core/screens/aboutfrm.h"
+#include "core/screens/context_help.h"
+#include "core/screens/frame_menus.h"
+#include "core/screens/frame_toolbar.h"
 #include "core/screens/mdi_background.h"
 #include "core/screens/placed_widget.h"
-#include "core/screens/window_table.h"
 #include "core/session.h"
-#include "core/upgrade.h"
+#include "core/settings.h"
 #include "store/screens/startupwiz.h"
 
+#include <QAction>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QTimer>
 
 #include <algorithm>
 #include <utility>
 
-mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash)
+mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash, WindowTable windows)
     : m_session(session)
+    , m_windows(windows)
     , m_client(new MdiBackground(session, this))
     , m_splash(splash)
     , m_startPending(startsByItself) {
     setObjectName(QStringLiteral("mdiORVA"));
-    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    RemoveSystemMenuItems();
+    DisableRestoreButton();
     setCentralWidget(m_client);
     resize(1024, 700);
-    buildFileMenu();
-    buildHelpMenu();
+    const FormTest hasForm = [this](QStringView form) { return findWindow(m_windows, form); };
+    m_menus = new FrameMenus(session, hasForm, *this);
+    m_toolbar = new FrameToolbar(toolbarLayout(hasForm), *m_menus);
+    Reparent_HelpButton();
+    makeToolbar();
     m_session.SetFrame(this);
     LoadMainWindow(m_session);
 }
@@ -38,30 +48,67 @@ mdiORVA::~mdiORVA() {
     m_session.SetFrame(nullptr);
 }
 
-void mdiORVA::buildFileMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->setObjectName(QStringLiteral("mnuFile"));
-    const auto add = [this, menu](int index, const QString& caption, auto command) {
-        QAction* action = menu->addAction(caption, this, command);
-        action->setObjectName(QStringLiteral("mnufileItem(%1)").arg(index));
-        return action;
-    };
-    add(0, tr("Open a ORVA Database... "), [this] {
-        OpenDatabaseCommand(m_session);
-    })->setShortcut(QKeySequence::Open);
-    add(1, tr("Setup a New ORVA database..."), [this] { SetupDatabaseCommand(m_session); });
-    add(2, tr("Return to the Startup Wizard..."), [this] { ReturnToWizardCommand(m_session); });
-    menu->addSeparator();
-    add(8, tr("E&xit"), [this] { close(); })->setShortcut(QKeySequence::Quit);
+/// Of the window's system menu the commands that would leave it smaller. To move it and to fit it
+/// to a screen that changes stays with the desktop, which has them in a menu of its own.
+void mdiORVA::RemoveSystemMenuItems() {
+    setWindowFlag(Qt::WindowMinimizeButtonHint, false);
 }
 
-void mdiORVA::buildHelpMenu() {
-    QMenu* menu = menuBar()->addMenu(tr("&Help"));
-    menu->setObjectName(QStringLiteral("mnuHelp"));
-    menu->addAction(tr("&About ORVA"), this, [this] { AboutFrm(this).exec(); })
-        ->setObjectName(QStringLiteral("mnHelpAbout"));
-    menu->addAction(tr("Check for Internet Upgrade"), this, [this] { GetUpgradeInfo(m_session); })
-        ->setObjectName(QStringLiteral("mnuHelpUpgrade"));
+void mdiORVA::DisableRestoreButton() {
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+}
+
+/// The title bar is the desktop's own, so the button stands at the end of the menu bar below it.
+void mdiORVA::Reparent_HelpButton() {
+    auto* bar = new QMenuBar;
+    m_menus->addTo(*bar);
+    auto* help = new ContextHelp;
+    connect(help, &ContextHelp::helpWanted, this, &mdiORVA::helpWanted);
+    auto* top = new QWidget;
+    auto* layout = new QHBoxLayout(top);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(bar, 1);
+    layout->addWidget(help);
+    setMenuWidget(top);
+}
+
+void mdiORVA::makeToolbar() {
+    QAction& shows = m_menus->action(FrameCommand::ShowToolbar);
+    shows.setChecked(true);
+    connect(&shows, &QAction::toggled, m_toolbar, &QWidget::setVisible);
+    connect(m_toolbar, &FrameToolbar::popupOpens, this, [this](FrameCommand popup, QMenu& menu) {
+        const WindowEntry* entry = findWindow(m_windows, commandEntry(popup).form);
+        if (entry && entry->fill)
+            entry->fill(m_session, menu);
+    });
+    auto* toToolbar = new QShortcut(Qt::Key_F6, this);
+    connect(toToolbar, &QShortcut::activated, this, &mdiORVA::switchFocus);
+    ToolbarAlign();
+}
+
+void mdiORVA::ToolbarAlign() {
+    const qint32 alignment =
+        m_session.GetSettings().readNumber(setting::Root, setting::ToolbarAlignment);
+    m_toolbar->dock(*this, toolbarSide(alignment));
+    m_toolbar->setVisible(m_menus->action(FrameCommand::ShowToolbar).isChecked());
+}
+
+void mdiORVA::ShadeMDI() {
+    m_client->ShadeMDI();
+}
+
+void mdiORVA::switchFocus() {
+    QMdiSubWindow* form = m_client->activeSubWindow();
+    if (m_toolbar->isAncestorOf(focusWidget()) && form)
+        form->setFocus();
+    else
+        m_toolbar->takeFocus();
+}
+
+void mdiORVA::Help_Menu(HelpItem item) {
+    if (item == HelpItem::About)
+        AboutFrm(this).exec();
 }
 
 void mdiORVA::SetCaption(const QString& caption) {
@@ -69,16 +116,22 @@ void mdiORVA::SetCaption(const QString& caption) {
 }
 
 void mdiORVA::EnableInput(bool enable) {
-    // The wizard is there to find a database, so it needs none.
+    m_menus->EnableInput(enable);
+    m_toolbar->setEnabled(enable);
     for (QMdiSubWindow* form : std::as_const(m_forms)) {
-        if (form->isVisible() && !qobject_cast<StartupWiz*>(form->widget()))
+        if (form->isVisible() && entryOf(*form)->needsDatabase)
             form->setEnabled(enable);
     }
 }
 
 void mdiORVA::CloseOpenForms() {
-    while (!m_forms.isEmpty())
-        delete m_forms.takeLast();
+    while (!m_forms.isEmpty()) {
+        const QPointer<QMdiSubWindow> form = m_forms.takeLast();
+        // What it still has to write is written as it closes; it goes even where it would stay.
+        if (entryOf(*form)->needsDatabase)
+            form->close();
+        delete form;
+    }
 }
 
 void mdiORVA::ShowStartupWizard() {
@@ -94,10 +147,23 @@ void mdiORVA::ShowStartupWizardSetup() {
 }
 
 void mdiORVA::OpenForm(const QString& name) {
+    const WindowEntry* entry = findWindow(m_windows, name);
     if (QMdiSubWindow* form = loadedForm(name))
-        bringForward(form, findWindow(name)->placementKey);
+        bringForward(*form);
+    else if (entry && entry->make)
+        loadForm(*entry);
+}
+
+void mdiORVA::RunFormCommand(const QString& name, FrameCommand command) {
+    const WindowEntry* entry = findWindow(m_windows, name);
+    if (entry && entry->run)
+        entry->run(m_session, command);
     else
-        loadForm(name);
+        OpenForm(name);
+}
+
+const WindowEntry* mdiORVA::entryOf(const QMdiSubWindow& form) const {
+    return findWindow(m_windows, form.widget()->objectName());
 }
 
 QMdiSubWindow* mdiORVA::loadedForm(const QString& name) const {
@@ -111,28 +177,41 @@ PlacedWidget mdiORVA::placedForm(QMdiSubWindow& form) const {
     return {form, form.widget()->objectName(), m_client->viewport()};
 }
 
-void mdiORVA::loadForm(const QString& name) {
-    const WindowEntry* entry = findWindow(name);
-    if (!entry)
-        return;
-    QMdiSubWindow* form = m_client->addSubWindow(entry->make(m_session));
+void mdiORVA::loadForm(const WindowEntry& entry) {
+    QMdiSubWindow* form = m_client->addSubWindow(entry.make(m_session));
     form->setAttribute(Qt::WA_DeleteOnClose);
+    form->installEventFilter(this);
     m_forms += form;
     connect(form, &QObject::destroyed, this, [this, form] { m_forms.removeAll(form); });
     PlacedWidget placed = placedForm(*form);
-    if (!entry->placementKey.isEmpty())
-        RestoreWindowPlacement(m_session.GetSettings(), placed, entry->placementKey);
+    if (!entry.placementKey.isEmpty())
+        RestoreWindowPlacement(m_session.GetSettings(), placed, entry.placementKey);
     form->show();
 }
 
-void mdiORVA::bringForward(QMdiSubWindow* form, const QString& placementKey) {
-    if (form->isMinimized()) {
-        form->showNormal();
-        PlacedWidget placed = placedForm(*form);
-        if (!placementKey.isEmpty())
-            RestoreChildPlacement(m_session.GetSettings(), placed, placementKey);
+void mdiORVA::bringForward(QMdiSubWindow& form) {
+    if (form.isMinimized()) {
+        form.showNormal();
+        PlacedWidget placed = placedForm(form);
+        const QStringView key = commandPlacementKey(placed.windowName());
+        if (!key.isEmpty())
+            RestoreChildPlacement(m_session.GetSettings(), placed, key);
     }
-    m_client->setActiveSubWindow(form);
+    m_client->setActiveSubWindow(&form);
+}
+
+void mdiORVA::keepPlace(QMdiSubWindow& form) {
+    const WindowEntry* entry = entryOf(form);
+    if (!entry->placementKey.isEmpty())
+        SaveWindowPlacement(m_session.GetSettings(), placedForm(form), entry->placementKey);
+}
+
+/// A tool window's place is kept as it closes, by whatever way.
+bool mdiORVA::eventFilter(QObject* watched, QEvent* event) {
+    auto* form = qobject_cast<QMdiSubWindow*>(watched);
+    if (form && form->widget() && event->type() == QEvent::Close)
+        keepPlace(*form);
+    return QMainWindow::eventFilter(watched, event);
 }
 
 QStringList mdiORVA::visibleForms() const {
@@ -146,6 +225,10 @@ QStringList mdiORVA::visibleForms() const {
 
 void mdiORVA::DestroySplash() {
     delete m_splash;
+}
+
+void mdiORVA::Unload() {
+    close();
 }
 
 void mdiORVA::showEvent(QShowEvent* event) {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "core/main_frame.h"
+#include "core/screens/window_table.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
+class FrameMenus;
+class FrameToolbar;
 class MdiBackground;
 class PlacedWidget;
 class QMdiSubWindow;
@@ -12,13 +15,17 @@ class Session;
 
 /// The main window: the frame of the whole program, as long as the process. It owns the tool
 /// windows and knows nothing of what they do.
+///
+/// F6 goes from the tool windows to the toolbar and back.
 class mdiORVA : public QMainWindow, public MainFrame {
     Q_OBJECT
 
 public:
     /// `startsByItself`: the first showing opens the default database or the wizard.
     /// `splash` shows while the program starts; the frame closes it when it stands.
-    explicit mdiORVA(Session& session, bool startsByItself = true, QWidget* splash = nullptr);
+    /// `windows` are the tool windows that there are.
+    explicit mdiORVA(Session& session, bool startsByItself = true, QWidget* splash = nullptr,
+                     WindowTable windows = windowTable());
     ~mdiORVA() override;
 
     void SetCaption(const QString& caption) override;
@@ -27,30 +34,50 @@ public:
     void ShowStartupWizard() override;
     void ShowStartupWizardSetup() override;
     void OpenForm(const QString& name) override;
+    void RunFormCommand(const QString& name, FrameCommand command) override;
     QStringList visibleForms() const override;
     void DestroySplash() override;
+    void Unload() override;
+    void ToolbarAlign() override;
+    void ShadeMDI() override;
+    void Help_Menu(HelpItem item) override;
+
+    FrameMenus& menus() const { return *m_menus; }
 
 signals:
     /// The frame stands for the first time; the start goes on behind it.
     void shown();
     /// The frame has been drawn for the first time and the start has run its course.
     void started();
+    /// The person asked for help about a control.
+    void helpWanted(QWidget* control);
 
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// None: the toolbar is shown and hidden by its item in the view menu.
+    QMenu* createPopupMenu() override { return nullptr; }
 
 private:
-    void buildFileMenu();
-    void buildHelpMenu();
+    void RemoveSystemMenuItems();
+    void DisableRestoreButton();
+    void Reparent_HelpButton();
+    void makeToolbar();
+    void switchFocus();
     void activateFirst();
+    const WindowEntry* entryOf(const QMdiSubWindow& form) const;
     QMdiSubWindow* loadedForm(const QString& name) const;
     PlacedWidget placedForm(QMdiSubWindow& form) const;
-    void loadForm(const QString& name);
-    void bringForward(QMdiSubWindow* form, const QString& placementKey);
+    void loadForm(const WindowEntry& entry);
+    void bringForward(QMdiSubWindow& form);
+    void keepPlace(QMdiSubWindow& form);
 
     Session& m_session;
+    WindowTable m_windows;
     MdiBackground* m_client;
+    FrameMenus* m_menus;
+    FrameToolbar* m_toolbar;
     QPointer<QWidget> m_splash;
     bool m_startPending;
     QList<QMdiSubWindow*> m_forms; ///< in the order of loading

@@ -1,19 +1,26 @@
 #include "core/screens/tour.h"
 
+#include "core/clock.h"
+#include "core/progress.h"
+#include "core/prompts.h"
 #include "core/screens/mdiorva.h"
-#include "core/screens/window_table.h"
+#include "core/screens/progressfrm.h"
+#include "core/screens/tour_pictures.h"
+#include "core/screens/tour_wizard.h"
 #include "core/session.h"
+#include "incidents/security_warning.h"
 #include "store/creation.h"
 #include "store/engine/error.h"
+#include "store/screens/startupwiz.h"
 #include "store/year_answers_json.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
-#include <QPainter>
-#include <QPixmap>
 
 #include <cstdio>
+#include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,60 +29,94 @@ bool fail(const QString& sentence) {
     return false;
 }
 
-bool makeSampleYear(Session& session, const QString& path) {
-    QFile file(QStringLiteral(":/samples/year.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("The sample is not part of the program."));
+std::optional<YearAnswers> sampleAnswers() {
+    QFile file(u":/samples/year.json"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(u"The sample is not part of the program."_s);
+        return std::nullopt;
+    }
     const ReadAnswers read = readYearAnswers(file.readAll(), QLocale());
-    if (read.fault)
-        return fail(read.fault->field + QStringLiteral(": ") + read.fault->text);
+    if (!read.fault)
+        return read.answers;
+    fail(read.fault->field + u": "_s + read.fault->text);
+    return std::nullopt;
+}
+
+void makeYear(Session& session, const YearAnswers& answers, const QString& path) {
     const Seams& seams = session.GetSeams();
-    CreateDB(session.Engine(), read.answers, path, ExistingFile::Replace, seams.progress,
-             seams.prompts, QLocale::c());
-    return true;
+    CreateDB(session.Engine(), answers, path, ExistingFile::Replace, seams.progress, seams.prompts,
+             QLocale::c());
 }
 
-/// The window with its caption above it, which the platform draws and no grab holds.
-QPixmap pictureOf(QWidget& window) {
-    const QPixmap content = window.grab();
-    const int height = window.fontMetrics().height() * 2;
-    QPixmap picture(content.width(), content.height() + height);
-    const QPalette palette = window.palette();
-    picture.fill(palette.color(QPalette::Highlight));
-    QPainter painter(&picture);
-    painter.setFont(window.font());
-    painter.setPen(palette.color(QPalette::HighlightedText));
-    painter.drawText(QRect(height / 3, 0, picture.width(), height), Qt::AlignVCenter,
-                     window.windowTitle());
-    painter.drawPixmap(0, height, content);
-    return picture;
+/// The wizard on its first page, and each of its other pages filled with the sample's answers.
+void visitWizard(mdiORVA& frame, const YearAnswers& answers, TourPictures& pictures) {
+    frame.ShowStartupWizard();
+    auto* wizard = frame.findChild<StartupWiz*>();
+    pictures.save(*wizard, u"StartupWiz"_s);
+    fillWizard(*wizard, answers,
+               [&](int number) { pictures.save(*wizard, u"StartupWiz_%1"_s.arg(number)); });
+    frame.CloseOpenForms();
 }
 
-bool savePicture(QWidget& window, const QString& path) {
-    QApplication::processEvents();
-    return pictureOf(window).save(path) || fail(QStringLiteral("Could not write ") + path);
+/// One prompt of each kind.
+void visitPrompts(Session& session, mdiORVA& frame, TourPictures& pictures) {
+    Prompts& prompts = session.GetSeams().prompts;
+    pictures.saveAsked(u"msgFrm_checkbox"_s,
+                       [&] { MayShowIncidents(session.GetSettings(), prompts); });
+    pictures.saveAsked(u"msgFrm_input"_s, [&] {
+        prompts.input_box(u"Please enter a caption for the new sub menu:"_s, OkCancelButtons,
+                          u"Create Sub Menu"_s, u"New Menu"_s);
+    });
+    const QDate today = session.GetSeams().clock.today();
+    pictures.saveAsked(u"msgFrm_dates"_s, [&] {
+        prompts.Date_Box(u"Teaching period"_s, {today, today.addDays(27)});
+    });
+    pictures.saveAsked(u"msgFrm_link"_s, [&] {
+        prompts.File_Link(u"Create a File Link"_s, u"Enter the information"_s, {}, {});
+    });
+    pictures.saveAsked(u"PasswordORVA"_s, [&] { prompts.PromptForPassword(); });
+    pictures.saveAsked(u"AboutFrm"_s, [&] { frame.Help_Menu(HelpItem::About); });
+}
+
+/// Long work half done.
+void visitProgress(Session& session, TourPictures& pictures) {
+    Progress& progress = session.GetSeams().progress;
+    const ProgressWindow window(progress, u"Backing up Database:"_s);
+    constexpr int halfDone = 50;
+    progress.UpdateProgress(halfDone, u"Backing up Database:"_s, u"Compacting Database"_s);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* shown = qobject_cast<ProgressFrm*>(widget))
+            pictures.save(*shown, u"ProgressFrm"_s);
+    }
 }
 
 } // namespace
 
 bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
-    QDir().mkpath(folder);
-    const QString year = folder + QStringLiteral("/sample.mdb");
+    TourPictures pictures(folder);
+    const QString year = folder + u"/sample.mdb"_s;
+    const std::optional<YearAnswers> answers = sampleAnswers();
     try {
-        if (!makeSampleYear(session, year))
+        if (!answers)
             return false;
+        makeYear(session, *answers, year);
         session.DatabasePath = year;
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
-            return fail(QStringLiteral("The sample year did not open."));
+            return fail(u"The sample year did not open."_s);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }
     frame.EnableInput(true);
-    bool whole = savePicture(frame, folder + QStringLiteral("/mdiORVA.png"));
+    pictures.save(frame, u"mdiORVA"_s);
     for (const WindowEntry& entry : windowTable()) {
+        if (!entry.make || !entry.needsDatabase)
+            continue;
         frame.OpenForm(entry.name);
-        whole = savePicture(frame, folder + u'/' + entry.name + QStringLiteral(".png")) && whole;
+        pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }
-    return whole;
+    visitPrompts(session, frame, pictures);
+    visitProgress(session, pictures);
+    visitWizard(frame, *answers, pictures);
+    return pictures.areWhole();
 }

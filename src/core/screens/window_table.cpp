@@ -7,17 +7,19 @@
 
 using namespace Qt::StringLiterals;
 
-std::span<const WindowEntry> windowTable() {
+WindowTable windowTable() {
     static const std::array windows{
-        WindowEntry{u"StartupWiz"_s, {}, [](Session& session) { return new StartupWiz(session); }},
+        WindowEntry{.name = u"StartupWiz"_s,
+                    .placementKey = {},
+                    .make = [](Session& session) { return new StartupWiz(session); },
+                    .needsDatabase = false},
     };
     return windows;
 }
 
-const WindowEntry* findWindow(const QString& name) {
-    const auto windows = windowTable();
+const WindowEntry* findWindow(WindowTable windows, QStringView name) {
     const auto found =
         std::find_if(windows.begin(), windows.end(),
-                     [&name](const WindowEntry& entry) { return entry.name == name; });
+                     [name](const WindowEntry& entry) { return entry.name == name; });
     return found == windows.end() ? nullptr : &*found;
 }

@@ -49,9 +49,11 @@ private:
 
 } // namespace
 
-StartupWiz::StartupWiz(Session& session)
+StartupWiz::StartupWiz(Session& session) : StartupWiz(session, session.Engine().Version()) {}
+
+StartupWiz::StartupWiz(Session& session, const QString& engineVersion)
     : m_session(session)
-    , m_actions(new ActionsPage(startupActions(session.Engine().Version())))
+    , m_actions(new ActionsPage(startupActions(engineVersion)))
     , m_teacher(new TeacherPage(session.GetSeams().clock.today()))
     , m_classes(new ClassesPage(session.GetSeams().prompts))
     , m_weekA(new TimetablePage(u'A'))

@@ -29,6 +29,8 @@ class StartupWiz : public QWidget {
 
 public:
     explicit StartupWiz(Session& session);
+    /// `engineVersion` decides which actions there are: only "3.5" has a repair of its own.
+    StartupWiz(Session& session, const QString& engineVersion);
 
     /// Goes straight to the first page of the set-up.
     void startSetup();
