@@ -51,3 +51,4 @@ std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);
+std::vector<Figure> richTextFigures(const QString& folder);

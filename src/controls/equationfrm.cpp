@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -71,11 +70,8 @@ EquationFrm::EquationFrm(QWidget* parent)
     layout->addWidget(m_shown);
     layout->addWidget(buttons);
 
-    connect(m_typed, &QLineEdit::textChanged, this, [this, buttons](const QString& typed) {
-        m_shown->setText(richtext::formulaText(typed));
-        buttons->button(QDialogButtonBox::Ok)->setEnabled(!typed.trimmed().isEmpty());
-    });
-    buttons->button(QDialogButtonBox::Ok)->setEnabled(false);
+    connect(m_typed, &QLineEdit::textChanged, this,
+            [this](const QString& typed) { m_shown->setText(richtext::formulaText(typed)); });
 }
 
 void EquationFrm::addSigns(QLayout& layout) {

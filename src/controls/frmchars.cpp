@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFontComboBox>
+#include <QFontInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -40,6 +41,7 @@ frmChars::frmChars(QWidget* parent)
 void frmChars::makeControls() {
     m_fonts->setObjectName(u"cmbFont"_s);
     m_fonts->setEditable(false);
+    m_fonts->setCurrentFont(QFont(QFontInfo(font()).family()));
     m_groups->setObjectName(u"cmbGroup"_s);
     for (const CharacterGroup& group : characterGroups())
         m_groups->addItem(group.name);

@@ -39,8 +39,11 @@ std::optional<EmbeddedObject> objectAt(const QTextCursor& cursor);
 /// Puts an object at the cursor, in place of its selection.
 void insertObject(QTextCursor& at, const EmbeddedObject& object);
 
+/// The most bytes that a packaged file may have.
+constexpr qint64 largestPackage = 32 * 1024 * 1024;
+
 /// An object of the class "Package" that holds a file's name and bytes, as other programs on other
-/// systems open it too. Without a source where the file cannot be read.
+/// systems open it too. Without a source where the file cannot be read or is too large.
 EmbeddedObject packageOf(const QString& fileName);
 
 /// An object of the class "Equation" that shows a text.

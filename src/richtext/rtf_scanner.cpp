@@ -52,6 +52,7 @@ Token Scanner::controlWord() {
     readNumber();
     if (m_at != m_end && *m_at == u' ')
         ++m_at;
+    m_binary = m_at;
     if (m_meaning.word == Word::Binary && m_number > 0)
         m_at += std::min<qsizetype>(m_number, m_end - m_at);
     return Token::Word;

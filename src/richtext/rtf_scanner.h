@@ -61,6 +61,8 @@ public:
     char16_t symbol() const { return m_symbol; }
     uchar byte() const { return m_byte; }
     QStringView text() const { return {m_start, m_textEnd}; }
+    /// What a \bin carries, a character a byte.
+    QStringView binary() const { return {m_binary, m_at}; }
 
     /// Where the last token begins, and where the next one will.
     qsizetype start() const { return m_start - m_begin; }
@@ -133,6 +135,7 @@ private:
     const char16_t* m_end;
     const char16_t* m_start;
     const char16_t* m_textEnd = nullptr;
+    const char16_t* m_binary = nullptr;
     WordMeaning m_meaning;
     qint32 m_number = 0;
     bool m_hasNumber = false;

@@ -186,6 +186,16 @@ constexpr Entry words[] = {
     {"red", {Word::Red}},
     {"green", {Word::Green}},
     {"blue", {Word::Blue}},
+
+    {"objclass", {Word::ObjectClass}},
+    {"objdata", {Word::ObjectData}},
+    {"pngblip", {Word::PictureKind, PngPicture}},
+    {"jpegblip", {Word::PictureKind, JpegPicture}},
+    {"dibitmap", {Word::PictureKind, BitmapPicture}},
+    {"picwgoal", {Word::PictureWidth}},
+    {"pichgoal", {Word::PictureHeight}},
+    {"picscalex", {Word::PictureScaleX}},
+    {"picscaley", {Word::PictureScaleY}},
 };
 
 // An open hash table, filled by the compiler; at most a quarter of its places are taken.

@@ -62,7 +62,18 @@ enum class Word : quint8 {
     Red,
     Green,
     Blue,
+
+    // Inside objects and pictures, which the reader keeps as they are.
+    ObjectClass,
+    ObjectData,
+    PictureKind, ///< value: a PictureKind
+    PictureWidth,
+    PictureHeight,
+    PictureScaleX,
+    PictureScaleY,
 };
+
+enum PictureKind : qint32 { OtherPicture, PngPicture, JpegPicture, BitmapPicture };
 
 struct WordMeaning {
     Word word = Word::Unknown;

@@ -1,7 +1,7 @@
 #include "richtext/rtf_writer.h"
 
-#include "richtext/code_pages.h"
 #include "richtext/objects.h"
+#include "richtext/rtf_text.h"
 #include "richtext/text_state.h"
 
 #include <QHash>
@@ -35,7 +35,6 @@ private:
     void writeFragment(const QTextFragment& fragment, int from, int to);
     void changeTo(const CharacterState& wanted);
     void writeText(QStringView text);
-    void writeCharacter(char16_t character);
 
     /// A control word, to which a text behind it needs a blank.
     void word(QStringView name) {
@@ -233,51 +232,10 @@ void Writer::changeTo(const CharacterState& wanted) {
 }
 
 void Writer::writeText(QStringView text) {
-    const auto isPlain = [](QChar c) {
-        return c >= u' ' && c < QChar(0x7F) && c != u'\\' && c != u'{' && c != u'}';
-    };
-    while (!text.isEmpty()) {
-        const auto* const end = std::find_if_not(text.begin(), text.end(), isPlain);
-        if (end != text.begin()) {
-            if (m_isBehindWord)
-                literal(u" ");
-            literal({text.begin(), end});
-        } else {
-            writeCharacter(text.front().unicode());
-        }
-        text = text.sliced(std::max<qsizetype>(end - text.begin(), 1));
-    }
-}
-
-/// A character that does not stand for itself.
-void Writer::writeCharacter(char16_t character) {
-    switch (character) {
-    case u'\\':
-    case u'{':
-    case u'}':
-        literal(u"\\");
-        literal({&character, 1});
-        break;
-    case u'\t':
-        literal(u"\\tab ");
-        break;
-    case QChar::LineSeparator:
-        literal(u"\\line ");
-        break;
-    case QChar::Nbsp:
-        literal(u"\\~");
-        break;
-    case QChar::SoftHyphen:
-        literal(u"\\-");
-        break;
-    case QChar::ObjectReplacementCharacter: // a picture that has no source
-        break;
-    default:
-        if (const uchar byte = westernByte(character))
-            literal(QStringLiteral("\\'%1").arg(byte, 2, 16, QLatin1Char('0')));
-        else if (character >= 0x7F)
-            literal(QStringLiteral("\\u%1?").arg(static_cast<qint16>(character)));
-    }
+    if (m_isBehindWord && !beginsWithEscape(text))
+        literal(u" ");
+    appendText(m_body, text);
+    m_isBehindWord = false;
 }
 
 CharacterState Writer::stateOf(const QTextFormat& format, int index) {

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr qsizetype blockBytes = 1024 * 1024;
+constexpr qsizetype blockBytes = qsizetype{1024} * 1024;
 
 QString journalOf(const QString& path) {
     return path + QStringLiteral("-journal");

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int MonthsPerYear = 12;
+constexpr int DaysOfCalendar = 31;
 constexpr int DaysOfTimetable = 5;
 constexpr qint32 White = 0xFFFFFF;
 
@@ -94,9 +95,10 @@ void YearBuilder::createPlanning() {
 
 void YearBuilder::createCalendar() {
     m_progress.UpdateProgress(0, QStringLiteral("Creating Calendar Table"));
-    m_progress.UpdateProgress(0, QStringLiteral("Adding Day Fields"));
+    for (int day = 1; day <= DaysOfCalendar; ++day)
+        m_progress.UpdateProgress(percent(day, DaysOfCalendar),
+                                  QStringLiteral("Adding Day Fields"));
     dao::Recordset calendar = createAndOpen(Table::Calendar);
-    m_progress.UpdateProgress(100);
     for (int month = 1; month <= MonthsPerYear; ++month) {
         calendar.AddNew();
         calendar.SetCollect(u"Month", monthKey(month, m_locale));

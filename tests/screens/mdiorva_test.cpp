@@ -116,11 +116,6 @@ TEST_F(FrameTest, StartsWithoutAYear) {
     start(frame);
     EXPECT_EQ(frame.windowTitle(), QStringLiteral("Orvane: "));
     EXPECT_FALSE(session.CurrentDB.isOpen());
-    for (const QMenu* menu : frame.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
-        for (const QAction* item : menu->actions())
-            EXPECT_TRUE(item->isSeparator() || !item->objectName().isEmpty())
-                << qPrintable(item->text());
-    }
 }
 
 TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
@@ -159,6 +154,18 @@ TEST_F(FrameTest, WithoutAnAddressTheUpgradeCommandSaysSo) {
     start(frame);
     seams.prompts.expect(PromptKind::Plain, QStringLiteral("Internet Upgrade"), AnswerOk);
     action(frame, "mnuHelpUpgrade")->trigger();
+}
+
+TEST_F(FrameTest, EveryItemOfTheMenusIsNamedAndLegible) {
+    const std::unique_ptr<mdiORVA> frame = fullFrame(true);
+    frame->menus().popup(FrameCommand::PostitMenu);
+    for (QMenu* menu : frame->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        for (const QAction* item : menu->actions())
+            EXPECT_TRUE(item->isSeparator() || !item->objectName().isEmpty());
+        menu->popup({});
+        checkScreen(*menu, menu->objectName());
+        menu->close();
+    }
 }
 
 TEST_F(FrameTest, CommandsAreAllowedByTheState) {

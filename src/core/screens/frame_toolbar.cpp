@@ -2,6 +2,7 @@
 
 #include "core/screens/frame_menus.h"
 
+#include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 
@@ -48,6 +49,9 @@ FrameToolbar::FrameToolbar(const ToolbarLayout& layout, FrameMenus& menus)
     setIconSize({iconPixels, iconPixels});
     for (qsizetype i = 0; i < buttonCount(); ++i) {
         const FrameCommand command = m_buttons[static_cast<size_t>(i)].command;
+        const QKeySequence key = menus.action(command).shortcut();
+        widgetForAction(button(i))->setAccessibleDescription(
+            key.toString(QKeySequence::NativeText));
         if (isPopup(command))
             connect(button(i), &QAction::triggered, this, [this, command] { showPopup(command); });
         else

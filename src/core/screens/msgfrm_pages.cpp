@@ -144,9 +144,8 @@ bool LinkPage::check() {
     return true;
 }
 
-AllLinksPage::AllLinksPage(const QList<FileLink>& links,
-                           const std::function<void(const FileLink&)>& open)
-    : m_links(links), m_open(open), m_grid(new QTableView) {
+AllLinksPage::AllLinksPage(QList<FileLink> links, std::function<void(const FileLink&)> open)
+    : m_links(std::move(links)), m_open(std::move(open)), m_grid(new QTableView) {
     m_grid->setObjectName(u"gridLinks"_s);
     m_grid->setAccessibleName(u"File links"_s);
     m_grid->setAccessibleDescription(u"Enter opens the link"_s);

@@ -66,7 +66,7 @@ class AllLinksPage : public QWidget {
     Q_OBJECT
 
 public:
-    AllLinksPage(const QList<FileLink>& links, const std::function<void(const FileLink&)>& open);
+    AllLinksPage(QList<FileLink> links, std::function<void(const FileLink&)> open);
 
 private:
     void fill();

@@ -9,7 +9,6 @@
 #include "store/restore.h"
 #include "store/screens/startupwiz_lists.h"
 #include "store/screens/startupwiz_pages.h"
-#include "store/wizard_rules.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -18,7 +17,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -65,8 +63,7 @@ StartupWiz::StartupWiz(Session& session, const QString& engineVersion)
     , m_frames(new QStackedWidget)
     , m_pageLabel(new QLabel)
     , m_back(new QPushButton(u"<< &Back"_s))
-    , m_next(new QPushButton(nextCaption()))
-    , m_frame(FirstPage) {
+    , m_next(new QPushButton(nextCaption())) {
     setObjectName(u"StartupWiz"_s);
     setWindowTitle(u"Startup Wizard"_s);
     makePages();
@@ -275,14 +272,15 @@ void StartupWiz::repair() {
         RepairDatabaseFile(backupContext(m_session), path);
 }
 
-/// Takes a copy of the path: the session's own changes when a converted file is opened instead.
-bool StartupWiz::openDatabase(QString path, FailureBox failureBox) {
-    m_session.DatabasePath = path;
-    const OpenResult result = m_session.OpenDatabaseFile(path, {});
+bool StartupWiz::openDatabase(const QString& path, FailureBox failureBox) {
+    // A copy: the path may be the session's own, which changes when a converted file is opened.
+    const QString asked = path;
+    m_session.DatabasePath = asked;
+    const OpenResult result = m_session.OpenDatabaseFile(asked, {});
     if (result == OpenDone)
         return true;
     if (result != OpenCancelled) {
-        const OpenFailure failure = failureBox(result, path);
+        const OpenFailure failure = failureBox(result, asked);
         m_session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     m_session.DatabasePath.clear();
@@ -359,7 +357,7 @@ void StartupWiz::cancelAll() {
         YesNoButtons | QuestionIcon, u"Quit"_s);
     // Once this call is through: the main window deletes the wizard as it goes.
     if (answer == AnswerNo)
-        QTimer::singleShot(0, window(), &QWidget::close);
+        QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);
 }
 
 void StartupWiz::leave() {

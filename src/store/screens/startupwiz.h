@@ -2,6 +2,7 @@
 
 #include "core/commands.h"
 #include "store/creation.h"
+#include "store/wizard_rules.h"
 #include "store/year_answers.h"
 
 #include <QWidget>
@@ -69,7 +70,7 @@ private:
     void restoreBackup();
     void compact();
     void repair();
-    bool openDatabase(QString path, FailureBox failureBox);
+    bool openDatabase(const QString& path, FailureBox failureBox);
     void openAndLeave(const QString& path, FailureBox failureBox);
     void finishSetup();
     bool createDatabase(const QString& path, ExistingFile existing);
@@ -89,6 +90,6 @@ private:
     QLabel* m_pageLabel;
     QPushButton* m_back;
     QPushButton* m_next;
-    int m_frame; ///< a SetupFrame
+    int m_frame = FirstPage; ///< a SetupFrame
     bool m_isLeaving = false;
 };
