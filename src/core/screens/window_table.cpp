@@ -1,5 +1,6 @@
 #include "core/screens/window_table.h"
 
+#include "calendar/screens/ttfrm.h"
 #include "store/screens/startupwiz.h"
 
 #include <algorithm>
@@ -13,6 +14,9 @@ WindowTable windowTable() {
                     .placementKey = {},
                     .make = [](Session& session) { return new StartupWiz(session); },
                     .needsDatabase = false},
+        WindowEntry{.name = u"TTfrm"_s,
+                    .placementKey = setting::Timetable.toString(),
+                    .make = [](Session& session) { return new TTfrm(session); }},
     };
     return windows;
 }
