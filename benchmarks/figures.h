@@ -48,7 +48,9 @@ Measurement measure(const Figure& figure);
 /// The figures, each family by the file that its work is in. `folder` takes their files; it has to
 /// be on the disk where years are kept.
 std::vector<Figure> fileFigures(const QString& folder);
+std::vector<Figure> backupFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);
 std::vector<Figure> richTextFigures(const QString& folder);
+std::vector<Figure> writingFigures(const QString& folder);

@@ -1,17 +1,12 @@
 // Work on whole files: a year created, a year opened, a field added.
 
 #include "figures.h"
+#include "quiet_session.h"
 #include "raw_library.h"
+#include "sample_year.h"
 
-#include "core/console_prompts.h"
-#include "core/progress.h"
-#include "core/session.h"
-#include "core/settings.h"
-#include "core/shell.h"
-#include "core/system_clock.h"
 #include "store/creation.h"
 #include "store/table_names.h"
-#include "store/year_answers_json.h"
 
 #include <QFile>
 
@@ -20,37 +15,6 @@
 #include <stdexcept>
 
 namespace {
-
-class SilentProgress : public Progress {
-public:
-    void open(const QString&) override {}
-    void UpdateProgress(int, const QString&, const QString&) override {}
-    void close() override {}
-};
-
-class AbsentShell : public Shell {
-public:
-    void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
-    void PlaySoundFile(const QString&, bool) override {}
-    QByteArray FetchText(const QString&) override { return {}; }
-};
-
-YearAnswers sampleAnswers() {
-    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("The sample year's answers could not be read.");
-    const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
-    if (read.fault)
-        throw std::runtime_error("The sample year's answers do not hold.");
-    return read.answers;
-}
-
-void createSampleYear(const QString& path) {
-    SilentProgress progress;
-    ConsolePrompts prompts;
-    CreateDB(dao::DBEngine(), sampleAnswers(), path, ExistingFile::Keep, progress, prompts,
-             QLocale::c());
-}
 
 /// Answers the rows of a file that was made, and removes it for the next run.
 qint64 countAndRemove(const QString& path) {
@@ -100,8 +64,7 @@ private:
 
 class Opening : public Work {
 public:
-    Opening(QString path, const QString& folder)
-        : m_path(std::move(path)), m_settings(folder + QStringLiteral("/settings")) {}
+    Opening(QString path, const QString& folder) : m_path(std::move(path)), m_quiet(folder) {}
 
     void run() override {
         m_session.DatabasePath = m_path;
@@ -116,13 +79,8 @@ public:
 
 private:
     QString m_path;
-    dao::DBEngine m_engine;
-    Settings m_settings;
-    SilentProgress m_progress;
-    ConsolePrompts m_prompts;
-    AbsentShell m_shell;
-    SystemClock m_clock;
-    Session m_session{m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock}};
+    QuietSession m_quiet;
+    Session& m_session = m_quiet.session();
 };
 
 /// Opens the file and reads the tables that the session reads or looks into.

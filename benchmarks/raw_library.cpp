@@ -49,6 +49,14 @@ bool RawDatabase::step(const RawStatement& statement) {
     return result == SQLITE_ROW;
 }
 
+void RawDatabase::copyTo(const QString& path) {
+    RawDatabase target(path, Mode::Create);
+    sqlite3_backup* backup =
+        sqlite3_backup_init(target.m_database.get(), "main", m_database.get(), "main");
+    sqlite3_backup_step(backup, -1);
+    check(target.m_database.get(), sqlite3_backup_finish(backup));
+}
+
 qint64 RawDatabase::firstInteger(const QByteArray& sql) {
     const RawStatement statement = prepare(sql);
     return step(statement) ? sqlite3_column_int64(statement.get(), 0) : 0;

@@ -26,6 +26,8 @@ public:
     void execute(const QByteArray& sql);
     RawStatement prepare(const QByteArray& sql);
     bool step(const RawStatement& statement); ///< false behind the last row
+    /// Writes the whole of it to a file, which it makes or replaces.
+    void copyTo(const QString& path);
     qint64 firstInteger(const QByteArray& sql);
 
 private:

@@ -1,68 +1,32 @@
 // What a person sees happen at once: the main window drawn at another size, the next page of the
 // wizard. On the platform without a screen, whose pictures are drawn in memory by the processor.
 
-#include "core/clock.h"
-#include "core/console_prompts.h"
-#include "core/progress.h"
 #include "core/screens/mdiorva.h"
 #include "core/screens/tour_wizard.h"
-#include "core/session.h"
-#include "core/settings.h"
-#include "core/shell.h"
-#include "core/system_clock.h"
 #include "figures.h"
+#include "quiet_session.h"
+#include "sample_year.h"
 #include "store/screens/startupwiz.h"
 #include "store/wizard_rules.h"
-#include "store/year_answers_json.h"
 
 #include <QApplication>
-#include <QFile>
 
 #include <stdexcept>
 
 namespace {
 
-class NoProgress : public Progress {
-public:
-    void open(const QString&) override {}
-    void UpdateProgress(int, const QString&, const QString&) override {}
-    void close() override {}
-};
-
-class NoShell : public Shell {
-public:
-    void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
-    void PlaySoundFile(const QString&, bool) override {}
-    QByteArray FetchText(const QString&) override { return {}; }
-};
-
-YearAnswers sampleAnswers() {
-    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("no samples");
-    return readYearAnswers(file.readAll(), QLocale::c()).answers;
-}
-
 /// The frame over a folder of its own, as it stands without a year.
 class Screen {
 public:
-    explicit Screen(const QString& folder)
-        : m_settings(folder + QStringLiteral("/settings.ini"))
-        , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock}) {
-        m_session.Start(folder);
-        frame = std::make_unique<mdiORVA>(m_session, false);
+    explicit Screen(const QString& folder) : m_quiet(folder) {
+        m_quiet.session().Start(folder);
+        frame = std::make_unique<mdiORVA>(m_quiet.session(), false);
         frame->show();
         QApplication::processEvents();
     }
 
 private:
-    dao::DBEngine m_engine;
-    Settings m_settings;
-    ConsolePrompts m_prompts;
-    NoProgress m_progress;
-    NoShell m_shell;
-    SystemClock m_clock;
-    Session m_session;
+    QuietSession m_quiet;
 
 public:
     std::unique_ptr<mdiORVA> frame;

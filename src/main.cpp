@@ -3,6 +3,7 @@
 // The program reads no command line of the person's. Two words serve the project's own commands:
 // `--tour FOLDER` plays the tour, `--quit-when-shown` ends once the frame stands.
 
+#include "controls/icons.h"
 #include "core/screens/desktop_prompts.h"
 #include "core/screens/desktop_shell.h"
 #include "core/screens/mdiorva.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
     QCoreApplication::setApplicationVersion(programVersion());
+    QApplication::setWindowIcon(icon(QStringLiteral("orva")));
     const QStringList arguments = QCoreApplication::arguments();
 
     dao::DBEngine engine;

@@ -11,7 +11,13 @@ void FocusedBox::add(RichTextBox& box) {
     connect(&box, &RichTextBox::currentCharFormatChanged, this, tell);
     connect(&box, &RichTextBox::cursorPositionChanged, this, tell);
     connect(&box, &RichTextBox::selectionChanged, this, tell);
-    connect(&box, &QObject::destroyed, this, [this] { emit changed(); });
+    // Told before the pointer is cleared by itself.
+    connect(&box, &QObject::destroyed, this, [this, &box] {
+        if (m_box != &box)
+            return;
+        m_box.clear();
+        emit changed();
+    });
 }
 
 RichTextBox* FocusedBox::writableBox() const {

@@ -143,7 +143,7 @@ void FormatTools::makeCommands(QWidget& window) {
     for (const auto& [command, keys, run] : commands) {
         m_commands[command]->setShortcut(keys);
         window.addAction(m_commands[command]);
-        connect(m_commands[command], &QAction::triggered, this, [this, run](bool on) {
+        connect(m_commands[command], &QAction::triggered, this, [this, run = run](bool on) {
             if (RichTextBox* box = m_focused.writableBox())
                 run(*box, on);
         });

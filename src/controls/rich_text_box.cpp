@@ -201,6 +201,7 @@ bool RichTextBox::applyDefaultFont(const FontRecord& font) {
     QTextCursor all(document());
     all.select(QTextCursor::Document);
     changeFormat(all, [&](QTextCharFormat& format) { setTextFont(format, font); });
+    document()->clearUndoRedoStacks();
     setCurrentCharFormat(document()->firstBlock().charFormat());
     setDataChanged(changed);
     return true;

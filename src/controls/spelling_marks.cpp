@@ -55,16 +55,34 @@ void drawWave(QPainter& painter, qreal left, qreal right, qreal y) {
     painter.drawPath(wave);
 }
 
-void drawMark(QPainter& painter, const QTextBlock& block, const TextRange& mistake) {
-    const QTextLayout& layout = *block.layout();
-    const QTextLine line = layout.lineForTextPosition(static_cast<int>(mistake.start));
-    if (!line.isValid())
-        return;
-    const qreal from = line.cursorToX(static_cast<int>(mistake.start));
-    const qreal to = line.cursorToX(static_cast<int>(mistake.start + mistake.length));
+/// The marks of one line of a paragraph; a word that is broken at its end is marked up to there.
+void drawMarks(QPainter& painter, const QTextLine& line, const QPointF& origin,
+               const QList<TextRange>& mistakes) {
+    const int lineEnd = line.textStart() + line.textLength();
+    auto mistake =
+        std::lower_bound(mistakes.begin(), mistakes.end(), line.textStart(),
+                         [](const TextRange& range, int start) { return range.start < start; });
+    for (; mistake != mistakes.end() && mistake->start < lineEnd; ++mistake) {
+        const auto end = std::min<int>(static_cast<int>(mistake->start + mistake->length), lineEnd);
+        const qreal from = line.cursorToX(static_cast<int>(mistake->start));
+        const qreal to = line.cursorToX(end);
+        drawWave(painter, origin.x() + std::min(from, to), origin.x() + std::max(from, to),
+                 origin.y() + line.y() + line.ascent() + 1.5);
+    }
+}
+
+/// The marks of a paragraph between two heights of the document: a long one has more lines than
+/// can be seen.
+void drawMarks(QPainter& painter, const QTextLayout& layout, qreal top, qreal bottom,
+               const QList<TextRange>& mistakes) {
     const QPointF origin = layout.position();
-    drawWave(painter, origin.x() + std::min(from, to), origin.x() + std::max(from, to),
-             origin.y() + line.y() + line.ascent() + 1.5);
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        if (origin.y() + line.y() > bottom)
+            return;
+        if (origin.y() + line.y() + line.height() >= top)
+            drawMarks(painter, line, origin, mistakes);
+    }
 }
 
 } // namespace
@@ -106,17 +124,17 @@ void SpellingMarks::paint(const QRect& rect) {
     QPainter painter(m_box.viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(220, 40, 40), 1.2));
-    painter.translate(-m_box.horizontalScrollBar()->value(), -m_box.verticalScrollBar()->value());
+    const QPoint scrolled(m_box.horizontalScrollBar()->value(), m_box.verticalScrollBar()->value());
+    const QRect inDocument = rect.translated(scrolled);
+    painter.translate(-scrolled);
     bool stale = false;
     eachVisibleBlock(rect, [&](const QTextBlock& block) {
         stale = stale || isStale(block);
         const Checked* checked = checkedOf(block);
         if (!checked)
             return;
-        for (const TextRange& mistake : checked->mistakes) {
-            if (mistake.start + mistake.length < block.length())
-                drawMark(painter, block, mistake);
-        }
+        drawMarks(painter, *block.layout(), inDocument.top(), inDocument.bottom(),
+                  checked->mistakes);
     });
     if (stale && !m_pause.isActive())
         m_pause.start();

@@ -313,6 +313,7 @@ void RunCommand(Session& session, FrameCommand command) {
     default:
         break;
     }
-    if (const QStringView form = commandEntry(command).form; !form.isEmpty())
+    const QStringView form = commandEntry(command).form;
+    if (!form.isEmpty() && !isPopup(command))
         frame.RunFormCommand(form.toString(), command);
 }

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <utility>
+
 namespace richtext {
 
 namespace {
@@ -29,21 +31,16 @@ QString safeName(const QString& name) {
     return last.isEmpty() ? QStringLiteral("object") : last;
 }
 
-/// The files are read only, and so are the folders they lie in for their own removal.
-void removeFolder(const QString& path) {
-    QDir(path).removeRecursively();
-}
-
 } // namespace
 
-ObjectFiles::ObjectFiles(const QString& place, QObject* parent) : QObject(parent), m_place(place) {}
+ObjectFiles::ObjectFiles(QString place, QObject* parent)
+    : QObject(parent), m_place(std::move(place)) {}
 
 ObjectFiles::~ObjectFiles() {
     m_lock.reset();
 }
 
 ObjectFiles& ObjectFiles::ofProcess(const QString& place) {
-    static const QString name = QStringLiteral("objectFiles");
     QObject* application = QCoreApplication::instance();
     for (QObject* child : application->children()) {
         if (auto* files = dynamic_cast<ObjectFiles*>(child))
@@ -59,7 +56,7 @@ void ObjectFiles::removeLeftovers() {
         if (!lock.tryLock(0))
             continue;
         lock.unlock();
-        removeFolder(place.filePath(name));
+        QDir(place.filePath(name)).removeRecursively();
     }
 }
 

@@ -16,7 +16,7 @@ namespace richtext {
 class ObjectFiles : public QObject {
 public:
     /// `place` is the folder that holds the folder: the person's program folder.
-    explicit ObjectFiles(const QString& place, QObject* parent = nullptr);
+    explicit ObjectFiles(QString place, QObject* parent = nullptr);
     ~ObjectFiles() override;
 
     /// The one of this process, which the application object takes down with it.

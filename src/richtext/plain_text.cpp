@@ -1,6 +1,7 @@
 #include "richtext/plain_text.h"
 
 #include "richtext/rtf_parser.h"
+#include "richtext/rtf_text.h"
 
 namespace richtext {
 
@@ -41,16 +42,11 @@ QString plain(QString text) {
     return text;
 }
 
-QString withoutReturns(QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return text.replace(u'\r', u'\n').replace(QChar(QChar::ParagraphSeparator), u'\n');
-}
-
 } // namespace
 
 QString plainText(const QString& rtf) {
     if (!isRichText(rtf))
-        return plain(withoutReturns(rtf));
+        return plain(cleanedLines(rtf));
     PlainSink sink;
     sink.text().reserve(rtf.size() / 2);
     RtfParser(rtf, sink).parse();

@@ -300,7 +300,7 @@ void RtfParser::setPlain() {
 
 void RtfParser::setFont(qint32 number) {
     if (m_state.destination == Destination::FontTable) {
-        m_newFont.number = number;
+        m_newFont = {.number = number, .codePage = 0, .name = {}};
         return;
     }
     const bool isInTable = number >= 0 && static_cast<size_t>(number) < m_fontPlaces.size();

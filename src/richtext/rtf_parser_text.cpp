@@ -2,6 +2,7 @@
 
 #include "richtext/code_pages.h"
 #include "richtext/rtf_parser.h"
+#include "richtext/rtf_text.h"
 
 #include <algorithm>
 
@@ -14,25 +15,6 @@ constexpr qsizetype longestFontName = 64;
 constexpr size_t mostFonts = 4096;
 constexpr size_t mostColours = 4096;
 constexpr qint32 greatestFontNumber = 65535;
-
-/// Characters that would mean something else to a document than to the text.
-bool isForeign(char16_t c) {
-    return (c < u' ' && c != u'\t') || c == QChar::ParagraphSeparator || c == 0xFDD0 ||
-           c == 0xFDD1 || c == QChar::ObjectReplacementCharacter;
-}
-
-QString withoutForeign(QStringView text) {
-    QString clean;
-    for (const QChar c : text) {
-        if (c == QChar::ParagraphSeparator || c == u'\v')
-            clean += QChar(QChar::LineSeparator);
-        else if (!isForeign(c.unicode()))
-            clean += c;
-        else if (c > u' ')
-            clean += QChar(QChar::ReplacementCharacter);
-    }
-    return clean;
-}
 
 } // namespace
 
@@ -98,11 +80,9 @@ void RtfParser::readUnicode(qint32 number) {
 }
 
 void RtfParser::addDecoded(QStringView text) {
-    const bool isClean =
-        std::none_of(text.begin(), text.end(), [](QChar c) { return isForeign(c.unicode()); });
-    if (isClean)
+    if (isClean(text))
         addText(text);
-    else if (const QString clean = withoutForeign(text); !clean.isEmpty())
+    else if (const QString clean = cleaned(text); !clean.isEmpty())
         addText(clean);
 }
 
@@ -142,11 +122,12 @@ void RtfParser::addFontText(QStringView text) {
             continue;
         }
         const QString name = m_newFont.name.trimmed();
+        if (name.isEmpty())
+            continue;
         const qint32 number = m_newFont.number;
         const int codePage = m_newFont.codePage == 0 ? m_codePage : m_newFont.codePage;
         m_newFont = {};
-        if (name.isEmpty() || m_fonts.size() == mostFonts || number < 0 ||
-            number > greatestFontNumber)
+        if (m_fonts.size() == mostFonts || number < 0 || number > greatestFontNumber)
             continue;
         m_fonts.push_back({number, codePage, name});
         const auto place = static_cast<size_t>(number);

@@ -2,6 +2,7 @@
 
 #include "richtext/objects.h"
 #include "richtext/rtf_parser.h"
+#include "richtext/rtf_text.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -17,9 +18,10 @@ namespace richtext {
 
 namespace {
 
-// What one document may have of them; a document with more of them repeats the last.
+// What one document may have of them, since a document's work grows with their square. Beyond that
+// text is formatted as some other text is, and paragraphs are in no list.
 constexpr size_t mostFormats = 4096;
-constexpr size_t mostLists = 4096;
+constexpr int mostListItems = 3000;
 
 struct BytesHash {
     template<typename State>
@@ -62,7 +64,7 @@ private:
     std::unordered_map<CharacterState, QTextCharFormat, BytesHash> m_charFormats;
     std::unordered_map<ParagraphState, QTextBlockFormat, BytesHash> m_blockFormats;
     std::array<QTextList*, deepestListLevel + 1> m_lists{}; ///< going on, by level
-    size_t m_listCount = 0;
+    int m_listItems = 0;
 };
 
 void DocumentSink::read(const QString& rtf) {
@@ -137,17 +139,16 @@ void DocumentSink::finishParagraph() {
 void DocumentSink::setList(const ParagraphState& paragraph) {
     const size_t level = paragraph.listStyle == 0 ? 0 : listLevel(paragraph.left);
     std::fill(m_lists.begin() + static_cast<ptrdiff_t>(level) + 1, m_lists.end(), nullptr);
-    if (level == 0)
+    if (level == 0 || ++m_listItems > mostListItems)
         return;
     QTextList*& list = m_lists[level];
     if (list && list->format().style() == paragraph.listStyle) {
         list->add(m_cursor.block());
-    } else if (m_listCount < mostLists) {
+    } else {
         QTextListFormat format;
         format.setStyle(static_cast<QTextListFormat::Style>(paragraph.listStyle));
         format.setIndent(static_cast<int>(level));
         list = m_cursor.createList(format);
-        ++m_listCount;
     }
 }
 
@@ -205,7 +206,7 @@ void readDocument(const QString& rtf, QTextDocument& document) {
         document.clear();
         DocumentSink(document).read(rtf);
     } else {
-        document.setPlainText(rtf);
+        document.setPlainText(cleanedLines(rtf));
     }
     document.setUndoRedoEnabled(hasUndo);
 }
@@ -215,7 +216,10 @@ void insertFragment(QTextCursor& at, const QString& rtf) {
     document.setUndoRedoEnabled(false);
     document.setDefaultFont(at.document()->defaultFont());
     readDocument(rtf, document);
+    at.beginEditBlock();
+    at.removeSelectedText();
     at.insertFragment(QTextDocumentFragment(&document));
+    at.endEditBlock();
 }
 
 } // namespace richtext

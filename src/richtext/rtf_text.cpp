@@ -2,6 +2,8 @@
 
 #include "richtext/code_pages.h"
 
+#include <QStringList>
+
 #include <algorithm>
 
 namespace richtext {
@@ -42,6 +44,12 @@ void appendEscape(QString& rtf, char16_t character) {
     }
 }
 
+bool isForeign(QChar c) {
+    return (c < u' ' && c != u'\t') || c == QChar(QChar::ParagraphSeparator) ||
+           c == QChar(0xFDD0) || c == QChar(0xFDD1) ||
+           c == QChar(QChar::ObjectReplacementCharacter);
+}
+
 } // namespace
 
 void appendText(QString& rtf, QStringView text) {
@@ -58,6 +66,34 @@ void appendText(QString& rtf, QStringView text) {
 
 bool beginsWithEscape(QStringView text) {
     return !text.isEmpty() && !isPlain(text.front());
+}
+
+bool isClean(QStringView text) {
+    return std::none_of(text.begin(), text.end(), isForeign);
+}
+
+QString cleaned(QStringView text) {
+    QString clean;
+    for (const QChar c : text) {
+        if (c == QChar(QChar::ParagraphSeparator) || c == u'\v')
+            clean += QChar(QChar::LineSeparator);
+        else if (!isForeign(c))
+            clean += c;
+        else if (c > u' ')
+            clean += QChar(QChar::ReplacementCharacter);
+    }
+    return clean;
+}
+
+QString cleanedLines(QString text) {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u'\r', u'\n');
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) {
+        if (!isClean(line))
+            line = cleaned(line);
+    }
+    return lines.join(u'\n');
 }
 
 } // namespace richtext

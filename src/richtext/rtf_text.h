@@ -12,4 +12,14 @@ void appendText(QString& rtf, QStringView text);
 /// no blank.
 bool beginsWithEscape(QStringView text);
 
+/// Whether a paragraph's text is without characters that a document would take for its own: control
+/// characters other than tabs, separators, marks of objects.
+bool isClean(QStringView text);
+
+/// The text without such characters; a separator becomes a line's.
+QString cleaned(QStringView text);
+
+/// What no rich text is, line by line, likewise; the lines divided by '\n'.
+QString cleanedLines(QString text);
+
 } // namespace richtext

@@ -99,7 +99,7 @@ void Writer::writeParagraph(const QTextBlock& block, int from, int to) {
         const QTextFragment fragment = it.fragment();
         const int begin = std::max(from, fragment.position());
         const int end = std::min(to, fragment.position() + fragment.length());
-        if (begin >= end)
+        if (begin >= end || fragment.charFormat().isImageFormat())
             continue;
         const CharacterState state = stateOf(fragment.charFormat(), fragment.charFormatIndex());
         if (!isBegun)
@@ -109,8 +109,9 @@ void Writer::writeParagraph(const QTextBlock& block, int from, int to) {
         writeFragment(fragment, begin, end);
     }
     if (!isBegun) {
-        CharacterState state = stateOf(block.charFormat(), block.charFormatIndex());
-        state.highlight = 0;
+        QTextCharFormat format = block.charFormat();
+        format.clearBackground();
+        const CharacterState state = makeState(format);
         writeParagraphHead(block, state);
         changeTo(state);
     }

@@ -27,6 +27,10 @@ bool isAddress(QStringView chunk) {
     return chunk.contains(u"://") || chunk.contains(u'@') || chunk.startsWith(u"www.");
 }
 
+bool isForeign(QChar letter) {
+    return letter.isLetter() && letter.script() != QChar::Script_Latin;
+}
+
 bool isCapitals(QStringView word) {
     return std::none_of(word.begin(), word.end(), [](QChar c) { return c.isLower(); });
 }
@@ -35,16 +39,16 @@ bool isCapitals(QStringView word) {
 void addWords(QStringView text, qsizetype from, qsizetype end, QList<TextRange>& words) {
     while (from < end) {
         qsizetype to = from;
-        bool hasDigit = false;
+        bool isOther = false; // a code, or another script's word
         const auto belongs = [&](qsizetype at) {
             const bool inside = at > from && at + 1 < end && isApostrophe(text[at]) &&
                                 text[at + 1].isLetter() && text[at - 1].isLetter();
             return text[at].isLetterOrNumber() || text[at].isMark() || inside;
         };
         for (; to < end && belongs(to); ++to)
-            hasDigit = hasDigit || text[to].isNumber();
+            isOther = isOther || text[to].isNumber() || isForeign(text[to]);
         const QStringView word = text.mid(from, to - from);
-        if (word.size() > 1 && word.size() <= longestWord && !hasDigit && !isCapitals(word))
+        if (word.size() > 1 && word.size() <= longestWord && !isOther && !isCapitals(word))
             words.append({from, to - from});
         from = std::max(to, from + 1);
     }
@@ -74,7 +78,7 @@ QList<TextRange> wordsToCheck(QStringView text) {
     return words;
 }
 
-Speller::Speller(const QString& dictionary) : m_path(dictionary) {}
+Speller::Speller(QString dictionary) : m_path(std::move(dictionary)) {}
 
 Speller::~Speller() = default;
 

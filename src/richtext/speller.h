@@ -20,7 +20,8 @@ struct TextRange {
 };
 
 /// The words of a text that are looked up: letters with apostrophes inside. Left out are single
-/// letters, words in capitals, words with digits, and web and mail addresses.
+/// letters, words in capitals, words with digits or letters of other scripts than the Latin, and
+/// web and mail addresses.
 QList<TextRange> wordsToCheck(QStringView text);
 
 /// British English spelling, by the dictionary that is installed on the computer. Without one
@@ -28,7 +29,7 @@ QList<TextRange> wordsToCheck(QStringView text);
 class Speller {
 public:
     /// `dictionary` is the path of its two files without their endings: ".aff" and ".dic".
-    explicit Speller(const QString& dictionary = QStringLiteral("/usr/share/hunspell/en_GB"));
+    explicit Speller(QString dictionary = QStringLiteral("/usr/share/hunspell/en_GB"));
     ~Speller();
     Speller(const Speller&) = delete;
     Speller& operator=(const Speller&) = delete;

@@ -181,6 +181,7 @@ TEST_F(CommandTest, EachCommandGoesItsWay) {
         {FrameCommand::WeeklyPlanning, {}, {u"ORVA2frm"_s}},
         {FrameCommand::PostitHideAll, {}, {u"PostitFrm"_s}},
         {FrameCommand::PlanningMenu, {}, {}},
+        {FrameCommand::ToolsMenu, {}, {}},
         {FrameCommand::ShowToolbar, {}, {}},
     };
     for (const auto& [command, log, forms] : cases) {

@@ -31,6 +31,7 @@ TEST(Speller, KnowsWhatAWordIs) {
          {u"well"_s, u"known"_s, u"and"_s, u"or"_s, u"object"_s}},
         {u"cafe\u0301 na\u00EFve"_s, {u"cafe\u0301"_s, u"na\u00EFve"_s}},
         {QString(200, u'x'), {}},
+        {u"\u03B3\u03B5\u03B9\u03AC the \u043C\u0438\u0440"_s, {u"the"_s}},
     };
     for (const auto& [text, expected] : texts)
         EXPECT_EQ(words(text), expected) << text.toStdString();

@@ -12,6 +12,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "richtext/highlight.h"
+#include "richtext/object_files.h"
 #include "richtext/objects.h"
 #include "store/engine/engine.h"
 #include "support/recording_seams.h"
@@ -315,11 +316,29 @@ TEST_F(FormatToolsTest, APackagedFileIsOpenedFromAPrivateCopy) {
     EXPECT_EQ(QFileInfo(copy).fileName(), u"Work sheet.txt"_s);
     ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
     EXPECT_EQ(copy.readAll(), QByteArray("2 + 2 ="));
+    delete &richtext::ObjectFiles::ofProcess({}); // as the end of the program does
+    EXPECT_FALSE(copy.exists());
 
     m_seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, path);
     m_seams.prompts.expect(PromptKind::Plain, u"Insert Object"_s, AnswerOk);
     entry(*m_tools.insertMenu(), u"Packager..."_s).trigger();
     EXPECT_TRUE(m_seams.prompts.last().text.contains(path));
+}
+
+TEST_F(FormatToolsTest, AShortToolbarLeavesTheOtherCommandsToTheMenu) {
+    QWidget window;
+    FormatTools tools(m_session, u"BBB"_s, window);
+    auto* box = new RichTextBox(u"Day 1"_s, &window);
+    tools.serve(*box);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    box->setFocus();
+    EXPECT_EQ(tools.toolbar()->buttonCount(), 3);
+    entry(*tools.formatMenu(), u"Superscript"_s).trigger();
+    entry(*entry(*tools.formatMenu(), u"Font Size"_s).menu<QMenu*>(), u"18"_s).trigger();
+    EXPECT_EQ(box->selectionFormat().offset, CharOffset::Superscript);
+    EXPECT_EQ(box->selectionFormat().fontSize, 18);
+    EXPECT_TRUE(entry(*tools.formatMenu(), u"Superscript"_s).isChecked());
 }
 
 TEST_F(FormatToolsTest, TheToolbarOutlivesItsBox) {

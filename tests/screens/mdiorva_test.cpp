@@ -342,8 +342,25 @@ TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
     EXPECT_EQ(menus, QStringList({u"&File"_s, u"&View"_s, u"&Help"_s}));
     bar.actions()[1]->menu()->actions()[1]->trigger();
     EXPECT_EQ(frame->visibleForms(), QStringList(u"TTfrm"_s));
-    ReturnToWizardCommand(session); // the window goes with its bar, the menus stay
-    EXPECT_EQ(frame->menus().action(FrameCommand::Exit).menu(), nullptr);
+    // The window goes while the menu that was opened in it is still at work.
+    QMenu& file = *bar.actions()[0]->menu();
+    bar.setActiveAction(bar.actions()[0]);
+    file.popup({});
+    QTest::mouseClick(&file, Qt::LeftButton, {},
+                      file.actionGeometry(action(*frame, "mnufileItem(2)")).center());
+    EXPECT_EQ(closed, QStringList(u"TTfrm"_s));
+    EXPECT_TRUE(frame->visibleForms().isEmpty());
+    EXPECT_FALSE(frame->menus().action(FrameCommand::Timetable).isEnabled());
+}
+
+TEST_F(FrameTest, AMaximisedWindowKeepsItsCaptionAndTheMenuBarWhole) {
+    const std::unique_ptr<mdiORVA> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    form(*frame, u"TTfrm"_s).showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_GT(control<PlainWindow>(*frame, u"TTfrm"_s).y(), 0);
+    EXPECT_TRUE(control<ContextHelp>(*frame, u"ButtonEx1"_s).isVisible());
+    EXPECT_TRUE(control<QMenuBar>(*frame, u"menuBar"_s).isVisible());
 }
 
 TEST_F(FrameTest, HelpIsWantedForTheControlBelowThePointerOrWithTheFocus) {

@@ -137,6 +137,7 @@ TEST_F(RichTextBoxTest, TheDefaultFontIsForEmptyBoxesAndNoChange) {
         m_box.setRtf(empty);
         EXPECT_TRUE(m_box.applyDefaultFont(font));
         EXPECT_FALSE(m_box.dataChanged());
+        EXPECT_FALSE(m_box.document()->isUndoAvailable());
     }
     m_box.setRtf({});
     m_box.applyDefaultFont(font);

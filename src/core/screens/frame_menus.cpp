@@ -20,7 +20,6 @@ void FrameMenus::makeActions(QWidget& window) {
     for (const CommandEntry& entry : commandTable()) {
         auto* action = new QAction(entry.caption, &window);
         action->setObjectName(entry.name.toString());
-        action->setMenuRole(QAction::NoRole);
         if (!entry.icon.isEmpty())
             action->setIcon(icon(entry.icon.toString()));
         if (isPopup(entry.command) || entry.command == FrameCommand::ShowToolbar) {

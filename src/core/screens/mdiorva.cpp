@@ -61,6 +61,7 @@ void mdiORVA::DisableRestoreButton() {
 /// The title bar is the desktop's own, so the button stands at the end of the menu bar below it.
 void mdiORVA::Reparent_HelpButton() {
     auto* bar = new QMenuBar;
+    bar->setObjectName(QStringLiteral("menuBar"));
     m_menus->addTo(*bar);
     auto* help = new ContextHelp;
     connect(help, &ContextHelp::helpWanted, this, &mdiORVA::helpWanted);

@@ -1,11 +1,10 @@
 #include "core/screens/tour_pictures.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
 #include <QPainter>
 #include <QPixmap>
-#include <QTimer>
+#include <QWidget>
 
 #include <cstdio>
 
@@ -45,11 +44,12 @@ void TourPictures::save(QWidget& window, const QString& name) {
 }
 
 void TourPictures::saveAsked(const QString& name, const std::function<void()>& ask) {
-    QTimer::singleShot(0, qApp, [this, name] {
+    const auto picture = [this, name] {
         if (QWidget* window = QApplication::activeModalWidget()) {
             save(*window, name);
             window->close();
         }
-    });
+    };
+    QMetaObject::invokeMethod(qApp, picture, Qt::QueuedConnection);
     ask();
 }

@@ -24,6 +24,9 @@ public:
     Attachment(Connection& connection, const QString& path, const QString& password)
         : m_connection(connection) {
         m_connection.attach(path, QStringLiteral("copy"), password);
+        // A copy that is not finished is thrown away: it is flushed once, when it is whole.
+        m_connection.execute(QStringLiteral("PRAGMA copy.synchronous = OFF"));
+        m_connection.execute(QStringLiteral("PRAGMA copy.journal_mode = OFF"));
     }
     ~Attachment() {
         try {

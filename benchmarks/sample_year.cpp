@@ -1,0 +1,27 @@
+#include "sample_year.h"
+
+#include "quiet_session.h"
+
+#include "store/creation.h"
+#include "store/year_answers_json.h"
+
+#include <QFile>
+
+#include <stdexcept>
+
+YearAnswers sampleAnswers() {
+    QFile file(QStringLiteral(ORVA_SAMPLES "/year.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("The sample year's answers could not be read.");
+    const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
+    if (read.fault)
+        throw std::runtime_error("The sample year's answers do not hold.");
+    return read.answers;
+}
+
+void createSampleYear(const QString& path) {
+    SilentProgress progress;
+    ConsolePrompts prompts;
+    CreateDB(dao::DBEngine(), sampleAnswers(), path, ExistingFile::Keep, progress, prompts,
+             QLocale::c());
+}

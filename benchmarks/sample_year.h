@@ -1,0 +1,8 @@
+#pragma once
+
+#include "store/year_answers.h"
+
+/// The answers that samples/year.json holds. Raises std::runtime_error where they cannot be read.
+YearAnswers sampleAnswers();
+/// Makes the sample year's file.
+void createSampleYear(const QString& path);
