@@ -146,10 +146,11 @@ void TTfrm::select(int day, int period) {
 }
 
 void TTfrm::ShowEditBox() {
-    const TimetableCellLabel* cell = m_panel->selectedLabel();
+    TimetableCellLabel* cell = m_panel->selectedLabel();
     if (!cell)
         return;
     HideEditBox();
+    cell->setFocusPolicy(Qt::ClickFocus); // it lies below the editor
     m_editor->open(m_grid.at(cell->day(), cell->period()), cellPlace(cell->day(), cell->period()),
                    cell->geometry());
 }
@@ -165,6 +166,7 @@ void TTfrm::HideEditBox() {
 void TTfrm::dismissEditBox() {
     if (m_editor->isHidden())
         return;
+    m_panel->ShowSelectedLabel(m_panel->selectedDay(), m_panel->selectedPeriod());
     m_panel->selectedLabel()->setFocus();
     m_editor->reset();
 }
