@@ -1,5 +1,6 @@
 #include "core/screens/window_table.h"
 
+#include "calendar/screens/ttfrm.h"
 #include "store/screens/startupwiz.h"
 
 #include <algorithm>
@@ -15,6 +16,9 @@ WindowTable windowTable() {
                     .needsDatabase = false},
         // Beside the main window, which opens it itself (help_viewer.h).
         WindowEntry{.name = u"HelpFrm"_s, .placementKey = {}, .make = {}, .needsDatabase = false},
+        WindowEntry{.name = u"TTfrm"_s,
+                    .placementKey = setting::Timetable.toString(),
+                    .make = [](Session& session) { return new TTfrm(session); }},
     };
     return windows;
 }
