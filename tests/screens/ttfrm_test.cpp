@@ -1,6 +1,8 @@
 // The timetable, driven by mouse and keys over a year with two timetables.
 
 #include "calendar/screens/ttfrm.h"
+#include "core/commands.h"
+#include "core/screens/mdiorva.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "store/table_names.h"
@@ -64,10 +66,7 @@ protected:
     QLineEdit& box(QStringView name) { return control<QLineEdit>(*window, name.toString()); }
     QFrame& editor() { return control<QFrame>(*window, u"PicX"_s); }
     void click(QStringView name) { QTest::mouseClick(&label(name), Qt::LeftButton); }
-    void edit(QStringView name) {
-        click(name);
-        QTest::mouseDClick(&label(name), Qt::LeftButton);
-    }
+    void edit(QStringView name) { QTest::mouseDClick(&label(name), Qt::LeftButton); }
     QRect frame() { return control<QFrame>(*window, u"SelectionFrame"_s).geometry(); }
     TimetableGrid stored(int week) {
         TimetableGrid grid(session.PeriodsPerDay);
@@ -204,6 +203,21 @@ TEST_F(TimetableScreenTest, WhatCannotBeSavedIsNotThrownAwayUnasked) {
         seams.prompts.expect(PromptKind::Message, u"Save Timetable Error"_s, answer);
         EXPECT_EQ(window->close(), answer == AnswerYes);
     }
+}
+
+TEST_F(TimetableScreenTest, LeavingTheDatabaseSavesItAndKeepsItsPlace) {
+    mdiORVA frame(session, false);
+    frame.show();
+    frame.OpenForm(u"TTfrm"_s);
+    QTest::mouseDClick(&control<QLabel>(frame, u"T1(2)"_s), Qt::LeftButton);
+    control<QLineEdit>(frame, u"Tx1"_s).setText(u"Free"_s);
+    QTest::mouseClick(&control<QLabel>(frame, u"T1(0)"_s), Qt::LeftButton);
+    LeaveDatabase(session);
+    EXPECT_EQ(frame.findChild<TTfrm*>(), nullptr);
+    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(setting::Timetable), u"Width"),
+              SettingFound);
+    ASSERT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
+    EXPECT_EQ(stored(0).at(1, 3).caption, u"Free"_s);
 }
 
 TEST_F(TimetableScreenTest, LooksRightInBothSchemesAndSizes) {

@@ -75,7 +75,8 @@ void TimetableCellLabel::showCell(const TimetableCell& cell, const QFont& cellFo
 
 void TimetableCellLabel::placeRoom() {
     const int height = std::min(m_room->fontMetrics().height(), this->height());
-    m_room->setGeometry(cellMargin, this->height() - height - 1, width() - 2 * cellMargin, height);
+    m_room->setGeometry(cellMargin, this->height() - height - cellMargin, width() - 2 * cellMargin,
+                        height);
 }
 
 void TimetableCellLabel::paintEvent(QPaintEvent*) {
@@ -83,7 +84,7 @@ void TimetableCellLabel::paintEvent(QPaintEvent*) {
     painter.setFont(font());
     painter.setPen(palette().color(foregroundRole()));
     const int foot = m_room->text().isEmpty() ? 0 : m_room->height();
-    const QRect room = rect().adjusted(cellMargin, 1, -cellMargin, -1 - foot);
+    const QRect room = rect().adjusted(cellMargin, 1, -cellMargin, -cellMargin - foot);
     painter.drawText(room, Qt::AlignCenter, fittingLines(text(), font(), room.size()).join(u'\n'));
 }
 
@@ -98,7 +99,7 @@ void TimetableCellLabel::mousePressEvent(QMouseEvent* event) {
 }
 
 void TimetableCellLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    event->accept();
+    mousePressEvent(event);
     if (event->button() == Qt::LeftButton)
         emit editWanted();
 }
