@@ -10,12 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TimetableGrid emptyGrid(int periodsPerDay) {
-    return TimetableGrid(static_cast<qsizetype>(periodsPerDay) * DaysOfTimetable);
+TaughtWeek emptyGrid(int periodsPerDay) {
+    return TaughtWeek(static_cast<qsizetype>(periodsPerDay) * DaysOfTimetable);
 }
 
 /// Marks the cells that a class takes.
-void takeCells(TimetableGrid& grid, const std::array<QString, DaysOfTimetable>& digits,
+void takeCells(TaughtWeek& grid, const std::array<QString, DaysOfTimetable>& digits,
                const QString& code) {
     for (int day = 0; day < DaysOfTimetable; ++day) {
         for (const QChar digit : digits[static_cast<size_t>(day)]) {
@@ -26,8 +26,8 @@ void takeCells(TimetableGrid& grid, const std::array<QString, DaysOfTimetable>& 
     }
 }
 
-void dropPicks(TimetableGrid& grid) {
-    for (TimetableCell& cell : grid) {
+void dropPicks(TaughtWeek& grid) {
+    for (TaughtPeriod& cell : grid) {
         if (!cell.taken)
             cell.caption.clear();
     }
@@ -35,7 +35,7 @@ void dropPicks(TimetableGrid& grid) {
 
 std::array<QString, DaysOfTimetable> pickedIn(const NewClass& answers, QChar letter) {
     std::array<QString, DaysOfTimetable> digits;
-    const TimetableGrid& grid = answers.week(letter);
+    const TaughtWeek& grid = answers.week(letter);
     for (int index = 0; index < grid.size(); ++index) {
         const int day = index % DaysOfTimetable;
         const int period = (index - day) / DaysOfTimetable + 1;
@@ -66,11 +66,11 @@ NewClassStep leaveCodePage(NewClass& answers, Prompts& prompts) {
 
 } // namespace
 
-TimetableGrid Create_TimetableA(int periodsPerDay) {
+TaughtWeek Create_TimetableA(int periodsPerDay) {
     return emptyGrid(periodsPerDay);
 }
 
-TimetableGrid Create_TimetableB(int periodsPerDay) {
+TaughtWeek Create_TimetableB(int periodsPerDay) {
     return emptyGrid(periodsPerDay);
 }
 
@@ -127,7 +127,7 @@ void Frame_Previous(NewClass& answers, int page) {
 }
 
 bool toggleCell(NewClass& answers, QChar letter, int index, Prompts& prompts) {
-    TimetableCell& cell = answers.week(letter)[index];
+    TaughtPeriod& cell = answers.week(letter)[index];
     if (cell.taken) {
         prompts.PlainBox(
             u"You already teach this period! You can't change the class you teach without "
@@ -139,7 +139,7 @@ bool toggleCell(NewClass& answers, QChar letter, int index, Prompts& prompts) {
     return true;
 }
 
-bool isPicked(const NewClass& answers, const TimetableCell& cell) {
+bool isPicked(const NewClass& answers, const TaughtPeriod& cell) {
     return !cell.taken && !cell.caption.isEmpty() && cell.caption == answers.code;
 }
 

@@ -12,13 +12,13 @@ class Prompts;
 /// which it is taught, picked on the timetable. Nothing is written before Create_NEW_CLASS.
 
 /// One period of one weekday on the wizard's timetable.
-struct TimetableCell {
+struct TaughtPeriod {
     QString caption;    ///< the code of the class taught; empty for none
     bool taken = false; ///< by a class that exists
 };
 
 /// A week of the wizard's timetable. A cell's index is (period - 1) * 5 + weekday, Monday 0.
-using TimetableGrid = QList<TimetableCell>;
+using TaughtWeek = QList<TaughtPeriod>;
 
 enum NewClassPage { ClassCodePage = 0, TimetableAPage = 1, TimetableBPage = 2 };
 
@@ -35,13 +35,13 @@ struct NewClass {
     bool twoWeeks = false;
     QStringList codesInUse; ///< in the order of `Classcodes`
     QString code;           ///< as it stands in the box
-    TimetableGrid weekA;
-    TimetableGrid weekB; ///< of two weeks only
+    TaughtWeek weekA;
+    TaughtWeek weekB; ///< of two weeks only
     int page = ClassCodePage;
     bool nextFinishes = false; ///< the button reads "Finish >>"
 
-    TimetableGrid& week(QChar letter) { return letter == u'B' ? weekB : weekA; }
-    const TimetableGrid& week(QChar letter) const { return letter == u'B' ? weekB : weekA; }
+    TaughtWeek& week(QChar letter) { return letter == u'B' ? weekB : weekA; }
+    const TaughtWeek& week(QChar letter) const { return letter == u'B' ? weekB : weekA; }
 };
 
 /// Reads the year's shape, its class codes and the periods that they take. Raises what the engine
@@ -49,8 +49,8 @@ struct NewClass {
 NewClass readNewClass(const dao::Database& database);
 
 /// The empty grids of the two weeks: a row a period, five days.
-TimetableGrid Create_TimetableA(int periodsPerDay);
-TimetableGrid Create_TimetableB(int periodsPerDay);
+TaughtWeek Create_TimetableA(int periodsPerDay);
+TaughtWeek Create_TimetableB(int periodsPerDay);
 
 /// What a key typed into the code box enters: the capital, a control key itself, nothing for a
 /// character that no code holds, which is told.
@@ -66,7 +66,7 @@ void Frame_Previous(NewClass& answers, int page);
 /// it is. Answers whether the cell changed.
 bool toggleCell(NewClass& answers, QChar letter, int index, Prompts& prompts);
 /// Whether a cell is picked for the new class.
-bool isPicked(const NewClass& answers, const TimetableCell& cell);
+bool isPicked(const NewClass& answers, const TaughtPeriod& cell);
 
 /// The periods picked.
 ClassPeriods pickedPeriods(const NewClass& answers);
