@@ -1,6 +1,7 @@
 // What a kill at any instant or a full disk leaves behind: a file that opens, with all that was
 // acknowledged.
 
+#include "store/engine/files.h"
 #include "support/engine_files.h"
 #include "support/engine_kill.h"
 
@@ -113,10 +114,16 @@ TEST_F(DurabilityTest, AKillDuringAChangeOfPasswordLeavesOneOfTheTwo) {
         else
             ASSERT_EQ(error, 0);
         ASSERT_EQ(rowsOf(database, u("SELECT Surname FROM Pupils")), QStringList{u("Adams")});
+        ASSERT_FALSE(QFile::exists(dao::unfinishedName(file))) << "it may be an unprotected copy";
         if (error != 0)
             database.NewPassword(u("secret"), {});
         database.Close();
     }
+}
+
+TEST(Files, AFolderThatCannotBeFlushedIsNoError) {
+    EXPECT_NO_THROW(dao::flushToDisk(u("/proc")));
+    EXPECT_THROW(dao::flushToDisk(u("/proc/no such folder")), dao::EngineError);
 }
 
 TEST_F(DurabilityTest, AFullDiskIsAnErrorAndLosesNothing) {
