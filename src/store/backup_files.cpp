@@ -169,6 +169,16 @@ bool canRenameToBackup(const BackupNames& names) {
     return isRenamed;
 }
 
+void copyOver(const QString& source, const QString& target) {
+    const QString copy = copyBeside(source, target);
+    try {
+        dao::replaceFile(copy, target);
+    } catch (const dao::EngineError&) {
+        dao::removeDatabaseFile(copy);
+        throw;
+    }
+}
+
 void removeBackupLeftovers(const BackupNames& names) {
     if (!QFile::exists(names.database) || names.includeDatabase())
         return;
