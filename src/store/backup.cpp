@@ -27,13 +27,13 @@ enum BarAt { Acquiring = 0, Compacting = 10, Rotating = 70, Creating = 85, Renam
 constexpr int barEnd = 100;
 
 void tellFailure(Prompts& prompts, const BackupNames& names, const dao::EngineError& error) {
-    const bool isInPlace = QFile::exists(names.database);
-    const QString where =
-        isInPlace ? u"The database itself has not been changed."_s
-                  : u"The complete database is kept in this file:\n%1"_s.arg(names.backup(1));
-    prompts.PlainBox(u"The database could not be backed up:\n%1\n\n%2\n\n%3"_s.arg(
-                         names.database, error.description(), where),
-                     OkButton | WarningIcon, u"Backup Error"_s);
+    QString text = u"The database could not be backed up:\n%1\n\n%2"_s.arg(names.database,
+                                                                           error.description());
+    if (QFile::exists(names.database))
+        text += u"\n\nThe database itself has not been changed."_s;
+    else if (error.number() != dao::NoSuchFile) // it was there
+        text += u"\n\nThe complete database is kept in this file:\n"_s + names.backup(1);
+    prompts.PlainBox(text, OkButton | WarningIcon, u"Backup Error"_s);
 }
 
 void noteInterruption(const BackupContext& context, const QString& database) {

@@ -103,6 +103,8 @@ QString BackupNames::backup(int number) const {
 
 bool BackupNames::includeDatabase() const {
     const QFileInfo file(database);
+    if (!file.exists())
+        return false; // all files that are missing compare as one
     for (int number = 1; number <= OldestBackup; ++number) {
         if (QFileInfo(backup(number)) == file)
             return true;

@@ -332,6 +332,9 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
         EXPECT_FALSE(BackupOnly(context(), c.file)) << qPrintable(c.file);
         EXPECT_EQ(bytesOf(c.file), before);
         EXPECT_EQ(backupsThere(), u"1 - year - -"_s);
+        if (!QFile::exists(c.file)) {
+            EXPECT_TRUE(test.prompts.last().text.endsWith(u"The file could not be found."));
+        }
     }
 }
 
