@@ -30,6 +30,8 @@ public:
     void setDate(QDate date);
     /// The date in the field; an invalid one while it is empty, can't be read or is out of range.
     QDate date() const;
+    /// Whether nothing at all stands in the field.
+    bool isEmpty() const;
 
 signals:
     /// The field has changed, by typing or picking; the date is invalid as `date` says.
