@@ -6,6 +6,7 @@
 #include "core/screens/mdiorva.h"
 #include "core/screens/progressfrm.h"
 #include "core/screens/tour_pictures.h"
+#include "core/screens/tour_planning.h"
 #include "core/screens/tour_wizard.h"
 #include "core/session.h"
 #include "incidents/security_warning.h"
@@ -103,6 +104,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         session.DatabasePath = year;
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
+        fillTodaysSheet(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }

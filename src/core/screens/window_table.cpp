@@ -1,5 +1,6 @@
 #include "core/screens/window_table.h"
 
+#include "planning/screens/orvafrm.h"
 #include "store/screens/startupwiz.h"
 
 #include <algorithm>
@@ -13,6 +14,9 @@ WindowTable windowTable() {
                     .placementKey = {},
                     .make = [](Session& session) { return new StartupWiz(session); },
                     .needsDatabase = false},
+        WindowEntry{.name = u"ORVAfrm"_s,
+                    .placementKey = u"Planning"_s,
+                    .make = [](Session& session) { return new ORVAfrm(session); }},
     };
     return windows;
 }
