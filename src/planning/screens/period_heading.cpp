@@ -1,5 +1,7 @@
 #include "planning/screens/period_heading.h"
 
+#include "controls/colours.h"
+
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 
@@ -20,6 +22,11 @@ PeriodHeading::PeriodHeading(int period, QWidget* parent)
 }
 
 void PeriodHeading::setSelected(bool selected) {
+    QPalette readable = palette();
+    readable.setColor(QPalette::HighlightedText,
+                      textColourOn(readable.color(QPalette::Highlight),
+                                   readable.color(QPalette::HighlightedText)));
+    setPalette(readable);
     setBackgroundRole(selected ? QPalette::Highlight : QPalette::Button);
     setForegroundRole(selected ? QPalette::HighlightedText : QPalette::ButtonText);
 }
