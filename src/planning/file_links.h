@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/file_links.h"
+
+class Session;
+
+/// The links from a period of a planning sheet to files and web addresses, for the panel of links
+/// of the sheets' windows. A period is its number as text, as the table has it. Each tells a
+/// failure of the engine in a box.
+
+/// The links of a period, in the order of the table; none where the table is missing still.
+QList<FileLink> GetFileLinks(const Session& session, const QString& planDate, int period);
+
+/// Asks for a link and adds it to the period, making the table where it is missing. A name that the
+/// period has already is refused with a message. Answers whether there is another link now.
+bool AddFileLink(const Session& session, const QString& planDate, int period);
+
+/// Opens the link of that name of the sheet. Kept on purpose: by date and name alone, so that of
+/// two periods with links of one name the first one's opens.
+void OpenLink(const Session& session, const QString& planDate, const QString& name);
+
+/// Removes a link by its name. Kept on purpose: the first link of that name in the table goes, be
+/// it another date's.
+void RemoveFileLink(const Session& session, const QString& name);
