@@ -41,6 +41,10 @@ Calendar::Calendar(const QString& name, Style style, QWidget* parent)
         if (date().isValid())
             setDate(date());
     });
+    connect(m_field, &QLineEdit::returnPressed, this, [this] {
+        if (date().isValid())
+            emit dateChosen(date());
+    });
     connect(m_calendar, &QCalendarWidget::clicked, this, &Calendar::pick);
     connect(m_calendar, &QCalendarWidget::activated, this, &Calendar::pick);
     if (style == Style::Open) {
@@ -118,6 +122,7 @@ void Calendar::pick(QDate date) {
         m_field->setFocus();
         m_field->selectAll();
     }
+    emit dateChosen(date);
 }
 
 void Calendar::step(int days, int months) {
@@ -146,6 +151,14 @@ bool Calendar::fieldKey(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 bool Calendar::eventFilter(QObject* watched, QEvent* event) {
+    // Before a window takes the page keys for going from one of its pages to the next.
+    if (watched == m_field && event->type() == QEvent::ShortcutOverride) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+            event->accept();
+            return true;
+        }
+    }
     if (watched == m_field && event->type() == QEvent::KeyPress) {
         const auto* press = static_cast<QKeyEvent*>(event);
         if (fieldKey(press->key(), press->modifiers()))

@@ -28,19 +28,22 @@ public:
     void setRange(QDate first, QDate last);
     /// Shows a date; an invalid one empties the field.
     void setDate(QDate date);
+    /// Shows the calendar of the drop-down style.
+    void dropDown();
     /// The date in the field; an invalid one while it is empty, can't be read or is out of range.
     QDate date() const;
 
 signals:
     /// The field has changed, by typing or picking; the date is invalid as `date` says.
     void dateChanged(QDate date);
+    /// The person has settled on a date: picked it in the calendar, or typed it and pressed Enter.
+    void dateChosen(QDate date);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeDropDown();
-    void dropDown();
     void pick(QDate date);
     void step(int days, int months);
     bool fieldKey(int key, Qt::KeyboardModifiers modifiers);

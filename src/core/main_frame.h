@@ -25,6 +25,8 @@ public:
     /// Loads and shows a window, or brings it to the front. Does nothing for a window that the
     /// program does not have.
     virtual void OpenForm(const QString& name) = 0;
+    /// Unloads a window, if it is loaded.
+    virtual void CloseForm(const QString& name) = 0;
     /// Gives a command to the window it belongs to: one that has commands of its own acts on it,
     /// any other is opened.
     virtual void RunFormCommand(const QString& name, FrameCommand command) = 0;

@@ -64,6 +64,12 @@ QList<FileLink> GetFileLinks(const Session& session, const QString& planDate, in
     return links;
 }
 
+QList<FileLink> AllFileLinks(const Session& session) {
+    QList<FileLink> links;
+    telling(session, u"Get File Links Error"_s, [&] { links = ReadFileLinks(session.CurrentDB); });
+    return links;
+}
+
 bool AddFileLink(const Session& session, const QString& planDate, int period) {
     Prompts& prompts = session.GetSeams().prompts;
     const QString answer =

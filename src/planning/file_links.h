@@ -11,6 +11,9 @@ class Session;
 /// The links of a period, in the order of the table; none where the table is missing still.
 QList<FileLink> GetFileLinks(const Session& session, const QString& planDate, int period);
 
+/// The links of the whole year.
+QList<FileLink> AllFileLinks(const Session& session);
+
 /// Asks for a link and adds it to the period, making the table where it is missing. A name that the
 /// period has already is refused with a message. Answers whether there is another link now.
 bool AddFileLink(const Session& session, const QString& planDate, int period);

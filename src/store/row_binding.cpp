@@ -2,6 +2,10 @@
 
 #include "core/prompts.h"
 #include "store/engine/error.h"
+#include "store/engine/names.h"
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +24,10 @@ void RowBinding::setData(const dao::Recordset& data) {
 }
 
 int RowBinding::columnOf(QStringView field) const {
-    return static_cast<int>(m_columns.indexOf(field, 0, Qt::CaseInsensitive));
+    const auto found =
+        std::find_if(m_columns.begin(), m_columns.end(),
+                     [field](const QString& column) { return dao::sameName(column, field); });
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
 }
 
 dao::Value RowBinding::value(QStringView field) const {
@@ -78,15 +85,20 @@ bool RowBinding::write(Way way) {
     } catch (const dao::EngineError& error) {
         if (m_data.EditMode() != dao::EditMode::None)
             m_data.CancelUpdate();
-        if (!m_failureTold)
-            m_prompts.PlainBox(
-                u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
-                OkButton | CriticalIcon, u"Validate Data Error"_s);
-        m_failureTold = true;
+        tellFailure(error);
         return false;
     }
     m_failureTold = false;
     return true;
+}
+
+/// Noted before it is shown: while a box stands on the screen another write may be due.
+void RowBinding::tellFailure(const dao::EngineError& error) {
+    if (std::exchange(m_failureTold, true))
+        return;
+    m_prompts.PlainBox(
+        u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
+        OkButton | CriticalIcon, u"Validate Data Error"_s);
 }
 
 QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {

@@ -7,6 +7,10 @@
 
 class Prompts;
 
+namespace dao {
+class EngineError;
+}
+
 /// What a binding needs of a box that shows a field of a row.
 class BoundBox {
 public:
@@ -67,6 +71,7 @@ private:
     enum class Way { Staying, Leaving };
 
     bool write(Way way);
+    void tellFailure(const dao::EngineError& error);
     QList<const Bound*> writableBoxes(Way way) const;
     void writeRow(const QList<const Bound*>& changed);
     void putRowBack(const QList<const Bound*>& changed);

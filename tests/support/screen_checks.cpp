@@ -79,7 +79,7 @@ void checkLegible(QWidget& window) {
             qobject_cast<const QLabel*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
             qobject_cast<const QPushButton*>(widget) || qobject_cast<const QCheckBox*>(widget) ||
             qobject_cast<const QRadioButton*>(widget);
-        if (!holdsText || !widget->isVisibleTo(&window))
+        if (!holdsText || !widget->isVisibleTo(&window) || !widget->isEnabled())
             continue;
         const QPalette& palette = widget->palette();
         EXPECT_GE(contrast(palette.color(widget->foregroundRole()),

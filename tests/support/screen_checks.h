@@ -10,7 +10,7 @@
 /// Everything that Tab reaches has a name for screen readers, and the order of Tab follows the eye:
 /// from a control to one that stands right of it or below.
 void checkFocus(QWidget& window);
-/// Every text stands out from its background.
+/// Every text stands out from its background, but for what is disabled.
 void checkLegible(QWidget& window);
 /// No label is smaller than its text needs.
 void checkNothingCut(QWidget& window);

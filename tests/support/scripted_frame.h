@@ -20,6 +20,7 @@ public:
     void ShowStartupWizard() override { log += QStringLiteral("wizard"); }
     void ShowStartupWizardSetup() override { log += QStringLiteral("wizard setup"); }
     void OpenForm(const QString& name) override { forms += name; }
+    void CloseForm(const QString& name) override { forms.removeAll(name); }
     void RunFormCommand(const QString& name, FrameCommand) override { forms += name; }
     QStringList visibleForms() const override { return forms; }
     void DestroySplash() override {}

@@ -169,6 +169,11 @@ void mdiORVA::OpenForm(const QString& name) {
         loadForm(*entry);
 }
 
+void mdiORVA::CloseForm(const QString& name) {
+    if (QMdiSubWindow* form = loadedForm(name))
+        form->close();
+}
+
 void mdiORVA::RunFormCommand(const QString& name, FrameCommand command) {
     const WindowEntry* entry = findWindow(m_windows, name);
     if (entry && entry->run)

@@ -8,6 +8,7 @@
 #include "core/screens/mdiorva.h"
 #include "core/screens/progressfrm.h"
 #include "core/screens/tour_pictures.h"
+#include "core/screens/tour_planning.h"
 #include "core/screens/tour_timetable.h"
 #include "core/screens/tour_wizard.h"
 #include "core/session.h"
@@ -127,6 +128,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
+        fillTodaysSheet(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }

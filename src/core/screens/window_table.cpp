@@ -1,6 +1,7 @@
 #include "core/screens/window_table.h"
 
 #include "calendar/screens/ttfrm.h"
+#include "planning/screens/orvafrm.h"
 #include "store/screens/startupwiz.h"
 
 #include <algorithm>
@@ -19,6 +20,9 @@ WindowTable windowTable() {
         WindowEntry{.name = u"TTfrm"_s,
                     .placementKey = setting::Timetable.toString(),
                     .make = [](Session& session) { return new TTfrm(session); }},
+        WindowEntry{.name = u"ORVAfrm"_s,
+                    .placementKey = u"Planning"_s,
+                    .make = [](Session& session) { return new ORVAfrm(session); }},
     };
     return windows;
 }

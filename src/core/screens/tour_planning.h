@@ -1,0 +1,7 @@
+#pragma once
+
+class Session;
+
+/// Writes what a teacher might have planned on today's sheet of the sample year, which is made
+/// where there is none. Raises what the engine raises.
+void fillTodaysSheet(Session& session);

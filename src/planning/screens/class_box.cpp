@@ -1,0 +1,55 @@
+#include "planning/screens/class_box.h"
+
+#include "controls/colours.h"
+
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The size of the fields "Class1", "Class2", ...
+constexpr int LongestClass = 55;
+
+} // namespace
+
+ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QComboBox(parent) {
+    setObjectName(u"text2(%1)"_s.arg(period - 1));
+    setAccessibleName(u"Class, period %1"_s.arg(period));
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    setFocusPolicy(Qt::StrongFocus);
+    addItems(codes);
+    setCurrentIndex(-1);
+    lineEdit()->setMaxLength(LongestClass);
+    lineEdit()->setAccessibleName(accessibleName());
+    connect(this, &QComboBox::editTextChanged, this, [this] {
+        m_isChanged = true;
+        emit edited();
+    });
+}
+
+void ClassBox::show(const QString& text) {
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(findText(text));
+    setEditText(text);
+    lineEdit()->setCursorPosition(0);
+    m_isChanged = false;
+}
+
+void ClassBox::setPaper(const QColor& colour) {
+    setBackground(this, colour);
+    setBackground(lineEdit(), colour);
+}
+
+void ClassBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    emit entered();
+}
+
+void ClassBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}

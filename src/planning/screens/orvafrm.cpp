@@ -1,0 +1,314 @@
+#include "planning/screens/orvafrm.h"
+
+#include "controls/bound_rich_text.h"
+#include "controls/calendar.h"
+#include "controls/edit_menu.h"
+#include "controls/format_tools.h"
+#include "controls/icons.h"
+#include "controls/layout_toolbar.h"
+#include "core/clock.h"
+#include "core/main_frame.h"
+#include "core/screens/frame_menus.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "planning/screens/bottom_blocks.h"
+#include "planning/screens/class_box.h"
+#include "planning/screens/links_panel.h"
+#include "planning/screens/period_area.h"
+#include "planning/screens/sheet_bar.h"
+#include "planning/screens/sheet_commands.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int SaveTimer = 20486;
+constexpr std::chrono::seconds SaveDelay{2};
+constexpr QSize UsualSize(960, 620);
+
+const QString maximiseTip = u"Maximise Selected Activity"_s;
+const QString restoreTip = u"Restore"_s;
+
+} // namespace
+
+ORVAfrm::ORVAfrm(Session& session)
+    : m_session(session)
+    , m_sheets(session)
+    , m_showsCoding(session.GetSettings().readFlag(setting::keyOf(setting::Planning),
+                                                   setting::ShowClassCoding))
+    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
+    , m_commands(new SheetCommands(session, *m_tools, *this)) {
+    setObjectName(u"ORVAfrm"_s);
+    setWindowTitle(u"Quick Daily Planning Sheet"_s);
+    resize(UsualSize);
+    if (MainFrame* frame = session.Frame())
+        frame->CloseForm(u"ORVA2frm"_s); // the two planning sheets are never open at once
+    makeParts();
+    makeMenus();
+    bindBoxes();
+    connectCommands();
+    keepWhatIsWritten();
+    m_sheets.onChange([this] { sheetChanged(); });
+    m_sheets.Activate_1st();
+}
+
+ORVAfrm::~ORVAfrm() {
+    save();
+    disconnect(qApp, nullptr, this, nullptr);
+    // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
+    delete m_pages;
+}
+
+void ORVAfrm::makeParts() {
+    m_bar = new SheetBar(m_sheets, this);
+    m_links = new LinksPanel(m_session);
+    m_pages = new QStackedWidget;
+    m_pages->addWidget(makeSheet());
+    m_pages->addWidget(makeMaximised());
+    m_maximiseButton = new QToolButton(this);
+    m_maximiseButton->setObjectName(u"CMD2"_s);
+    m_maximiseButton->setFocusPolicy(Qt::NoFocus); // by keyboard it is a command of the menu
+    m_maximiseButton->setAutoRaise(true);
+    m_maximiseButton->setCursor(Qt::ArrowCursor);
+    m_maximiseButton->hide();
+    auto* bars = new QHBoxLayout;
+    bars->setContentsMargins({});
+    for (LayoutToolbar* toolbar :
+         {m_tools->toolbar(), m_tools->colourToolbar(), m_commands->toolbar()})
+        bars->addWidget(toolbar);
+    bars->addStretch();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(2);
+    layout->addLayout(bars);
+    layout->addWidget(m_bar);
+    layout->addWidget(m_pages, 1);
+    layout->addWidget(m_links);
+}
+
+QWidget* ORVAfrm::makeSheet() {
+    constexpr int periodsShare = 4;
+    m_periods = new PeriodArea(m_session.PeriodsPerDay, m_sheets.classCodes());
+    m_bottom = new BottomBlocks;
+    auto* sheet = new QSplitter(Qt::Vertical);
+    sheet->setContentsMargins(4, 0, 4, 0);
+    sheet->setChildrenCollapsible(false);
+    sheet->addWidget(m_periods);
+    sheet->addWidget(m_bottom);
+    sheet->setStretchFactor(0, periodsShare);
+    sheet->setStretchFactor(1, 1);
+    return sheet;
+}
+
+QWidget* ORVAfrm::makeMaximised() {
+    m_maximisedPage = new QWidget;
+    m_maximisedHeading = new QLabel;
+    m_maximisedHeading->setObjectName(u"Label2"_s);
+    auto* layout = new QVBoxLayout(m_maximisedPage);
+    layout->setContentsMargins(4, 0, 4, 0);
+    layout->addWidget(m_maximisedHeading);
+    return m_maximisedPage;
+}
+
+void ORVAfrm::makeMenus() {
+    auto* bar = new QMenuBar;
+    addFrameMenus(*bar, m_session.Frame());
+    for (QMenu* menu : {m_commands->planningMenu(), m_commands->periodMenu(),
+                        static_cast<QMenu*>(m_tools->editMenu())})
+        bar->addMenu(menu);
+    layout()->setMenuBar(bar);
+}
+
+void ORVAfrm::bindBoxes() {
+    for (int period = 1; period <= m_periods->periods(); ++period) {
+        bindClass(period);
+        bindRichText(m_periods->lesson(period), {SheetBox::Lesson, period});
+        bindRichText(m_periods->homework(period), {SheetBox::Homework, period});
+        m_periods->lesson(period).installEventFilter(this);
+    }
+    for (const SheetBox block : BottomBlocks::Blocks)
+        bindRichText(m_bottom->box(block), {block, 0});
+}
+
+void ORVAfrm::bindClass(int period) {
+    ClassBox& box = m_periods->classBox(period);
+    m_sheets.binding().bind(classField(period), box);
+    connect(&box, &ClassBox::edited, this, &ORVAfrm::saveSoon);
+}
+
+void ORVAfrm::bindRichText(RichTextBox& box, const SheetPlace& place) {
+    const bool isLimited = place.box == SheetBox::Lesson;
+    m_bound.push_back(std::make_unique<BoundRichText>(box));
+    m_sheets.binding().bind(fieldOf(place), *m_bound.back(),
+                            isLimited ? u"Period %1"_s.arg(place.period) : QString());
+    m_places.insert(&box, place);
+    m_tools->serve(box);
+    connect(&box, &RichTextBox::edited, this, &ORVAfrm::saveSoon);
+}
+
+void ORVAfrm::connectCommands() {
+    connect(&m_bar->calendar(), &Calendar::dateChosen, this, &ORVAfrm::pickDate);
+    connect(m_periods, &PeriodArea::periodSelected, this, &ORVAfrm::selectPeriod);
+    connect(m_periods, &PeriodArea::menuWanted, this, [this](int period, const QPoint& place) {
+        m_periods->selectPeriod(period);
+        m_commands->periodMenu()->popup(place);
+    });
+    connect(m_maximiseButton, &QToolButton::clicked, this, &ORVAfrm::toggleMaximised);
+    connect(m_commands, &SheetCommands::maximiseWanted, this, &ORVAfrm::toggleMaximised);
+    connect(m_commands, &SheetCommands::createWanted, &m_bar->calendar(), &Calendar::dropDown);
+    connect(m_commands, &SheetCommands::todayWanted, this, [this] { m_sheets.showToday(); });
+    connect(m_commands, &SheetCommands::tomorrowWanted, this, [this] { m_sheets.showTomorrow(); });
+    connect(m_commands, &SheetCommands::deleteWanted, this, [this] { m_sheets.deleteSheet(); });
+    connect(m_commands, &SheetCommands::eventWanted, this, &ORVAfrm::carryOut);
+}
+
+/// Beyond the timer: when the focus goes to another window, when another program comes to the
+/// front, and when the desktop's session or the program ends. What other windows have written
+/// meanwhile is shown when the focus comes back.
+void ORVAfrm::keepWhatIsWritten() {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
+        const bool wasHere = from && isAncestorOf(from);
+        const bool isHere = to && isAncestorOf(to);
+        if (wasHere && !isHere)
+            save();
+        else if (isHere && !wasHere)
+            m_sheets.refresh();
+    });
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &ORVAfrm::save);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &ORVAfrm::save);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &ORVAfrm::save);
+}
+
+void ORVAfrm::saveSoon() {
+    if (m_isSaveDue)
+        return;
+    m_isSaveDue = true;
+    m_session.GetSeams().clock.startTimer(SaveTimer, SaveDelay, [this] { save(); });
+}
+
+void ORVAfrm::save() {
+    if (m_isSaveDue)
+        m_session.GetSeams().clock.stopTimer(SaveTimer);
+    m_isSaveDue = false;
+    m_sheets.binding().flush();
+}
+
+void ORVAfrm::closeEvent(QCloseEvent* event) {
+    // A text that could not be written stays where it can be seen.
+    event->setAccepted(m_sheets.binding().leave());
+}
+
+void ORVAfrm::sheetChanged() {
+    restore();
+    m_periods->selectPeriod(0);
+    m_bar->DisplayPSDate();
+    Clean_Plan(!m_sheets.isEmpty());
+    m_commands->enable(!m_sheets.isEmpty(), false);
+    if (m_sheets.isEmpty())
+        return m_bottom->showEvents({});
+    m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
+    resetAllRTFedits();
+    m_bottom->showEvents(m_sheets.GetCOEinfo());
+}
+
+void ORVAfrm::Clean_Plan(bool hasSheet) {
+    m_periods->Clean_Plan(hasSheet);
+    m_bottom->Clean_Plan(hasSheet);
+}
+
+void ORVAfrm::resetAllRTFedits() {
+    const FontRecord font =
+        m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
+    for (auto box = m_places.keyBegin(); box != m_places.keyEnd(); ++box)
+        (*box)->applyDefaultFont(font);
+}
+
+void ORVAfrm::selectPeriod(int period) {
+    m_links->GetFileLinks(m_sheets.planDate(), period);
+    m_commands->enable(!m_sheets.isEmpty(), period > 0);
+    placeMaximiseButton();
+}
+
+void ORVAfrm::pickDate(QDate date) {
+    if (!m_sheets.pickDate(date))
+        m_bar->calendar().setDate(m_sheets.date());
+}
+
+void ORVAfrm::carryOut(SheetEvent event) {
+    Prompts& prompts = m_session.GetSeams().prompts;
+    RichTextBox* box = m_tools->box();
+    if (!box || !m_places.contains(box) || box->selectionLength() == 0)
+        return tellNoSelection(prompts);
+    const SheetSelection selection{m_places.value(box), box->selectedText(), box->selectedRtf(),
+                                   m_sheets.planDate(), m_sheets.week()};
+    if (!confirmEvent(prompts, event, selection))
+        return;
+    if (event != SheetEvent::Remove)
+        box->copy();
+    m_sheets.carryOut(event, selection);
+}
+
+void ORVAfrm::toggleMaximised() {
+    const int period = m_periods->selectedPeriod();
+    if (m_maximised > 0) {
+        RichTextBox& lesson = m_periods->lesson(m_maximised);
+        restore();
+        lesson.setFocus();
+    } else if (period > 0) {
+        RichTextBox& lesson = m_periods->lesson(period);
+        m_maximised = period;
+        m_maximisedHeading->setText(u"Period %1 - %2    %3"_s.arg(period).arg(
+            m_periods->classBox(period).currentText(), m_sheets.heading()));
+        m_maximisedPage->layout()->addWidget(&lesson);
+        lesson.show();
+        m_pages->setCurrentWidget(m_maximisedPage);
+        lesson.setFocus();
+        placeMaximiseButton();
+    }
+}
+
+void ORVAfrm::restore() {
+    if (m_maximised == 0)
+        return;
+    m_periods->takeBack(m_maximised);
+    m_maximised = 0;
+    m_pages->setCurrentIndex(0);
+    placeMaximiseButton();
+}
+
+/// Over the top right corner of the selected lesson's text, left of its scroll bar.
+void ORVAfrm::placeMaximiseButton() {
+    const int period = m_periods->selectedPeriod();
+    m_maximiseButton->setVisible(period > 0);
+    m_commands->maximise()->setText(m_maximised > 0 ? restoreTip : maximiseTip);
+    if (period == 0)
+        return m_maximiseButton->setParent(this);
+    const QString tip = m_maximised > 0 ? restoreTip : maximiseTip;
+    m_maximiseButton->setIcon(icon(m_maximised > 0 ? u"restore"_s : u"maximise"_s));
+    m_maximiseButton->setToolTip(tip);
+    m_maximiseButton->setAccessibleName(tip);
+    QWidget* text = m_periods->lesson(period).viewport();
+    m_maximiseButton->setParent(text);
+    m_maximiseButton->adjustSize();
+    m_maximiseButton->move(text->width() - m_maximiseButton->width(), 0);
+    m_maximiseButton->show();
+    m_maximiseButton->raise();
+}
+
+bool ORVAfrm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && m_maximiseButton->parent() &&
+        m_maximiseButton->parent()->parent() == watched)
+        placeMaximiseButton();
+    return QWidget::eventFilter(watched, event);
+}

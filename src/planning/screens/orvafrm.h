@@ -1,0 +1,81 @@
+#pragma once
+
+#include "planning/daily_sheets.h"
+
+#include <QHash>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class BottomBlocks;
+class FormatTools;
+class LinksPanel;
+class PeriodArea;
+class QLabel;
+class QStackedWidget;
+class QToolButton;
+class RichTextBox;
+class SheetBar;
+class SheetCommands;
+
+/// The daily planning sheet: the teacher's desk diary, a sheet a date. What is written on it is on
+/// disk at the latest two seconds after the first key that is not, and whenever the window, the
+/// program or the sheet is left; nobody has to save.
+class ORVAfrm : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ORVAfrm(Session& session);
+    ~ORVAfrm() override;
+
+    /// Goes to the sheet of a date, for other windows.
+    void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeParts();
+    QWidget* makeSheet();
+    QWidget* makeMaximised();
+    void makeMenus();
+    void layOut(QWidget* sheet);
+    void bindBoxes();
+    void bindClass(int period);
+    void bindRichText(RichTextBox& box, const SheetPlace& place);
+    void connectCommands();
+    void keepWhatIsWritten();
+
+    void sheetChanged();
+    void Clean_Plan(bool hasSheet);
+    void resetAllRTFedits();
+    void selectPeriod(int period);
+    void pickDate(QDate date);
+    void carryOut(SheetEvent event);
+    void saveSoon();
+    void save();
+
+    void toggleMaximised();
+    void restore();
+    void placeMaximiseButton();
+
+    Session& m_session;
+    DailySheets m_sheets;
+    bool m_showsCoding;
+    FormatTools* m_tools;
+    SheetCommands* m_commands;
+    SheetBar* m_bar = nullptr;
+    PeriodArea* m_periods = nullptr;
+    BottomBlocks* m_bottom = nullptr;
+    LinksPanel* m_links = nullptr;
+    QStackedWidget* m_pages = nullptr; ///< the sheet, and the page of a maximised lesson
+    QLabel* m_maximisedHeading = nullptr;
+    QWidget* m_maximisedPage = nullptr;
+    int m_maximised = 0; ///< the period whose lesson is maximised; 0 is none
+    QToolButton* m_maximiseButton = nullptr;
+    std::vector<std::unique_ptr<BoundBox>> m_bound;
+    QHash<RichTextBox*, SheetPlace> m_places;
+    bool m_isSaveDue = false;
+};

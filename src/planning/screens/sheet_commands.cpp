@@ -1,0 +1,149 @@
+#include "planning/screens/sheet_commands.h"
+
+#include "controls/edit_menu.h"
+#include "controls/format_tools.h"
+#include "controls/icons.h"
+#include "controls/insert_object_menu.h"
+#include "controls/layout_toolbar.h"
+#include "controls/rich_text_box.h"
+#include "core/main_frame.h"
+#include "core/screens/window_table.h"
+#include "core/session.h"
+
+#include <QAction>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString searchForm = u"SearchFrm"_s;
+const QString historyForm = u"CPlanFrm"_s;
+const QString registerForm = u"RegisterFrm"_s;
+
+/// Commands that open a window; there is no such command where the program lacks the window.
+struct FormCommand {
+    QString form;
+    QString caption;
+    QString icon;
+};
+const FormCommand formCommands[] = {
+    {searchForm, u"Search Plans..."_s, u"search"_s},
+    {historyForm, u"Show Lesson History"_s, u"history"_s},
+    {registerForm, u"Open Register..."_s, u"register"_s},
+};
+
+} // namespace
+
+SheetCommands::SheetCommands(Session& session, FormatTools& tools, QWidget& window)
+    : QObject(&window), m_session(session), m_tools(tools) {
+    makePlanningMenu(window);
+    makeFormActions();
+    makePeriodMenu(window);
+    makeToolbar(window);
+    addEvents();
+}
+
+void SheetCommands::makePlanningMenu(QWidget& window) {
+    m_planningMenu = new QMenu(u"&Planning"_s, &window);
+    m_planningMenu->setObjectName(u"mnuPlanningSheet"_s);
+    const auto add = [this](const QString& iconName, const QString& text,
+                            void (SheetCommands::*wanted)()) {
+        QAction* action = m_planningMenu->addAction(icon(iconName), text);
+        connect(action, &QAction::triggered, this, wanted);
+        return action;
+    };
+    add(u"new"_s, u"Open\\Create New ..."_s, &SheetCommands::createWanted);
+    add(u"daily"_s, u"Open\\Create for TODAY"_s, &SheetCommands::todayWanted);
+    add(u"daily"_s, u"Open\\Create for TOMORROW"_s, &SheetCommands::tomorrowWanted);
+    m_planningMenu->addSeparator();
+    m_delete = add(u"delete"_s, u"Delete selected Sheet"_s, &SheetCommands::deleteWanted);
+}
+
+void SheetCommands::makeFormActions() {
+    for (const FormCommand& command : formCommands) {
+        if (!findWindow(windowTable(), command.form))
+            continue;
+        auto* action = new QAction(icon(command.icon), command.caption, this);
+        connect(action, &QAction::triggered, this, [this, form = command.form] {
+            if (MainFrame* frame = m_session.Frame())
+                frame->OpenForm(form);
+        });
+        m_formActions.insert(command.form, action);
+    }
+}
+
+void SheetCommands::makePeriodMenu(QWidget& window) {
+    m_periodMenu = new QMenu(u"Pe&riod"_s, &window);
+    m_periodMenu->setObjectName(u"mnuPeriod"_s);
+    m_maximise = m_periodMenu->addAction(icon(u"maximise"_s), u"Maximise Selected Activity"_s, this,
+                                         &SheetCommands::maximiseWanted);
+    m_maximise->setShortcut(Qt::CTRL | Qt::Key_M);
+    m_maximise->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    window.addAction(m_maximise);
+    m_periodMenu->addSeparator();
+    if (QAction* history = m_formActions.value(historyForm))
+        m_periodMenu->addAction(history);
+    m_periodMenu->addMenu(m_tools.insertMenu());
+    if (QAction* lessonRegister = m_formActions.value(registerForm))
+        m_periodMenu->addAction(lessonRegister);
+}
+
+void SheetCommands::makeToolbar(QWidget& window) {
+    struct Button {
+        QString tip;
+        QString icon;
+        QAction* action;
+        QMenu* menu;
+    };
+    QList<Button> buttons;
+    if (QAction* search = m_formActions.value(searchForm))
+        buttons += {u"Search Plans."_s, u"search"_s, search, nullptr};
+    buttons += {u"Delete this Plan."_s, u"delete"_s, m_delete, nullptr};
+    if (QAction* history = m_formActions.value(historyForm))
+        buttons += {u"History Viewer."_s, u"history"_s, history, nullptr};
+    buttons += {u"Insert Object."_s, u"insert_object"_s, nullptr, m_tools.insertMenu()};
+    QStringList tips;
+    QStringList icons;
+    for (const Button& button : buttons) {
+        tips += button.tip;
+        icons += button.icon;
+    }
+    m_toolbar = new LayoutToolbar(u"ORVA_Btns"_s, QString(buttons.size(), u'B'), tips.join(u'|'),
+                                  icons.join(u'|'), &window);
+    for (qsizetype i = 0; i < buttons.size(); ++i) {
+        if (buttons[i].menu)
+            m_toolbar->setMenu(i, buttons[i].menu);
+        else
+            connect(m_toolbar->button(i), &QAction::triggered, buttons[i].action,
+                    &QAction::trigger);
+        if (buttons[i].action == m_delete)
+            m_deleteButton = m_toolbar->button(i);
+    }
+}
+
+void SheetCommands::addEvents() {
+    struct Entry {
+        QString name;
+        QString text;
+        SheetEvent event;
+    };
+    const Entry entries[] = {
+        {u"mnuAddPerWeek"_s, u"Create a weekly event..."_s, SheetEvent::AddWeekly},
+        {u"mnuAddPer2weeks"_s, u"Create a fortnightly event..."_s, SheetEvent::AddFortnightly},
+        {u"mnuRemovePerWeek"_s, u"Remove  from  weekly events..."_s, SheetEvent::Remove},
+    };
+    for (const Entry& entry : entries) {
+        auto* action = new QAction(entry.text, this);
+        action->setObjectName(entry.name);
+        connect(action, &QAction::triggered, this,
+                [this, event = entry.event] { emit eventWanted(event); });
+        m_tools.editMenu()->addSelectionAction(action);
+    }
+}
+
+void SheetCommands::enable(bool hasSheet, bool hasPeriod) {
+    m_delete->setEnabled(hasSheet);
+    m_deleteButton->setEnabled(hasSheet);
+    m_maximise->setEnabled(hasPeriod);
+}

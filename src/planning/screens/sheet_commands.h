@@ -1,0 +1,58 @@
+#pragma once
+
+#include "planning/upkeep.h"
+
+#include <QHash>
+#include <QObject>
+
+class FormatTools;
+class LayoutToolbar;
+class QAction;
+class QMenu;
+class QWidget;
+class Session;
+
+/// The commands of a daily sheet apart from those for writing: the Planning menu, the popup of a
+/// period's heading, the toolbar "ORVA_Btns" and the events in the edit menu. A command of a window
+/// that the program does not have is in none of them.
+class SheetCommands : public QObject {
+    Q_OBJECT
+
+public:
+    /// `window` owns the menus and hears the shortcuts.
+    SheetCommands(Session& session, FormatTools& tools, QWidget& window);
+
+    QMenu* planningMenu() const { return m_planningMenu; }
+    QMenu* periodMenu() const { return m_periodMenu; }
+    LayoutToolbar* toolbar() const { return m_toolbar; }
+    /// Lays a lesson over the whole sheet, and puts it back.
+    QAction* maximise() const { return m_maximise; }
+
+    /// What can be done: with the sheet, if there is one, and with the selected period, if any.
+    void enable(bool hasSheet, bool hasPeriod);
+
+signals:
+    void createWanted();
+    void todayWanted();
+    void tomorrowWanted();
+    void deleteWanted();
+    void maximiseWanted();
+    void eventWanted(SheetEvent event);
+
+private:
+    void makePlanningMenu(QWidget& window);
+    void makePeriodMenu(QWidget& window);
+    void makeToolbar(QWidget& window);
+    void addEvents();
+    void makeFormActions();
+
+    Session& m_session;
+    FormatTools& m_tools;
+    QMenu* m_planningMenu = nullptr;
+    QMenu* m_periodMenu = nullptr;
+    LayoutToolbar* m_toolbar = nullptr;
+    QAction* m_maximise = nullptr;
+    QAction* m_delete = nullptr;
+    QAction* m_deleteButton = nullptr;
+    QHash<QString, QAction*> m_formActions; ///< by the window that they open
+};
