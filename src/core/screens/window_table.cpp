@@ -1,6 +1,7 @@
 #include "core/screens/window_table.h"
 
 #include "calendar/screens/ttfrm.h"
+#include "planning/screens/orva2frm.h"
 #include "planning/screens/orvafrm.h"
 #include "store/screens/startupwiz.h"
 
@@ -23,6 +24,9 @@ WindowTable windowTable() {
         WindowEntry{.name = u"ORVAfrm"_s,
                     .placementKey = u"Planning"_s,
                     .make = [](Session& session) { return new ORVAfrm(session); }},
+        WindowEntry{.name = u"ORVA2frm"_s,
+                    .placementKey = setting::Planning.toString(),
+                    .make = [](Session& session) { return new ORVA2frm(session); }},
     };
     return windows;
 }

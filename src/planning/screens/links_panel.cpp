@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-LinksPanel::LinksPanel(const Session& session, QWidget* parent)
+LinksPanel::LinksPanel(const Session& session, const QString& list, QWidget* parent)
     : QWidget(parent)
     , m_session(session)
     , m_toggle(new QToolButton)
@@ -30,7 +30,7 @@ LinksPanel::LinksPanel(const Session& session, QWidget* parent)
     m_toggle->setFocusPolicy(Qt::TabFocus);
     m_toggle->setAccessibleName(u"Show the file links"_s);
     m_panel->setObjectName(u"linkpnl"_s);
-    m_list->setObjectName(u"Combo1"_s);
+    m_list->setObjectName(list);
     m_list->setAccessibleName(u"File links of the period"_s);
     m_list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* panel = new QHBoxLayout(m_panel);

@@ -14,7 +14,8 @@ class LinksPanel : public QWidget {
     Q_OBJECT
 
 public:
-    explicit LinksPanel(const Session& session, QWidget* parent = nullptr);
+    /// `list` is the object name of the list of links.
+    LinksPanel(const Session& session, const QString& list, QWidget* parent = nullptr);
 
     /// Shows the links of a period of a sheet; period 0 is none.
     void GetFileLinks(const QString& planDate, int period);

@@ -72,7 +72,7 @@ ORVAfrm::~ORVAfrm() {
 
 void ORVAfrm::makeParts() {
     m_bar = new SheetBar(m_sheets, this);
-    m_links = new LinksPanel(m_session);
+    m_links = new LinksPanel(m_session, u"Combo1"_s);
     m_pages = new QStackedWidget;
     m_pages->addWidget(makeSheet());
     m_pages->addWidget(makeMaximised());

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "classes/class_list.h"
+#include "store/engine/recordset.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+
+class Session;
+
+namespace dao {
+class EngineError;
+}
+
+/// A lesson of the class in the week: one period of one sheet.
+struct LessonSlot {
+    QString caption;  ///< "Monday 09/Sep/2024 : Lesson 3"
+    QString planDate; ///< "yy-mm-dd"
+    QString lesson;   ///< rich text; empty for Null
+    QString homework; ///< the same
+    int record = 0;   ///< which row of the week, from 0
+    int period = 0;   ///< in the row it was read from
+};
+
+/// What a slot's boxes hold when it is written back.
+struct SlotTexts {
+    QString lesson;   ///< rich text
+    QString homework; ///< rich text
+    bool isChanged = false;
+};
+
+/// The period that a caption names: its last character, one digit. Kept on purpose: a tenth period
+/// reads as 0.
+int captionPeriod(QStringView caption);
+/// Whether a slot can be written back: not from period 10 on, which its caption can't tell.
+bool isWritable(const LessonSlot& slot);
+
+/// A date as the list of weeks shows it: "Monday 09/09/2024".
+QString weekEntry(QDate firstDay);
+
+/// The two lines that stand where lessons would, for a class without any in the week.
+inline const QString NoLessonsNotice =
+    QStringLiteral("THERE ARE NO LESSONS \n\tFOR THIS CLASS THIS WEEK");
+
+/// The lessons of one class over one teaching week, read from `Planning` and written back.
+class WeeklySheets {
+public:
+    explicit WeeklySheets(Session& session) : m_session(session) {}
+
+    /// Reads the weeks and the classes. Answers whether it could; a failure is told.
+    bool load();
+    /// The first teaching day of each teaching week; element i is of week i + 1.
+    const QList<QDate>& weeks() const { return m_weeks; }
+    const QList<ClassColour>& classes() const { return m_classes; }
+    /// The element of `weeks` whose week holds today; 0 where none does.
+    int currentWeek() const;
+
+    /// Reads the lessons of a class in a week (an element of `weeks`). What was shown has to be
+    /// written back before. Answers whether it could; a failure is told and leaves what was shown.
+    bool Show_Week(int week, const QString& classCode);
+    /// In the order of dates and periods. Empty for a class without lessons in the week.
+    const QList<LessonSlot>& lessons() const { return m_slots; }
+    /// Whether the week has sheets at all.
+    bool hasSheets() const { return !m_records.isEmpty(); }
+    /// "Week A", "Weekly Plan 3"; empty for a week without sheets. Kept on purpose: "Week " without
+    /// a letter where the first sheet of the week has none.
+    const QString& heading() const { return m_heading; }
+
+    /// Writes all slots back, changed or not, whole or not at all; texts of any length. `texts` has
+    /// an element for each of `lessons`. A row that was deleted meanwhile is put back with all that
+    /// it held if one of its slots was changed, and stays away otherwise. Answers false where
+    /// something changed could not be written, which is told once until a write succeeds.
+    bool Update_Records(const QList<SlotTexts>& texts);
+
+private:
+    /// A walk over the rows of the week that stands on one of them, and the row as it was read or
+    /// written last, every column.
+    struct Record {
+        dao::Recordset clone;
+        QList<dao::Value> row;
+    };
+
+    void readLessons(int record, const QString& classCode, QList<LessonSlot>& found) const;
+    void writeSlot(const LessonSlot& slot, const SlotTexts& texts);
+    void putRowBack(Record& record, const LessonSlot& slot, const SlotTexts& texts) const;
+    void tell(const QString& title, const QString& task, const dao::EngineError& error) const;
+
+    Session& m_session;
+    QList<QDate> m_weeks;
+    QList<ClassColour> m_classes;
+    QList<Record> m_records;
+    QList<LessonSlot> m_slots;
+    QString m_heading;
+    bool m_failureTold = false;
+};
