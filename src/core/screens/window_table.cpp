@@ -22,7 +22,7 @@ WindowTable windowTable() {
                     .placementKey = setting::Timetable.toString(),
                     .make = [](Session& session) { return new TTfrm(session); }},
         WindowEntry{.name = u"ORVAfrm"_s,
-                    .placementKey = u"Planning"_s,
+                    .placementKey = setting::Planning.toString(),
                     .make = [](Session& session) { return new ORVAfrm(session); }},
         WindowEntry{.name = u"ORVA2frm"_s,
                     .placementKey = setting::Planning.toString(),
