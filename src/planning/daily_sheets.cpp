@@ -146,8 +146,10 @@ void DailySheets::Activate_1st() {
 
 void DailySheets::makeAndShow(QDate date) {
     const QString planDate = sheetDateText(date);
-    dao::Recordset clone = m_data.Clone();
-    AddNewPlan(m_session.CurrentDB, clone, planDate);
+    dao::Recordset present = m_session.CurrentDB.OpenRecordset(PlanningTable);
+    present.FindFirst(criteriaFor(planDate)); // another window may have made it meanwhile
+    if (present.NoMatch())
+        AddNewPlan(m_session.CurrentDB, present, planDate);
     rebind(planDate);
 }
 

@@ -60,7 +60,7 @@ void RowBinding::refresh() {
     m_data.SetBookmark(m_data.Bookmark()); // reads the row anew
     keepRow();
     for (const Bound& bound : m_bounds) {
-        const dao::Value& now = m_row.at(bound.column);
+        const dao::Value now = m_row.value(bound.column);
         if (!bound.box->dataChanged() && now != before.value(bound.column))
             bound.box->show(now.toText());
     }

@@ -291,6 +291,16 @@ TEST_F(SheetsTest, ASheetDeletedElsewhereComesBackWithWhatIsTyped) {
     EXPECT_EQ(sheets.planDate(), u"24-09-09"_s);
 }
 
+TEST_F(SheetsTest, ASheetMadeElsewhereIsNotMadeAgain) {
+    sheets.Activate_1st();
+    dao::Recordset planning = session.CurrentDB.OpenRecordset(u"Planning"_s);
+    AddNewPlan(session.CurrentDB, planning, u"24-09-14"_s);
+    setToday(QDate(2024, 9, 14));
+    sheets.showToday();
+    EXPECT_EQ(sheets.positionText(), u"9/14"_s);
+    EXPECT_EQ(sheets.planDate(), u"24-09-14"_s);
+}
+
 TEST_F(SheetsTest, AnEventReachesExactlyItsRows) {
     dao::Recordset planning = session.CurrentDB.OpenRecordset(u"Planning"_s);
     for (const QString& date : {u"24-09-16"_s, u"24-09-30"_s}) // Mondays of no teaching week

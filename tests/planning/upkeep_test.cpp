@@ -1,0 +1,54 @@
+// Which classes a new sheet gets where the timetable is not as it should be.
+
+#include "planning/upkeep.h"
+
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class UpkeepTest : public testing::Test {
+protected:
+    void set(const QString& source, const QString& field, const QString& text) {
+        dao::Recordset row = database.OpenRecordset(source);
+        row.Edit();
+        row.SetCollect(field, text);
+        row.Update();
+    }
+    /// Of a sheet that is added for Monday 9 September, in an A week.
+    QStringList classesOfNewSheet() {
+        dao::Recordset sheets = database.OpenRecordset(u"Planning"_s);
+        AddNewPlan(database, sheets, u"24-09-09"_s);
+        QStringList classes;
+        for (int period = 1; period <= file.answers().periodsPerDay; ++period)
+            classes += sheets.Collect(classField(period)).toText();
+        return classes;
+    }
+
+    YearFile file{twoWeekAnswers()};
+    dao::Database database = file.open();
+};
+
+} // namespace
+
+TEST_F(UpkeepTest, ALaterClassWinsAClashAndPeriodsBeyondTheDayAreNone) {
+    set(u"SELECT * FROM Classcodes WHERE Classcode = '8X'"_s, u"Mon"_s, u"1790x"_s);
+    EXPECT_EQ(classesOfNewSheet(), (QStringList{u"8X"_s, {}, u"7A"_s, {}, {}}));
+}
+
+TEST_F(UpkeepTest, WithoutAStartLetterNoTimetableHolds) {
+    set(u"Admin"_s, u"StartWeek"_s, u"C"_s);
+    EXPECT_EQ(classesOfNewSheet(), (QStringList{{}, {}, {}, {}, {}}));
+}
+
+TEST_F(UpkeepTest, ASheetIsAddedWholeOrNotAtAll) {
+    dao::Recordset sheets = database.OpenRecordset(u"SELECT * FROM Planning"_s);
+    const int before = sheets.RecordCount();
+    database.TableDefs().Delete(u"Classcodes"_s); // fails behind the row's own writing
+    EXPECT_THROW(AddNewPlan(database, sheets, u"24-09-09"_s), std::exception);
+    EXPECT_EQ(database.OpenRecordset(u"Planning"_s).RecordCount(), before);
+    EXPECT_EQ(sheets.RecordCount(), before);
+}
