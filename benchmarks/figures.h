@@ -50,6 +50,7 @@ Measurement measure(const Figure& figure);
 std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> backupFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
+std::vector<Figure> classFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);
 std::vector<Figure> richTextFigures(const QString& folder);

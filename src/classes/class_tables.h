@@ -9,8 +9,8 @@
 
 #include <array>
 
-/// How a class's own tables come to be: the pupils' table, the register with a column a lesson, the
-/// table of grades, and the relations between them.
+/// How a class comes to be in a file, with a new year or later: its record, the pupils' table, the
+/// register with a column a lesson, the table of grades, and the relations between them.
 
 /// The periods of a class on each weekday, Monday 0 to Friday 4, as a text of digits in ascending
 /// order; week B only matters in a year with two timetables.
@@ -22,6 +22,11 @@ struct ClassPeriods {
         return letter == u'B' ? weekB : weekA;
     }
 };
+
+inline constexpr int DaysOfTimetable = 5; ///< Monday to Friday
+
+/// A class's colour where none was set; red in the low byte.
+inline constexpr qint32 WhiteClassColour = 0xFFFFFF;
 
 struct Lesson {
     QDate date;
@@ -41,10 +46,16 @@ bool hasRegister(const QList<Lesson>& lessons);
 /// Whether the register leaves lessons out; the caller then warns.
 bool exceedsRegister(const QList<Lesson>& lessons);
 
-/// Makes `Class_`C. Raises what the engine raises, as the others do.
+/// Adds the record of a class to `Classcodes`, captioned with its code; days without a period stay
+/// Null. Week B is left out where the table has none. Raises what the engine raises, as all below.
+void addClassRecord(dao::Recordset& classcodes, const QString& classCode,
+                    const ClassPeriods& periods, qint32 colour);
+/// The periods in the current record of `Classcodes`.
+ClassPeriods classPeriods(const dao::Recordset& classcodes);
+
+/// Makes `Class_`C.
 void createPupilTable(const dao::Database& database, const QString& classCode);
-/// Makes `REG_`C, tied to `Class_`C, with the first 250 of the lessons, numbered from 1.
-void createRegisterTable(const dao::Database& database, const QString& classCode,
-                         const QList<Lesson>& lessons);
-/// Makes `Marks_`C, tied to `Class_`C.
-void createMarksTable(const dao::Database& database, const QString& classCode);
+/// Makes `REG_`C, with the first 250 of the lessons, numbered from 1, where there are enough for a
+/// register, and `Marks_`C; ties both to `Class_`C.
+void createRegisterAndMarks(const dao::Database& database, const QString& classCode,
+                            const QList<Lesson>& lessons);

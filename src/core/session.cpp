@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr qint32 white = 0xFFFFFF;
-
 QString withSeparator(const QString& folder) {
     return folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator();
 }
@@ -206,13 +204,7 @@ bool Session::IsDBOpen() {
 }
 
 void Session::LoadClassColours() {
-    ClassColours.clear();
-    dao::Recordset classes = CurrentDB.OpenRecordset(ClasscodesTable);
-    const dao::RecordsetField code = classes.Fields(u"Classcode");
-    const dao::RecordsetField colour = classes.Fields(u"Colour");
-    for (; !classes.EOF_(); classes.MoveNext())
-        ClassColours +=
-            {code.text(), colour.isNull() ? white : static_cast<qint32>(colour.integer())};
+    ClassColours = readClasses(CurrentDB);
 }
 
 QString mainCaption(const QString& databasePath) {

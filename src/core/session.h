@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/class_list.h"
 #include "core/paths.h"
 #include "core/seams.h"
 #include "store/engine/engine.h"
@@ -16,11 +17,6 @@ enum OpenResult : qint16 {
     OpenDone = 1,      ///< it is the session's database now
     OpenCancelled = 2, ///< the teacher called it off
     OpenInUse = 3,     ///< another program has it
-};
-
-struct ClassColour {
-    QString code;
-    qint32 colour; ///< red in the low byte
 };
 
 /// The word of flags with which a file is chosen.

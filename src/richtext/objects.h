@@ -40,7 +40,7 @@ std::optional<EmbeddedObject> objectAt(const QTextCursor& cursor);
 void insertObject(QTextCursor& at, const EmbeddedObject& object);
 
 /// The most bytes that a packaged file may have.
-constexpr qint64 largestPackage = 32 * 1024 * 1024;
+constexpr qint64 largestPackage = qint64{32} * 1024 * 1024;
 
 /// An object of the class "Package" that holds a file's name and bytes, as other programs on other
 /// systems open it too. Without a source where the file cannot be read or is too large.

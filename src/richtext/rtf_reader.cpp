@@ -7,7 +7,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
 #include <QTextList>
 
 #include <array>
@@ -31,10 +30,16 @@ struct BytesHash {
     }
 };
 
-/// Fills a document from its start.
+/// Writes into a document at a cursor. An empty paragraph there takes the format of the text's
+/// first; one with text keeps its own.
 class DocumentSink : public TextSink {
 public:
-    explicit DocumentSink(QTextDocument& document) : m_document(document), m_cursor(&document) {}
+    explicit DocumentSink(const QTextCursor& at)
+        : m_document(*at.document())
+        , m_cursor(at)
+        , m_isBetween(at.block().length() == 1)
+        , m_isFirst(m_isBetween)
+        , m_isJoined(!m_isBetween) {}
     void read(const QString& rtf);
 
     void addText(QStringView text) override;
@@ -50,7 +55,7 @@ private:
     QTextCharFormat makeCharFormat(const CharacterState& state) const;
     const QTextBlockFormat& blockFormat(const ParagraphState& state);
 
-    QTextDocument& m_document;
+    const QTextDocument& m_document;
     QTextCursor m_cursor;
     const RtfParser* m_parser = nullptr;
 
@@ -58,8 +63,9 @@ private:
     CharacterState m_runState;
     const QTextCharFormat* m_runFormat = nullptr;
     ParagraphState m_paragraph; ///< as the current paragraph was begun
-    bool m_isBetween = true;    ///< the paragraph that comes is not begun yet
-    bool m_isFirst = true;
+    bool m_isBetween;           ///< the paragraph that comes is not begun yet
+    bool m_isFirst;             ///< it is the one that the cursor stands in
+    bool m_isJoined;            ///< the current paragraph has text of its own
 
     std::unordered_map<CharacterState, QTextCharFormat, BytesHash> m_charFormats;
     std::unordered_map<ParagraphState, QTextBlockFormat, BytesHash> m_blockFormats;
@@ -119,7 +125,7 @@ void DocumentSink::startParagraph() {
 }
 
 void DocumentSink::flushRun() {
-    if (m_run.isEmpty())
+    if (m_run.isEmpty() || !m_runFormat)
         return;
     m_cursor.insertText(m_run, *m_runFormat);
     m_run.clear();
@@ -128,6 +134,10 @@ void DocumentSink::flushRun() {
 void DocumentSink::finishParagraph() {
     startParagraph();
     flushRun();
+    if (m_isJoined) {
+        m_isJoined = false;
+        return;
+    }
     const ParagraphState paragraph = m_parser->paragraph();
     if (paragraph != m_paragraph)
         m_cursor.setBlockFormat(blockFormat(paragraph));
@@ -204,7 +214,7 @@ void readDocument(const QString& rtf, QTextDocument& document) {
     document.setUndoRedoEnabled(false);
     if (isRichText(rtf)) {
         document.clear();
-        DocumentSink(document).read(rtf);
+        DocumentSink(QTextCursor(&document)).read(rtf);
     } else {
         document.setPlainText(cleanedLines(rtf));
     }
@@ -212,13 +222,12 @@ void readDocument(const QString& rtf, QTextDocument& document) {
 }
 
 void insertFragment(QTextCursor& at, const QString& rtf) {
-    QTextDocument document;
-    document.setUndoRedoEnabled(false);
-    document.setDefaultFont(at.document()->defaultFont());
-    readDocument(rtf, document);
     at.beginEditBlock();
     at.removeSelectedText();
-    at.insertFragment(QTextDocumentFragment(&document));
+    if (isRichText(rtf))
+        DocumentSink(at).read(rtf);
+    else
+        at.insertText(cleanedLines(rtf));
     at.endEditBlock();
 }
 

@@ -18,7 +18,8 @@ namespace richtext {
 void readDocument(const QString& rtf, QTextDocument& document);
 
 /// Puts rich text at the cursor, in place of its selection, as one undo step; the cursor stands
-/// behind it afterwards. A fragment of one paragraph joins the paragraph that it comes into.
+/// behind it afterwards. The fragment's first paragraph joins the one that it comes
+/// into, and gives it its format only where that is empty.
 void insertFragment(QTextCursor& at, const QString& rtf);
 
 } // namespace richtext

@@ -12,6 +12,7 @@
 #include <QTextList>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace richtext {
@@ -29,10 +30,17 @@ public:
     QString write(int from, int to);
 
 private:
+    /// What a character format says, and the source of the objects that it is of.
+    struct Look {
+        CharacterState state;
+        QString source;
+        bool isImage = false; ///< of a web page: it has no source
+    };
+
     void writeParagraph(const QTextBlock& block, int from, int to);
     void writeParagraphHead(const QTextBlock& block, const CharacterState& first);
     void writeListMarker(const QTextList& list);
-    void writeFragment(const QTextFragment& fragment, int from, int to);
+    void writeRun(const Look& look, QStringView text);
     void changeTo(const CharacterState& wanted);
     void writeText(QStringView text);
 
@@ -44,7 +52,9 @@ private:
     }
     void word(QStringView name, qint32 number) {
         word(name);
-        m_body += QString::number(number);
+        char digits[16];
+        const char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+        m_body += QLatin1String(digits, end);
     }
     void wordUnlessZero(QStringView name, qint32 number) {
         if (number != 0)
@@ -55,8 +65,10 @@ private:
         m_isBehindWord = false;
     }
 
-    CharacterState stateOf(const QTextFormat& format, int index);
+    ParagraphState paragraphOf(const QTextBlock& block);
+    const Look& lookOf(const QTextFragment& fragment);
     CharacterState makeState(const QTextCharFormat& format);
+    QString fontName(const QTextCharFormat& format) const;
     qint32 fontPlace(const QTextCharFormat& format);
     qint32 colourPlace(const QBrush& brush);
     QString head() const;
@@ -67,12 +79,14 @@ private:
     CharacterState m_state;
     QStringList m_fonts;
     QList<QRgb> m_colours;
-    QHash<int, CharacterState> m_states; ///< by the format's index in the document
+    QHash<int, Look> m_looks;                ///< by the format's index in the document
+    QHash<int, ParagraphState> m_paragraphs; ///< likewise
     QHash<const QTextList*, int> m_listNumbers;
 };
 
 QString Writer::write(int from, int to) {
     const QTextBlock end = m_document.findBlock(to).next();
+    m_body.reserve(qsizetype(to - from) * 2);
     for (QTextBlock block = m_document.findBlock(from); block.isValid() && block != end;
          block = block.next())
         writeParagraph(block, from, to);
@@ -82,8 +96,11 @@ QString Writer::write(int from, int to) {
 
 QString Writer::head() const {
     QString text = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
-    for (qsizetype i = 0; i < m_fonts.size(); ++i)
-        text += QStringLiteral("{\\f%1\\fnil %2;}").arg(QString::number(i), m_fonts.at(i));
+    for (qsizetype i = 0; i < m_fonts.size(); ++i) {
+        text += QStringLiteral("{\\f%1\\fnil ").arg(i);
+        appendText(text, m_fonts.at(i));
+        text += QStringLiteral(";}");
+    }
     text += QStringLiteral("}\r\n{\\colortbl ;");
     for (const QRgb colour : m_colours)
         text += QStringLiteral("\\red%1\\green%2\\blue%3;")
@@ -99,14 +116,17 @@ void Writer::writeParagraph(const QTextBlock& block, int from, int to) {
         const QTextFragment fragment = it.fragment();
         const int begin = std::max(from, fragment.position());
         const int end = std::min(to, fragment.position() + fragment.length());
-        if (begin >= end || fragment.charFormat().isImageFormat())
+        if (begin >= end)
             continue;
-        const CharacterState state = stateOf(fragment.charFormat(), fragment.charFormatIndex());
+        const Look& look = lookOf(fragment);
+        if (look.isImage)
+            continue;
         if (!isBegun)
-            writeParagraphHead(block, state);
+            writeParagraphHead(block, look.state);
         isBegun = true;
-        changeTo(state);
-        writeFragment(fragment, begin, end);
+        changeTo(look.state);
+        const QString text = fragment.text();
+        writeRun(look, QStringView(text).sliced(begin - fragment.position(), end - begin));
     }
     if (!isBegun) {
         QTextCharFormat format = block.charFormat();
@@ -121,7 +141,7 @@ void Writer::writeParagraph(const QTextBlock& block, int from, int to) {
 }
 
 void Writer::writeParagraphHead(const QTextBlock& block, const CharacterState& first) {
-    ParagraphState paragraph = paragraphState(block.blockFormat());
+    ParagraphState paragraph = paragraphOf(block);
     word(u"pard");
     word(u"plain");
     word(u"f", first.font);
@@ -188,16 +208,12 @@ void Writer::writeListMarker(const QTextList& list) {
                 .arg(QString::number(number), numbering->word));
 }
 
-void Writer::writeFragment(const QTextFragment& fragment, int from, int to) {
-    const int type = fragment.charFormat().objectType();
-    const QString source = fragment.charFormat().stringProperty(ObjectSource);
-    const QString text = fragment.text();
-    const QStringView part = QStringView(text).mid(from - fragment.position(), to - from);
-    if ((type == EmbeddedObjectType || type == PictureType) && !source.isEmpty()) {
-        for (qsizetype i = 0; i < part.size(); ++i)
-            literal(source);
+void Writer::writeRun(const Look& look, QStringView text) {
+    if (look.source.isEmpty()) {
+        writeText(text);
     } else {
-        writeText(part);
+        for (qsizetype i = 0; i < text.size(); ++i)
+            literal(look.source);
     }
 }
 
@@ -227,8 +243,10 @@ void Writer::changeTo(const CharacterState& wanted) {
         else
             word(u"nosupersub");
     }
-    if (wanted.highlight != m_state.highlight)
-        literal(QStringLiteral("\\highlight%1 ").arg(wanted.highlight));
+    if (wanted.highlight != m_state.highlight) {
+        word(u"highlight", wanted.highlight);
+        literal(u" ");
+    }
     m_state = wanted;
 }
 
@@ -239,11 +257,26 @@ void Writer::writeText(QStringView text) {
     m_isBehindWord = false;
 }
 
-CharacterState Writer::stateOf(const QTextFormat& format, int index) {
-    const auto found = m_states.constFind(index);
-    if (found != m_states.constEnd())
+const Writer::Look& Writer::lookOf(const QTextFragment& fragment) {
+    const int index = fragment.charFormatIndex();
+    const auto found = m_looks.constFind(index);
+    if (found != m_looks.constEnd())
         return *found;
-    return *m_states.insert(index, makeState(format.toCharFormat()));
+    const QTextCharFormat format = fragment.charFormat();
+    const bool isObject =
+        format.objectType() == EmbeddedObjectType || format.objectType() == PictureType;
+    return *m_looks.insert(index,
+                           {.state = makeState(format),
+                            .source = isObject ? format.stringProperty(ObjectSource) : QString(),
+                            .isImage = format.isImageFormat()});
+}
+
+ParagraphState Writer::paragraphOf(const QTextBlock& block) {
+    const int index = block.blockFormatIndex();
+    const auto found = m_paragraphs.constFind(index);
+    return found != m_paragraphs.constEnd()
+               ? *found
+               : *m_paragraphs.insert(index, paragraphState(block.blockFormat()));
 }
 
 CharacterState Writer::makeState(const QTextCharFormat& format) {
@@ -272,10 +305,17 @@ CharacterState Writer::makeState(const QTextCharFormat& format) {
     return state;
 }
 
-qint32 Writer::fontPlace(const QTextCharFormat& format) {
+/// The family's name, without what would end its entry in the table.
+QString Writer::fontName(const QTextCharFormat& format) const {
+    static const QRegularExpression special(QStringLiteral("[\\\\{};\\x00-\\x1F]"));
     const QStringList families = format.fontFamilies().toStringList();
-    QString family = families.isEmpty() ? usualFamily(m_document) : families.first();
-    family.remove(QRegularExpression(QStringLiteral("[\\\\{};\\x00-\\x1F]")));
+    const QString name =
+        families.isEmpty() ? QString() : QString(families.first()).remove(special).trimmed();
+    return name.isEmpty() ? usualFamily(m_document) : name;
+}
+
+qint32 Writer::fontPlace(const QTextCharFormat& format) {
+    const QString family = fontName(format);
     qsizetype place = m_fonts.indexOf(family);
     if (place < 0) {
         place = m_fonts.size();

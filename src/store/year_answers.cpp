@@ -90,6 +90,12 @@ AnswerCheck checkTimetable(const YearAnswers& answers, QChar letter) {
     return std::nullopt;
 }
 
+/// A date that can be rebuilt from its parts: one with a year of two digits would come back as
+/// another.
+bool isCalendarDate(QDate date) {
+    return date.isValid() && dateFromParts(date.year(), date.month(), date.day()) == date;
+}
+
 AnswerCheck checkOverlaps(const QList<DatePeriod>& terms, const QLocale& locale) {
     for (qsizetype i = 1; i < terms.size(); ++i) {
         // A period may start on the very day on which the one before it ended.
@@ -181,7 +187,7 @@ AnswerCheck checkClassCode(const QString& code, const QStringList& inUse) {
 
 AnswerCheck checkTerm(const DatePeriod& term) {
     const QString field = QStringLiteral("terms");
-    if (!term.first.isValid() || !term.last.isValid())
+    if (!isCalendarDate(term.first) || !isCalendarDate(term.last))
         return fault(field, QStringLiteral("Invalid entry"),
                      QStringLiteral("You must include a valid date for the start and the end of "
                                     "each teaching period."));

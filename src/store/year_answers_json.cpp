@@ -144,7 +144,11 @@ QHash<QString, qint32> AnswersReader::colours(const QJsonObject& object) {
     for (auto each = object.begin(); each != object.end(); ++each) {
         const qint64 colour =
             wholeNumber(each.value(), QStringLiteral("colours.") + each.key(), least, most);
-        colours.insert(each.key().toUpper(), static_cast<qint32>(static_cast<quint32>(colour)));
+        const QString code = each.key().toUpper();
+        if (colours.contains(code))
+            refuse(QStringLiteral("colours.") + each.key(),
+                   QStringLiteral("This class has two colours."));
+        colours.insert(code, static_cast<qint32>(static_cast<quint32>(colour)));
     }
     return colours;
 }

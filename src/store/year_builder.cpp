@@ -10,8 +10,6 @@ namespace {
 
 constexpr int MonthsPerYear = 12;
 constexpr int DaysOfCalendar = 31;
-constexpr int DaysOfTimetable = 5;
-constexpr qint32 White = 0xFFFFFF;
 
 int percent(qsizetype done, qsizetype all) {
     return static_cast<int>(done * 100 / all);
@@ -30,15 +28,6 @@ std::array<QString, DaysOfTimetable> periodsInWeek(const YearAnswers& answers, Q
             if (classAt(answers.week(letter), day, period) == classCode)
                 digits[static_cast<size_t>(day)] += QString::number(period);
     return digits;
-}
-
-void writePeriods(dao::Recordset& classcodes, QChar letter,
-                  const std::array<QString, DaysOfTimetable>& digits) {
-    for (int day = 0; day < DaysOfTimetable; ++day) {
-        const QString& text = digits[static_cast<size_t>(day)];
-        if (!text.isEmpty())
-            classcodes.SetCollect(timetableField(day + Monday, letter), text);
-    }
 }
 
 } // namespace
@@ -131,15 +120,8 @@ void YearBuilder::createClasscodes() {
     dao::Recordset classcodes = createAndOpen(Table::Classcodes);
     qsizetype done = 0;
     for (const QString& code : m_answers.classes) {
-        const ClassPeriods periods = classPeriods(m_answers, code);
-        classcodes.AddNew();
-        classcodes.SetCollect(u"Classcode", code);
-        classcodes.SetCollect(u"Caption", code);
-        writePeriods(classcodes, u'A', periods.weekA);
-        classcodes.SetCollect(u"Colour", m_answers.colours.value(code, White));
-        if (m_answers.twoWeeks)
-            writePeriods(classcodes, u'B', periods.weekB);
-        classcodes.Update();
+        addClassRecord(classcodes, code, classPeriods(m_answers, code),
+                       m_answers.colours.value(code, WhiteClassColour));
         m_progress.UpdateProgress(percent(++done, m_answers.classes.size()),
                                   QStringLiteral("Filling Classcodes Data"));
     }
@@ -226,9 +208,7 @@ void YearBuilder::createRegisterAndMarks(const QString& classCode) {
         classLessons(m_days, m_letters, classPeriods(m_answers, classCode));
     if (exceedsRegister(lessons))
         warnOfLongRegister(classCode, lessons.size());
-    if (hasRegister(lessons))
-        createRegisterTable(m_database, classCode, lessons);
-    createMarksTable(m_database, classCode);
+    ::createRegisterAndMarks(m_database, classCode, lessons);
 }
 
 void YearBuilder::warnOfLongRegister(const QString& classCode, qsizetype lessons) {

@@ -1,17 +1,13 @@
 // What a kill at any instant or a full disk leaves behind: a file that opens, with all that was
 // acknowledged.
 
+#include "store/engine/files.h"
 #include "support/engine_files.h"
+#include "support/engine_kill.h"
 
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
-
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 namespace {
 
@@ -22,33 +18,6 @@ QString u(const char* text) {
 class DurabilityTest : public EngineFiles {
 protected:
     void SetUp() override { file = path(u("year.mdb")); }
-
-    /// Ends this process, as a kill would, after so many microseconds.
-    static void endAfter(int microseconds) {
-        std::signal(SIGALRM, SIG_DFL);
-        itimerval timer{};
-        timer.it_value.tv_usec = microseconds;
-        setitimer(ITIMER_REAL, &timer, nullptr);
-    }
-
-    /// Runs work in a process that ends itself some time. What the work reports comes back as the
-    /// last number reported, 0 for none.
-    int lastReportOf(const std::function<void(const std::function<void(int)>&)>& work) {
-        int reports[2];
-        EXPECT_EQ(pipe(reports), 0);
-        const pid_t child = fork();
-        if (child == 0) {
-            work([&reports](int number) { (void)!write(reports[1], &number, sizeof number); });
-            _exit(0);
-        }
-        close(reports[1]);
-        int last = 0;
-        for (int number = 0; read(reports[0], &number, sizeof number) == sizeof number;)
-            last = number;
-        close(reports[0]);
-        waitpid(child, nullptr, 0);
-        return last;
-    }
 
     QString file;
 };
@@ -145,10 +114,16 @@ TEST_F(DurabilityTest, AKillDuringAChangeOfPasswordLeavesOneOfTheTwo) {
         else
             ASSERT_EQ(error, 0);
         ASSERT_EQ(rowsOf(database, u("SELECT Surname FROM Pupils")), QStringList{u("Adams")});
+        ASSERT_FALSE(QFile::exists(dao::unfinishedName(file))) << "it may be an unprotected copy";
         if (error != 0)
             database.NewPassword(u("secret"), {});
         database.Close();
     }
+}
+
+TEST(Files, AFolderThatCannotBeFlushedIsNoError) {
+    EXPECT_NO_THROW(dao::flushToDisk(u("/proc")));
+    EXPECT_THROW(dao::flushToDisk(u("/proc/no such folder")), dao::EngineError);
 }
 
 TEST_F(DurabilityTest, AFullDiskIsAnErrorAndLosesNothing) {

@@ -48,7 +48,8 @@ private:
 
     QTextCharFormat charFormat() {
         QTextCharFormat format;
-        format.setFontFamilies({oneIn(3) ? u"Comic Sans MS"_s : u"Arial"_s});
+        format.setFontFamilies({std::array{u"Arial"_s, u"Comic Sans MS"_s,
+                                           u"\u5b8b\u4f53 \u00c9"_s}[size_t(below(3))]});
         format.setFontPointSize(8 + below(20) / 2.0);
         if (oneIn(4))
             format.setFontWeight(QFont::Bold);

@@ -29,6 +29,16 @@ TEST(WorkArea, AppendsAFragmentAtTheEndOfTheText) {
     EXPECT_EQ(format.fontWeight(), int(QFont::Bold));
     EXPECT_FALSE(format.fontItalic());
 
+    const QString bullets =
+        test::inDialect(u"{\\pntext\\'95\\tab}{\\*\\pn\\pnlvlblt}\\li720 a\\par{\\pntext x}b"_s);
+    readDocument(appendFragment(test::inDialect(u""_s), bullets), document);
+    EXPECT_EQ(document.toPlainText(), u"a\nb"_s);
+    EXPECT_NE(document.begin().textList(), nullptr) << "an empty text takes the paragraph's format";
+    readDocument(appendFragment(test::inDialect(u"x"_s), bullets), document);
+    EXPECT_EQ(document.toPlainText(), u"xa\nb"_s);
+    EXPECT_EQ(document.begin().textList(), nullptr) << "one with text keeps its own";
+    EXPECT_NE(document.lastBlock().textList(), nullptr);
+
     EXPECT_EQ(plainText(appendFragment(appended, test::inDialect(u"a\\par b"_s))),
               u"one\ntwoquiza\nb"_s);
 }

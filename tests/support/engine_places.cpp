@@ -17,7 +17,15 @@ QString docsPage(const QString& name) {
 }
 
 QString tool(const QString& name) {
-    return QStringLiteral(ORVA_BINARY "/tools/") + name;
+    return built(QStringLiteral("tools/") + name);
+}
+
+QString helpPages() {
+    return QStringLiteral(ORVA_SOURCE "/help");
+}
+
+QString built(const QString& name) {
+    return QStringLiteral(ORVA_BINARY "/") + name;
 }
 
 } // namespace test

@@ -13,5 +13,9 @@ QString sample(const QString& name);
 QString docsPage(const QString& name);
 /// A program of tools/, built.
 QString tool(const QString& name);
+/// The folder of the pages that the program's help is made from.
+QString helpPages();
+/// A file of the build tree: "share/orva/ORVA.hlp".
+QString built(const QString& name);
 
 } // namespace test

@@ -6,6 +6,7 @@
 #include "core/screens/context_help.h"
 #include "core/screens/frame_menus.h"
 #include "core/screens/frame_toolbar.h"
+#include "core/screens/help_viewer.h"
 #include "core/screens/mdi_background.h"
 #include "core/screens/placed_widget.h"
 #include "core/session.h"
@@ -27,6 +28,7 @@ mdiORVA::mdiORVA(Session& session, bool startsByItself, QWidget* splash, WindowT
     : m_session(session)
     , m_windows(windows)
     , m_client(new MdiBackground(session, this))
+    , m_help(new HelpViewer(session, *this))
     , m_splash(splash)
     , m_startPending(startsByItself) {
     setObjectName(QStringLiteral("mdiORVA"));
@@ -65,6 +67,9 @@ void mdiORVA::Reparent_HelpButton() {
     m_menus->addTo(*bar);
     auto* help = new ContextHelp;
     connect(help, &ContextHelp::helpWanted, this, &mdiORVA::helpWanted);
+    if (findWindow(m_windows, u"HelpFrm"))
+        connect(this, &mdiORVA::helpWanted, m_help,
+                [this](QWidget* control) { m_help->showHelp(HelpContext, control); });
     auto* top = new QWidget;
     auto* layout = new QHBoxLayout(top);
     layout->setContentsMargins({});
@@ -108,8 +113,17 @@ void mdiORVA::switchFocus() {
 }
 
 void mdiORVA::Help_Menu(HelpItem item) {
-    if (item == HelpItem::About)
+    switch (item) {
+    case HelpItem::About:
         AboutFrm(this).exec();
+        break;
+    case HelpItem::Contents:
+        m_help->showHelp(HelpIndex);
+        break;
+    case HelpItem::Search:
+        m_help->showHelp(HelpSearch);
+        break;
+    }
 }
 
 void mdiORVA::SetCaption(const QString& caption) {

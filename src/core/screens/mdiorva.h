@@ -8,6 +8,7 @@
 
 class FrameMenus;
 class FrameToolbar;
+class HelpViewer;
 class MdiBackground;
 class PlacedWidget;
 class QMdiSubWindow;
@@ -77,6 +78,7 @@ private:
     Session& m_session;
     WindowTable m_windows;
     MdiBackground* m_client;
+    HelpViewer* m_help;
     FrameMenus* m_menus;
     FrameToolbar* m_toolbar;
     QPointer<QWidget> m_splash;

@@ -1,12 +1,15 @@
 #include "core/screens/tour.h"
 
 #include "core/clock.h"
+#include "core/help_file.h"
 #include "core/progress.h"
 #include "core/prompts.h"
+#include "core/screens/helpfrm.h"
 #include "core/screens/mdiorva.h"
 #include "core/screens/progressfrm.h"
 #include "core/screens/tour_pictures.h"
 #include "core/screens/tour_planning.h"
+#include "core/screens/tour_timetable.h"
 #include "core/screens/tour_wizard.h"
 #include "core/session.h"
 #include "incidents/security_warning.h"
@@ -91,6 +94,26 @@ void visitProgress(Session& session, TourPictures& pictures) {
     }
 }
 
+/// The help, once it has been made: that needs the other pictures first.
+void visitHelp(mdiORVA& frame, TourPictures& pictures) {
+    if (!QFile::exists(stockHelpFile()))
+        return;
+    frame.Help_Menu(HelpItem::Contents);
+    if (auto* help = frame.findChild<HelpFrm*>()) {
+        pictures.save(*help, u"HelpFrm"_s);
+        help->close();
+    }
+}
+
+/// The names of the program's windows, one a line: what the help can be about.
+bool writeWindowNames(const QString& path) {
+    QFile file(path);
+    QStringList names;
+    for (const WindowEntry& entry : windowTable())
+        names += entry.name + u'\n';
+    return file.open(QIODevice::WriteOnly) && file.write(names.join(QString()).toUtf8()) > 0;
+}
+
 } // namespace
 
 bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
@@ -105,6 +128,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTodaysSheet(session);
+        fillTimetable(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }
@@ -119,6 +143,9 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
     }
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
+    // Pictures tell nothing of the machine that they were taken on.
+    session.FolderDefaults[SaveFolder].folder = u"/home/teacher/Documents/"_s;
     visitWizard(frame, *answers, pictures);
-    return pictures.areWhole();
+    visitHelp(frame, pictures);
+    return pictures.areWhole() && writeWindowNames(folder + u"/windows.txt"_s);
 }

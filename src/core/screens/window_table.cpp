@@ -1,5 +1,6 @@
 #include "core/screens/window_table.h"
 
+#include "calendar/screens/ttfrm.h"
 #include "planning/screens/orvafrm.h"
 #include "store/screens/startupwiz.h"
 
@@ -14,8 +15,13 @@ WindowTable windowTable() {
                     .placementKey = {},
                     .make = [](Session& session) { return new StartupWiz(session); },
                     .needsDatabase = false},
+        // Beside the main window, which opens it itself (help_viewer.h).
+        WindowEntry{.name = u"HelpFrm"_s, .placementKey = {}, .make = {}, .needsDatabase = false},
+        WindowEntry{.name = u"TTfrm"_s,
+                    .placementKey = setting::Timetable.toString(),
+                    .make = [](Session& session) { return new TTfrm(session); }},
         WindowEntry{.name = u"ORVAfrm"_s,
-                    .placementKey = u"Planning"_s,
+                    .placementKey = setting::Planning.toString(),
                     .make = [](Session& session) { return new ORVAfrm(session); }},
     };
     return windows;

@@ -51,7 +51,6 @@ ORVAfrm::ORVAfrm(Session& session)
     , m_commands(new SheetCommands(session, *m_tools, *this)) {
     setObjectName(u"ORVAfrm"_s);
     setWindowTitle(u"Quick Daily Planning Sheet"_s);
-    resize(UsualSize);
     if (MainFrame* frame = session.Frame())
         frame->CloseForm(u"ORVA2frm"_s); // the two planning sheets are never open at once
     makeParts();
@@ -68,6 +67,10 @@ ORVAfrm::~ORVAfrm() {
     disconnect(qApp, nullptr, this, nullptr);
     // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_pages;
+}
+
+QSize ORVAfrm::sizeHint() const {
+    return UsualSize;
 }
 
 void ORVAfrm::makeParts() {

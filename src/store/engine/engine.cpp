@@ -139,6 +139,8 @@ Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readO
         openJetFile(*core, start);
     else
         openOwnFile(*core, kind);
+    if (!core->readOnly) // the copy of a change of password that was cut off, maybe an open one
+        removeDatabaseFile(unfinishedName(absolute));
     m_core->add(core);
     return Database(std::move(core));
 }

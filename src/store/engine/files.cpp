@@ -23,6 +23,12 @@ namespace {
             .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(std::strerror(cause))));
 }
 
+/// What a file system answers that has nothing to flush for this kind of file; many have no such
+/// thing as a flush of a folder.
+bool hasNoFlush(int cause) {
+    return cause == EINVAL || cause == ENOTSUP || cause == ENOSYS;
+}
+
 void removeSideFiles(const QString& path) {
     for (const char* suffix : {"-journal", "-wal", "-shm"})
         QFile::remove(path + QLatin1StringView(suffix));
@@ -48,7 +54,7 @@ void flushToDisk(const QString& path) {
     const int result = ::fsync(descriptor);
     const int cause = errno;
     ::close(descriptor);
-    if (result != 0)
+    if (result != 0 && !hasNoFlush(cause))
         raiseFileError(path, cause);
 }
 
@@ -60,7 +66,12 @@ void replaceFile(const QString& finished, const QString& target) {
     if (std::rename(QFile::encodeName(finished).constData(),
                     QFile::encodeName(target).constData()) != 0)
         raiseFileError(target, errno);
-    flushToDisk(QFileInfo(target).absolutePath());
+    try {
+        flushToDisk(QFileInfo(target).absolutePath());
+    } catch (const EngineError&) {
+        // The name stands for the new file by now: to report a failure would be to claim that the
+        // old one is there.
+    }
 }
 
 void removeDatabaseFile(const QString& path) {

@@ -14,7 +14,8 @@ QString unfinishedName(const QString& path);
 /// file stays as it is.
 QString behindLinks(const QString& path);
 
-/// Makes the content of a file or folder durable on the disk. Raises 3043, on a full disk 3182.
+/// Makes the content of a file or folder durable on the disk, as far as its file system can. Raises
+/// 3043, on a full disk 3182.
 void flushToDisk(const QString& path);
 
 /// Puts a finished file in the place of `target`, over one that stands there: at every moment, also

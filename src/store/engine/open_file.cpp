@@ -31,6 +31,16 @@ EngineError openError(int cause) {
     return {CannotOpenFile, QStringLiteral("The file could not be opened.")};
 }
 
+/// Takes the file's lock. False when another process has it. A file system without such locks is no
+/// reason to keep a teacher from the year: the database library's own locks still guard each write.
+bool takeLock(int descriptor) {
+    int result = 0;
+    do {
+        result = ::flock(descriptor, LOCK_EX | LOCK_NB);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || (errno != EWOULDBLOCK && errno != EACCES); // EACCES: some network shares
+}
+
 /// A file descriptor that closes by itself until it is taken.
 struct Descriptor {
     int value;
@@ -79,7 +89,7 @@ std::shared_ptr<OpenFile> OpenFile::acquire(const QString& path) {
     if (descriptor.value < 0)
         throw openError(errno);
     const Identity identity = identify(descriptor.value);
-    if (::flock(descriptor.value, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+    if (!takeLock(descriptor.value))
         throw EngineError(OpenedExclusively,
                           QStringLiteral("The file is already open in another program."));
     std::shared_ptr<OpenFile> file(new OpenFile(descriptor.take(), identity));

@@ -12,7 +12,8 @@ namespace dao {
 /// tables are in use by recordsets. All handles on one file share it.
 ///
 /// The lock is one of the file's own (`flock`): it goes with the process, also under a kill, and
-/// leaves nothing behind. It is apart from the locks that the database library takes on the file.
+/// leaves nothing behind. It is apart from the locks that the database library takes on the file,
+/// which are all there is on a file system that knows no locks of this kind.
 class OpenFile {
 public:
     /// Takes the lock, or shares it where this process has it. Raises 3024 for no such file, 3051

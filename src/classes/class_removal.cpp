@@ -1,0 +1,191 @@
+#include "classes/class_removal.h"
+
+#include "classes/class_tables.h"
+#include "core/prompts.h"
+#include "store/data_helpers.h"
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The colour of windows, which a slot without a class has.
+constexpr qint32 SystemWindowColour = static_cast<qint32>(0x80000005);
+
+/// A plain search for the code within the name, broad on purpose: it meets the recordsets of a
+/// class whose code contains this one too.
+void closeRecordsetsOf(const dao::Database& database, const QString& classCode) {
+    const QString inBrackets = QString(classCode).replace(u']', u"]]"_s);
+    for (dao::Recordset recordset : database.Recordsets()) {
+        const QString name = recordset.Name();
+        if (name.contains(classCode) || name.contains(inBrackets))
+            recordset.Close();
+    }
+}
+
+void dropWhereThere(const dao::Database& database, const QString& table) {
+    if (database.TableDefs().Contains(table))
+        database.TableDefs().Delete(table);
+}
+
+/// Drops the class's plans in rooms: the tables still related to its pupils, and what goes with
+/// each. The names alone would not do: a plan of class B in room A has that of a class A_B.
+void dropRoomPlans(const dao::Database& database, const QString& classCode) {
+    for (const dao::Relation& relation : database.Relations().all()) {
+        if (!dao::sameName(relation.Table, classTable(classCode)))
+            continue;
+        const std::optional<QString> room = roomOfSeatingPlan(relation.ForeignTable, classCode);
+        if (!room)
+            continue;
+        dropWhereThere(database, relation.ForeignTable);
+        dropWhereThere(database, seatingPlanExtraTable(classCode, *room));
+    }
+}
+
+void dropTables(const dao::Database& database, const QString& classCode) {
+    dropWhereThere(database, registerTable(classCode));
+    dropWhereThere(database, marksTable(classCode));
+    dropWhereThere(database, seatingPlanTable(classCode));
+    dropWhereThere(database, seatingPlanExtraTable(classCode));
+    dropRoomPlans(database, classCode);
+    database.TableDefs().Delete(classTable(classCode));
+}
+
+void clearFromPlanning(const dao::Database& database, const QString& classCode, int periodsPerDay) {
+    QStringList fields;
+    for (int period = 1; period <= periodsPerDay; ++period)
+        fields += u"Class%1"_s.arg(period);
+    dao::Recordset planning =
+        database.OpenRecordset(u"SELECT %1 FROM %2"_s.arg(fields.join(u','), PlanningTable));
+    for (; !planning.EOF_(); planning.MoveNext()) {
+        for (const QString& field : std::as_const(fields)) {
+            if (planning.Collect(field).toText() != classCode)
+                continue;
+            if (planning.EditMode() == dao::EditMode::None)
+                planning.Edit();
+            planning.SetCollect(field, QString());
+        }
+        if (planning.EditMode() != dao::EditMode::None)
+            planning.Update();
+    }
+    planning.Close();
+}
+
+void giveBackSlots(const dao::Database& database, const QString& table,
+                   const std::array<QString, DaysOfTimetable>& digits) {
+    dao::Recordset freeSlots = database.OpenRecordset(table);
+    for (int day = 0; day < DaysOfTimetable; ++day) {
+        for (const QChar period : digits[static_cast<size_t>(day)]) {
+            freeSlots.AddNew();
+            freeSlots.SetCollect(u"Day", day + 1);
+            freeSlots.SetCollect(u"Period", QString(period));
+            freeSlots.SetCollect(u"Colour", SystemWindowColour);
+            freeSlots.Update();
+        }
+    }
+    freeSlots.Close();
+}
+
+void deleteRecord(const dao::Database& database, const QString& classCode, bool twoWeeks) {
+    dao::Recordset record = database.OpenRecordset(
+        u"SELECT * FROM %1 WHERE Classcode = %2"_s.arg(ClasscodesTable, dao::writeText(classCode)));
+    if (record.EOF_())
+        return;
+    const ClassPeriods periods = classPeriods(record);
+    giveBackSlots(database, ExtraTTinfoTable, periods.weekA);
+    if (twoWeeks)
+        giveBackSlots(database, ExtraTTinfoBTable, periods.weekB);
+    record.Delete();
+    record.Close();
+}
+
+void deleteClass(const dao::Database& database, const QString& classCode) {
+    dao::Transaction transaction(database);
+    dropTables(database, classCode);
+    dao::Recordset admin = database.OpenRecordset(AdminTable);
+    const int periodsPerDay = static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger());
+    const bool twoWeeks = admin.Collect(u"TTweekly").toInteger() == 1;
+    admin.Close();
+    clearFromPlanning(database, classCode, periodsPerDay);
+    deleteRecord(database, classCode, twoWeeks);
+    transaction.commit();
+}
+
+void deletePupils(const dao::Database& database, const QString& classCode,
+                  const QList<qint64>& pupils) {
+    const QSet<qint64> leaving(pupils.begin(), pupils.end());
+    dao::Transaction transaction(database);
+    dao::Recordset records =
+        database.OpenRecordset(u"SELECT ID FROM %1"_s.arg(dao::writeName(classTable(classCode))));
+    for (; !records.EOF_(); records.MoveNext()) {
+        if (leaving.contains(records.Collect(u"ID").toInteger()))
+            records.Delete();
+    }
+    records.Close();
+    transaction.commit();
+}
+
+} // namespace
+
+DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool& dontAsk) {
+    if (dontAsk)
+        return DeleteClassAnswer::Yes;
+    BoxLook look;
+    look.captions = {u"Yes"_s, u"No"_s, u"Archive"_s};
+    look.checkBox = u"Don't display this dialog again."_s;
+    int answer = prompts.msg_Box(
+        u"Deleting the class "_s + classCode +
+            u" will result in the Register,\nMarks and Seating Plan being deleted also!"
+            "\n\nYOU WILL NOT BE ABLE TO UNDO THESE CHANGES"
+            "\n\nPlease consider using the 'Archive a class' feature before deleting."
+            "\n\nAre you sure you want to delete this class?"_s,
+        YesNoCancelButtons | WarningIcon | SecondButtonDefault, u"Delete Class:"_s, look);
+    if (answer > CheckBoxTicked) {
+        dontAsk = true;
+        answer -= CheckBoxTicked;
+    }
+    if (answer == AnswerYes)
+        return DeleteClassAnswer::Yes;
+    return answer == AnswerCancel ? DeleteClassAnswer::Archive : DeleteClassAnswer::No;
+}
+
+bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts) {
+    try {
+        closeRecordsetsOf(database, classCode);
+        deleteClass(database, classCode);
+        return true;
+    } catch (const dao::EngineError& error) {
+        prompts.PlainBox(u"Error number %1\n%2\nThis opperation will be undone! Please restart the "
+                         "application to return to the previous state."_s.arg(error.number())
+                             .arg(error.description()),
+                         OkButton | CriticalIcon, u"Delete Class Error"_s);
+        return false;
+    }
+}
+
+bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
+                       const QList<qint64>& pupils, Prompts& prompts) {
+    const int answer = prompts.msg_Box(
+        u"Deleting All PUPILs from this class list will remove the registration and mark sheet "
+        "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
+        YesNoButtons | QuestionIcon, u"Remove ALL Pupils"_s);
+    if (answer != AnswerYes)
+        return false;
+    try {
+        deletePupils(database, classCode, pupils);
+        return true;
+    } catch (const dao::EngineError& error) {
+        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
+                         OkButton | CriticalIcon, u"Remove ALL Pupils"_s);
+        return false;
+    }
+}
+
+void showNothingToDelete(Prompts& prompts) {
+    prompts.PlainBox(u"There are no pupils in this class to delete!"_s, OkButton,
+                     u"Delete Pupils"_s);
+}

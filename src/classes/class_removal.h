@@ -1,0 +1,32 @@
+#pragma once
+
+#include "store/engine/database.h"
+
+#include <QList>
+#include <QString>
+
+class Prompts;
+
+/// How a class and its pupils are removed.
+
+enum class DeleteClassAnswer { No, Yes, Archive };
+
+/// Asks whether to delete a class, or to archive it instead. `dontAsk` lasts for the session: once
+/// the person has ticked the box it is set, and the answer then is yes without a question.
+DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool& dontAsk);
+
+/// Deletes a class: closes every recordset whose name contains its code, drops its tables, those of
+/// its seating plans too, clears it from the planning sheets, gives its periods back to the free
+/// slots of the timetable and deletes its record. Whole or not at all: a failure is told and leaves
+/// everything as it was. Answers whether the class is gone. The caller takes it from the lists and
+/// draws the timetable again.
+bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts);
+
+/// Asks, and deletes pupils of a class, given by their `ID`, with their register, marks and desks:
+/// those of the window's current records. The class and its columns stay. Answers whether they are
+/// gone; a failure is told and leaves everything as it was.
+bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
+                       const QList<qint64>& pupils, Prompts& prompts);
+
+/// The box of "Delete Current Pupil" for a class without any.
+void showNothingToDelete(Prompts& prompts);

@@ -1,0 +1,111 @@
+#include "classes/class_views.h"
+
+#include "classes/pupil_sheet.h"
+#include "core/prompts.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString condition(const PupilName& name) {
+    const QString surname = u"Surname = "_s + dao::writeText(name.surname);
+    // A name that is not known is Null in the file, which equals no text.
+    return name.firstname.isEmpty()
+               ? surname + u" AND Firstname Is Null"_s
+               : surname + u" AND Firstname = "_s + dao::writeText(name.firstname);
+}
+
+QString clauseOf(const QList<PupilName>& pupils) {
+    QStringList conditions;
+    for (const PupilName& pupil : pupils)
+        conditions += condition(pupil);
+    return conditions.isEmpty() ? QString() : u" WHERE "_s + conditions.join(u" OR "_s);
+}
+
+QString joinedSource(const QString& classCode, const QString& ownTable, const QString& clause) {
+    return u"SELECT %1.Surname,%1.Firstname,%1.Tutor,%2.* FROM %1 INNER JOIN %2 ON %1.ID = %2.ID"_s
+               .arg(dao::writeName(classTable(classCode)), dao::writeName(ownTable)) +
+           clause + u" order by Surname;"_s;
+}
+
+} // namespace
+
+ClassView activeView(bool notes, bool registerShown, bool grades) {
+    if (notes)
+        return PupilNotesView;
+    if (registerShown)
+        return RegisterView;
+    return grades ? GradesView : PupilInformationView;
+}
+
+PupilName pupilName(const PupilSheet& sheet, int row) {
+    return {sheet.text(row, PupilSheet::SurnameColumn),
+            sheet.text(row, PupilSheet::FirstnameColumn)};
+}
+
+void PupilSelection::click(const PupilSheet& names, int row) {
+    if (!m_multiSelect)
+        m_pupils.clear();
+    else if (!m_pupils.removeOne(pupilName(names, row)))
+        m_pupils += pupilName(names, row);
+}
+
+void PupilSelection::Bookmark_All(const PupilSheet& names) {
+    m_pupils.clear();
+    for (int row = 0; row < names.rowCount(); ++row)
+        m_pupils += pupilName(names, row);
+}
+
+bool PupilSelection::isSelected(const PupilSheet& names, int row) const {
+    return m_pupils.contains(pupilName(names, row));
+}
+
+QString PupilSelection::clauseForView(const PupilSheet& names, bool queryActive) {
+    if (!m_multiSelect) {
+        m_filtered = false;
+        m_clause.clear();
+        return {};
+    }
+    if (queryActive)
+        Bookmark_All(names);
+    if (queryActive || !m_filtered || m_clause.isEmpty())
+        m_clause = clauseOf(m_pupils);
+    m_filtered = true;
+    return m_clause;
+}
+
+QString registerSource(const QString& classCode, const QString& clause) {
+    return joinedSource(classCode, registerTable(classCode), clause);
+}
+
+QString gradesSource(const QString& classCode, const QString& clause) {
+    return joinedSource(classCode, marksTable(classCode), clause);
+}
+
+std::optional<PupilSheet> openRegister(const dao::Database& database, const QString& classCode,
+                                       const QString& clause, Prompts& prompts) {
+    if (!database.TableDefs().Contains(registerTable(classCode))) {
+        prompts.PlainBox(u"Sorry but no teaching periods were selected\n"
+                         "for this Class and as such there is no register to display."_s,
+                         OkButton | InformationIcon, u"No Register available"_s);
+        return std::nullopt;
+    }
+    return PupilSheet(database, registerSource(classCode, clause));
+}
+
+int rowOfPupil(const PupilSheet& sheet, const PupilName& name) {
+    for (int row = 0; row < sheet.rowCount(); ++row) {
+        if (pupilName(sheet, row) == name)
+            return row;
+    }
+    return 0;
+}
+
+void showLoadingError(Prompts& prompts, int number, const QString& description) {
+    prompts.PlainBox(u"Error %1\nError number = %2"_s.arg(description, QString::number(number)),
+                     OkButton | WarningIcon, u"Error Loading Register"_s);
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "store/engine/database.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class Prompts;
+class PupilSheet;
+
+/// The views of the class window share one set of records; here is which they are, and which pupils
+/// are among them.
+
+/// The views as Show_View numbers them.
+enum ClassView { RegisterView = 1, GradesView = 2, PupilInformationView = 3, PupilNotesView = 4 };
+
+/// The view that shows again when the selection changes, by the window's flags: the notes before
+/// the register before the grades; with none of them set, the information on a pupil.
+ClassView activeView(bool notes, bool registerShown, bool grades);
+
+/// A pupil as the name list knows him: two of the same full name are not told apart.
+struct PupilName {
+    QString surname;
+    QString firstname; ///< may be empty: none is known
+
+    bool operator==(const PupilName&) const = default;
+};
+PupilName pupilName(const PupilSheet& sheet, int row);
+
+/// The pupils picked by "Toggle Multiselect", and whether the views show them alone.
+class PupilSelection {
+public:
+    bool isMultiSelect() const { return m_multiSelect; }
+    void setMultiSelect(bool on) { m_multiSelect = on; }
+
+    /// A click on a row of the name list: with multi-select on it adds the row's pupil, or removes
+    /// him when he is there; with it off nobody is selected afterwards.
+    void click(const PupilSheet& names, int row);
+    /// Selects every pupil of the list, in its order.
+    void Bookmark_All(const PupilSheet& names);
+    const QList<PupilName>& pupils() const { return m_pupils; } ///< in the order of selection
+    bool isSelected(const PupilSheet& names, int row) const;
+
+    /// Whether the views show the selected pupils alone.
+    bool isFiltered() const { return m_filtered; }
+    /// The filter goes on, or is made anew; the active view then shows again.
+    void ToggleSinglePupil() { m_filtered = !m_filtered; }
+
+    /// The condition of a view that is about to show, " WHERE ..." or nothing for all pupils. With
+    /// multi-select on the filter names the pupils selected, and from then on stays as it is; with
+    /// a query active it names all pupils in `names`. While nobody is selected there is no filter.
+    /// With multi-select off the filter goes.
+    QString clauseForView(const PupilSheet& names, bool queryActive);
+
+private:
+    bool m_multiSelect = false;
+    bool m_filtered = false;
+    QList<PupilName> m_pupils;
+    QString m_clause;
+};
+
+/// The records of the register or the grades: the names and the tutor of each pupil, then all
+/// fields of the class's own table; by surname. `clause` as PupilSelection answers it.
+QString registerSource(const QString& classCode, const QString& clause);
+QString gradesSource(const QString& classCode, const QString& clause);
+
+/// Opens the register of a class. None for a class without one, which is told. Raises what the
+/// engine raises.
+std::optional<PupilSheet> openRegister(const dao::Database& database, const QString& classCode,
+                                       const QString& clause, Prompts& prompts);
+
+/// The row of a pupil; the first where there is no such pupil.
+int rowOfPupil(const PupilSheet& sheet, const PupilName& name);
+
+/// The box for a failure while the class window loads.
+void showLoadingError(Prompts& prompts, int number, const QString& description);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "classes/pupil_sheet_model.h"
+
+#include <QString>
+
+#include <optional>
+
+class Prompts;
+
+/// How marks get into a register, each to the disk at once.
+
+/// The column that a mark in `column` is copied to: the next one, when it is the same day's and the
+/// class has exactly two periods on that weekday, one straight after the other. Only week A's
+/// periods are looked at: odd, and kept. Raises what the engine raises.
+std::optional<int> doubleLessonColumn(const dao::Database& database, const QString& classCode,
+                                      const PupilSheet& sheet, int column);
+
+/// Writes a mark into a pupil's lesson, and into the next one of a double lesson. Raises what the
+/// engine raises; nothing is then changed.
+void enterMark(const dao::Database& database, const QString& classCode, PupilSheetModel& model,
+               int row, int column, const QString& mark);
+
+/// Whether a text fits a register's cell: at most one character. If not it is told, and the cell
+/// keeps what it had.
+bool checkMarkText(const QString& text, Prompts& prompts);
+
+/// What "Fill Register" does.
+enum class RegisterFill {
+    Present, ///< "/" where nothing stands
+    Absent,  ///< "O" where nothing stands
+    ClearAll ///< nothing anywhere
+};
+/// Whether the items of "Fill Register" can be used: on a lesson, not on `Tutor`.
+bool canFill(int column);
+/// Fills the column of a lesson for all pupils shown, all or none of them. Raises what the engine
+/// raises. REQUIRES: canFill(column).
+void fillRegister(PupilSheetModel& model, int column, RegisterFill what);
+
+/// The boxes for a failure of the engine while a cell is stored and while a key is handled.
+void showColumnUpdateError(Prompts& prompts, int number);
+void showKeyPressError(Prompts& prompts, int number, const QString& description);

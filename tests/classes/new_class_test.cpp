@@ -1,0 +1,100 @@
+// The New Class Wizard's pages and checks.
+
+#include "classes/new_class.h"
+#include "support/class_file.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct KeyCase {
+    const char16_t* key;
+    const char16_t* enters; ///< null: refused
+};
+
+class NewClassTest : public testing::Test {
+protected:
+    TestSeams seams;
+};
+
+} // namespace
+
+TEST_F(NewClassTest, KeysOfTheCodeBox) {
+    for (const KeyCase& each :
+         {KeyCase{u"a", u"A"}, {u"Z", u"Z"},    {u"7", u"7"},    {u"[", u"["},
+          {u"]", u"]"},        {u"^", u"^"},    {u"_", u"_"},    {u"é", u"É"},
+          {u"\b", u"\b"},      {u"\r", u"\r"},  {u" ", nullptr}, {u"/", nullptr},
+          {u"'", nullptr},     {u":", nullptr}, {u"@", nullptr}, {u"\\", nullptr},
+          {u"`", nullptr},     {u"{", nullptr}, {u"~", nullptr}, {u"\x7F", nullptr}}) {
+        if (!each.enters)
+            seams.prompts.expect(PromptKind::Plain, u"Invalid Character"_s, AnswerOk);
+        EXPECT_EQ(classCodeKey(seams.prompts, QString::fromUtf16(each.key)),
+                  each.enters ? QString::fromUtf16(each.enters) : QString())
+            << QString::fromUtf16(each.key).toStdString();
+    }
+}
+
+TEST_F(NewClassTest, TheFirstPageWantsANewCode) {
+    YearFile file(twoWeekAnswers());
+    NewClass answers = readNewClass(file.open());
+    EXPECT_EQ(answers.codesInUse, (QStringList{u"7A"_s, u"8X"_s, u"9C"_s}));
+
+    seams.prompts.expect(PromptKind::Plain, u"New Class setup"_s, AnswerOk);
+    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
+    EXPECT_EQ(seams.prompts.last().text, u"You have not entered a new Classcode!\n"
+                                         "You must do this before you can continue."_s);
+    for (const QString& taken : {u"8X"_s, u"TEMP"_s}) {
+        answers.code = taken;
+        seams.prompts.expect(PromptKind::Plain, u"New Class Setup"_s, AnswerOk);
+        EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
+        EXPECT_EQ(seams.prompts.last().text,
+                  u"This Classcode is already in use! Please enter a unique code."_s);
+        EXPECT_TRUE(answers.code.isEmpty());
+    }
+}
+
+TEST_F(NewClassTest, PagesOfOneAndTwoWeeks) {
+    YearFile twoWeeks(twoWeekAnswers());
+    NewClass answers = readNewClass(twoWeeks.open());
+    answers.code = u"N"_s;
+    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
+    EXPECT_EQ(Frame_Next(answers, TimetableAPage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(answers.page, TimetableBPage);
+    EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
+    EXPECT_EQ(Frame_Next(answers, TimetableBPage, seams.prompts), NewClassStep::Finish);
+    EXPECT_EQ(nextButtonText(answers), u"Finish >>"_s);
+    Frame_Previous(answers, TimetableBPage);
+    EXPECT_EQ(answers.page, TimetableAPage);
+    EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
+
+    YearFile oneWeek(oneWeekAnswers());
+    answers = readNewClass(oneWeek.open());
+    answers.code = u"N"_s;
+    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(nextButtonText(answers), u"Finish >>"_s);
+    EXPECT_EQ(Frame_Next(answers, TimetableAPage, seams.prompts), NewClassStep::Finish);
+}
+
+TEST_F(NewClassTest, PicksToggleAndGoWithTheirCode) {
+    YearFile file(twoWeekAnswers());
+    NewClass answers = readNewClass(file.open());
+    answers.code = u"N"_s;
+    seams.prompts.expect(PromptKind::Plain, u"Period unavailable"_s, AnswerOk);
+    EXPECT_FALSE(toggleCell(answers, u'A', cellOf(3, 0), seams.prompts)); // 7A is there
+    EXPECT_TRUE(toggleCell(answers, u'A', cellOf(2, 0), seams.prompts));
+    EXPECT_TRUE(toggleCell(answers, u'A', cellOf(5, 4), seams.prompts));
+    EXPECT_TRUE(toggleCell(answers, u'A', cellOf(5, 4), seams.prompts));
+    EXPECT_TRUE(toggleCell(answers, u'B', cellOf(3, 0), seams.prompts));
+    EXPECT_EQ(pickedPeriods(answers).weekA[0], u"2"_s);
+    EXPECT_EQ(pickedPeriods(answers).weekA[4], QString());
+    EXPECT_EQ(pickedPeriods(answers).weekB[0], u"3"_s);
+
+    answers.code = u"M"_s;
+    Frame_Next(answers, ClassCodePage, seams.prompts);
+    EXPECT_EQ(pickedPeriods(answers).weekA[0], QString());
+    EXPECT_EQ(answers.weekA[cellOf(2, 0)].caption, QString());
+    EXPECT_EQ(answers.weekA[cellOf(3, 0)].caption, u"7A"_s);
+}
