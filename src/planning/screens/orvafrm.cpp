@@ -214,9 +214,9 @@ void ORVAfrm::closeEvent(QCloseEvent* event) {
 
 void ORVAfrm::sheetChanged() {
     restore();
-    m_periods->selectPeriod(0);
     m_bar->DisplayPSDate();
     Clean_Plan(!m_sheets.isEmpty());
+    m_periods->selectPeriod(0); // also what the focus selects on its way out of disabled boxes
     m_commands->enable(!m_sheets.isEmpty(), false);
     if (m_sheets.isEmpty())
         return m_bottom->showEvents({});
@@ -228,6 +228,7 @@ void ORVAfrm::sheetChanged() {
 void ORVAfrm::Clean_Plan(bool hasSheet) {
     m_periods->Clean_Plan(hasSheet);
     m_bottom->Clean_Plan(hasSheet);
+    emit m_tools->focused().changed(); // its box may be written in or not
 }
 
 void ORVAfrm::resetAllRTFedits() {
