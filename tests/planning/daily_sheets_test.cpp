@@ -6,7 +6,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "richtext/plain_text.h"
-#include "store/data_helpers.h"
+#include "store/schema.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
 
@@ -381,6 +381,20 @@ TEST_F(SheetsTest, ShowsClassesAndEvents) {
     EXPECT_EQ(sheets.DisplayColorCodes(true).at(0).colour, 16744448);
     EXPECT_FALSE(sheets.DisplayColorCodes(true).at(1).colour);
     EXPECT_FALSE(sheets.DisplayColorCodes(false).at(0).colour);
+    session.CurrentDB.TableDefs().Append(schemaTableDef(Table::STPdata));
+    dao::Recordset plans = session.CurrentDB.OpenRecordset(u"STPdata"_s);
+    for (const QString& date : {u"24-09-09"_s, u"24-09-10"_s}) {
+        plans.AddNew();
+        plans.SetCollect(u"PlanDate", date);
+        plans.SetCollect(u"Period", date.last(1) == u"9" ? u"3"_s : u"5"_s);
+        plans.Update();
+    }
+    QList<int> planned;
+    for (int period = 1; period <= 5; ++period) {
+        if (sheets.DisplayColorCodes(false).at(period - 1).hasShortTermPlan)
+            planned += period;
+    }
+    EXPECT_EQ(planned, QList<int>{3});
     sheets.move(SheetMove::Next);
     EXPECT_EQ(sheets.GetCOEinfo(), QString());
 }

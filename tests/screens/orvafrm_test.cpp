@@ -281,6 +281,7 @@ TEST_F(DailySheetTest, DeletesTheSheetsDownToTheLast) {
     EXPECT_EQ(label("L1"), QString());
     EXPECT_FALSE(box("Text1(0)").isEnabled());
     EXPECT_EQ(box("Text1(0)").plainText(), QString());
+    EXPECT_FALSE(control<QPushButton>(*sheet, u"cmdAddLink"_s).isEnabled());
     checkScreen(*sheet, u"ORVAfrm_empty"_s);
     command(u"Open\\Create for TODAY"_s).trigger();
     EXPECT_EQ(label("L1"), u"1/1"_s);

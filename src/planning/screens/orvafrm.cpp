@@ -51,7 +51,6 @@ ORVAfrm::ORVAfrm(Session& session)
     , m_commands(new SheetCommands(session, *m_tools, *this)) {
     setObjectName(u"ORVAfrm"_s);
     setWindowTitle(u"Quick Daily Planning Sheet"_s);
-    resize(UsualSize);
     if (MainFrame* frame = session.Frame())
         frame->CloseForm(u"ORVA2frm"_s); // the two planning sheets are never open at once
     makeParts();
@@ -68,6 +67,10 @@ ORVAfrm::~ORVAfrm() {
     disconnect(qApp, nullptr, this, nullptr);
     // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_pages;
+}
+
+QSize ORVAfrm::sizeHint() const {
+    return UsualSize;
 }
 
 void ORVAfrm::makeParts() {
@@ -211,9 +214,9 @@ void ORVAfrm::closeEvent(QCloseEvent* event) {
 
 void ORVAfrm::sheetChanged() {
     restore();
-    m_periods->selectPeriod(0);
     m_bar->DisplayPSDate();
     Clean_Plan(!m_sheets.isEmpty());
+    m_periods->selectPeriod(0); // also what the focus selects on its way out of disabled boxes
     m_commands->enable(!m_sheets.isEmpty(), false);
     if (m_sheets.isEmpty())
         return m_bottom->showEvents({});
@@ -225,6 +228,7 @@ void ORVAfrm::sheetChanged() {
 void ORVAfrm::Clean_Plan(bool hasSheet) {
     m_periods->Clean_Plan(hasSheet);
     m_bottom->Clean_Plan(hasSheet);
+    emit m_tools->focused().changed(); // its box may be written in or not
 }
 
 void ORVAfrm::resetAllRTFedits() {

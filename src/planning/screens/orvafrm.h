@@ -32,6 +32,8 @@ public:
     /// Goes to the sheet of a date, for other windows.
     void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
 
+    QSize sizeHint() const override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

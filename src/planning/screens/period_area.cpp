@@ -66,6 +66,16 @@ PeriodArea::PeriodArea(int periods, const QStringList& classCodes, QWidget* pare
     layout->addWidget(scroll, 1);
 }
 
+PeriodArea::~PeriodArea() {
+    // A box that goes with the focus hands it to the next one: nobody is left to hear it.
+    for (const Line& line : m_lines) {
+        for (QWidget* box :
+             {static_cast<QWidget*>(line.classBox), static_cast<QWidget*>(line.lesson),
+              static_cast<QWidget*>(line.homework)})
+            box->disconnect(this);
+    }
+}
+
 QWidget* PeriodArea::makeColumnHeadings() {
     auto* headings = new QWidget;
     auto* grid = new QGridLayout(headings);

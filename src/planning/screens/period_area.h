@@ -19,6 +19,7 @@ class PeriodArea : public QWidget {
 
 public:
     PeriodArea(int periods, const QStringList& classCodes, QWidget* parent = nullptr);
+    ~PeriodArea() override;
 
     /// Periods count from 1.
     int periods() const { return static_cast<int>(m_lines.size()); }
