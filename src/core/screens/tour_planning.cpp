@@ -4,12 +4,15 @@
 #include "core/clock.h"
 #include "core/session.h"
 #include "planning/upkeep.h"
+#include "planning/weekly_sheets.h"
 #include "richtext/rtf_writer.h"
 #include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
 #include <QTextDocument>
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +48,24 @@ const PlannedPeriod periods[] = {
      u"Corrections to q. 14 and 17"_s},
 };
 
+/// What the first class does in one week, lesson by lesson.
+const PlannedPeriod sequence[] = {
+    {{},
+     u"<b>Fractions of amounts</b><br/>Bar models first; Jordan and Priya with the TA<br/>"
+     "Main: domino cards in pairs (box 3)<br/>Exit ticket: <span style='background:#ffff00'>"
+     "3/8 of 56</span>"_s,
+     u"Sheet F2, both sides"_s},
+    {{},
+     u"<b>Equivalent fractions</b><br/>Starter: match the walls<br/>Textbook p. 31, "
+     "<i>q. 1-10; stars do 11 and 12</i><br/>Plenary: how do you know it is simplest?"_s,
+     u"Learn the times tables to 12, test on <b>Friday</b>"_s},
+    {{},
+     u"<b>Fractions to decimals</b><br/>Short test first (10 min), swap and mark in <span "
+     "style='color:#ff0000'>red</span><br/>Calculators only for question 6<br/>Computer room: "
+     "place value game"_s,
+     u"Corrections to the test"_s},
+};
+
 QString rtfOf(const QString& html) {
     QTextDocument document;
     document.setHtml(html);
@@ -77,4 +98,16 @@ void fillTodaysSheet(Session& session) {
     write(sheet, fieldOf({SheetBox::Notes, 0}),
           u"Order more A3 squared paper<br/>Seating plan for 9M4 before Monday"_s);
     sheet.Update();
+}
+
+void fillTodaysWeek(Session& session) {
+    WeeklySheets sheets(session);
+    if (!sheets.load() || !sheets.Show_Week(sheets.currentWeek(), sheets.classes().first().code))
+        return;
+    QList<SlotTexts> texts;
+    for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
+        const PlannedPeriod& planned = sequence[i % std::size(sequence)];
+        texts += {rtfOf(planned.lesson), rtfOf(planned.homework), true};
+    }
+    sheets.Update_Records(texts);
 }

@@ -183,7 +183,7 @@ void ORVA2frm::makeMaximiseButton() {
     m_maximiseButton = new QToolButton(this);
     m_maximiseButton->setObjectName(u"cmd1"_s);
     m_maximiseButton->setFocusPolicy(Qt::NoFocus); // by keyboard it is a command of the menu
-    m_maximiseButton->setAutoRaise(true);
+    m_maximiseButton->setAutoRaise(false);         // it has to read on paper of any colour
     m_maximiseButton->setCursor(Qt::ArrowCursor);
     m_maximiseButton->hide();
     connect(m_maximiseButton, &QToolButton::clicked, this, &ORVA2frm::toggleMaximised);
