@@ -226,6 +226,7 @@ TEST_F(WeeklySheetTest, MaximisesTheSelectedLesson) {
     EXPECT_FALSE(box("RTF(0)").isVisible());
     EXPECT_FALSE(box("HWrtf(1)").isVisible());
     EXPECT_GT(box("RTF(1)").height(), 2 * height);
+    EXPECT_EQ(button("cmd1").geometry().right(), box("RTF(1)").viewport()->rect().right());
     type("RTF(1)", u"wide"_s);
     press(*sheet, Qt::Key_M, Qt::ControlModifier);
     EXPECT_TRUE(box("RTF(0)").isVisible());

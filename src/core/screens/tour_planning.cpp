@@ -51,18 +51,17 @@ const PlannedPeriod periods[] = {
 /// What the first class does in one week, lesson by lesson.
 const PlannedPeriod sequence[] = {
     {{},
-     u"<b>Fractions of amounts</b><br/>Bar models first; Jordan and Priya with the TA<br/>"
-     "Main: domino cards in pairs (box 3)<br/>Exit ticket: <span style='background:#ffff00'>"
-     "3/8 of 56</span>"_s,
-     u"Sheet F2, both sides"_s},
+     u"<b>Sine and cosine rule: which one?</b><br/>Sort 12 triangles on cards in pairs (box 3)<br/>"
+     "Worked example p. 142, then Ex. 11B <i>q. 1-8, stars do 9-12</i><br/>Exit ticket: <span "
+     "style='background:#ffff00'>two sides and the angle between</span>"_s,
+     u"Ex. 11C q. 1-6, due <b>Thursday</b>"_s},
     {{},
-     u"<b>Equivalent fractions</b><br/>Starter: match the walls<br/>Textbook p. 31, "
-     "<i>q. 1-10; stars do 11 and 12</i><br/>Plenary: how do you know it is simplest?"_s,
-     u"Learn the times tables to 12, test on <b>Friday</b>"_s},
+     u"<b>Area = \u00BD ab sin C</b><br/>Starter: area of a kite, mini-whiteboards<br/>Derive it "
+     "together, then sheet T5; Priya and Jordan with the TA<br/>Plenary: why not cos?"_s,
+     u"Sheet T5, both sides"_s},
     {{},
-     u"<b>Fractions to decimals</b><br/>Short test first (10 min), swap and mark in <span "
-     "style='color:#ff0000'>red</span><br/>Calculators only for question 6<br/>Computer room: "
-     "place value game"_s,
+     u"<b>Bearings and triangles</b><br/>Short test first (10 min), swap and mark in <span "
+     "style='color:#ff0000'>red</span><br/>Harbour problem in threes, posters at the end"_s,
      u"Corrections to the test"_s},
 };
 
