@@ -55,3 +55,4 @@ std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);
 std::vector<Figure> richTextFigures(const QString& folder);
 std::vector<Figure> writingFigures(const QString& folder);
+std::vector<Figure> planningFigures(const QString& folder);

@@ -19,9 +19,8 @@ YearAnswers sampleAnswers() {
     return read.answers;
 }
 
-void createSampleYear(const QString& path) {
+void createSampleYear(const QString& path, const YearAnswers& answers) {
     SilentProgress progress;
     ConsolePrompts prompts;
-    CreateDB(dao::DBEngine(), sampleAnswers(), path, ExistingFile::Keep, progress, prompts,
-             QLocale::c());
+    CreateDB(dao::DBEngine(), answers, path, ExistingFile::Keep, progress, prompts, QLocale::c());
 }

@@ -4,5 +4,5 @@
 
 /// The answers that samples/year.json holds. Raises std::runtime_error where they cannot be read.
 YearAnswers sampleAnswers();
-/// Makes the sample year's file.
-void createSampleYear(const QString& path);
+/// Makes the sample year's file, or that of other answers.
+void createSampleYear(const QString& path, const YearAnswers& answers = sampleAnswers());

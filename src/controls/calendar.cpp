@@ -87,6 +87,10 @@ void Calendar::setDate(QDate date) {
     m_field->setText(date.isValid() ? typedDateText(date, locale()) : QString());
 }
 
+bool Calendar::isEmpty() const {
+    return m_field->text().isEmpty();
+}
+
 QDate Calendar::date() const {
     const QDate typed = typedDate(m_field->text(), locale());
     const bool inRange = typed >= m_calendar->minimumDate() && typed <= m_calendar->maximumDate();

@@ -32,6 +32,8 @@ public:
     void dropDown();
     /// The date in the field; an invalid one while it is empty, can't be read or is out of range.
     QDate date() const;
+    /// Whether nothing at all stands in the field.
+    bool isEmpty() const;
 
 signals:
     /// The field has changed, by typing or picking; the date is invalid as `date` says.

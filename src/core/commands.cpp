@@ -6,6 +6,7 @@
 #include "core/settings.h"
 #include "core/upgrade.h"
 #include "store/backup.h"
+#include "store/restore.h"
 
 #include <QFileInfo>
 
@@ -62,6 +63,17 @@ void backUpAtClose(Session& session, const QString& path, const QString& passwor
         BackupOnly(backupContext(session), path, password);
 }
 
+/// Puts right what a backup that was cut off left: of the default database, and of any other that
+/// was open then.
+void recoverInterruptedBackups(Session& session) {
+    const BackupContext context = backupContext(session);
+    const QString other = InterruptedBackup(context);
+    if (!session.DatabasePath.isEmpty())
+        RecoverInterruptedBackup(context, session.DatabasePath);
+    if (!other.isEmpty() && other != session.DatabasePath)
+        RecoverInterruptedBackup(context, other);
+}
+
 void backToWizard(Session& session) {
     session.DatabasePath.clear();
     session.Frame()->SetCaption(mainCaption({}));
@@ -90,6 +102,22 @@ QStringView valueOf(const QString& form) {
     return {};
 }
 
+/// Opens a database with its windows; where it does not open, tells why and shows the wizard.
+void openOrShowWizard(Session& session, const QString& asked, const QString& password) {
+    const QString path = asked; // which may be the session's own, and changes
+    const OpenResult result = session.OpenDatabaseFile(path, password);
+    if (result == OpenDone) {
+        session.Frame()->DestroySplash();
+        session.Frame()->EnableInput(true);
+        return RunCurrentStartup(session);
+    }
+    if (result != OpenCancelled) {
+        const OpenFailure failure = openFailure(result, path);
+        session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
+    }
+    backToWizard(session);
+}
+
 } // namespace
 
 BackupContext backupContext(Session& session) {
@@ -100,8 +128,7 @@ BackupContext backupContext(Session& session) {
 void LoadMainWindow(Session& session) {
     session.DatabasePath =
         session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
-    if (!session.DatabasePath.isEmpty())
-        RecoverInterruptedBackup(backupContext(session), session.DatabasePath);
+    recoverInterruptedBackups(session);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
     session.Frame()->SetCaption(mainCaption({}));
@@ -114,18 +141,7 @@ void ActivateMainWindow(Session& session) {
         session.GetSettings().readFlag(setting::Root, setting::DontShowStartup);
     if (session.DatabasePath.isEmpty() || !skipsWizard)
         return session.Frame()->ShowStartupWizard();
-    const QString path = session.DatabasePath;
-    const OpenResult result = session.OpenDatabaseFile(path, {});
-    if (result == OpenDone) {
-        session.Frame()->DestroySplash();
-        session.Frame()->EnableInput(true);
-        return RunCurrentStartup(session);
-    }
-    if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
-        session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
-    }
-    backToWizard(session);
+    openOrShowWizard(session, session.DatabasePath, {});
 }
 
 OpenFailure openFailure(OpenResult result, const QString& path) {
@@ -179,6 +195,17 @@ void ReturnToWizardCommand(Session& session) {
 void ExitCommand(Session& session) {
     session.Frame()->CloseOpenForms();
     session.Frame()->Unload();
+}
+
+void RestoreBackupCommand(Session& session) {
+    const QString path = session.DatabasePath;
+    const QString password = session.DatabasePassword;
+    const auto reopen = [&] {
+        session.DatabasePath = path;
+        openOrShowWizard(session, path, password);
+    };
+    RestoreBackup(backupContext(session), path,
+                  {[&] { LeaveDatabase(session); }, [&] { return session.IsDBOpen(); }, reopen});
 }
 
 void RunCurrentStartup(Session& session) {

@@ -22,6 +22,9 @@ void OpenDatabaseCommand(Session& session);
 void SetupDatabaseCommand(Session& session);
 /// "Return to the Startup Wizard..."
 void ReturnToWizardCommand(Session& session);
+/// The older restore, from a folder with a file of the open database's name. It is on no menu: the
+/// wizard's restore has taken its place.
+void RestoreBackupCommand(Session& session);
 /// "E&xit". The windows go first, so that none of them is noted for the next start: only closing
 /// the main window itself keeps them.
 void ExitCommand(Session& session);

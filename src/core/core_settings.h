@@ -12,6 +12,8 @@ inline constexpr QStringView CheckForUpgrade = u"CheckForUpgrade"; ///< 1: after
 inline constexpr QStringView UpgradeAddress = u"UpgradeAddress";   ///< text: where versions are
 /// At close: 0 nothing, 1 ask, 2 back up and compact, 3 back up only.
 inline constexpr QStringView AutoBackup = u"AutoBackup";
+/// Text: the database that a backup is at work on. Still there at a start: it was cut off.
+inline constexpr QStringView BackupInProgress = u"BackupInProgress";
 inline constexpr QStringView DefaultOpenFolder = u"DefaultOpenFolder";     ///< text
 inline constexpr QStringView DefaultSaveFolder = u"DefaultSaveFolder";     ///< text
 inline constexpr QStringView DefaultBackupFolder = u"DefaultBackupFolder"; ///< text

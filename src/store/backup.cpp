@@ -1,8 +1,10 @@
 #include "store/backup.h"
 
+#include "core/core_settings.h"
 #include "core/password_retry.h"
 #include "core/progress.h"
 #include "core/prompts.h"
+#include "core/settings.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
 
@@ -25,31 +27,59 @@ enum BarAt { Acquiring = 0, Compacting = 10, Rotating = 70, Creating = 85, Renam
 constexpr int barEnd = 100;
 
 void tellFailure(Prompts& prompts, const BackupNames& names, const dao::EngineError& error) {
-    const bool isInPlace = QFile::exists(names.database);
-    const QString where =
-        isInPlace ? u"The database itself has not been changed."_s
-                  : u"The complete database is kept in this file:\n%1"_s.arg(names.backup(1));
-    prompts.PlainBox(u"The database could not be backed up:\n%1\n\n%2\n\n%3"_s.arg(
-                         names.database, error.description(), where),
-                     OkButton | WarningIcon, u"Backup Error"_s);
+    QString text = u"The database could not be backed up:\n%1\n\n%2"_s.arg(names.database,
+                                                                           error.description());
+    if (QFile::exists(names.database))
+        text += u"\n\nThe database itself has not been changed."_s;
+    else if (error.number() != dao::NoSuchFile) // it was there
+        text += u"\n\nThe complete database is kept in this file:\n"_s + names.backup(1);
+    prompts.PlainBox(text, OkButton | WarningIcon, u"Backup Error"_s);
 }
 
-/// One backup at work: keeps others off the database, and leaves nothing unfinished behind. Raises
-/// when the database is in use.
+void noteInterruption(const BackupContext& context, const QString& database) {
+    context.settings.CreateRegistryKey(setting::Root);
+    context.settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, database);
+}
+
+void forgetInterruption(const BackupContext& context, const BackupNames& names) {
+    if (QFile::exists(names.database) && InterruptedBackup(context) == names.database)
+        context.settings.DeleteRegistryValue(setting::Root, setting::BackupInProgress);
+}
+
+/// Gives a file that is no backup's, but has the name of the compacted file, another that is free.
+void setAside(const QString& path) {
+    if (!QFile::exists(path))
+        return;
+    QString name = path + u".kept"_s;
+    for (int number = 2; QFile::exists(name); ++number)
+        name = u"%1.kept%2"_s.arg(path).arg(number);
+    renameDatabaseFile(path, name);
+}
+
+/// One backup at work: keeps others off the database, leaves nothing unfinished behind and notes
+/// itself in the settings for as long as a kill would. Raises when the database is in use.
 class BackupAtWork {
 public:
-    explicit BackupAtWork(const BackupNames& names) : m_names(names) {
+    BackupAtWork(const BackupContext& context, const BackupNames& names)
+        : m_context(context), m_names(names) {
         if (names.includeDatabase())
             throw dao::EngineError(
                 dao::InvalidOperation,
                 u"The file is itself one of the backups. Please restore it first."_s);
         m_lock = lockClosedFile(names.database);
+        if (InterruptedBackup(context) != names.database)
+            setAside(names.compacted);
+        noteInterruption(context, names.database);
     }
-    ~BackupAtWork() { removeBackupLeftovers(m_names); }
+    ~BackupAtWork() {
+        removeBackupLeftovers(m_names);
+        forgetInterruption(m_context, m_names);
+    }
     BackupAtWork(const BackupAtWork&) = delete;
     BackupAtWork& operator=(const BackupAtWork&) = delete;
 
 private:
+    const BackupContext& m_context;
     const BackupNames& m_names;
     std::shared_ptr<dao::OpenFile> m_lock;
 };
@@ -127,7 +157,7 @@ void exchange(const BackupNames& names, const QString& becomesBackup) {
 bool compactAndExchange(const BackupContext& context, const BackupNames& names,
                         const QString& password) {
     Progress& progress = context.seams.progress;
-    const BackupAtWork atWork(names);
+    const BackupAtWork atWork(context, names);
     checkBackupFolder(names);
     const bool isRenamed = canRenameToBackup(names);
     progress.UpdateProgress(Compacting, u"Compacting Database"_s);
@@ -167,7 +197,7 @@ BackupRecovery putBack(const BackupContext& context, const BackupNames& names) {
         return BackupRecovery::CompactedPutBack;
     } catch (const dao::EngineError&) {
         checkDatabaseFile(context.engine, names.backup(1));
-        dao::replaceFile(copyBeside(names.backup(1), names.database), names.database);
+        copyOver(names.backup(1), names.database);
         return BackupRecovery::BackupPutBack;
     }
 }
@@ -187,7 +217,7 @@ bool isInUse(const QString& path) {
 bool BackupOnly(const BackupContext& context, const QString& path, const QString& password) {
     const BackupNames names(path, context.backupFolder());
     try {
-        const BackupAtWork atWork(names);
+        const BackupAtWork atWork(context, names);
         checkBackupFolder(names);
         finishInterruptedWrite(context.engine, path, password);
         const QString copy = copyBeside(path, names.backup(1));
@@ -239,11 +269,17 @@ QString compactedPercent(qint64 formerSize, qint64 compactedSize) {
     return percent < 0 && text != u"." ? u'-' + text : text;
 }
 
+QString InterruptedBackup(const BackupContext& context) {
+    return context.settings.readText(setting::Root, setting::BackupInProgress);
+}
+
 BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QString& databasePath) {
     const BackupNames names(databasePath, context.backupFolder());
     if (QFile::exists(databasePath)) {
-        if (!isInUse(databasePath))
+        if (InterruptedBackup(context) == databasePath && !isInUse(databasePath)) {
             removeBackupLeftovers(names);
+            forgetInterruption(context, names);
+        }
         return BackupRecovery::NothingToDo;
     }
     if (!QFile::exists(names.compacted) || isInUse(names.compacted))
@@ -252,6 +288,7 @@ BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QStr
     try {
         const BackupRecovery done = putBack(context, names);
         removeBackupLeftovers(names);
+        forgetInterruption(context, names);
         prompts.PlainBox(u"The last backup was interrupted before it was finished.\n\nThe database "
                          "has been put back in its place and is complete:\n%1"_s.arg(databasePath),
                          OkButton | InformationIcon, u"Backup interrupted"_s);

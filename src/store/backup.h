@@ -35,7 +35,11 @@ enum class BackupRecovery {
     NotPossible,      ///< it could not be put back; the teacher was told where it is
 };
 
+/// The database whose backup was cut off, by the settings; empty where none was. It need not be the
+/// one that opens by default.
+QString InterruptedBackup(const BackupContext& context);
+
 /// For the start of the program, before it looks whether its database still exists: where a backup
 /// was cut off in the moment between its last two steps, puts the database back under its name and
-/// says so. Where one was cut off earlier, removes what it left behind.
+/// says so. Where InterruptedBackup tells of one cut off earlier, removes what that left behind.
 BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QString& databasePath);

@@ -103,6 +103,8 @@ QString BackupNames::backup(int number) const {
 
 bool BackupNames::includeDatabase() const {
     const QFileInfo file(database);
+    if (!file.exists())
+        return false; // all files that are missing compare as one
     for (int number = 1; number <= OldestBackup; ++number) {
         if (QFileInfo(backup(number)) == file)
             return true;
@@ -167,6 +169,16 @@ bool canRenameToBackup(const BackupNames& names) {
     const bool isRenamed = systemRename(probe, dao::unfinishedName(names.backup(1))) == 0;
     QFile::remove(probe);
     return isRenamed;
+}
+
+void copyOver(const QString& source, const QString& target) {
+    const QString copy = copyBeside(source, target);
+    try {
+        dao::replaceFile(copy, target);
+    } catch (const dao::EngineError&) {
+        dao::removeDatabaseFile(copy);
+        throw;
+    }
 }
 
 void removeBackupLeftovers(const BackupNames& names) {

@@ -76,3 +76,7 @@ bool canRenameToBackup(const BackupNames& names);
 
 /// Removes what an interrupted backup left, as long as the database itself is in its place.
 void removeBackupLeftovers(const BackupNames& names);
+
+/// Copies a file over another, or to where none is, whatever interrupts it: the name stands for the
+/// former file or the whole copy. Raises as copyBeside.
+void copyOver(const QString& source, const QString& target);

@@ -51,7 +51,7 @@ QString chooseTarget(const BackupContext& context, const QString& backup) {
 void restoreTo(const dao::DBEngine& engine, const QString& backup, const QString& target) {
     checkDatabaseFile(engine, backup);
     const auto lock = QFile::exists(target) ? lockClosedFile(target) : nullptr;
-    dao::replaceFile(copyBeside(backup, target), target);
+    copyOver(backup, target);
 }
 
 /// The folder of a backup that has a file of this name; empty when the teacher calls it off.
@@ -75,7 +75,7 @@ void restoreOver(const BackupContext& context, const QString& backup, const QStr
         checkDatabaseFile(context.engine, backup);
         const QString restored = copyBeside(backup, database);
         if (QFile::exists(database))
-            dao::replaceFile(copyBeside(database, former), former);
+            copyOver(database, former);
         dao::replaceFile(restored, database);
         prompts.PlainBox(u"The backup database has been restored.\n"
                          "The previously used database has been saved as the file ORVA.OLD"_s,

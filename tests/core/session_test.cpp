@@ -13,6 +13,7 @@
 #include "support/year_file.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -290,6 +291,38 @@ TEST_F(SessionTest, AFileStillOpenIsTold) {
     const dao::Database other = engine.OpenDatabase(path("year.mdb"));
     seams.prompts.expect(PromptKind::Plain, u("Action canceled"), AnswerOk);
     EXPECT_TRUE(session.IsDBOpen());
+}
+
+TEST_F(SessionTest, AnInterruptedBackupIsMendedWhicheverFileOpensByDefault) {
+    makeYear("year.mdb");
+    makeYear("other.mdb");
+    QFile::rename(path("year.mdb"), path("year.new"));
+    for (const QString& standard : {QString(), path("other.mdb"), path("year.mdb")}) {
+        setDefault(standard, 0);
+        settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, path("year.mdb"));
+        seams.prompts.expect(PromptKind::Plain, u("Backup interrupted"), AnswerOk);
+        start();
+        EXPECT_EQ(session.DatabasePath, standard);
+        EXPECT_TRUE(QFile::rename(path("year.mdb"), path("year.new")));
+    }
+}
+
+TEST_F(SessionTest, TheOlderRestoreLeavesTheRestoredYearOpen) {
+    makeYear("year.mdb");
+    QDir(folder.path()).mkdir(u("stick"));
+    makeYear("stick/year.mdb", oneWeekAnswers());
+    session.AppPath = folder.path() + u'/';
+    session.DatabasePath = path("year.mdb");
+    ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
+    frame.log.clear();
+    seams.prompts.expect(PromptKind::Folder,
+                         u("Select the directory which contains the backup database :"),
+                         path("stick"));
+    seams.prompts.expect(PromptKind::Plain, u("Backup restored:"), AnswerOk);
+    RestoreBackupCommand(session);
+    EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
+    EXPECT_EQ(session.TTweekly, 0);
+    EXPECT_TRUE(QFile::exists(path("ORVA.OLD")));
 }
 
 TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {

@@ -1,5 +1,6 @@
 #include "store/backup.h"
 
+#include "core/core_settings.h"
 #include "store/backup_fixture.h"
 #include "store/engine/files.h"
 
@@ -49,11 +50,13 @@ protected:
 
     /// What a start of the program finds after a kill, and what has to be true of it.
     void startAgain() {
+        settings.FlushRegistryKey(setting::Root); // the killed process wrote to the same file
         if (!QFile::exists(database))
             test.prompts.expect(PromptKind::Plain, u"Backup interrupted"_s, AnswerOk);
         RecoverInterruptedBackup(context(), database);
         ASSERT_EQ(pupilsIn(database), Pupils);
         EXPECT_EQ(filesIn(path(u"year"_s)), QStringList{u"Year.mdb"_s});
+        EXPECT_EQ(InterruptedBackup(context()), QString());
         for (const QString& name : filesIn(backups))
             ASSERT_EQ(pupilsIn(backups + name), Pupils) << qPrintable(name);
     }
@@ -329,6 +332,9 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
         EXPECT_FALSE(BackupOnly(context(), c.file)) << qPrintable(c.file);
         EXPECT_EQ(bytesOf(c.file), before);
         EXPECT_EQ(backupsThere(), u"1 - year - -"_s);
+        if (!QFile::exists(c.file)) {
+            EXPECT_TRUE(test.prompts.last().text.endsWith(u"The file could not be found."));
+        }
     }
 }
 
@@ -414,6 +420,8 @@ TEST_F(BackupTest, AFailureOfTheLastStepPutsTheDatabaseBack) {
 TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
     const QString compacted = path(u"year/Year.new"_s);
     write(compacted, "half");
+    settings.CreateRegistryKey(setting::Root);
+    settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, database);
     int started[2];
     int ending[2];
     ASSERT_EQ(pipe(started) + pipe(ending), 0);
@@ -438,6 +446,19 @@ TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
     waitpid(other, nullptr, 0);
     RecoverInterruptedBackup(context(), database);
     EXPECT_FALSE(QFile::exists(compacted)) << "nobody's leftover goes";
+}
+
+TEST_F(BackupTest, AFileOfSomebodysOwnUnderTheCompactedNameIsKept) {
+    const QString own = path(u"year/Year.new"_s);
+    write(own, "mine");
+    write(own + u".kept"_s, "older");
+    RecoverInterruptedBackup(context(), database);
+    EXPECT_EQ(bytesOf(own), "mine");
+    EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));
+    EXPECT_EQ(bytesOf(own + u".kept2"_s), "mine");
+    EXPECT_EQ(bytesOf(own + u".kept"_s), "older");
+    EXPECT_EQ(pupilsIn(database), Pupils);
+    EXPECT_FALSE(QFile::exists(own));
 }
 
 TEST_F(BackupTest, AKillAtEachStep) {

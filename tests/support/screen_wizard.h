@@ -140,7 +140,6 @@ protected:
             type(term.last.toString(QStringLiteral("d/M/yyyy")));
             key(Qt::Key_Return);
         }
-        tabTo(QStringLiteral("cmdNext"));
         key(Qt::Key_Return);
     }
     /// From the first page to the last, by keys alone.

@@ -21,7 +21,7 @@ constexpr int HeadingWidth = 52;
 constexpr int ClassWidth = 96;
 constexpr int LessonShare = 3;
 constexpr int HomeworkShare = 2;
-constexpr int LeastHeight = 76;
+constexpr int LeastHeight = 58;
 constexpr int Gap = 3;
 
 void divide(QGridLayout& grid) {

@@ -19,6 +19,7 @@ SheetBar::SheetBar(DailySheets& sheets, QWidget* parent)
     , m_heading(new QLabel)
     , m_position(new QLabel) {
     m_calendar->setObjectName(u"Calendar1"_s);
+    m_calendar->setMinimumWidth(fontMetrics().horizontalAdvance(u"00/00/0000"_s) * 2);
     m_planDate->setObjectName(u"LbDate"_s);
     m_planDate->hide();
     m_heading->setObjectName(u"Label4"_s);

@@ -27,9 +27,9 @@ public:
     /// Opens a file. Raises 3024 for no such file, 3031 for a missing or wrong password, 3045 or
     /// 3356 when another process has it, 3049 or 3343 for what is no database or a damaged one,
     /// 3051 when it can't be opened for writing. `exclusive` refuses a file that this process has
-    /// open already (3356).
-    /// What a change of password or a repair that was cut off left beside the
-    /// file goes when it is opened for writing.
+    /// open already (3356). To
+    /// open it for writing removes what a change of password or a repair that was cut off left
+    /// beside it.
     Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false,
                           const QString& connect = {}) const;
     /// Makes an empty file and opens it. Raises 3204 when the path is taken.

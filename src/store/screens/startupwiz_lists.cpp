@@ -322,7 +322,10 @@ void TermsPage::putInto(YearAnswers& answers) const {
 
 void TermsPage::keyPressEvent(QKeyEvent* event) {
     const QWidget* focus = focusWidget();
-    if (isEnter(event) && (m_first->isAncestorOf(focus) || m_last->isAncestorOf(focus)))
+    const bool isInDates = m_first->isAncestorOf(focus) || m_last->isAncestorOf(focus);
+    // In empty boxes Enter goes on, as everywhere in the wizard.
+    const bool hasDates = !m_first->isEmpty() || !m_last->isEmpty();
+    if (isEnter(event) && isInDates && hasDates)
         addPeriod();
     else
         QWidget::keyPressEvent(event);

@@ -1,0 +1,73 @@
+// The links of a sheet's periods.
+
+#include "planning/file_links.h"
+
+#include "core/session.h"
+#include "core/settings.h"
+#include "support/engine_files.h"
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PeriodLinksTest : public testing::Test {
+protected:
+    PeriodLinksTest() {
+        createYear(oneWeekAnswers(), folder.filePath(u"year.mdb"_s), seams);
+        EXPECT_EQ(session.OpenDatabaseFile(folder.filePath(u"year.mdb"_s), {}), OpenDone);
+    }
+
+    bool add(const QString& date, int period, const QString& name, const QString& path) {
+        seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
+                             name + FileLinkSeparator + path);
+        return AddFileLink(session, date, period);
+    }
+    QStringList names(const QString& date, int period) {
+        QStringList found;
+        for (const FileLink& link : GetFileLinks(session, date, period))
+            found += link.name;
+        return found;
+    }
+
+    const QString monday = u"24-09-09"_s;
+    const QString tuesday = u"24-09-10"_s;
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Session session{engine, settings, seams.seams()};
+};
+
+} // namespace
+
+TEST_F(PeriodLinksTest, ANameIsUniqueInItsPeriod) {
+    EXPECT_EQ(names(monday, 1), QStringList());
+    EXPECT_TRUE(add(monday, 1, u"Dad's maths"_s, u"http://example.org/1"_s));
+    seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
+                         u"dad's maths"_s + FileLinkSeparator + u"http://example.org/2"_s);
+    seams.prompts.expect(PromptKind::Message, u"Duplicate name"_s, AnswerOk);
+    EXPECT_FALSE(AddFileLink(session, monday, 1));
+    EXPECT_TRUE(add(monday, 2, u"Dad's maths"_s, u"http://example.org/3"_s));
+    seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s);
+    EXPECT_FALSE(AddFileLink(session, monday, 1));
+    EXPECT_EQ(names(monday, 1), QStringList{u"Dad's maths"_s});
+    EXPECT_EQ(names(tuesday, 1), QStringList());
+    EXPECT_EQ(AllFileLinks(session).size(), 2);
+}
+
+TEST_F(PeriodLinksTest, OpensByDateAndRemovesByNameAlone) {
+    add(monday, 1, u"site"_s, u"http://example.org/1"_s);
+    add(tuesday, 1, u"site"_s, u"http://example.org/2"_s);
+    add(tuesday, 1, u"gone"_s, u"/no/such/file.txt"_s);
+    OpenLink(session, tuesday, u"site"_s);
+    EXPECT_EQ(seams.shell.runs.last().file, u"http://example.org/2"_s);
+    seams.prompts.expect(PromptKind::Plain, u"File doesn't exist"_s, AnswerOk);
+    OpenLink(session, tuesday, u"gone"_s);
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"/no/such/file.txt"_s));
+    RemoveFileLink(session, u"site"_s);
+    EXPECT_EQ(names(monday, 1), QStringList());
+    EXPECT_EQ(names(tuesday, 1), (QStringList{u"site"_s, u"gone"_s}));
+}
