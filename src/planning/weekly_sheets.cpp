@@ -120,8 +120,8 @@ void WeeklySheets::readLessons(int record, const QString& classCode,
     const dao::Recordset& row = m_records.at(record).clone;
     const QDate date = sheetDate(row.Collect(u"PlanDate").toText());
     for (int period = 1; period <= m_session.PeriodsPerDay; ++period) {
-        const QString taught = row.Collect(classField(period)).toText();
-        if (taught.isEmpty() || dao::compareText(taught, classCode) != 0)
+        if (classCode.isEmpty() ||
+            dao::compareText(row.Collect(classField(period)).toText(), classCode) != 0)
             continue;
         found += {captionOf(date, period),
                   sheetDateText(date),

@@ -58,6 +58,7 @@ public:
 
     /// Reads the lessons of a class in a week (an element of `weeks`). What was shown has to be
     /// written back before. Answers whether it could; a failure is told and leaves what was shown.
+    /// Without a class, in a year that has none, there are no lessons.
     bool Show_Week(int week, const QString& classCode);
     /// In the order of dates and periods. Empty for a class without lessons in the week.
     const QList<LessonSlot>& lessons() const { return m_slots; }

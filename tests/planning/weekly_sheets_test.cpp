@@ -103,7 +103,7 @@ TEST_F(WeeklySheetsTest, AWeekWithoutTheClassHasNothingToWriteBack) {
     EXPECT_TRUE(sheets.hasSheets());
     EXPECT_TRUE(sheets.lessons().isEmpty());
     EXPECT_TRUE(sheets.Update_Records({}));
-    ASSERT_TRUE(sheets.Show_Week(1, {})); // a year without classes: free periods are no lessons
+    ASSERT_TRUE(sheets.Show_Week(1, {})); // free periods have no class either
     EXPECT_TRUE(sheets.lessons().isEmpty());
     ASSERT_TRUE(sheets.Show_Week(30, seventh));
     EXPECT_FALSE(sheets.hasSheets());

@@ -128,6 +128,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
+        fillTodaysWeek(session);
         fillTodaysSheet(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());

@@ -4,12 +4,15 @@
 #include "core/clock.h"
 #include "core/session.h"
 #include "planning/upkeep.h"
+#include "planning/weekly_sheets.h"
 #include "richtext/rtf_writer.h"
 #include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
 #include <QTextDocument>
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +48,23 @@ const PlannedPeriod periods[] = {
      u"Corrections to q. 14 and 17"_s},
 };
 
+/// What the first class does in one week, lesson by lesson.
+const PlannedPeriod sequence[] = {
+    {{},
+     u"<b>Sine and cosine rule: which one?</b><br/>Sort 12 triangles on cards in pairs (box 3)<br/>"
+     "Worked example p. 142, then Ex. 11B <i>q. 1-8, stars do 9-12</i><br/>Exit ticket: <span "
+     "style='background:#ffff00'>two sides and the angle between</span>"_s,
+     u"Ex. 11C q. 1-6, due <b>Thursday</b>"_s},
+    {{},
+     u"<b>Area = \u00BD ab sin C</b><br/>Starter: area of a kite, mini-whiteboards<br/>Derive it "
+     "together, then sheet T5; Priya and Jordan with the TA<br/>Plenary: why not cos?"_s,
+     u"Sheet T5, both sides"_s},
+    {{},
+     u"<b>Bearings and triangles</b><br/>Short test first (10 min), swap and mark in <span "
+     "style='color:#ff0000'>red</span><br/>Harbour problem in threes, posters at the end"_s,
+     u"Corrections to the test"_s},
+};
+
 QString rtfOf(const QString& html) {
     QTextDocument document;
     document.setHtml(html);
@@ -77,4 +97,16 @@ void fillTodaysSheet(Session& session) {
     write(sheet, fieldOf({SheetBox::Notes, 0}),
           u"Order more A3 squared paper<br/>Seating plan for 9M4 before Monday"_s);
     sheet.Update();
+}
+
+void fillTodaysWeek(Session& session) {
+    WeeklySheets sheets(session);
+    if (!sheets.load() || !sheets.Show_Week(sheets.currentWeek(), sheets.classes().first().code))
+        return;
+    QList<SlotTexts> texts;
+    for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
+        const PlannedPeriod& planned = sequence[i % std::size(sequence)];
+        texts += {rtfOf(planned.lesson), rtfOf(planned.homework), true};
+    }
+    sheets.Update_Records(texts);
 }

@@ -5,3 +5,6 @@ class Session;
 /// Writes what a teacher might have planned on today's sheet of the sample year, which is made
 /// where there is none. Raises what the engine raises.
 void fillTodaysSheet(Session& session);
+
+/// Writes what might be planned for the first class in the week of today.
+void fillTodaysWeek(Session& session);

@@ -51,7 +51,6 @@ ORVA2frm::ORVA2frm(Session& session)
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this)) {
     setObjectName(u"ORVA2frm"_s);
     setWindowTitle(u"Weekly Planning Sheet"_s);
-    resize(UsualSize);
     // The two planning sheets are never open at once. What the other one has yet to write, it
     // writes before this one reads.
     if (MainFrame* frame = session.Frame())
@@ -69,6 +68,10 @@ ORVA2frm::~ORVA2frm() {
     disconnect(qApp, nullptr, this, nullptr);
     // The boxes tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_scroll;
+}
+
+QSize ORVA2frm::sizeHint() const {
+    return UsualSize;
 }
 
 void ORVA2frm::makeParts() {
@@ -183,7 +186,7 @@ void ORVA2frm::makeMaximiseButton() {
     m_maximiseButton = new QToolButton(this);
     m_maximiseButton->setObjectName(u"cmd1"_s);
     m_maximiseButton->setFocusPolicy(Qt::NoFocus); // by keyboard it is a command of the menu
-    m_maximiseButton->setAutoRaise(true);
+    m_maximiseButton->setAutoRaise(false);         // it has to read on paper of any colour
     m_maximiseButton->setCursor(Qt::ArrowCursor);
     m_maximiseButton->hide();
     connect(m_maximiseButton, &QToolButton::clicked, this, &ORVA2frm::toggleMaximised);
@@ -263,7 +266,7 @@ void ORVA2frm::addSlot(int element, const LessonSlot& slot) {
         if (!box->isReadOnly())
             m_tools->serve(*box);
     }
-    widget->lesson().installEventFilter(this);
+    widget->lesson().viewport()->installEventFilter(this);
     connect(widget, &LessonSlotWidget::selected, this,
             [this, element] { Highlight_Caption(element); });
     connect(widget, &LessonSlotWidget::edited, this, &ORVA2frm::saveSoon);
@@ -400,7 +403,7 @@ bool ORVA2frm::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::Resize && m_selected >= 0 &&
-        watched == &m_slots.at(m_selected)->lesson())
+        watched == m_slots.at(m_selected)->lesson().viewport())
         placeMaximiseButton();
     return QWidget::eventFilter(watched, event);
 }

@@ -30,6 +30,8 @@ public:
     explicit ORVA2frm(Session& session);
     ~ORVA2frm() override;
 
+    QSize sizeHint() const override;
+
     /// Writes the slots back and shows those of the selected class in a week, counted from 0.
     /// Where what was typed can't be written, everything stays as it is.
     void Show_Week(int week);
