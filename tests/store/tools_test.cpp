@@ -107,7 +107,8 @@ TEST_F(ToolsTest, RowsArePrintedSoThatNothingIsMistaken) {
     EXPECT_EQ(failed.output, u"7\n\\N\n") << "what came before the failure is answered";
     EXPECT_TRUE(failed.errors.startsWith(u"3061: ")) << qPrintable(failed.errors);
 
-    const Ended read = run(u"jet"_s, {file}, "SELECT Mark FROM Pupils\nSELECT Mark FROM\nSHOW TABLES\n");
+    const Ended read =
+        run(u"jet"_s, {file}, "SELECT Mark FROM Pupils\nSELECT Mark FROM\nSHOW TABLES\n");
     EXPECT_EQ(read.status, 0);
     const QStringList lines = read.output.split(u'\n');
     ASSERT_EQ(lines.size(), 7) << qPrintable(read.output);
