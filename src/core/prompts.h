@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/font_record.h"
+#include "core/selector.h"
 
 #include <QDate>
 #include <QList>
@@ -124,6 +125,13 @@ public:
     /// Asks for a colour, red in the low byte; nothing when it was cancelled.
     virtual std::optional<qint32> ChooseColour(qint32 colour) = 0;
     virtual std::optional<FontRecord> ChooseFont(const FontRecord& font) = 0;
+
+    /// Asks by a page of the selector. Answers what was chosen as one text, its parts separated by
+    /// commas, empty when it was cancelled: OneItem the item; Spreadsheet row "," column A ","
+    /// column B "," column C (letters, a column not asked for is empty); SeveralItems each item
+    /// followed by ","; NewField name "," type code "," size "," date (empty, or as the person's
+    /// short date).
+    virtual QString ReturnString(const SelectorRequest& request) = 0;
 
     /// Asks for the password of a database; empty when it was cancelled.
     virtual QString PromptForPassword() = 0;

@@ -8,8 +8,8 @@ namespace {
 
 std::string described(PromptKind kind, const QString& title) {
     static constexpr const char* names[] = {
-        "plain box", "message", "closing message", "input", "dates",   "link",
-        "file",      "folder",  "colour",          "font",  "password"};
+        "plain box", "message", "closing message", "input", "dates",    "link",
+        "file",      "folder",  "colour",          "font",  "selector", "password"};
     return std::string(names[static_cast<int>(kind)]) + " '" + title.toStdString() + "'";
 }
 
@@ -97,6 +97,12 @@ std::optional<qint32> ScriptedPrompts::ChooseColour(qint32) {
 
 std::optional<FontRecord> ScriptedPrompts::ChooseFont(const FontRecord&) {
     return reply<FontRecord>({PromptKind::Font, {}, {}});
+}
+
+QString ScriptedPrompts::ReturnString(const SelectorRequest& request) {
+    m_selectors.append(request);
+    return reply<QString>({PromptKind::Selector, request.title, request.text, 0, {}, request.name})
+        .value_or(QString());
 }
 
 QString ScriptedPrompts::PromptForPassword() {

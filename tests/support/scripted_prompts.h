@@ -18,6 +18,7 @@ enum class PromptKind {
     Folder,
     Colour,
     Font,
+    Selector,
     Password,
 };
 
@@ -48,6 +49,8 @@ public:
     void expect(PromptKind kind, const QString& title, PromptReply reply = {});
 
     const QList<SeenPrompt>& seen() const { return m_seen; }
+    /// What the selector was asked to show, in the order of asking.
+    const QList<SelectorRequest>& selectors() const { return m_selectors; }
     /// The last dialog; fails the test when there was none.
     SeenPrompt last() const;
 
@@ -65,6 +68,7 @@ public:
     QString ChooseFolder(const QString& title) override;
     std::optional<qint32> ChooseColour(qint32 colour) override;
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
+    QString ReturnString(const SelectorRequest& request) override;
     QString PromptForPassword() override;
 
 private:
@@ -75,6 +79,7 @@ private:
     };
     QList<Expected> m_expected;
     QList<SeenPrompt> m_seen;
+    QList<SelectorRequest> m_selectors;
 
     template<typename Reply>
     std::optional<Reply> reply(const SeenPrompt& prompt);

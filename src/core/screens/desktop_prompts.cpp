@@ -158,6 +158,10 @@ std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
     return toFontRecord(dialog.selectedFont(), colour);
 }
 
+QString DesktopPrompts::ReturnString(const SelectorRequest&) {
+    return {};
+}
+
 QString DesktopPrompts::PromptForPassword() {
     return PasswordORVA(owner()).ask();
 }

@@ -35,6 +35,7 @@ public:
     std::optional<qint32> ChooseColour(qint32 colour) override;
     /// The font dialog with a button for the colour, which the toolkit's own lacks.
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
+    QString ReturnString(const SelectorRequest& request) override;
     QString PromptForPassword() override;
 
 private:

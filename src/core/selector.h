@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The pages of the selector, by their numbers.
+enum class SelectorPage {
+    OneItem,      ///< one item of a list
+    Spreadsheet,  ///< a row and up to three columns of a workbook's first sheet
+    SeveralItems, ///< any items of a list
+    NewField,     ///< the name, type, size and date of a new field
+};
+
+/// What the selector shows. What a page does not name is not looked at.
+struct SelectorRequest {
+    SelectorPage page;
+    QString title; ///< the caption of the window
+    QString text;  ///< what the person reads above
+    QString label; ///< a line right above the list, the preview, or the calendar
+
+    QStringList items; ///< OneItem, SeveralItems
+
+    QString workbook;         ///< Spreadsheet: the path of the file
+    QStringList columnLabels; ///< Spreadsheet: up to three, one for each column to choose
+
+    QString name;             ///< NewField: the name that stands in the box
+    bool showTypes = true;    ///< NewField: whether the type can be chosen
+    bool memoOnly = false;    ///< NewField: of the types only Memo is offered, and set
+    bool showCalendar = true; ///< NewField: whether a date can be picked
+};
