@@ -59,6 +59,10 @@ std::optional<FontRecord> ConsolePrompts::ChooseFont(const FontRecord&) {
     return std::nullopt;
 }
 
+QString ConsolePrompts::ReturnString(const SelectorRequest&) {
+    return {};
+}
+
 QString ConsolePrompts::PromptForPassword() {
     return {};
 }

@@ -21,5 +21,6 @@ public:
     QString ChooseFolder(const QString& title) override;
     std::optional<qint32> ChooseColour(qint32 colour) override;
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
+    QString ReturnString(const SelectorRequest& request) override;
     QString PromptForPassword() override;
 };
