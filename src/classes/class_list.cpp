@@ -53,13 +53,6 @@ int classIndex(const QList<ClassColour>& classes, const QString& classCode) {
     return found == classes.end() ? -1 : static_cast<int>(found - classes.begin());
 }
 
-QString pupilNamesSource(const QString& classCode) {
-    if (classCode.isEmpty())
-        return u"SELECT Surname,Firstname FROM %1;"_s.arg(ClassTempTable);
-    return u"SELECT Surname,Firstname FROM %1 Order By Surname;"_s.arg(
-        dao::writeName(classTable(classCode)));
-}
-
 void showNoClasses(Prompts& prompts) {
     prompts.PlainBox(u"There are no class codes available!\n"
                      "You can't use this facility untill a class code has been entered.\n"

@@ -28,10 +28,6 @@ void UpdateClassTables(const dao::Database& database);
 /// that is not there.
 int classIndex(const QList<ClassColour>& classes, const QString& classCode);
 
-/// The records of a list of names: all pupils of a class, by surname. An empty code, while no class
-/// is selected, gives the spare table.
-QString pupilNamesSource(const QString& classCode);
-
 /// The box of a year without any class; the class window then closes.
 void showNoClasses(Prompts& prompts);
 /// The box of a view that needs pupils, for a class without any.

@@ -131,11 +131,13 @@ void deletePupils(const dao::Database& database, const QString& classCode,
 
 } // namespace
 
-DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool& dontAsk) {
+DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
+                                 bool& dontAsk) {
     if (dontAsk)
         return DeleteClassAnswer::Yes;
     BoxLook look;
-    look.captions = {u"Yes"_s, u"No"_s, u"Archive"_s};
+    if (mayArchive)
+        look.captions = {u"Yes"_s, u"No"_s, u"Archive"_s};
     look.checkBox = u"Don't display this dialog again."_s;
     int answer = prompts.msg_Box(
         u"Deleting the class "_s + classCode +
@@ -143,7 +145,8 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
             "\n\nYOU WILL NOT BE ABLE TO UNDO THESE CHANGES"
             "\n\nPlease consider using the 'Archive a class' feature before deleting."
             "\n\nAre you sure you want to delete this class?"_s,
-        YesNoCancelButtons | WarningIcon | SecondButtonDefault, u"Delete Class:"_s, look);
+        (mayArchive ? YesNoCancelButtons : YesNoButtons) | WarningIcon | SecondButtonDefault,
+        u"Delete Class:"_s, look);
     if (answer > CheckBoxTicked) {
         dontAsk = true;
         answer -= CheckBoxTicked;

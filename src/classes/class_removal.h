@@ -11,9 +11,11 @@ class Prompts;
 
 enum class DeleteClassAnswer { No, Yes, Archive };
 
-/// Asks whether to delete a class, or to archive it instead. `dontAsk` lasts for the session: once
+/// Asks whether to delete a class, or to archive it instead, which is offered where the program can
+/// (`mayArchive`). `dontAsk` lasts for the session: once
 /// the person has ticked the box it is set, and the answer then is yes without a question.
-DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool& dontAsk);
+DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
+                                 bool& dontAsk);
 
 /// Deletes a class: closes every recordset whose name contains its code, drops its tables, those of
 /// its seating plans too, clears it from the planning sheets, gives its periods back to the free

@@ -78,6 +78,12 @@ QString PupilSelection::clauseForView(const PupilSheet& names, bool queryActive)
     return m_clause;
 }
 
+QString pupilsSource(const QString& classCode, const QString& clause) {
+    return u"SELECT Surname,Firstname,Tutor,ID FROM %1"_s.arg(
+               dao::writeName(classTable(classCode))) +
+           clause + u" order by Surname;"_s;
+}
+
 QString registerSource(const QString& classCode, const QString& clause) {
     return joinedSource(classCode, registerTable(classCode), clause);
 }

@@ -61,6 +61,10 @@ private:
     QString m_clause;
 };
 
+/// The records of the first page, the information on a pupil and his notes: the names, the tutor
+/// and the `ID` of each pupil, by surname. What else these views show of a pupil they read by his
+/// `ID`.
+QString pupilsSource(const QString& classCode, const QString& clause);
 /// The records of the register or the grades: the names and the tutor of each pupil, then all
 /// fields of the class's own table; by surname. `clause` as PupilSelection answers it.
 QString registerSource(const QString& classCode, const QString& clause);

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 enum class FrameCommand;
 
@@ -25,6 +26,9 @@ public:
     /// Loads and shows a window, or brings it to the front. Does nothing for a window that the
     /// program does not have.
     virtual void OpenForm(const QString& name) = 0;
+    /// The same, and lets the window show one thing of all that it can: the class of a code in
+    /// `RegisterFrm`, the sheet of a date in the planning window.
+    virtual void OpenFormOn(const QString& name, const QVariant& subject) = 0;
     /// Unloads a window, if it is loaded.
     virtual void CloseForm(const QString& name) = 0;
     /// Gives a command to the window it belongs to: one that has commands of its own acts on it,

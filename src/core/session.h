@@ -57,6 +57,9 @@ public:
     bool GradientsAvailable = false;
     bool GradientsEnabled = false;
     ::FolderDefaults FolderDefaults;
+    /// The questions of the class window that the teacher has ticked not to see again in this run.
+    bool DontAskDeleteClass = false;
+    bool DontAskDeletePupil = false;
 
     /// Sets the values that hold for the whole run, in the order of the start: paths, gradients,
     /// default folders, the person's locale. `appPath` is made when it is not there.

@@ -101,13 +101,13 @@ TEST_F(ClassRemovalTest, TheQuestionCanBeSwitchedOff) {
     bool dontAsk = false;
     const QString title = u"Delete Class:"_s;
     seams.prompts.expect(PromptKind::Message, title, int(AnswerNo));
-    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, dontAsk), DeleteClassAnswer::No);
+    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::No);
     EXPECT_FALSE(dontAsk);
     seams.prompts.expect(PromptKind::Message, title, int(AnswerCancel));
-    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, dontAsk), DeleteClassAnswer::Archive);
+    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Archive);
     seams.prompts.expect(PromptKind::Message, title, AnswerYes + CheckBoxTicked);
-    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, dontAsk), DeleteClassAnswer::Yes);
-    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, dontAsk), DeleteClassAnswer::Yes);
+    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Yes);
+    EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Yes);
 }
 
 TEST_F(ClassRemovalTest, PupilsGoWithTheirMarks) {

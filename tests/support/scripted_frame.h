@@ -20,6 +20,10 @@ public:
     void ShowStartupWizard() override { log += QStringLiteral("wizard"); }
     void ShowStartupWizardSetup() override { log += QStringLiteral("wizard setup"); }
     void OpenForm(const QString& name) override { forms += name; }
+    void OpenFormOn(const QString& name, const QVariant& subject) override {
+        forms += name;
+        log += name + QStringLiteral(" on ") + subject.toString();
+    }
     void CloseForm(const QString& name) override { forms.removeAll(name); }
     void RunFormCommand(const QString& name, FrameCommand) override { forms += name; }
     QStringList visibleForms() const override { return forms; }

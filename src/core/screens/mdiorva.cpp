@@ -169,6 +169,14 @@ void mdiORVA::OpenForm(const QString& name) {
         loadForm(*entry);
 }
 
+void mdiORVA::OpenFormOn(const QString& name, const QVariant& subject) {
+    OpenForm(name);
+    const WindowEntry* entry = findWindow(m_windows, name);
+    QMdiSubWindow* form = loadedForm(name);
+    if (form && entry->showSubject)
+        entry->showSubject(*form->widget(), subject);
+}
+
 void mdiORVA::CloseForm(const QString& name) {
     if (QMdiSubWindow* form = loadedForm(name))
         form->close();

@@ -1,6 +1,8 @@
 #include "core/screens/window_table.h"
 
 #include "calendar/screens/ttfrm.h"
+#include "classes/class_settings.h"
+#include "classes/screens/registerfrm.h"
 #include "planning/screens/orva2frm.h"
 #include "planning/screens/orvafrm.h"
 #include "store/screens/startupwiz.h"
@@ -23,10 +25,22 @@ WindowTable windowTable() {
                     .make = [](Session& session) { return new TTfrm(session); }},
         WindowEntry{.name = u"ORVAfrm"_s,
                     .placementKey = setting::Planning.toString(),
-                    .make = [](Session& session) { return new ORVAfrm(session); }},
+                    .make = [](Session& session) { return new ORVAfrm(session); },
+                    .showSubject =
+                        [](QWidget& window, const QVariant& subject) {
+                            qobject_cast<ORVAfrm*>(&window)->ShowPlan(subject.toDate());
+                        }},
         WindowEntry{.name = u"ORVA2frm"_s,
                     .placementKey = setting::Planning.toString(),
                     .make = [](Session& session) { return new ORVA2frm(session); }},
+        WindowEntry{.name = u"RegisterFrm"_s,
+                    .placementKey = setting::Register.toString(),
+                    .make = [](Session& session) { return new RegisterFrm(session); },
+                    .showSubject =
+                        [](QWidget& window, const QVariant& subject) {
+                            qobject_cast<RegisterFrm*>(&window)->AutoRegistration(
+                                subject.toString());
+                        }},
     };
     return windows;
 }

@@ -3,6 +3,7 @@
 #include "core/frame_commands.h"
 
 #include <QString>
+#include <QVariant>
 
 #include <functional>
 #include <span>
@@ -21,6 +22,8 @@ struct WindowEntry {
     /// Whether it works on the open year. Where it does not, it takes input without one, and goes
     /// with no question when all windows are unloaded.
     bool needsDatabase = true;
+    /// Shows one thing in a window that it made (MainFrame::OpenFormOn).
+    std::function<void(QWidget& window, const QVariant& subject)> showSubject = {};
     /// Acts on a command in place of opening the window.
     std::function<void(Session& session, FrameCommand command)> run = {};
     /// Fills the popup of the toolbar that belongs to it, each time before it shows.

@@ -1,0 +1,85 @@
+#include "classes/class_desk.h"
+
+#include "core/session.h"
+
+ClassDesk::ClassDesk(Session& session) : m_session(session) {}
+
+void ClassDesk::Load() {
+    UpdateClassTables(m_session.CurrentDB);
+    refreshClasses({});
+}
+
+void ClassDesk::refreshClasses(const QString& select) {
+    m_session.LoadClassColours();
+    m_classes = m_session.ClassColours;
+    const int index = qMax(0, classIndex(m_classes, select));
+    selectClass(m_classes.isEmpty() ? QString() : m_classes[index].code);
+}
+
+void ClassDesk::selectClass(const QString& classCode) {
+    m_classCode = classCode;
+    m_currentName = {};
+    showFirstPage();
+}
+
+void ClassDesk::showFirstPage() {
+    m_selection = PupilSelection();
+    m_queryActive = false;
+    m_view.reset();
+    show(m_classCode.isEmpty() ? PupilSheet()
+                               : PupilSheet(m_session.CurrentDB, pupilsSource(m_classCode, {})));
+}
+
+bool ClassDesk::Show_View(ClassView view) {
+    const QString clause = m_selection.clauseForView(sheet(), m_queryActive);
+    std::optional<PupilSheet> sheet = open(view, clause);
+    if (!sheet)
+        return false;
+    m_queryActive = m_queryActive && m_selection.isMultiSelect();
+    m_view = view;
+    show(*std::move(sheet));
+    return true;
+}
+
+std::optional<PupilSheet> ClassDesk::open(ClassView view, const QString& clause) const {
+    const dao::Database& database = m_session.CurrentDB;
+    switch (view) {
+    case RegisterView:
+        return openRegister(database, m_classCode, clause, m_session.GetSeams().prompts);
+    case GradesView:
+        return PupilSheet(database, gradesSource(m_classCode, clause));
+    case PupilInformationView:
+    case PupilNotesView:
+        break;
+    }
+    return PupilSheet(database, pupilsSource(m_classCode, clause));
+}
+
+void ClassDesk::show(PupilSheet sheet) {
+    const int row = sheet.rowCount() > 0 ? rowOfPupil(sheet, m_currentName) : -1;
+    m_records.setSheet(std::move(sheet));
+    setCurrentRow(row);
+}
+
+void ClassDesk::release() {
+    const PupilName name = m_currentName;
+    m_records.setSheet({});
+    m_currentRow = -1;
+    m_currentName = name;
+}
+
+void ClassDesk::setCurrentRow(int row) {
+    m_currentRow = row;
+    if (row >= 0)
+        m_currentName = pupilName(sheet(), row);
+}
+
+std::optional<qint64> ClassDesk::currentPupil() const {
+    return m_currentRow < 0 ? std::nullopt : std::optional(sheet().pupil(m_currentRow));
+}
+
+void ClassDesk::showQuery(const QString& query, bool picks) {
+    PupilSheet sheet(m_session.CurrentDB, query);
+    m_queryActive = m_queryActive || picks;
+    show(std::move(sheet));
+}

@@ -1,0 +1,14 @@
+#include "classes/class_tasks.h"
+
+using namespace Qt::StringLiterals;
+
+const QList<ClassTaskEntry>& classTasks() {
+    static const QList<ClassTaskEntry> tasks{
+        {ClassTask::AddPupil, u"Add a New Pupil"_s, {}},
+        {ClassTask::CreateClass, u"Create a New Class"_s, {}},
+        {ClassTask::DeletePupil, u"Delete Current Pupil"_s,
+         u"To delete ALL PUPILS hold down the Ctrl key and click OK."_s},
+        {ClassTask::DeleteClass, u"Delete Current Class"_s, {}},
+    };
+    return tasks;
+}

@@ -1,0 +1,176 @@
+#include "classes/screens/name_list.h"
+
+#include "classes/class_desk.h"
+#include "classes/screens/pupil_grid.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int RowHandleWidth = 14; ///< where a row's height is drawn with the mouse
+
+/// Shows who is picked as selected.
+class PickedPupils : public QStyledItemDelegate {
+public:
+    PickedPupils(ClassDesk& desk, QObject* parent) : QStyledItemDelegate(parent), m_desk(desk) {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const bool isMultiSelect = m_desk.selection().isMultiSelect();
+        const bool isShown = isMultiSelect
+                                 ? m_desk.selection().isSelected(m_desk.sheet(), index.row())
+                                 : index.row() == m_desk.currentRow();
+        option->state.setFlag(QStyle::State_Selected, isShown);
+    }
+
+private:
+    ClassDesk& m_desk;
+};
+
+} // namespace
+
+NameList::NameList(ClassDesk& desk) : m_desk(desk), m_view(new QTableView), m_gap(new QWidget) {
+    m_view->setObjectName(u"DBGrid2"_s);
+    m_view->setAccessibleName(u"Pupils"_s);
+    m_view->setModel(&desk.records());
+    m_view->setItemDelegate(new PickedPupils(desk, this));
+    m_view->setSelectionMode(QAbstractItemView::NoSelection);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setTabKeyNavigation(false);
+    m_view->setWordWrap(false);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_view->horizontalHeader()->setHighlightSections(false);
+    m_view->verticalHeader()->setFixedWidth(RowHandleWidth);
+    m_view->viewport()->installEventFilter(this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(m_gap);
+    m_gap->setFixedHeight(0);
+    setFocusProxy(m_view);
+    setRowHeight(0);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { moved(current.row()); });
+    connect(m_view->verticalHeader(), &QHeaderView::sectionResized, this,
+            [this](int, int, int pixels) {
+                if (m_isSettingHeight)
+                    return;
+                setRowHeight(pixels);
+                emit rowHeightChanged(pixels);
+            });
+}
+
+void NameList::follow(PupilGrid* grid) {
+    if (m_grid) {
+        m_grid->disconnect(this);
+        m_grid->selectionModel()->disconnect(this);
+        m_grid->verticalScrollBar()->disconnect(m_view->verticalScrollBar());
+        m_view->verticalScrollBar()->disconnect(m_grid->verticalScrollBar());
+    }
+    m_grid = grid;
+    m_view->setVerticalScrollBarPolicy(grid ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    levelWithGrid();
+    if (!grid)
+        return;
+    connect(grid, &PupilGrid::scrollBarChanged, this, &NameList::levelWithGrid);
+    connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, m_view->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, grid->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { goTo(current.row()); });
+}
+
+/// The heads are as high as the grid's, and the rows end where its scroll bar begins.
+void NameList::levelWithGrid() {
+    m_gap->setFixedHeight(m_grid ? m_grid->scrollBarHeight() : 0);
+    m_view->horizontalHeader()->setFixedHeight(
+        m_grid ? m_grid->horizontalHeader()->sizeHint().height()
+               : m_view->horizontalHeader()->sizeHint().height());
+}
+
+void NameList::showRecords() {
+    for (int column = 0; column < m_desk.records().columnCount(); ++column)
+        m_view->setColumnHidden(column, column > PupilSheet::FirstnameColumn);
+    levelWithGrid();
+    constexpr int padding = 12;
+    int width = m_view->verticalHeader()->width() + 2 * m_view->frameWidth();
+    for (const int column : {PupilSheet::SurnameColumn, PupilSheet::FirstnameColumn}) {
+        if (column >= m_desk.records().columnCount())
+            break;
+        m_view->resizeColumnToContents(column);
+        m_view->setColumnWidth(column, m_view->columnWidth(column) + padding);
+        width += m_view->columnWidth(column);
+    }
+    if (!m_grid)
+        width += m_view->verticalScrollBar()->sizeHint().width();
+    m_view->setFixedWidth(qMax(width, m_view->fontMetrics().averageCharWidth() * 24));
+    const int row = m_desk.currentRow();
+    goTo(row);
+}
+
+void NameList::showSelection() {
+    m_view->viewport()->update();
+}
+
+void NameList::setRowHeight(int pixels) {
+    const QScopedValueRollback guard(m_isSettingHeight, true);
+    const int height = qMax(pixels, textRowHeight(*m_view));
+    m_view->verticalHeader()->setDefaultSectionSize(height);
+    if (m_grid)
+        m_grid->setRowHeight(height);
+}
+
+void NameList::goTo(int row) {
+    if (row >= 0)
+        m_view->setCurrentIndex(m_desk.records().index(row, PupilSheet::SurnameColumn));
+}
+
+void NameList::moved(int row) {
+    if (row == m_desk.currentRow() || row < 0)
+        return;
+    if (m_mayLeave && !m_mayLeave()) {
+        // Not from within the change of the current row.
+        QTimer::singleShot(0, this, [this] { goTo(m_desk.currentRow()); });
+        return;
+    }
+    m_desk.setCurrentRow(row);
+    showSelection();
+    if (m_grid && m_grid->currentIndex().row() != row) {
+        const int column = qMax(m_grid->currentIndex().column(), int(PupilSheet::TutorColumn));
+        m_grid->selectionModel()->setCurrentIndex(m_desk.records().index(row, column),
+                                                  QItemSelectionModel::NoUpdate);
+    }
+    emit pupilChanged(row);
+}
+
+bool NameList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && watched == m_view->viewport()) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QModelIndex index = m_view->indexAt(mouse->pos());
+        if (index.isValid() && mouse->button() == Qt::LeftButton)
+            clicked(index.row(), mouse->modifiers());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void NameList::clicked(int row, Qt::KeyboardModifiers modifiers) {
+    if (modifiers.testFlag(Qt::ControlModifier) && !m_desk.selection().isMultiSelect())
+        emit multiselectWanted();
+    m_desk.selection().click(m_desk.sheet(), row);
+    showSelection();
+    emit pupilPicked();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "classes/pupil_sheet_model.h"
+
+#include <QTableView>
+
+#include <functional>
+#include <optional>
+
+/// The grid of the class window's views: a row a pupil, level with the list of names beside it,
+/// which shows what is hidden here. What a key or an edit does is the view's.
+class PupilGrid : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit PupilGrid(PupilSheetModel& model);
+
+    /// Hides the names and `ID`.
+    void hideNames();
+    /// Lets the view see a key before the grid does; true where it has been dealt with.
+    void onKey(std::function<bool(QKeyEvent& event)> handle) { m_handleKey = std::move(handle); }
+    /// The height of all rows, in pixels; not less than the text needs.
+    void setRowHeight(int pixels);
+    /// Makes a column the leftmost in view; a hidden one, or one before the first, leaves the
+    /// first.
+    void setLeftColumn(int column);
+    /// The columns that are selected as a whole, by their heads, from left to right.
+    QList<int> selectedColumns() const;
+    /// How high the horizontal scroll bar is; 0 while there is none.
+    int scrollBarHeight() const;
+
+signals:
+    void menuWanted(QPoint place); ///< in global coordinates
+    void scrollBarChanged();       ///< scrollBarHeight() has changed
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void updateGeometries() override;
+
+private:
+    std::function<bool(QKeyEvent& event)> m_handleKey;
+    std::optional<int> m_leftColumn; ///< to be the leftmost as soon as there is a layout
+};
+
+/// The height of a row that shows text in a widget's font, in pixels.
+int textRowHeight(const QWidget& widget);

@@ -1,0 +1,234 @@
+#include "classes/screens/register_page.h"
+
+#include "classes/class_settings.h"
+#include "classes/register_lessons.h"
+#include "classes/screens/pupil_grid.h"
+#include "classes/screens/register_delegate.h"
+#include "classes/screens/register_header.h"
+#include "classes/screens/side_panel.h"
+#include "core/clock.h"
+#include "core/main_frame.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "core/window_placement.h"
+#include "store/engine/error.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
+    : ClassViewPage(session, desk)
+    , m_keys(Populate_KeyArray(session.GetSettings()))
+    , m_grid(new PupilGrid(desk.records()))
+    , m_header(new RegisterHeader)
+    , m_info(new QLabel)
+    , m_splitter(new QSplitter)
+    , m_panel(new SidePanel(m_keys))
+    , m_menu(new QMenu(this)) {
+    m_grid->setObjectName(u"RegisterGrid"_s);
+    m_grid->setAccessibleName(u"Register"_s);
+    m_grid->setHorizontalHeader(m_header);
+    m_header->setSectionResizeMode(QHeaderView::Interactive);
+    m_header->setMinimumSectionSize(1);
+    m_header->setDefaultSectionSize(MarkColumnWidth / TwipsPerPixel);
+    m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_grid->setItemDelegate(new RegisterDelegate(
+        m_keys, [this](const QModelIndex& cell, const QString& text) { storeCell(cell, text); },
+        this));
+    m_grid->onKey([this](QKeyEvent& event) { return keyPressed(event); });
+    m_info->setObjectName(u"Lblessons"_s);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(makeSheet());
+    m_splitter->addWidget(m_panel);
+    m_splitter->setStretchFactor(0, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_splitter);
+    makeMenu();
+}
+
+QWidget* RegisterPage::makeSheet() {
+    auto* sheet = new QWidget;
+    auto* layout = new QVBoxLayout(sheet);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_grid, 1);
+    layout->addWidget(m_info);
+    return sheet;
+}
+
+void RegisterPage::makeMenu() {
+    QAction* shows = m_menu->addAction(u"Display Panel"_s);
+    shows->setCheckable(true);
+    const bool isShown =
+        session().GetSettings().readFlag(setting::keyOf(setting::Register), setting::DisplayKey);
+    shows->setChecked(isShown);
+    m_panel->setVisible(isShown);
+    connect(shows, &QAction::toggled, this, &RegisterPage::setPanelShown);
+    m_fillMenu = m_menu->addMenu(u"Fill Register"_s);
+    const auto addFill = [this](const QString& caption, RegisterFill what) {
+        connect(m_fillMenu->addAction(caption), &QAction::triggered, this,
+                [this, what] { fill(what); });
+    };
+    addFill(u"Present"_s, RegisterFill::Present);
+    addFill(u"Absent"_s, RegisterFill::Absent);
+    addFill(u"Clear All"_s, RegisterFill::ClearAll);
+    connect(m_menu->addAction(u"Calculate Attendance..."_s), &QAction::triggered, this,
+            &RegisterPage::calculateAttendance);
+    connect(m_menu->addAction(u"Lessons Remaining..."_s), &QAction::triggered, this,
+            &RegisterPage::lessonsRemaining);
+    connect(m_menu->addAction(u"Show Planning for this lesson..."_s), &QAction::triggered, this,
+            &RegisterPage::showPlanning);
+    connect(m_grid, &PupilGrid::menuWanted, this, [this](QPoint place) {
+        EnableFillMenu();
+        m_menu->popup(place);
+    });
+}
+
+void RegisterPage::EnableFillMenu() {
+    for (QAction* action : m_fillMenu->actions())
+        action->setEnabled(canFill(m_grid->currentIndex().column()));
+}
+
+void RegisterPage::showRecords() {
+    m_grid->hideNames();
+    showLessons();
+    Update_Register_info();
+}
+
+/// The current lesson is wider, and in view with those before it.
+void RegisterPage::showLessons() {
+    const QDate today = session().GetSeams().clock.today();
+    const std::optional<int> current = currentLessonColumn(desk().sheet(), today);
+    m_header->setCurrentLesson(current.value_or(-1));
+    constexpr int tutorWidth = 600;
+    m_grid->setColumnWidth(PupilSheet::TutorColumn, tutorWidth / TwipsPerPixel);
+    if (current) {
+        m_grid->setColumnWidth(*current, CurrentLessonWidth / TwipsPerPixel);
+        m_grid->setLeftColumn(firstColumnInView(*current, previousDates(session().GetSettings())));
+    }
+    const int column = current.value_or(PupilSheet::TutorColumn);
+    m_grid->setCurrentIndex(desk().records().index(desk().currentRow(), column));
+}
+
+void RegisterPage::Update_Register_info() {
+    m_info->setText(::Update_Register_info(desk().sheet(), session().GetSeams().clock.today()));
+}
+
+void RegisterPage::showPupil(int) {}
+
+bool RegisterPage::keyPressed(QKeyEvent& event) {
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    const QModelIndex cell = m_grid->currentIndex();
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_grid->setCurrentIndex(
+            cell.siblingAtRow(cell.row() + 1).isValid() ? cell.siblingAtRow(cell.row() + 1) : cell);
+        return true;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        storeCell(cell, {});
+        return true;
+    default:
+        return !event.text().isEmpty() && event.text().at(0).isPrint() && typeMark(event.text());
+    }
+}
+
+/// Whatever marks nothing types nothing.
+bool RegisterPage::typeMark(const QString& typed) {
+    const QModelIndex cell = m_grid->currentIndex();
+    QString mark;
+    if (registerKey(m_keys, typed, mark) != KeyEffect::Mark || !canFill(cell.column()))
+        return true;
+    try {
+        enterMark(session().CurrentDB, desk().classCode(), desk().records(), cell.row(),
+                  cell.column(), mark);
+    } catch (const dao::EngineError& error) {
+        showKeyPressError(session().GetSeams().prompts, error.number(), error.description());
+    }
+    return true;
+}
+
+/// A cell that was edited, not typed into, is alone: no lesson beside it gets a copy.
+void RegisterPage::storeCell(const QModelIndex& cell, const QString& text) {
+    if (!canFill(cell.column()) || text == cell.data().toString() ||
+        !checkMarkText(text, session().GetSeams().prompts))
+        return;
+    try {
+        desk().records().write(cell.row(), {{cell.column(), text}});
+    } catch (const dao::EngineError& error) {
+        showColumnUpdateError(session().GetSeams().prompts, error.number());
+    }
+}
+
+void RegisterPage::fill(RegisterFill what) {
+    try {
+        fillRegister(desk().records(), m_grid->currentIndex().column(), what);
+    } catch (const dao::EngineError& error) {
+        showColumnUpdateError(session().GetSeams().prompts, error.number());
+    }
+}
+
+void RegisterPage::calculateAttendance() {
+    if (desk().currentRow() >= 0)
+        showAttendance(desk().sheet(), desk().currentRow(), session().GetSeams().clock.today(),
+                       session().GetSeams().prompts);
+}
+
+void RegisterPage::lessonsRemaining() {
+    showLessonsRemaining(desk().sheet(), session().GetSeams().clock.today(), session().AcademicYear,
+                         QLocale(), session().GetSeams().prompts);
+}
+
+void RegisterPage::showPlanning() {
+    const std::optional<QDate> date =
+        planningDate(desk().sheet(), m_grid->currentIndex().column(), m_grid->selectedColumns());
+    if (date && session().Frame())
+        session().Frame()->OpenFormOn(u"ORVAfrm"_s, *date);
+}
+
+void RegisterPage::setPanelShown(bool shown) {
+    Settings& settings = session().GetSettings();
+    const QString key = setting::keyOf(setting::Register);
+    settings.CreateRegistryKey(key);
+    settings.WriteRegistryValue(key, setting::DisplayKey, shown ? 1 : 0);
+    m_panel->setVisible(shown);
+    placeSplitter();
+}
+
+void RegisterPage::showEvent(QShowEvent* event) {
+    ClassViewPage::showEvent(event);
+    placeSplitter();
+}
+
+/// Puts the panel where it stood when the window was closed, once there is a width to divide.
+void RegisterPage::placeSplitter() {
+    if (m_isSplitterPlaced || !isVisible() || m_panel->isHidden())
+        return;
+    m_isSplitterPlaced = true;
+    const qint32 left = session().GetSettings().readNumber(setting::keyOf(setting::Register),
+                                                           setting::DisplayPnlLeft);
+    constexpr int usualPanelWidth = 200;
+    const int width = m_splitter->width();
+    const int sheet = left > 0 ? left / TwipsPerPixel : width - usualPanelWidth;
+    m_splitter->setSizes({sheet, qMax(1, width - sheet)});
+}
+
+void RegisterPage::saveLook() {
+    if (!m_isSplitterPlaced || m_panel->isHidden())
+        return;
+    Settings& settings = session().GetSettings();
+    const QString key = setting::keyOf(setting::Register);
+    settings.CreateRegistryKey(key);
+    settings.WriteRegistryValue(key, setting::DisplayPnlLeft,
+                                m_splitter->sizes().value(0) * TwipsPerPixel);
+}

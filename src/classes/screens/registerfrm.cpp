@@ -1,0 +1,334 @@
+#include "classes/screens/registerfrm.h"
+
+#include "classes/class_removal.h"
+#include "classes/screens/class_home_page.h"
+#include "classes/screens/class_view_page.h"
+#include "classes/screens/name_list.h"
+#include "classes/screens/register_page.h"
+#include "controls/colours.h"
+#include "controls/icons.h"
+#include "controls/layout_toolbar.h"
+#include "core/main_frame.h"
+#include "core/prompts.h"
+#include "core/screens/frame_menus.h"
+#include "core/screens/window_table.h"
+#include "core/session.h"
+#include "store/engine/error.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize UsualRegisterSize{900, 560};
+constexpr int MultiselectButton = 4;
+
+/// The views in the order of their buttons.
+constexpr ClassView ViewOrder[] = {RegisterView, GradesView, PupilInformationView, PupilNotesView};
+
+} // namespace
+
+RegisterFrm::RegisterFrm(Session& session) : m_session(session), m_desk(session) {
+    setObjectName(u"RegisterFrm"_s);
+    setWindowTitle(u"Class lists, register & grades"_s);
+    makeParts();
+    load();
+}
+
+RegisterFrm::~RegisterFrm() {
+    leaveView();
+    // The pages tell of losing the focus while they go: as long as there is a desk to hear it.
+    delete m_pages;
+    delete m_names;
+}
+
+QSize RegisterFrm::sizeHint() const {
+    return UsualRegisterSize;
+}
+
+void RegisterFrm::makeParts() {
+    auto* bar = new QMenuBar;
+    addFrameMenus(*bar, m_session.Frame());
+    m_names = new NameList(m_desk);
+    makePages();
+    auto* top = new QHBoxLayout;
+    top->setContentsMargins({});
+    top->addWidget(makeSelector());
+    top->addWidget(makeToolbar(), 1);
+    auto* body = new QHBoxLayout;
+    body->setContentsMargins({});
+    body->setSpacing(0);
+    body->addWidget(m_names);
+    body->addWidget(m_pages, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(2);
+    layout->setMenuBar(bar);
+    layout->addLayout(top);
+    layout->addLayout(body, 1);
+    m_names->onLeave([this] { return leaveView(); });
+    connect(m_names, &NameList::pupilChanged, this, &RegisterFrm::showCurrentPupil);
+    connect(m_names, &NameList::multiselectWanted, this, [this] {
+        m_desk.selection().setMultiSelect(true);
+        showMultiselect();
+    });
+    connect(m_names, &NameList::rowHeightChanged, this, &RegisterFrm::setRowHeight);
+}
+
+void RegisterFrm::makePages() {
+    m_pages = new QStackedWidget;
+    m_first = new ClassHomePage(m_desk);
+    m_pages->addWidget(m_first);
+    m_views[RegisterView] = new RegisterPage(m_session, m_desk);
+    for (ClassViewPage* page : std::as_const(m_views)) {
+        m_pages->addWidget(page);
+        connect(page, &ClassViewPage::recordsChanged, this,
+                [this] { Show_View(m_desk.view().value_or(PupilInformationView)); });
+        connect(page, &ClassViewPage::recordsShown, this, &RegisterFrm::showRecords);
+    }
+    connect(m_first, &ClassHomePage::classWanted, this, &RegisterFrm::selectClass);
+    connect(m_first, &ClassHomePage::viewWanted, this, &RegisterFrm::wantView);
+    connect(m_first, &ClassHomePage::taskWanted, this, &RegisterFrm::runTask);
+}
+
+/// The class that is selected, in its colour, and the way back to the first page.
+QWidget* RegisterFrm::makeSelector() {
+    m_home = new QToolButton;
+    m_home->setObjectName(u"cmdHome"_s);
+    m_home->setIcon(icon(u"home"_s));
+    m_home->setToolTip(u"Classes and tasks"_s);
+    m_home->setAccessibleName(m_home->toolTip());
+    m_home->setAutoRaise(true);
+    m_home->setFocusPolicy(Qt::TabFocus);
+    m_selector = new QComboBox;
+    m_selector->setObjectName(u"cboClass"_s);
+    m_selector->setAccessibleName(u"Class"_s);
+    m_selector->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_selector->setMinimumContentsLength(8);
+    auto* selector = new QWidget;
+    auto* layout = new QHBoxLayout(selector);
+    layout->setContentsMargins(4, 0, 4, 0);
+    layout->addWidget(m_home);
+    layout->addWidget(m_selector);
+    connect(m_home, &QToolButton::clicked, this, &RegisterFrm::showFirstPage);
+    connect(m_selector, &QComboBox::activated, this,
+            [this](int index) { selectClass(m_selector->itemText(index)); });
+    return selector;
+}
+
+LayoutToolbar* RegisterFrm::makeToolbar() {
+    m_toolbar = new LayoutToolbar(u"RegisterTools"_s, u"BBBB|B"_s,
+                                  u"Register|Grades|Pupil Information|Pupil Notes|"
+                                  "Toggle Multiselect (Ctrl + Click)"_s,
+                                  u"register|grades|pupil|notes|multiselect"_s);
+    for (int i = 0; i < MultiselectButton; ++i) {
+        m_toolbar->button(i)->setCheckable(true);
+        connect(m_toolbar->button(i), &QAction::triggered, this, [this, i] {
+            wantView(ViewOrder[i]);
+            viewShown();
+        });
+    }
+    QAction* multiselect = m_toolbar->button(MultiselectButton);
+    multiselect->setCheckable(true);
+    connect(multiselect, &QAction::triggered, this, &RegisterFrm::ToggleSinglePupil);
+    return m_toolbar;
+}
+
+void RegisterFrm::load() {
+    try {
+        m_desk.Load();
+    } catch (const dao::EngineError& error) {
+        showLoadingError(m_session.GetSeams().prompts, error.number(), error.description());
+    }
+    showClasses();
+    if (!m_desk.classes().isEmpty())
+        return;
+    showNoClasses(m_session.GetSeams().prompts);
+    if (m_session.Frame())
+        QTimer::singleShot(0, this, [this] { m_session.Frame()->CloseForm(objectName()); });
+}
+
+void RegisterFrm::showClasses() {
+    m_selector->clear();
+    for (const ClassColour& each : m_desk.classes()) {
+        const QColor colour = toColour(each.colour);
+        m_selector->addItem(each.code);
+        m_selector->setItemData(m_selector->count() - 1, colour, Qt::BackgroundRole);
+        m_selector->setItemData(m_selector->count() - 1, textColourOn(colour), Qt::ForegroundRole);
+    }
+    viewShown();
+}
+
+/// A view stays on for another class, if that has pupils to show.
+void RegisterFrm::selectClass(const QString& classCode) {
+    const std::optional<ClassView> view = m_desk.view();
+    if (!leaveView() || !trying([&] { m_desk.selectClass(classCode); })) {
+        viewShown();
+        return;
+    }
+    viewShown();
+    if (view && m_desk.sheet().rowCount() > 0)
+        Show_View(*view);
+}
+
+void RegisterFrm::wantView(ClassView view) {
+    if (!leaveView())
+        return;
+    if (!m_desk.view() && m_desk.sheet().rowCount() == 0)
+        showNoPupils(m_session.GetSeams().prompts, m_desk.classCode());
+    else
+        Show_View(view);
+}
+
+void RegisterFrm::Show_View(ClassView view) {
+    if (!m_views.contains(view) || m_desk.classCode().isEmpty())
+        return;
+    setUpdatesEnabled(false);
+    trying([&] { m_desk.Show_View(view); });
+    viewShown();
+    setUpdatesEnabled(true);
+}
+
+void RegisterFrm::showFirstPage() {
+    if (leaveView() && trying([this] { m_desk.showFirstPage(); }))
+        viewShown();
+}
+
+/// Brings the window in line with the desk, whatever has changed there.
+void RegisterFrm::viewShown() {
+    m_pages->setCurrentWidget(m_desk.view() ? static_cast<QWidget*>(page()) : m_first);
+    m_names->follow(page() ? page()->grid() : nullptr);
+    m_selector->setCurrentText(m_desk.classCode());
+    const QColor colour =
+        toColour(m_desk.classes().isEmpty() ? fromColour(Qt::white)
+                                            : m_desk.classes()[m_selector->currentIndex()].colour);
+    setBackground(m_selector, colour);
+    m_first->showClasses();
+    for (int i = 0; i < MultiselectButton; ++i)
+        m_toolbar->button(i)->setChecked(m_desk.view() == ViewOrder[i]);
+    m_home->setEnabled(m_desk.view().has_value());
+    showMultiselect();
+    showRecords();
+}
+
+void RegisterFrm::showRecords() {
+    m_names->showRecords();
+    if (page())
+        trying([this] { page()->showRecords(); });
+    showCurrentPupil();
+}
+
+void RegisterFrm::showCurrentPupil() {
+    if (page())
+        page()->showPupil(m_desk.currentRow());
+}
+
+ClassViewPage* RegisterFrm::page() const {
+    return m_desk.view() ? m_views.value(*m_desk.view()) : nullptr;
+}
+
+bool RegisterFrm::leaveView() {
+    return !page() || page()->leave();
+}
+
+void RegisterFrm::ToggleSinglePupil() {
+    m_desk.selection().setMultiSelect(m_toolbar->button(MultiselectButton)->isChecked());
+    m_desk.selection().ToggleSinglePupil();
+    if (m_desk.view() && leaveView())
+        Show_View(*m_desk.view());
+    showMultiselect();
+}
+
+void RegisterFrm::showMultiselect() {
+    m_toolbar->button(MultiselectButton)->setChecked(m_desk.selection().isMultiSelect());
+    m_names->showSelection();
+}
+
+void RegisterFrm::setRowHeight(int) {}
+
+void RegisterFrm::AutoRegistration(const QString& classCode) {
+    if (classIndex(m_desk.classes(), classCode) < 0 || !leaveView())
+        return;
+    if (trying([&] { m_desk.selectClass(classCode); }))
+        wantView(RegisterView);
+    viewShown();
+}
+
+void RegisterFrm::runTask(ClassTask task, bool withCtrl) {
+    switch (task) {
+    case ClassTask::AddPupil:
+        addPupil();
+        break;
+    case ClassTask::CreateClass:
+        createClass();
+        break;
+    case ClassTask::DeletePupil:
+        deletePupil(withCtrl);
+        break;
+    case ClassTask::DeleteClass:
+        deleteClass();
+        break;
+    }
+}
+
+void RegisterFrm::addPupil() {}
+
+void RegisterFrm::createClass() {}
+
+void RegisterFrm::deletePupil(bool all) {
+    Prompts& prompts = m_session.GetSeams().prompts;
+    if (m_desk.currentRow() < 0)
+        showNothingToDelete(prompts);
+    else if (all)
+        Delete_All_Pupils(m_session.CurrentDB, m_desk.classCode(), m_desk.sheet().pupils(),
+                          prompts);
+    showFirstPage();
+}
+
+void RegisterFrm::deleteClass() {
+    Prompts& prompts = m_session.GetSeams().prompts;
+    const QString code = m_desk.classCode();
+    const WindowEntry* archive = findWindow(windowTable(), u"Archivefrm");
+    switch (askDeleteClass(prompts, code, archive, m_session.DontAskDeleteClass)) {
+    case DeleteClassAnswer::No:
+        return;
+    case DeleteClassAnswer::Archive:
+        m_desk.release();
+        m_session.Frame()->OpenForm(archive->name);
+        return;
+    case DeleteClassAnswer::Yes:
+        break;
+    }
+    if (Delete_Class(m_session.CurrentDB, code, prompts))
+        trying([this] { m_desk.refreshClasses({}); });
+    showClasses();
+}
+
+/// Does what may fail in the file, and tells where it did.
+bool RegisterFrm::trying(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const dao::EngineError& error) {
+        showLoadingError(m_session.GetSeams().prompts, error.number(), error.description());
+        return false;
+    }
+}
+
+void RegisterFrm::closeEvent(QCloseEvent* event) {
+    if (!leaveView()) {
+        event->ignore();
+        return;
+    }
+    for (ClassViewPage* page : std::as_const(m_views))
+        page->saveLook();
+    m_desk.release();
+}
