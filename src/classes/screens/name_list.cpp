@@ -40,7 +40,8 @@ private:
 
 } // namespace
 
-NameList::NameList(ClassDesk& desk) : m_desk(desk), m_view(new QTableView), m_gap(new QWidget) {
+NameList::NameList(ClassDesk& desk)
+    : m_desk(desk), m_view(new QTableView), m_above(new QWidget), m_below(new QWidget) {
     m_view->setObjectName(u"DBGrid2"_s);
     m_view->setAccessibleName(u"Pupils"_s);
     m_view->setModel(&desk.records());
@@ -57,9 +58,10 @@ NameList::NameList(ClassDesk& desk) : m_desk(desk), m_view(new QTableView), m_ga
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
+    layout->addWidget(m_above);
     layout->addWidget(m_view, 1);
-    layout->addWidget(m_gap);
-    m_gap->setFixedHeight(0);
+    layout->addWidget(m_below);
+    levelWithGrid();
     setFocusProxy(m_view);
     setRowHeight(0);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -75,7 +77,7 @@ NameList::NameList(ClassDesk& desk) : m_desk(desk), m_view(new QTableView), m_ga
 
 void NameList::follow(PupilGrid* grid) {
     if (m_grid) {
-        m_grid->disconnect(this);
+        m_grid->removeEventFilter(this);
         m_grid->selectionModel()->disconnect(this);
         m_grid->verticalScrollBar()->disconnect(m_view->verticalScrollBar());
         m_view->verticalScrollBar()->disconnect(m_grid->verticalScrollBar());
@@ -85,7 +87,8 @@ void NameList::follow(PupilGrid* grid) {
     levelWithGrid();
     if (!grid)
         return;
-    connect(grid, &PupilGrid::scrollBarChanged, this, &NameList::levelWithGrid);
+    grid->setRowHeight(m_view->verticalHeader()->defaultSectionSize());
+    grid->installEventFilter(this);
     connect(grid->verticalScrollBar(), &QScrollBar::valueChanged, m_view->verticalScrollBar(),
             &QScrollBar::setValue);
     connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, grid->verticalScrollBar(),
@@ -94,9 +97,19 @@ void NameList::follow(PupilGrid* grid) {
             [this](const QModelIndex& current) { goTo(current.row()); });
 }
 
-/// The heads are as high as the grid's, and the rows end where its scroll bar begins.
+/// The heads begin where the grid's do and are as high, and the rows end where its rows end.
 void NameList::levelWithGrid() {
-    m_gap->setFixedHeight(m_grid ? m_grid->scrollBarHeight() : 0);
+    int above = 0;
+    int below = 0;
+    if (m_grid && m_grid->window() == window()) {
+        const int top = mapTo(window(), QPoint()).y();
+        const QWidget& rows = *m_grid->viewport();
+        above = m_grid->mapTo(window(), QPoint()).y() - top;
+        below = top + height() - m_view->frameWidth() -
+                rows.mapTo(window(), QPoint(0, rows.height())).y();
+    }
+    m_above->setFixedHeight(qMax(0, above));
+    m_below->setFixedHeight(qMax(0, below));
     m_view->horizontalHeader()->setFixedHeight(
         m_grid ? m_grid->horizontalHeader()->sizeHint().height()
                : m_view->horizontalHeader()->sizeHint().height());
@@ -117,7 +130,7 @@ void NameList::showRecords() {
     }
     if (!m_grid)
         width += m_view->verticalScrollBar()->sizeHint().width();
-    m_view->setFixedWidth(qMax(width, m_view->fontMetrics().averageCharWidth() * 24));
+    setFixedWidth(qMax(width, m_view->fontMetrics().averageCharWidth() * 24));
     const int row = m_desk.currentRow();
     goTo(row);
 }
@@ -164,7 +177,16 @@ bool NameList::eventFilter(QObject* watched, QEvent* event) {
         if (index.isValid() && mouse->button() == Qt::LeftButton)
             clicked(index.row(), mouse->modifiers());
     }
+    if (watched == m_grid &&
+        (event->type() == QEvent::Resize || event->type() == QEvent::Move ||
+         event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show))
+        QTimer::singleShot(0, this, &NameList::levelWithGrid); // once it is laid out itself
     return QWidget::eventFilter(watched, event);
+}
+
+void NameList::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    levelWithGrid();
 }
 
 void NameList::clicked(int row, Qt::KeyboardModifiers modifiers) {

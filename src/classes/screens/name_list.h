@@ -39,6 +39,7 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void moved(int row);
@@ -47,7 +48,8 @@ private:
 
     ClassDesk& m_desk;
     QTableView* m_view;
-    QWidget* m_gap; ///< as high as the grid's scroll bar
+    QWidget* m_above; ///< as high as what stands above the grid, and what below its rows
+    QWidget* m_below;
     QPointer<PupilGrid> m_grid;
     std::function<bool()> m_mayLeave;
     bool m_isSettingHeight = false;

@@ -16,7 +16,6 @@ PupilGrid::PupilGrid(PupilSheetModel& model) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(1);
-    horizontalScrollBar()->installEventFilter(this);
 }
 
 void PupilGrid::hideNames() {
@@ -55,10 +54,6 @@ QList<int> PupilGrid::selectedColumns() const {
     return columns;
 }
 
-int PupilGrid::scrollBarHeight() const {
-    return horizontalScrollBar()->isVisibleTo(this) ? horizontalScrollBar()->height() : 0;
-}
-
 void PupilGrid::keyPressEvent(QKeyEvent* event) {
     if (!m_handleKey || !m_handleKey(*event))
         QTableView::keyPressEvent(event);
@@ -66,15 +61,6 @@ void PupilGrid::keyPressEvent(QKeyEvent* event) {
 
 void PupilGrid::contextMenuEvent(QContextMenuEvent* event) {
     emit menuWanted(event->globalPos());
-}
-
-bool PupilGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == horizontalScrollBar() &&
-        (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent ||
-         event->type() == QEvent::Show || event->type() == QEvent::Hide ||
-         event->type() == QEvent::Resize))
-        emit scrollBarChanged();
-    return QTableView::eventFilter(watched, event);
 }
 
 int textRowHeight(const QWidget& widget) {

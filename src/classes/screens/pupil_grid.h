@@ -26,17 +26,13 @@ public:
     void setLeftColumn(int column);
     /// The columns that are selected as a whole, by their heads, from left to right.
     QList<int> selectedColumns() const;
-    /// How high the horizontal scroll bar is; 0 while there is none.
-    int scrollBarHeight() const;
 
 signals:
     void menuWanted(QPoint place); ///< in global coordinates
-    void scrollBarChanged();       ///< scrollBarHeight() has changed
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void updateGeometries() override;
 
 private:

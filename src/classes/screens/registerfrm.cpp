@@ -207,16 +207,24 @@ void RegisterFrm::viewShown() {
     m_pages->setCurrentWidget(m_desk.view() ? static_cast<QWidget*>(page()) : m_first);
     m_names->follow(page() ? page()->grid() : nullptr);
     m_selector->setCurrentText(m_desk.classCode());
-    const QColor colour =
-        toColour(m_desk.classes().isEmpty() ? fromColour(Qt::white)
-                                            : m_desk.classes()[m_selector->currentIndex()].colour);
-    setBackground(m_selector, colour);
+    colourSelector();
     m_first->showClasses();
     for (int i = 0; i < MultiselectButton; ++i)
         m_toolbar->button(i)->setChecked(m_desk.view() == ViewOrder[i]);
     m_home->setEnabled(m_desk.view().has_value());
     showMultiselect();
     showRecords();
+}
+
+void RegisterFrm::colourSelector() {
+    const int index = classIndex(m_desk.classes(), m_desk.classCode());
+    QPalette colours;
+    if (index >= 0) {
+        const QColor colour = toColour(m_desk.classes()[index].colour);
+        colours.setColor(QPalette::Button, colour);
+        colours.setColor(QPalette::ButtonText, textColourOn(colour));
+    }
+    m_selector->setPalette(colours);
 }
 
 void RegisterFrm::showRecords() {

@@ -47,6 +47,7 @@ private:
     void selectClass(const QString& classCode);
     void wantView(ClassView view);
     void viewShown();
+    void colourSelector();
     void ToggleSinglePupil();
     void showMultiselect();
     bool leaveView();

@@ -1,0 +1,221 @@
+// The class window: its first page, the list of names and the register, by mouse and keys.
+
+#include "classes/class_settings.h"
+#include "classes/screens/registerfrm.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "support/class_file.h"
+#include "support/screen_checks.h"
+#include "support/scripted_frame.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Three weeks of September 2024 and two classes: D with three pupils, taught Monday 2 and 3 (a
+/// double lesson), Tuesday 2 and 4 and Thursday 5; E without pupils or lessons. Today is Monday,
+/// the 9th.
+class RegisterScreenTest : public testing::Test {
+protected:
+    RegisterScreenTest() {
+        session.SetFrame(&frame);
+        createYear(answers(), path(), seams, ExistingFile::Replace);
+        EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
+        addPupils(session.CurrentDB, u"D"_s, {u"Ames,Ann"_s, u"O'Brien,Zoë"_s, u"Cole,Ed"_s});
+    }
+    ~RegisterScreenTest() override { session.SetFrame(nullptr); }
+
+    static YearAnswers answers() {
+        YearAnswers answers = oneWeekAnswers();
+        answers.terms = {{QDate(2024, 9, 2), QDate(2024, 9, 20)}};
+        const QString d = u"D"_s;
+        answers.classes = {d, u"E"_s};
+        answers.colours.clear();
+        answers.colours[d] = 0x99FFCC;
+        answers.weekA = {QStringList{{}, d, d}, {{}, d, {}, d}, {}, {{}, {}, {}, {}, d}, {}};
+        return answers;
+    }
+    QString path() const { return folder.filePath(u"year.mdb"_s); }
+    void show() {
+        window = std::make_unique<RegisterFrm>(session);
+        window->resize(900, 480);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+    }
+    void showRegister() {
+        show();
+        window->Show_View(RegisterView);
+        grid().setFocus();
+    }
+    QTableView& grid() { return control<QTableView>(*window, u"RegisterGrid"_s); }
+    QTableView& names() { return control<QTableView>(*window, u"DBGrid2"_s); }
+    QToolButton& tool(int index) {
+        return control<QToolButton>(*window, u"RegisterTools(%1)"_s.arg(index));
+    }
+    void clickName(int row, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(names().viewport(), Qt::LeftButton, modifiers,
+                          names().visualRect(names().model()->index(row, 0)).center());
+    }
+    QAction& menuItem(const QString& caption) {
+        for (QMenu* menu : window->findChildren<QMenu*>()) {
+            for (QAction* action : menu->actions()) {
+                if (action->text() == caption)
+                    return *action;
+            }
+        }
+        qFatal("no item %s", qPrintable(caption));
+    }
+    /// A pupil's marks as they stand in the file, "." for none.
+    QString marksOf(int pupil) {
+        const QStringList values =
+            rowsOf(session.CurrentDB, u"SELECT * FROM REG_D WHERE ID = %1"_s.arg(pupil))
+                .first()
+                .split(u'|')
+                .mid(1);
+        QString marks;
+        for (const QString& value : values)
+            marks += value.isEmpty() || value == u"~"_s ? u"."_s : value;
+        return marks;
+    }
+
+    QTemporaryDir folder;
+    TestSeams seams;
+    ScriptedFrame frame;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(u"settings.ini"_s)};
+    Session session{engine, settings, seams.seams()};
+    std::unique_ptr<RegisterFrm> window;
+};
+
+} // namespace
+
+TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
+    show();
+    EXPECT_EQ(window->windowTitle(), u"Class lists, register & grades"_s);
+    EXPECT_EQ(window->desk().classCode(), u"D"_s);
+    EXPECT_EQ(names().model()->rowCount(), 3);
+    checkScreen(*window, u"RegisterFrm_first"_s);
+    window->Show_View(RegisterView);
+    EXPECT_EQ(control<QLabel>(*window, u"Lblessons"_s).text(),
+              u"3 Pupils.\n15 Total Lessons.\n7 Remaining."_s);
+    checkScreen(*window, u"RegisterFrm_register"_s);
+}
+
+TEST_F(RegisterScreenTest, AKeyMarksOnTheDiskAndADoubleLessonTwice) {
+    showRegister();
+    // The current lesson, today's first, has the caret.
+    QTest::keyClicks(&grid(), u"o"_s);
+    EXPECT_EQ(marksOf(1), u".....OO........"_s);
+    QTest::keyClicks(&grid(), u"x"_s); // means nothing
+    press(*window, Qt::Key_Return);
+    QTest::keyClicks(&grid(), u"/"_s);
+    EXPECT_EQ(marksOf(3), u".....//........"_s); // the next by surname
+    press(*window, Qt::Key_Backspace);
+    EXPECT_EQ(marksOf(3), u"....../........"_s);
+    EXPECT_EQ(window->desk().currentRow(), 1);
+    press(*window, Qt::Key_Right);
+    press(*window, Qt::Key_Right); // Tuesday, periods 2 and 4
+    QTest::keyClicks(&grid(), u"\\"_s);
+    EXPECT_EQ(marksOf(3), u"....../\\......."_s);
+}
+
+TEST_F(RegisterScreenTest, TheMenuFillsCountsAndOpensThePlan) {
+    showRegister();
+    QTest::keyClicks(&grid(), u"o"_s);
+    menuItem(u"Present"_s).trigger();
+    EXPECT_EQ(marksOf(1).mid(5, 2), u"OO"_s);
+    EXPECT_EQ(marksOf(2).mid(5, 2), u"/."_s);
+    menuItem(u"Show Planning for this lesson..."_s).trigger();
+    EXPECT_EQ(frame.log.last(), u"ORVAfrm on 2024-09-09"_s);
+    seams.prompts.expect(PromptKind::Plain, u"Attendance"_s, AnswerOk);
+    menuItem(u"Calculate Attendance..."_s).trigger();
+    seams.prompts.expect(PromptKind::Input, u"Enter a valid date"_s);
+    menuItem(u"Lessons Remaining..."_s).trigger();
+    grid().setCurrentIndex(grid().model()->index(0, PupilSheet::TutorColumn));
+    QTest::keyClicks(&grid(), u"o"_s);
+    EXPECT_EQ(grid().currentIndex().data().toString(), QString());
+}
+
+TEST_F(RegisterScreenTest, PicksPupilsAndShowsThemAlone) {
+    showRegister();
+    clickName(0, Qt::ControlModifier);
+    EXPECT_TRUE(tool(4).isChecked());
+    clickName(2);
+    tool(0).click();
+    EXPECT_EQ(grid().model()->rowCount(), 2);
+    EXPECT_EQ(names().model()->rowCount(), 2);
+    tool(4).click();
+    EXPECT_FALSE(tool(4).isChecked());
+    EXPECT_EQ(grid().model()->rowCount(), 3);
+}
+
+TEST_F(RegisterScreenTest, GridAndNamesMoveTogether) {
+    showRegister();
+    QApplication::processEvents();
+    press(*window, Qt::Key_Down);
+    EXPECT_EQ(names().currentIndex().row(), 1);
+    clickName(2);
+    EXPECT_EQ(grid().currentIndex().row(), 2);
+    EXPECT_EQ(names().rowHeight(0), grid().rowHeight(0));
+    EXPECT_EQ(names().viewport()->mapTo(window.get(), QPoint()).y(),
+              grid().viewport()->mapTo(window.get(), QPoint()).y());
+    EXPECT_EQ(names().viewport()->height(), grid().viewport()->height());
+}
+
+TEST_F(RegisterScreenTest, ClassesWithoutPupilsOrLessonsSayWhatIsMissing) {
+    show();
+    control<QListWidget>(*window, u"ClassList"_s).setCurrentRow(1);
+    EXPECT_EQ(window->desk().classCode(), u"E"_s);
+    seams.prompts.expect(PromptKind::Plain, u"No Pupils"_s, AnswerOk);
+    control<QToolButton>(*window, u"ViewButton(1)"_s).click();
+    addPupils(session.CurrentDB, u"E"_s, {u"Ames,Ann"_s});
+    seams.prompts.expect(PromptKind::Plain, u"No Register available"_s, AnswerOk);
+    window->AutoRegistration(u"E"_s);
+    EXPECT_FALSE(window->desk().view());
+    window->AutoRegistration(u"D"_s);
+    EXPECT_EQ(window->desk().view(), RegisterView);
+    window->AutoRegistration(u"not there"_s);
+    EXPECT_EQ(window->desk().classCode(), u"D"_s);
+}
+
+TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
+    show();
+    seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, AnswerYes + CheckBoxTicked);
+    auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
+    tasks.setCurrentRow(tasks.count() - 1);
+    tasks.setFocus();
+    press(*window, Qt::Key_Return);
+    EXPECT_EQ(window->desk().classCode(), u"E"_s);
+    press(*window, Qt::Key_Return); // not asked again
+    EXPECT_EQ(window->desk().classCode(), QString());
+    EXPECT_EQ(control<QListWidget>(*window, u"ClassList"_s).count(), 0);
+    window.reset();
+    seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
+    frame.forms = {u"RegisterFrm"_s};
+    show();
+    QApplication::processEvents();
+    EXPECT_TRUE(frame.forms.isEmpty());
+}
+
+TEST_F(RegisterScreenTest, KeepsItsPanel) {
+    showRegister();
+    menuItem(u"Display Panel"_s).trigger();
+    EXPECT_TRUE(settings.readFlag(setting::keyOf(setting::Register), setting::DisplayKey));
+    EXPECT_TRUE(control<QListWidget>(*window, u"List1"_s).isVisible());
+    EXPECT_TRUE(window->close());
+    EXPECT_GT(settings.readNumber(setting::keyOf(setting::Register), setting::DisplayPnlLeft), 0);
+    showRegister();
+    EXPECT_TRUE(control<QListWidget>(*window, u"List1"_s).isVisible());
+}
