@@ -19,6 +19,7 @@ class AbsentShell : public Shell {
 public:
     void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
     void PlaySoundFile(const QString&, bool) override {}
+    QImage CaptureScreen() override { return {}; }
     QByteArray FetchText(const QString&) override { return {}; }
 };
 

@@ -3,7 +3,6 @@
 namespace {
 
 constexpr int DaysPerWeek = 7;
-constexpr int MonthsPerYear = 12;
 constexpr int LastYearOfThisCentury = 29; // of two digits: 29 is 2029, 30 is 1930
 
 qint64 floorDivide(qint64 number, qint64 divisor) {

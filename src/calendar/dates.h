@@ -8,6 +8,8 @@
 /// The days of the week as every part of the program numbers them.
 enum Weekday { Sunday = 1, Monday, Tuesday, Wednesday, Thursday, Friday, Saturday };
 
+inline constexpr int MonthsPerYear = 12;
+
 /// The number of a date's weekday, Sunday = 1 to Saturday = 7.
 int weekdayOf(QDate date);
 

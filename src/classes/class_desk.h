@@ -46,6 +46,8 @@ public:
     /// The row of the current pupil; -1 while there is nobody.
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
+    /// The current pupil has another name now; the records show it when they are opened next.
+    void renameCurrent(const PupilName& name) { m_currentName = name; }
     /// The `ID` of the current pupil.
     std::optional<qint64> currentPupil() const;
 

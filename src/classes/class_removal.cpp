@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString DontAskCaption = u"Don't display this dialog again."_s;
+
 /// The colour of windows, which a slot without a class has.
 constexpr qint32 SystemWindowColour = static_cast<qint32>(0x80000005);
 
@@ -129,6 +131,18 @@ void deletePupils(const dao::Database& database, const QString& classCode,
     transaction.commit();
 }
 
+bool tryDeletePupils(const dao::Database& database, const QString& classCode,
+                     const QList<qint64>& pupils, const QString& title, Prompts& prompts) {
+    try {
+        deletePupils(database, classCode, pupils);
+        return true;
+    } catch (const dao::EngineError& error) {
+        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
+                         OkButton | CriticalIcon, title);
+        return false;
+    }
+}
+
 } // namespace
 
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
@@ -138,7 +152,7 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
     BoxLook look;
     if (mayArchive)
         look.captions = {u"Yes"_s, u"No"_s, u"Archive"_s};
-    look.checkBox = u"Don't display this dialog again."_s;
+    look.checkBox = DontAskCaption;
     int answer = prompts.msg_Box(
         u"Deleting the class "_s + classCode +
             u" will result in the Register,\nMarks and Seating Plan being deleted also!"
@@ -170,22 +184,35 @@ bool Delete_Class(const dao::Database& database, const QString& classCode, Promp
     }
 }
 
+bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint64 pupil,
+                  const PupilName& name, bool& dontAsk, Prompts& prompts) {
+    const QString title = u"Delete Pupil:"_s;
+    if (!dontAsk) {
+        BoxLook look;
+        look.checkBox = DontAskCaption;
+        int answer = prompts.msg_Box(
+            u"Deleting a pupil from a class list will remove the registration and mark sheet data "
+            "also.\n\nAre you sure you wish to remove "_s +
+                name.firstname + u' ' + name.surname + u" from this class?\n"_s,
+            YesNoButtons | QuestionIcon | SecondButtonDefault, title, look);
+        if (answer > CheckBoxTicked) {
+            dontAsk = true;
+            answer -= CheckBoxTicked;
+        }
+        if (answer != AnswerYes)
+            return false;
+    }
+    return tryDeletePupils(database, classCode, {pupil}, title, prompts);
+}
+
 bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
                        const QList<qint64>& pupils, Prompts& prompts) {
+    const QString title = u"Remove ALL Pupils"_s;
     const int answer = prompts.msg_Box(
         u"Deleting All PUPILs from this class list will remove the registration and mark sheet "
         "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
-        YesNoButtons | QuestionIcon, u"Remove ALL Pupils"_s);
-    if (answer != AnswerYes)
-        return false;
-    try {
-        deletePupils(database, classCode, pupils);
-        return true;
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
-                         OkButton | CriticalIcon, u"Remove ALL Pupils"_s);
-        return false;
-    }
+        YesNoButtons | QuestionIcon, title);
+    return answer == AnswerYes && tryDeletePupils(database, classCode, pupils, title, prompts);
 }
 
 void showNothingToDelete(Prompts& prompts) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/class_views.h"
 #include "store/engine/database.h"
 
 #include <QList>
@@ -23,6 +24,12 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
 /// everything as it was. Answers whether the class is gone. The caller takes it from the lists and
 /// draws the timetable again.
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts);
+
+/// Asks, and deletes one pupil of a class, with his register, marks and desks; the name is for the
+/// question. His lesson notes stay behind: no new pupil gets his `ID`. `dontAsk` as above. Answers
+/// whether he is gone; a failure is told and leaves everything as it was.
+bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint64 pupil,
+                  const PupilName& name, bool& dontAsk, Prompts& prompts);
 
 /// Asks, and deletes pupils of a class, given by their `ID`, with their register, marks and desks:
 /// those of the window's current records. The class and its columns stay. Answers whether they are

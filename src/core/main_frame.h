@@ -29,6 +29,8 @@ public:
     /// The same, and lets the window show one thing of all that it can: the class of a code in
     /// `RegisterFrm`, the sheet of a date in the planning window.
     virtual void OpenFormOn(const QString& name, const QVariant& subject) = 0;
+    /// Lets a window, if it is loaded, show anew what another has changed in the file.
+    virtual void RefreshForm(const QString& name) = 0;
     /// Unloads a window, if it is loaded.
     virtual void CloseForm(const QString& name) = 0;
     /// Gives a command to the window it belongs to: one that has commands of its own acts on it,

@@ -129,8 +129,7 @@ public:
     /// Asks by a page of the selector. Answers what was chosen as one text, its parts separated by
     /// commas, empty when it was cancelled: OneItem the item; Spreadsheet row "," column A ","
     /// column B "," column C (letters, a column not asked for is empty); SeveralItems each item
-    /// followed by ","; NewField name "," type code "," size "," date (empty, or as the person's
-    /// short date).
+    /// followed by ","; NewField as newFieldText (new_field.h) puts it together.
     virtual QString ReturnString(const SelectorRequest& request) = 0;
 
     /// Asks for the password of a database; empty when it was cancelled.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QString>
 
 /// How the rules reach the desktop: other programs, mail and sound. An implementation tells the
@@ -16,6 +17,9 @@ public:
     /// Plays a wave file beside other work, over and over when `loop`, in place of what plays. A
     /// file that is missing is silent. An empty path ends what plays.
     virtual void PlaySoundFile(const QString& path, bool loop) = 0;
+
+    /// What the screen shows, at its own resolution; a null picture where the desktop gives none.
+    virtual QImage CaptureScreen() = 0;
 
     /// What the internet address gives; empty when it can't be had within some seconds.
     virtual QByteArray FetchText(const QString& address) = 0;

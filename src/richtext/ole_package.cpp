@@ -77,7 +77,7 @@ void addUtf16(QByteArray& bytes, const QString& text) {
         addNumber(bytes, c.unicode(), 2);
 }
 
-QByteArray western(const QString& text) {
+QByteArray westernBytes(const QString& text) {
     QByteArray bytes;
     for (const QChar c : text) {
         const uchar byte =
@@ -142,7 +142,7 @@ std::optional<PackagedFile> readPackage(const QByteArray& data) {
 }
 
 QByteArray writePackage(const PackagedFile& file) {
-    const QByteArray name = zeroEnded(western(file.name));
+    const QByteArray name = zeroEnded(westernBytes(file.name));
     QByteArray bytes;
     addNumber(bytes, packageSignature, 2);
     bytes += name;

@@ -27,7 +27,7 @@ bool isAddress(QStringView chunk) {
     return chunk.contains(u"://") || chunk.contains(u'@') || chunk.startsWith(u"www.");
 }
 
-bool isForeign(QChar letter) {
+bool isForeignLetter(QChar letter) {
     return letter.isLetter() && letter.script() != QChar::Script_Latin;
 }
 
@@ -46,7 +46,7 @@ void addWords(QStringView text, qsizetype from, qsizetype end, QList<TextRange>&
             return text[at].isLetterOrNumber() || text[at].isMark() || inside;
         };
         for (; to < end && belongs(to); ++to)
-            isOther = isOther || text[to].isNumber() || isForeign(text[to]);
+            isOther = isOther || text[to].isNumber() || isForeignLetter(text[to]);
         const QStringView word = text.mid(from, to - from);
         if (word.size() > 1 && word.size() <= longestWord && !isOther && !isCapitals(word))
             words.append({from, to - from});

@@ -12,7 +12,7 @@ namespace richtext {
 namespace {
 
 constexpr double twipsPerLine = 240;
-constexpr double percent = 100;
+constexpr double WholeLine = 100;
 constexpr double pixelsPerIndent = 40; // a document's usual indent width
 
 qint32 toTwips(double pixels) {
@@ -42,7 +42,7 @@ QTextBlockFormat makeBlockFormat(const ParagraphState& state) {
     if (state.alignment != 0)
         format.setAlignment(Qt::Alignment(state.alignment));
     if (state.lineMultiple == 1 && state.lineSpacing > 0)
-        format.setLineHeight(state.lineSpacing * percent / twipsPerLine,
+        format.setLineHeight(state.lineSpacing * WholeLine / twipsPerLine,
                              QTextBlockFormat::ProportionalHeight);
     if (state.direction != Qt::LayoutDirectionAuto)
         format.setLayoutDirection(static_cast<Qt::LayoutDirection>(state.direction));
@@ -60,7 +60,7 @@ ParagraphState paragraphState(const QTextBlockFormat& format) {
         state.alignment = static_cast<qint32>(format.alignment().toInt());
     if (format.lineHeightType() == QTextBlockFormat::ProportionalHeight) {
         state.lineSpacing =
-            static_cast<qint32>(std::lround(format.lineHeight() * twipsPerLine / percent));
+            static_cast<qint32>(std::lround(format.lineHeight() * twipsPerLine / WholeLine));
         state.lineMultiple = 1;
     }
     if (format.hasProperty(QTextFormat::LayoutDirection))

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int reportSeconds = 10;
+constexpr int RestoreReportSeconds = 10;
 
 QString chooseBackup(const BackupContext& context) {
     return context.seams.prompts.OpenFileDialog(
@@ -141,7 +141,7 @@ bool RepairDatabaseFile(const BackupContext& context, const QString& path) {
     prompts.MsgAuto_box(
         u"The database file has been repaired. If you still have trouble accessing\n"
         "it's data try restoring a backup database file."_s,
-        OkButton | InformationIcon, u"Database Repaired:"_s, reportSeconds);
+        OkButton | InformationIcon, u"Database Repaired:"_s, RestoreReportSeconds);
     return true;
 }
 

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int DaysOfCalendar = 31;
-
 dao::Field namedField(const FieldSpec& spec, const QString& name) {
     dao::Field field = dao::TableDef::CreateField(name, spec.type, spec.size);
     field.AllowZeroLength = spec.flags & ZeroLength;

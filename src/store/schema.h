@@ -81,6 +81,9 @@ struct TableSpec {
 const QList<TableSpec>& schemaTables();
 const TableSpec& schemaTable(Table table);
 
+/// `Calendar` has a field for each day that a month can have, and a record for each month.
+inline constexpr int DaysOfCalendar = 31;
+
 /// The size of a Text field for which none was chosen.
 inline constexpr int DefaultTextSize = 50;
 /// The attributes of the relations between a class and its tables: changes and deletions cascade.

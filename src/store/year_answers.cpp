@@ -1,6 +1,7 @@
 #include "store/year_answers.h"
 
 #include "calendar/term_weeks.h"
+#include "classes/class_tables.h"
 #include "store/engine/names.h"
 #include "store/schema.h"
 #include "store/table_names.h"
@@ -10,8 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr size_t DaysOfTimetable = 5;
 
 AnswerCheck fault(const QString& field, const QString& title, const QString& text) {
     return AnswerFault{field, title, text};
@@ -72,7 +71,7 @@ QString periodText(const DatePeriod& term, const QLocale& locale) {
 AnswerCheck checkTimetable(const YearAnswers& answers, QChar letter) {
     const QString title = QStringLiteral("Timetable");
     const WeekTimetable& week = answers.week(letter);
-    for (size_t day = 0; day < DaysOfTimetable; ++day) {
+    for (size_t day = 0; day < size_t(DaysOfTimetable); ++day) {
         const QString field = QStringLiteral("timetable.%1.%2")
                                   .arg(letter)
                                   .arg(timetableField(static_cast<int>(day) + Monday, u'A'));

@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr int MonthsPerYear = 12;
-constexpr int DaysOfCalendar = 31;
-
 int percent(qsizetype done, qsizetype all) {
     return static_cast<int>(done * 100 / all);
 }

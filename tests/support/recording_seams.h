@@ -46,6 +46,8 @@ public:
         runs.append({verb, file});
     }
     void PlaySoundFile(const QString& path, bool) override { sounds.append(path); }
+    QImage screen; ///< what it shows
+    QImage CaptureScreen() override { return screen; }
     QByteArray FetchText(const QString& address) override {
         runs.append({QStringLiteral("fetch"), address});
         return fetched;

@@ -24,6 +24,7 @@ public:
         forms += name;
         log += name + QStringLiteral(" on ") + subject.toString();
     }
+    void RefreshForm(const QString& name) override { log += QStringLiteral("refresh ") + name; }
     void CloseForm(const QString& name) override { forms.removeAll(name); }
     void RunFormCommand(const QString& name, FrameCommand) override { forms += name; }
     QStringList visibleForms() const override { return forms; }

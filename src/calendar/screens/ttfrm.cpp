@@ -122,6 +122,10 @@ void TTfrm::selectCurrentWeek() {
         showWeek(0);
 }
 
+void TTfrm::showWeekAgain() {
+    showWeek(m_panel->weekList().currentIndex());
+}
+
 void TTfrm::showWeek(int index) {
     dismissEditBox();
     try {

@@ -27,6 +27,9 @@ class TTfrm : public QWidget {
 public:
     explicit TTfrm(Session& session);
 
+    /// Shows the week that it shows as the file now has it.
+    void showWeekAgain();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;

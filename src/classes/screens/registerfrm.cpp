@@ -1,9 +1,12 @@
 #include "classes/screens/registerfrm.h"
 
 #include "classes/class_removal.h"
+#include "classes/pupils.h"
 #include "classes/screens/class_home_page.h"
 #include "classes/screens/class_view_page.h"
 #include "classes/screens/name_list.h"
+#include "classes/screens/newclassfrm.h"
+#include "classes/screens/pupil_information_page.h"
 #include "classes/screens/register_page.h"
 #include "controls/colours.h"
 #include "controls/icons.h"
@@ -88,6 +91,7 @@ void RegisterFrm::makePages() {
     m_first = new ClassHomePage(m_desk);
     m_pages->addWidget(m_first);
     m_views[RegisterView] = new RegisterPage(m_session, m_desk);
+    m_views[PupilInformationView] = new PupilInformationPage(m_session, m_desk);
     for (ClassViewPage* page : std::as_const(m_views)) {
         m_pages->addWidget(page);
         connect(page, &ClassViewPage::recordsChanged, this,
@@ -287,9 +291,34 @@ void RegisterFrm::runTask(ClassTask task, bool withCtrl) {
     }
 }
 
-void RegisterFrm::addPupil() {}
+/// The new pupil is the current one, the last in the file wherever he stands in the list.
+void RegisterFrm::addPupil() {
+    const std::optional<qint64> pupil =
+        Add_New_Pupil(m_session.CurrentDB, m_desk.classCode(), m_session.GetSeams().prompts);
+    if (!pupil)
+        return;
+    showFirstPage();
+    m_names->goTo(static_cast<int>(m_desk.sheet().pupils().indexOf(*pupil)));
+}
 
-void RegisterFrm::createClass() {}
+void RegisterFrm::createClass() {
+    QString made;
+    trying([&] {
+        NewClassFrm wizard(m_session, this);
+        wizard.exec();
+        made = wizard.createdClass();
+    });
+    if (made.isEmpty())
+        return;
+    trying([&] { m_desk.refreshClasses(made); });
+    showClasses();
+    redrawTimetable();
+}
+
+void RegisterFrm::redrawTimetable() {
+    if (m_session.Frame())
+        m_session.Frame()->RefreshForm(u"TTfrm"_s);
+}
 
 void RegisterFrm::deletePupil(bool all) {
     Prompts& prompts = m_session.GetSeams().prompts;
@@ -298,7 +327,13 @@ void RegisterFrm::deletePupil(bool all) {
     else if (all)
         Delete_All_Pupils(m_session.CurrentDB, m_desk.classCode(), m_desk.sheet().pupils(),
                           prompts);
+    else if (Delete_Pupil(m_session.CurrentDB, m_desk.classCode(), *m_desk.currentPupil(),
+                          pupilName(m_desk.sheet(), m_desk.currentRow()),
+                          m_session.DontAskDeletePupil, prompts))
+        m_desk.renameCurrent({}); // the first of those left
     showFirstPage();
+    if (m_desk.currentRow() < 0)
+        m_first->selectTask(ClassTask::AddPupil);
 }
 
 void RegisterFrm::deleteClass() {
@@ -318,6 +353,7 @@ void RegisterFrm::deleteClass() {
     if (Delete_Class(m_session.CurrentDB, code, prompts))
         trying([this] { m_desk.refreshClasses({}); });
     showClasses();
+    redrawTimetable();
 }
 
 /// Does what may fail in the file, and tells where it did.

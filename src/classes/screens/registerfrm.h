@@ -61,6 +61,7 @@ private:
     void createClass();
     void deletePupil(bool all);
     void deleteClass();
+    void redrawTimetable();
     bool trying(const std::function<void()>& work);
 
     Session& m_session;

@@ -5,6 +5,7 @@
 #include "core/clock.h"
 #include "core/screens/msgfrm.h"
 #include "core/screens/passwordorva.h"
+#include "core/screens/selectorfrm.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -158,8 +159,8 @@ std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
     return toFontRecord(dialog.selectedFont(), colour);
 }
 
-QString DesktopPrompts::ReturnString(const SelectorRequest&) {
-    return {};
+QString DesktopPrompts::ReturnString(const SelectorRequest& request) {
+    return SelectorFrm(request, *this, owner()).ReturnString();
 }
 
 QString DesktopPrompts::PromptForPassword() {

@@ -7,8 +7,10 @@
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMimeDatabase>
 #include <QProcess>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -96,6 +98,12 @@ void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
         return; // nothing has been played that could be ended
     if (LateServices* services = lateServices())
         services->playSound(plays ? path : QString(), loop);
+}
+
+QImage DesktopShell::CaptureScreen() {
+    LateServices* services = lateServices();
+    const QImage portal = services ? services->captureByPortal() : QImage();
+    return portal.isNull() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : portal;
 }
 
 QByteArray DesktopShell::FetchText(const QString& address) {

@@ -23,6 +23,8 @@ public:
                   const QString& folder) override;
     /// Silent on a computer that has no sound.
     void PlaySoundFile(const QString& path, bool loop) override;
+    /// By the desktop's screenshot portal where there is one, else from the display itself.
+    QImage CaptureScreen() override;
     QByteArray FetchText(const QString& address) override;
 
 private:

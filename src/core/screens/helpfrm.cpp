@@ -29,7 +29,7 @@ namespace {
 
 constexpr QStringView placementKey = u"Help";
 
-enum Button { Back, Forward, FirstPage, SmallerText, LargerText, FindInPage };
+enum Button { Back, Forward, Start, SmallerText, LargerText, FindInPage };
 
 } // namespace
 
@@ -69,7 +69,7 @@ void HelpFrm::makeToolbar() {
     };
     connectTo(Back, [this] { m_view->backward(); });
     connectTo(Forward, [this] { m_view->forward(); });
-    connectTo(FirstPage, [this] { m_view->showPage(0); });
+    connectTo(Start, [this] { m_view->showPage(0); });
     connectTo(SmallerText, [this] { m_view->zoom(-1); });
     connectTo(LargerText, [this] { m_view->zoom(1); });
     connectTo(FindInPage, [this] { startFinding(); });

@@ -177,6 +177,13 @@ void mdiORVA::OpenFormOn(const QString& name, const QVariant& subject) {
         entry->showSubject(*form->widget(), subject);
 }
 
+void mdiORVA::RefreshForm(const QString& name) {
+    const WindowEntry* entry = findWindow(m_windows, name);
+    QMdiSubWindow* form = loadedForm(name);
+    if (form && entry->refresh)
+        entry->refresh(*form->widget());
+}
+
 void mdiORVA::CloseForm(const QString& name) {
     if (QMdiSubWindow* form = loadedForm(name))
         form->close();

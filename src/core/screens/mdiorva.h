@@ -36,6 +36,7 @@ public:
     void ShowStartupWizardSetup() override;
     void OpenForm(const QString& name) override;
     void OpenFormOn(const QString& name, const QVariant& subject) override;
+    void RefreshForm(const QString& name) override;
     void CloseForm(const QString& name) override;
     void RunFormCommand(const QString& name, FrameCommand command) override;
     QStringList visibleForms() const override;

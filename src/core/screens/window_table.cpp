@@ -20,9 +20,11 @@ WindowTable windowTable() {
                     .needsDatabase = false},
         // Beside the main window, which opens it itself (help_viewer.h).
         WindowEntry{.name = u"HelpFrm"_s, .placementKey = {}, .make = {}, .needsDatabase = false},
-        WindowEntry{.name = u"TTfrm"_s,
-                    .placementKey = setting::Timetable.toString(),
-                    .make = [](Session& session) { return new TTfrm(session); }},
+        WindowEntry{
+            .name = u"TTfrm"_s,
+            .placementKey = setting::Timetable.toString(),
+            .make = [](Session& session) { return new TTfrm(session); },
+            .refresh = [](QWidget& window) { qobject_cast<TTfrm*>(&window)->showWeekAgain(); }},
         WindowEntry{.name = u"ORVAfrm"_s,
                     .placementKey = setting::Planning.toString(),
                     .make = [](Session& session) { return new ORVAfrm(session); },

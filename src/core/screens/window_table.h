@@ -24,6 +24,8 @@ struct WindowEntry {
     bool needsDatabase = true;
     /// Shows one thing in a window that it made (MainFrame::OpenFormOn).
     std::function<void(QWidget& window, const QVariant& subject)> showSubject = {};
+    /// Lets a window that it made show the file anew (MainFrame::RefreshForm).
+    std::function<void(QWidget& window)> refresh = {};
     /// Acts on a command in place of opening the window.
     std::function<void(Session& session, FrameCommand command)> run = {};
     /// Fills the popup of the toolbar that belongs to it, each time before it shows.

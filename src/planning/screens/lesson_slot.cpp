@@ -11,10 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Column { LessonColumn, HomeworkColumn };
-constexpr int LessonShare = 7;
-constexpr int HomeworkShare = 3;
-constexpr int LeastHeight = 96;
+enum SlotColumn { SlotLessonColumn, SlotHomeworkColumn };
+constexpr int SlotLessonShare = 7;
+constexpr int SlotHomeworkShare = 3;
+constexpr int SlotLeastHeight = 96;
 constexpr int NoticeSize = 24; ///< points
 
 QString inWords(const QString& content, const QString& caption) {
@@ -74,7 +74,7 @@ QLabel* LessonSlotWidget::makeCaption(const QString& name, int element, const QS
 RichTextBox* LessonSlotWidget::makeBox(const QString& name, int element, const QString& content) {
     auto* box = new RichTextBox(content);
     box->setObjectName(u"%1(%2)"_s.arg(name).arg(element));
-    box->setMinimumHeight(LeastHeight);
+    box->setMinimumHeight(SlotLeastHeight);
     // What it would like to have does not count: the slots share what there is.
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     return box;
@@ -85,13 +85,13 @@ void LessonSlotWidget::layOut() {
     m_grid->setContentsMargins({});
     m_grid->setHorizontalSpacing(3);
     m_grid->setVerticalSpacing(0);
-    m_grid->setColumnStretch(LessonColumn, LessonShare);
-    m_grid->setColumnStretch(HomeworkColumn, HomeworkShare);
+    m_grid->setColumnStretch(SlotLessonColumn, SlotLessonShare);
+    m_grid->setColumnStretch(SlotHomeworkColumn, SlotHomeworkShare);
     m_grid->setRowStretch(1, 1);
-    m_grid->addWidget(m_caption, 0, LessonColumn);
-    m_grid->addWidget(m_homeworkCaption, 0, HomeworkColumn);
-    m_grid->addWidget(m_lesson, 1, LessonColumn);
-    m_grid->addWidget(m_homework, 1, HomeworkColumn);
+    m_grid->addWidget(m_caption, 0, SlotLessonColumn);
+    m_grid->addWidget(m_homeworkCaption, 0, SlotHomeworkColumn);
+    m_grid->addWidget(m_lesson, 1, SlotLessonColumn);
+    m_grid->addWidget(m_homework, 1, SlotHomeworkColumn);
 }
 
 SlotTexts LessonSlotWidget::texts() const {
@@ -119,7 +119,7 @@ void LessonSlotWidget::setSelected(bool isSelected) {
 void LessonSlotWidget::setMaximised(bool maximised) {
     m_homeworkCaption->setVisible(!maximised);
     m_homework->setVisible(!maximised);
-    m_grid->setColumnStretch(HomeworkColumn, maximised ? 0 : HomeworkShare);
+    m_grid->setColumnStretch(SlotHomeworkColumn, maximised ? 0 : SlotHomeworkShare);
 }
 
 bool LessonSlotWidget::eventFilter(QObject* watched, QEvent* event) {

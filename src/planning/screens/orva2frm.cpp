@@ -36,12 +36,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int SaveTimer = 20487;
-constexpr std::chrono::seconds SaveDelay{2};
-constexpr QSize UsualSize(900, 600);
+constexpr int WeeklySaveTimer = 20487;
+constexpr QSize WeeklySheetSize(900, 600);
 
-const QString maximiseTip = u"Maximise Lesson"_s;
-const QString restoreTip = u"Restore"_s;
+const QString maximiseLessonTip = u"Maximise Lesson"_s;
+const QString restoreLessonTip = u"Restore"_s;
 
 } // namespace
 
@@ -71,7 +70,7 @@ ORVA2frm::~ORVA2frm() {
 }
 
 QSize ORVA2frm::sizeHint() const {
-    return UsualSize;
+    return WeeklySheetSize;
 }
 
 void ORVA2frm::makeParts() {
@@ -169,8 +168,8 @@ LayoutToolbar* ORVA2frm::makeToolbar() {
 void ORVA2frm::makeMenus() {
     m_slotMenu = new QMenu(u"&Lesson"_s, this);
     m_slotMenu->setObjectName(u"mnuPopup"_s);
-    m_maximise =
-        m_slotMenu->addAction(icon(u"maximise"_s), maximiseTip, this, &ORVA2frm::toggleMaximised);
+    m_maximise = m_slotMenu->addAction(icon(u"maximise"_s), maximiseLessonTip, this,
+                                       &ORVA2frm::toggleMaximised);
     m_maximise->setShortcut(Qt::CTRL | Qt::Key_M);
     m_maximise->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(m_maximise);
@@ -340,12 +339,12 @@ void ORVA2frm::saveSoon() {
     if (m_isSaveDue)
         return;
     m_isSaveDue = true;
-    m_session.GetSeams().clock.startTimer(SaveTimer, SaveDelay, [this] { save(); });
+    m_session.GetSeams().clock.startTimer(WeeklySaveTimer, SaveDelay, [this] { save(); });
 }
 
 void ORVA2frm::save() {
     if (m_isSaveDue)
-        m_session.GetSeams().clock.stopTimer(SaveTimer);
+        m_session.GetSeams().clock.stopTimer(WeeklySaveTimer);
     m_isSaveDue = false;
     if (isTyped())
         Update_Records();
@@ -381,7 +380,7 @@ void ORVA2frm::restore() {
 
 /// Over the top right corner of the selected lesson's text, left of its scroll bar.
 void ORVA2frm::placeMaximiseButton() {
-    const QString tip = m_isMaximised ? restoreTip : maximiseTip;
+    const QString tip = m_isMaximised ? restoreLessonTip : maximiseLessonTip;
     m_maximise->setText(tip);
     m_maximiseButton->setVisible(m_selected >= 0);
     if (m_selected < 0)

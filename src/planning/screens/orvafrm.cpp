@@ -33,11 +33,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int SaveTimer = 20486;
-constexpr std::chrono::seconds SaveDelay{2};
-constexpr QSize UsualSize(960, 620);
+constexpr int DailySaveTimer = 20486;
+constexpr QSize DailySheetSize(960, 620);
 
-const QString maximiseTip = u"Maximise Selected Activity"_s;
+const QString maximiseActivityTip = u"Maximise Selected Activity"_s;
 const QString restoreTip = u"Restore"_s;
 
 } // namespace
@@ -70,7 +69,7 @@ ORVAfrm::~ORVAfrm() {
 }
 
 QSize ORVAfrm::sizeHint() const {
-    return UsualSize;
+    return DailySheetSize;
 }
 
 void ORVAfrm::makeParts() {
@@ -197,12 +196,12 @@ void ORVAfrm::saveSoon() {
     if (m_isSaveDue)
         return;
     m_isSaveDue = true;
-    m_session.GetSeams().clock.startTimer(SaveTimer, SaveDelay, [this] { save(); });
+    m_session.GetSeams().clock.startTimer(DailySaveTimer, SaveDelay, [this] { save(); });
 }
 
 void ORVAfrm::save() {
     if (m_isSaveDue)
-        m_session.GetSeams().clock.stopTimer(SaveTimer);
+        m_session.GetSeams().clock.stopTimer(DailySaveTimer);
     m_isSaveDue = false;
     m_sheets.binding().flush();
 }
@@ -295,10 +294,10 @@ void ORVAfrm::restore() {
 void ORVAfrm::placeMaximiseButton() {
     const int period = m_periods->selectedPeriod();
     m_maximiseButton->setVisible(period > 0);
-    m_commands->maximise()->setText(m_maximised > 0 ? restoreTip : maximiseTip);
+    m_commands->maximise()->setText(m_maximised > 0 ? restoreTip : maximiseActivityTip);
     if (period == 0)
         return m_maximiseButton->setParent(this);
-    const QString tip = m_maximised > 0 ? restoreTip : maximiseTip;
+    const QString tip = m_maximised > 0 ? restoreTip : maximiseActivityTip;
     m_maximiseButton->setIcon(icon(m_maximised > 0 ? u"restore"_s : u"maximise"_s));
     m_maximiseButton->setToolTip(tip);
     m_maximiseButton->setAccessibleName(tip);

@@ -1,5 +1,7 @@
 #include "core/screens/late/late_services.h"
 
+#include "core/screens/late/screenshot_portal.h"
+
 #include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -23,6 +25,8 @@ public:
         m_sound->setLoopCount(loop ? QSoundEffect::Infinite : 1);
         m_sound->play();
     }
+
+    QImage captureByPortal() override { return ScreenshotPortal().capture(); }
 
     QByteArray fetch(const QString& address) override {
         QNetworkAccessManager network;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QString>
 
 /// Services whose libraries take long to load and that few runs of the program need. They stand in
@@ -11,6 +12,8 @@ public:
 
     /// As `Shell::PlaySoundFile`.
     virtual void playSound(const QString& path, bool loop) = 0;
+    /// The screen by the desktop's screenshot portal; null where there is none.
+    virtual QImage captureByPortal() = 0;
     /// As `Shell::FetchText`.
     virtual QByteArray fetch(const QString& address) = 0;
 };

@@ -1,0 +1,217 @@
+#include "classes/class_photos.h"
+
+#include "core/prompts.h"
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QHash>
+#include <QImageReader>
+#include <QPainter>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString PhotoTitle = u" Load Picture:"_s;
+
+/// An ordinary bitmap file: what older programs keep in `Photo` too.
+QByteArray photoBytes(const QImage& photo) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    photo.save(&buffer, "BMP");
+    return bytes;
+}
+
+void writePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,
+                const QByteArray& bytes) {
+    dao::Recordset record = database.OpenRecordset(u"SELECT Photo FROM %1 WHERE ID = %2;"_s.arg(
+        dao::writeName(classTable(classCode)), QString::number(pupil)));
+    if (record.EOF_())
+        return;
+    record.Edit();
+    record.SetCollect(u"Photo", bytes);
+    record.Update();
+    record.Close();
+}
+
+/// Does work over photos whole or not at all; a failure is told.
+bool changePhotos(const dao::Database& database, Prompts& prompts,
+                  const std::function<void()>& work) {
+    try {
+        dao::Transaction transaction(database);
+        work();
+        transaction.commit();
+        return true;
+    } catch (const dao::EngineError& error) {
+        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
+                         OkButton | CriticalIcon, PhotoTitle);
+        return false;
+    }
+}
+
+QString allPictures() {
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        patterns += u"*."_s + QString::fromLatin1(format);
+    return patterns.join(u';');
+}
+
+/// Asks for a picture and reads it; a null one where it was cancelled or, told, can't be read.
+QImage askPicture(const QString& title, const QString& startFolder, Prompts& prompts) {
+    const QString file = prompts.OpenFileDialog(
+        title, {{u"Picture (*.bmp)"_s, u"*.bmp"_s}, {u"All pictures"_s, allPictures()}},
+        startFolder, PathMustExist | FileMustExist | ExplorerStyle, false);
+    if (file.isEmpty())
+        return {};
+    QImage picture(file);
+    if (picture.isNull())
+        prompts.PlainBox(u"This file can't be read as a picture. The photo stays as it was."_s,
+                         OkButton | WarningIcon, title);
+    return picture;
+}
+
+QImage partOfStrip(const QImage& strip, int place) {
+    QImage part(StandardPhoto, QImage::Format_RGB32);
+    part.fill(Qt::white);
+    QPainter(&part).drawImage(0, 0, strip, place * StandardPhoto.width(), 0, StandardPhoto.width(),
+                              StandardPhoto.height());
+    return part;
+}
+
+/// The files of a folder, by their names in small letters.
+QHash<QString, QString> filesIn(const QString& folder) {
+    QHash<QString, QString> files;
+    for (const QString& name : QDir(folder).entryList(QDir::Files))
+        files.insert(name.toLower(), folder + u'/' + name);
+    return files;
+}
+
+/// The picture that a grade names: NAME.bmp, else one of that name in another format. A grade is
+/// what anybody typed: it never leads out of the folder.
+QImage pictureNamed(const QString& grade, const QHash<QString, QString>& files) {
+    QStringList formats{u"bmp"_s};
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        formats += QString::fromLatin1(format);
+    for (const QString& format : std::as_const(formats)) {
+        const QString file = files.value(grade.toLower() + u'.' + format);
+        if (QImage picture(file); !picture.isNull())
+            return picture;
+    }
+    return {};
+}
+
+QString askFileNameColumn(const dao::Database& database, const QString& classCode,
+                          Prompts& prompts) {
+    SelectorRequest request{.page = SelectorPage::OneItem};
+    request.text =
+        u"One of the Grade Columns for this class should identify the file names each pupils "
+        "picture file. (*.bmp) .Please select which grades column contains this information. :"_s;
+    request.title = u"Grade column titles for "_s + classCode;
+    for (const dao::Field& field : database.TableDefs()[marksTable(classCode)].Fields())
+        request.items += field.Name;
+    return prompts.ReturnString(request);
+}
+
+/// Gives all pupils their photos; answers how many files are missing.
+int readPhotoFiles(const dao::Database& database, const QString& classCode, const QString& column,
+                   const QString& folder) {
+    const QHash<QString, QString> files = filesIn(folder);
+    dao::Recordset grades =
+        database.OpenRecordset(u"SELECT %1.ID,%2.%3 FROM %1 INNER JOIN %2 ON %1.ID = %2.ID"_s.arg(
+                                   dao::writeName(classTable(classCode)),
+                                   dao::writeName(marksTable(classCode)), dao::writeName(column)),
+                               dao::RecordsetType::Snapshot);
+    int missing = 0;
+    for (; !grades.EOF_(); grades.MoveNext()) {
+        const QString grade = grades.Collect(1).toText();
+        if (grade.isEmpty())
+            continue;
+        const QImage picture = pictureNamed(grade, files);
+        if (picture.isNull())
+            ++missing;
+        else
+            ValidatePicture(database, classCode, grades.Collect(0).toInteger(), picture);
+    }
+    grades.Close();
+    return missing;
+}
+
+} // namespace
+
+QImage toPhoto(const QImage& picture) {
+    const QSize fine = StandardPhoto * 2;
+    const bool isFine = picture.width() >= fine.width() && picture.height() >= fine.height();
+    return picture
+        .scaled(isFine ? fine : StandardPhoto, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(QImage::Format_RGB888);
+}
+
+void ValidatePicture(const dao::Database& database, const QString& classCode, qint64 pupil,
+                     const QImage& picture) {
+    writePhoto(database, classCode, pupil, photoBytes(toPhoto(picture)));
+}
+
+bool storePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,
+                const QImage& picture, Prompts& prompts) {
+    return !picture.isNull() && changePhotos(database, prompts, [&] {
+        ValidatePicture(database, classCode, pupil, picture);
+    });
+}
+
+bool loadPhotoFromFile(const dao::Database& database, const QString& classCode, qint64 pupil,
+                       const QString& startFolder, Prompts& prompts) {
+    return storePhoto(database, classCode, pupil, askPicture(PhotoTitle, startFolder, prompts),
+                      prompts);
+}
+
+bool Load_Class_Pictures(const dao::Database& database, const QString& classCode,
+                         const QList<qint64>& pupils, const QString& startFolder,
+                         Prompts& prompts) {
+    const QImage strip = askPicture(u" Load Class Pictures From:"_s, startFolder, prompts);
+    return !strip.isNull() && changePhotos(database, prompts, [&] {
+        for (int place = 0; place < pupils.size(); ++place)
+            ValidatePicture(database, classCode, pupils[place], partOfStrip(strip, place));
+    });
+}
+
+bool Load_Photo_files_from_folder(const dao::Database& database, const QString& classCode,
+                                  Prompts& prompts) {
+    const QString column = askFileNameColumn(database, classCode, prompts);
+    if (column.isEmpty())
+        return false;
+    const QString folder =
+        prompts.ChooseFolder(u"Select the folder where the picture files are located:"_s);
+    if (folder.isEmpty())
+        return false;
+    int missing = 0;
+    const bool isDone = changePhotos(
+        database, prompts, [&] { missing = readPhotoFiles(database, classCode, column, folder); });
+    if (isDone && missing > 0)
+        prompts.PlainBox(u"%1 files could not be found, please load these manually."_s.arg(missing),
+                         OkButton, u"Picture Import Complete"_s);
+    return isDone;
+}
+
+bool removePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,
+                 Prompts& prompts) {
+    return prompts.PlainBox(u"Remove this image from the database?"_s, YesNoButtons | QuestionIcon,
+                            u"Delete Photo"_s) == AnswerYes &&
+           changePhotos(database, prompts,
+                        [&] { writePhoto(database, classCode, pupil, QByteArray()); });
+}
+
+bool removePhotos(const dao::Database& database, const QString& classCode,
+                  const QList<qint64>& pupils, Prompts& prompts) {
+    return prompts.PlainBox(u"Remove ALL photos for this class?"_s, YesNoButtons | QuestionIcon,
+                            u"Delete Photos"_s) == AnswerYes &&
+           changePhotos(database, prompts, [&] {
+               for (const qint64 pupil : pupils)
+                   writePhoto(database, classCode, pupil, QByteArray());
+           });
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "core/new_field.h"
+#include "store/engine/database.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class Prompts;
+
+/// The columns of a class's grades: fields of `Marks_`C, in their order, behind `ID`. A column's
+/// title is the field's name.
+///
+/// All changes REQUIRE that no recordset has `Marks_`C open, since the engine refuses to change the
+/// structure of a table in use (3211).
+
+/// What can be done to the columns that are selected.
+struct ColumnCommands {
+    bool remove = false;
+    bool rename = false;
+    bool moveLeft = false;
+    bool moveRight = false;
+    bool hide = false;
+
+    bool operator==(const ColumnCommands&) const = default;
+};
+/// `selected`: the grid's columns, from left to right; `columnCount`: of the grid.
+ColumnCommands gradeColumnCommands(const QList<int>& selected, int columnCount);
+
+/// Asks for a new column; none when it was cancelled.
+std::optional<NewField> askGradeColumn(Prompts& prompts);
+/// Adds a column, last. In one for text, pupils who were absent from the first lesson of the date
+/// that the work was set get "ABS". Whole or not at all; a failure is told. Answers whether the
+/// column is there.
+bool addGradeColumn(const dao::Database& database, const QString& classCode, const NewField& field,
+                    Prompts& prompts);
+
+enum class MoveDirection { Left, Right };
+/// "LEFT" and "RIGHT" in any case.
+std::optional<MoveDirection> moveDirection(const QString& text);
+/// Changes a column's place with its neighbour's. Nothing for a field that is none of the grades',
+/// at the ends, and where it fails. Answers whether it moved.
+bool MoveColumn(const dao::Database& database, const QString& classCode, const QString& field,
+                MoveDirection direction);
+
+/// Asks for another title of a column; empty when it was cancelled.
+QString askColumnTitle(const QString& title, Prompts& prompts);
+/// Gives a column another title. A title that is taken or can't be one leaves the old one, without
+/// a word. Answers whether it has changed.
+bool renameGradeColumn(const dao::Database& database, const QString& classCode,
+                       const QString& field, const QString& title);
+
+/// Asks whether to remove columns, by their titles, the last selected first; `Tutor` and `ID` are
+/// no columns of the grades. Answers those to remove: none when declined or nothing is selected,
+/// which is told.
+QStringList askRemoveColumns(const QStringList& selected, Prompts& prompts);
+/// Removes columns with all grades in them, all or none. A failure is told.
+void removeGradeColumns(const dao::Database& database, const QString& classCode,
+                        const QStringList& fields, Prompts& prompts);
+
+/// The box for "Hide the selected Column(s)" with none selected.
+void showNothingToHide(Prompts& prompts);
+/// The box for a failure while a grade is stored.
+void showAfterUpdateError(Prompts& prompts, int number);

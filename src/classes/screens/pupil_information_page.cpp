@@ -1,0 +1,150 @@
+#include "classes/screens/pupil_information_page.h"
+
+#include "classes/screens/photo_actions.h"
+#include "classes/screens/photo_box.h"
+#include "controls/bound_text.h"
+#include "core/clock.h"
+#include "core/session.h"
+#include "core/shell.h"
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+#include "store/schema.h"
+#include "store/table_names.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int PupilSaveTimer = 20488;
+
+} // namespace
+
+PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
+    : ClassViewPage(session, desk)
+    , m_binding(session.GetSeams().prompts)
+    , m_notes(new QPlainTextEdit)
+    , m_photo(new PhotoBox) {
+    m_notes->setObjectName(u"TxtNotes"_s);
+    m_notes->setAccessibleName(u"More information"_s);
+    m_notes->setTabChangesFocus(true);
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(makeBoxes(), 0, 0);
+    layout->addWidget(m_photo, 0, 1, Qt::AlignTop | Qt::AlignRight);
+    auto* label = new QLabel(u"More information"_s);
+    label->setBuddy(m_notes);
+    layout->addWidget(label, 1, 0);
+    layout->addWidget(m_notes, 2, 0, 1, 2);
+    layout->setRowStretch(2, 1);
+    layout->setColumnStretch(0, 1);
+    m_boxes.push_back(std::make_unique<BoundPlainText>(*m_notes));
+    m_binding.bind(u"Notes"_s, *m_boxes.back());
+    connect(m_notes, &QPlainTextEdit::textChanged, this, &PupilInformationPage::saveSoon);
+    connectPhotoBox(*m_photo, session, desk,
+                    [this] { Show_Picture(*m_photo, this->session(), this->desk()); });
+}
+
+PupilInformationPage::~PupilInformationPage() {
+    session().GetSeams().clock.stopTimer(PupilSaveTimer);
+}
+
+QWidget* PupilInformationPage::makeBoxes() {
+    auto* boxes = new QWidget;
+    auto* form = new QFormLayout(boxes);
+    form->setContentsMargins({});
+    m_firstname = addLine(*form, u"Firstname"_s, u"Firstname"_s);
+    m_surname = addLine(*form, u"Surname"_s, u"Surname"_s);
+    addLine(*form, u"Tutor"_s, u"Tutor"_s);
+    addLine(*form, u"Sex"_s, u"Sex (M or F)"_s);
+    addLine(*form, u"PID"_s, u"Pupil ID"_s);
+    addLine(*form, u"Address1"_s, u"Address"_s);
+    addLine(*form, u"Address2"_s, {});
+    addLine(*form, u"Address3"_s, {});
+    addLine(*form, u"PostCode"_s, u"Post Code"_s);
+    addLine(*form, u"Tel1"_s, u"Telephone"_s);
+    addLine(*form, u"Tel2"_s, u"Telephone"_s);
+    m_email = addLine(*form, u"Email"_s, u"Email"_s);
+    auto* mail = new QPushButton(u"Send Mail"_s);
+    mail->setObjectName(u"cmdMail"_s);
+    mail->setAutoDefault(false);
+    connect(mail, &QPushButton::clicked, this, &PupilInformationPage::sendMail);
+    form->addRow(QString(), mail);
+    form->setAlignment(mail, Qt::AlignLeft);
+    return boxes;
+}
+
+QLineEdit* PupilInformationPage::addLine(QFormLayout& form, const QString& field,
+                                         const QString& label) {
+    auto* box = new QLineEdit;
+    box->setObjectName(u"Txt"_s + field);
+    box->setAccessibleName(label.isEmpty() ? u"Address, line "_s + field.right(1) : label);
+    const int size = schemaField(Table::Class, field).Size;
+    box->setMaxLength(size);
+    constexpr int widest = 40; // characters
+    box->setMaximumWidth(qMin(size + 2, widest) * box->fontMetrics().averageCharWidth() * 5 / 4);
+    form.addRow(label, box);
+    m_boxes.push_back(std::make_unique<BoundLine>(*box));
+    m_binding.bind(field, *m_boxes.back());
+    connect(box, &QLineEdit::textEdited, this, &PupilInformationPage::saveSoon);
+    return box;
+}
+
+void PupilInformationPage::showRecords() {}
+
+void PupilInformationPage::showPupil(int) {
+    const std::optional<qint64> pupil = desk().currentPupil();
+    close();
+    try {
+        if (pupil)
+            m_pupil = session().CurrentDB.OpenRecordset(u"SELECT * FROM %1 WHERE ID = %2;"_s.arg(
+                dao::writeName(classTable(desk().classCode())), QString::number(*pupil)));
+        m_binding.setData(m_pupil);
+        m_binding.load();
+    } catch (const dao::EngineError& error) {
+        showLoadingError(session().GetSeams().prompts, error.number(), error.description());
+    }
+    Show_Picture(*m_photo, session(), desk());
+}
+
+/// A name that has changed is to be read anew in the list of names.
+bool PupilInformationPage::leave() {
+    const bool hasNewName = m_firstname->isModified() || m_surname->isModified();
+    session().GetSeams().clock.stopTimer(PupilSaveTimer);
+    if (!m_binding.leave())
+        return false;
+    const PupilName name{m_surname->text(), m_firstname->text()};
+    if (desk().currentRow() >= 0 && (hasNewName || m_namesChanged)) {
+        m_namesChanged = false;
+        desk().renameCurrent(name);
+        QTimer::singleShot(0, this, [this] {
+            if (desk().view() == PupilInformationView)
+                emit recordsChanged();
+        });
+    }
+    close();
+    return true;
+}
+
+void PupilInformationPage::close() {
+    m_pupil.Close();
+    m_pupil = {};
+    m_binding.setData(m_pupil);
+}
+
+void PupilInformationPage::saveSoon() {
+    m_namesChanged = m_namesChanged || m_firstname->isModified() || m_surname->isModified();
+    if (m_pupil.isOpen())
+        session().GetSeams().clock.startTimer(PupilSaveTimer, SaveDelay,
+                                              [this] { m_binding.flush(); });
+}
+
+void PupilInformationPage::sendMail() {
+    const QString address = m_email->text();
+    if (address.contains(u'@'))
+        session().GetSeams().shell.SendMail(address, {}, {});
+}

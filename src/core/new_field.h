@@ -1,0 +1,45 @@
+#pragma once
+
+#include "store/engine/structure.h"
+
+#include <QDate>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class Prompts;
+
+/// What a person is asked about a new field of a table: the selector's last page without its form.
+
+struct NewFieldType {
+    QString caption;
+    dao::DataType type;
+};
+/// The types that can be chosen, in order.
+const QList<NewFieldType>& newFieldTypes();
+
+/// A Text of 50 characters is what stands there first.
+inline constexpr dao::DataType UsualNewFieldType = dao::DataType::Text;
+inline constexpr int UsualNewFieldSize = 50;
+inline constexpr int NewFieldNameLength = 64; ///< characters
+inline constexpr int NewFieldSizeLength = 3;  ///< digits
+
+struct NewField {
+    QString name;
+    dao::DataType type = UsualNewFieldType;
+    int size = UsualNewFieldSize; ///< characters of a Text
+    QDate date;                   ///< of the work, where the field holds grades; may be invalid
+};
+
+/// Whether a key can stand in the name. If not it is told.
+bool checkNewFieldKey(QChar key, Prompts& prompts);
+/// Whether the field can be made: it has a name and, a Text, a size from 1 to 255. If not it is
+/// told.
+bool checkNewField(const NewField& field, Prompts& prompts);
+
+/// The answer of the page: name "," type code "," size "," date; the size of all but a Text is 255,
+/// the date is empty or YYYY-MM-DD.
+QString newFieldText(const NewField& field);
+/// Reads that back; none for an empty answer.
+std::optional<NewField> readNewField(const QString& answer);
