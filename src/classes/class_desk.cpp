@@ -62,6 +62,10 @@ void ClassDesk::show(PupilSheet sheet) {
 }
 
 void ClassDesk::release() {
+    // Who fits a query is read from the records while they are there.
+    if (m_queryActive && m_selection.isMultiSelect())
+        m_selection.clauseForView(sheet(), true);
+    m_queryActive = false;
     const PupilName name = m_currentName;
     m_records.setSheet({});
     m_currentRow = -1;

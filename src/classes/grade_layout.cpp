@@ -1,6 +1,7 @@
 #include "classes/grade_layout.h"
 
 #include "classes/pupil_sheet.h"
+#include "core/prompts.h"
 #include "core/settings.h"
 
 #include <array>
@@ -82,6 +83,13 @@ QString studentNames(const PupilSheet& sheet) {
         text += sheet.text(row, PupilSheet::FirstnameColumn) + u' ' +
                 sheet.text(row, PupilSheet::SurnameColumn) + LineEnd;
     return text;
+}
+
+void showDataCopied(Prompts& prompts) {
+    prompts.PlainBox(
+        u"This data has been copied to the clipboard. You may paste this data into another\n"
+        "application such as Excel although you may need to use Paste Special (Text)."_s,
+        OkButton | InformationIcon, u"Data copied"_s);
 }
 
 QString allData(const PupilSheet& sheet, const std::function<bool(int column)>& isVisible) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 
+class Prompts;
 class PupilSheet;
 class Settings;
 
@@ -38,6 +39,8 @@ int saveRowHeight(Settings& settings, const QString& classCode, LayoutKind kind,
 
 /// "Copy student names": a line a pupil, first name before surname.
 QString studentNames(const PupilSheet& sheet);
+/// The box behind "Copy All data".
+void showDataCopied(Prompts& prompts);
 /// "Copy All data": the fields' names, then a line a pupil, with tabs between. The names are taken,
 /// and the columns that `isVisible` says. A line ends behind the sheet's last field: where that is
 /// not taken the lines run on, odd and kept.

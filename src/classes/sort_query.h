@@ -60,5 +60,7 @@ bool checkValueKey(const std::optional<QueryField>& field, QChar key, Prompts& p
 /// The values of a field, each once, for looking one up.
 QStringList fieldValues(const PupilSheet& sheet, const QString& field);
 
+/// The box of a query that the engine refuses.
+void showQueryError(Prompts& prompts, const QString& description);
 /// Tries a query. False, which is told, where it is empty, broken, or nobody fits it.
 bool checkQuery(const dao::Database& database, const QString& built, Prompts& prompts);

@@ -1,105 +1,6 @@
 // The class window: its first page, the list of names and the register, by mouse and keys.
 
-#include "classes/class_settings.h"
-#include "classes/screens/registerfrm.h"
-#include "core/session.h"
-#include "core/settings.h"
-#include "support/class_file.h"
-#include "support/screen_checks.h"
-#include "support/scripted_frame.h"
-
-#include <QApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenu>
-#include <QTableView>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Three weeks of September 2024 and two classes: D with three pupils, taught Monday 2 and 3 (a
-/// double lesson), Tuesday 2 and 4 and Thursday 5; E without pupils or lessons. Today is Monday,
-/// the 9th.
-class RegisterScreenTest : public testing::Test {
-protected:
-    RegisterScreenTest() {
-        session.SetFrame(&frame);
-        createYear(answers(), path(), seams, ExistingFile::Replace);
-        EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
-        addPupils(session.CurrentDB, u"D"_s, {u"Ames,Ann"_s, u"O'Brien,Zoë"_s, u"Cole,Ed"_s});
-    }
-    ~RegisterScreenTest() override { session.SetFrame(nullptr); }
-
-    static YearAnswers answers() {
-        YearAnswers answers = oneWeekAnswers();
-        answers.terms = {{QDate(2024, 9, 2), QDate(2024, 9, 20)}};
-        const QString d = u"D"_s;
-        answers.classes = {d, u"E"_s};
-        answers.colours.clear();
-        answers.colours[d] = 0x99FFCC;
-        answers.weekA = {QStringList{{}, d, d}, {{}, d, {}, d}, {}, {{}, {}, {}, {}, d}, {}};
-        return answers;
-    }
-    QString path() const { return folder.filePath(u"year.mdb"_s); }
-    void show() {
-        window = std::make_unique<RegisterFrm>(session);
-        window->resize(900, 480);
-        window->show();
-        QApplication::setActiveWindow(window.get());
-    }
-    void showRegister() {
-        show();
-        window->Show_View(RegisterView);
-        grid().setFocus();
-    }
-    QTableView& grid() { return control<QTableView>(*window, u"RegisterGrid"_s); }
-    QTableView& names() { return control<QTableView>(*window, u"DBGrid2"_s); }
-    QToolButton& tool(int index) {
-        return control<QToolButton>(*window, u"RegisterTools(%1)"_s.arg(index));
-    }
-    void clickName(int row, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(names().viewport(), Qt::LeftButton, modifiers,
-                          names().visualRect(names().model()->index(row, 0)).center());
-    }
-    QAction& menuItem(const QString& caption) {
-        for (QMenu* menu : window->findChildren<QMenu*>()) {
-            for (QAction* action : menu->actions()) {
-                if (action->text() == caption)
-                    return *action;
-            }
-        }
-        qFatal("no item %s", qPrintable(caption));
-    }
-    /// A pupil's marks as they stand in the file, "." for none.
-    QString marksOf(int pupil) {
-        const QStringList values =
-            rowsOf(session.CurrentDB, u"SELECT * FROM REG_D WHERE ID = %1"_s.arg(pupil))
-                .first()
-                .split(u'|')
-                .mid(1);
-        QString marks;
-        for (const QString& value : values)
-            marks += value.isEmpty() || value == u"~"_s ? u"."_s : value;
-        return marks;
-    }
-
-    QTemporaryDir folder;
-    TestSeams seams;
-    ScriptedFrame frame;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
-    std::unique_ptr<RegisterFrm> window;
-};
-
-} // namespace
+#include "support/screen_register.h"
 
 TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
     show();
@@ -163,7 +64,8 @@ TEST_F(RegisterScreenTest, PicksPupilsAndShowsThemAlone) {
 
 TEST_F(RegisterScreenTest, GridAndNamesMoveTogether) {
     showRegister();
-    QApplication::processEvents();
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents(); // the layout settles, then the names follow
     press(*window, Qt::Key_Down);
     EXPECT_EQ(names().currentIndex().row(), 1);
     clickName(2);

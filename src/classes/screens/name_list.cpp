@@ -113,6 +113,8 @@ void NameList::levelWithGrid() {
     m_view->horizontalHeader()->setFixedHeight(
         m_grid ? m_grid->horizontalHeader()->sizeHint().height()
                : m_view->horizontalHeader()->sizeHint().height());
+    if (layout())
+        layout()->activate();
 }
 
 void NameList::showRecords() {

@@ -52,7 +52,7 @@ QWidget* NewClassFrm::makeCodePage() {
     m_code->setMaxLength(codeLength);
     m_code->installEventFilter(this);
     connect(m_code, &RestrictedEdit::textChanged, this,
-            [this](const QString& code) { m_answers.code = code; });
+            [this] { m_answers.code = m_code->text(); });
     auto* list = new QListWidget;
     list->setObjectName(u"List1"_s);
     list->setAccessibleName(u"Classcodes in use"_s);

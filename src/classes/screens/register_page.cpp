@@ -30,7 +30,7 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     , m_header(new RegisterHeader)
     , m_info(new QLabel)
     , m_splitter(new QSplitter)
-    , m_panel(new SidePanel(m_keys))
+    , m_panel(new SidePanel(session, desk, m_keys))
     , m_menu(new QMenu(this)) {
     m_grid->setObjectName(u"RegisterGrid"_s);
     m_grid->setAccessibleName(u"Register"_s);
@@ -52,6 +52,11 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     layout->setContentsMargins({});
     layout->addWidget(m_splitter);
     makeMenu();
+    connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& cell) {
+                if (isVisible())
+                    m_panel->Get_Lesson_notes(cell.row(), cell.column());
+            });
 }
 
 QWidget* RegisterPage::makeSheet() {
@@ -122,7 +127,14 @@ void RegisterPage::Update_Register_info() {
     m_info->setText(::Update_Register_info(desk().sheet(), session().GetSeams().clock.today()));
 }
 
-void RegisterPage::showPupil(int) {}
+void RegisterPage::showPupil(int row) {
+    m_panel->Show_Picture();
+    m_panel->Get_Lesson_notes(row, m_grid->currentIndex().column());
+}
+
+bool RegisterPage::leave() {
+    return m_panel->storeNote();
+}
 
 bool RegisterPage::keyPressed(QKeyEvent& event) {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
@@ -224,6 +236,7 @@ void RegisterPage::placeSplitter() {
 }
 
 void RegisterPage::saveLook() {
+    m_panel->saveLook();
     if (!m_isSplitterPlaced || m_panel->isHidden())
         return;
     Settings& settings = session().GetSettings();

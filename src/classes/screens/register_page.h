@@ -22,6 +22,7 @@ public:
     void showRecords() override;
     void showPupil(int row) override;
     PupilGrid* grid() const override { return m_grid; }
+    bool leave() override;
     void saveLook() override;
 
 protected:

@@ -1,12 +1,15 @@
 #include "classes/screens/registerfrm.h"
 
 #include "classes/class_removal.h"
+#include "classes/grade_layout.h"
 #include "classes/pupils.h"
 #include "classes/screens/class_home_page.h"
 #include "classes/screens/class_view_page.h"
+#include "classes/screens/grades_page.h"
 #include "classes/screens/name_list.h"
 #include "classes/screens/newclassfrm.h"
 #include "classes/screens/pupil_information_page.h"
+#include "classes/screens/pupil_notes_page.h"
 #include "classes/screens/register_page.h"
 #include "controls/colours.h"
 #include "controls/icons.h"
@@ -16,6 +19,7 @@
 #include "core/screens/frame_menus.h"
 #include "core/screens/window_table.h"
 #include "core/session.h"
+#include "core/window_placement.h"
 #include "store/engine/error.h"
 
 #include <QAction>
@@ -91,6 +95,8 @@ void RegisterFrm::makePages() {
     m_first = new ClassHomePage(m_desk);
     m_pages->addWidget(m_first);
     m_views[RegisterView] = new RegisterPage(m_session, m_desk);
+    m_views[GradesView] = new GradesPage(m_session, m_desk);
+    m_views[PupilNotesView] = new PupilNotesPage(m_session, m_desk);
     m_views[PupilInformationView] = new PupilInformationPage(m_session, m_desk);
     for (ClassViewPage* page : std::as_const(m_views)) {
         m_pages->addWidget(page);
@@ -233,6 +239,11 @@ void RegisterFrm::colourSelector() {
 
 void RegisterFrm::showRecords() {
     m_names->showRecords();
+    const bool hasHeight = m_desk.view() == GradesView || m_desk.view() == PupilNotesView;
+    m_names->setRowHeight(
+        hasHeight ? loadRowHeight(m_session.GetSettings(), m_desk.classCode(), layoutKind()) /
+                        TwipsPerPixel
+                  : 0);
     if (page())
         trying([this] { page()->showRecords(); });
     showCurrentPupil();
@@ -264,7 +275,15 @@ void RegisterFrm::showMultiselect() {
     m_names->showSelection();
 }
 
-void RegisterFrm::setRowHeight(int) {}
+LayoutKind RegisterFrm::layoutKind() const {
+    return m_desk.view() == GradesView ? LayoutKind::Grades : LayoutKind::Notes;
+}
+
+void RegisterFrm::setRowHeight(int pixels) {
+    const int kept = saveRowHeight(m_session.GetSettings(), m_desk.classCode(), layoutKind(),
+                                   pixels * TwipsPerPixel);
+    m_names->setRowHeight(kept / TwipsPerPixel);
+}
 
 void RegisterFrm::AutoRegistration(const QString& classCode) {
     if (classIndex(m_desk.classes(), classCode) < 0 || !leaveView())

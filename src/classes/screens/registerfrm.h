@@ -2,6 +2,7 @@
 
 #include "classes/class_desk.h"
 #include "classes/class_tasks.h"
+#include "classes/grade_layout.h"
 
 #include <QHash>
 #include <QWidget>
@@ -54,6 +55,7 @@ private:
     ClassViewPage* page() const;
     void showRecords();
     void showCurrentPupil();
+    LayoutKind layoutKind() const;
     void setRowHeight(int pixels);
 
     void runTask(ClassTask task, bool withCtrl);

@@ -1,13 +1,53 @@
 #include "classes/screens/side_panel.h"
 
+#include "classes/class_desk.h"
+#include "classes/class_settings.h"
+#include "classes/screens/photo_actions.h"
+#include "classes/screens/photo_box.h"
+#include "controls/colours.h"
+#include "core/clock.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "store/engine/error.h"
+#include "store/row_binding.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-SidePanel::SidePanel(const KeyArray& keys, QWidget* parent) : QWidget(parent) {
+namespace {
+
+constexpr int LessonNoteSaveTimer = 20490;
+constexpr QColor NoLessonColour(238, 249, 234);
+
+} // namespace
+
+SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
+    : m_session(session)
+    , m_desk(desk)
+    , m_photo(new PhotoBox)
+    , m_showsPhoto(session.GetSettings().readFlag(setting::keyOf(setting::Register),
+                                                  setting::DisplayKeyPicture)) {
+    m_photo->setVisible(m_showsPhoto);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_photo, 0, Qt::AlignHCenter);
+    layout->addWidget(makeKey(keys), 1);
+    layout->addWidget(makeNotes(), 1);
+    connectPhotoBox(*m_photo, session, desk, [this] { Show_Picture(); });
+}
+
+SidePanel::~SidePanel() {
+    m_session.GetSeams().clock.stopTimer(LessonNoteSaveTimer);
+}
+
+QGroupBox* SidePanel::makeKey(const KeyArray& keys) {
+    auto* group = new QGroupBox(u"Key"_s);
+    auto* layout = new QVBoxLayout(group);
     for (const QString& line : fixedKeyLines())
         layout->addWidget(new QLabel(line));
     auto* list = new QListWidget;
@@ -15,4 +55,81 @@ SidePanel::SidePanel(const KeyArray& keys, QWidget* parent) : QWidget(parent) {
     list->setAccessibleName(u"Key to your own marks"_s);
     list->addItems(keys.lines);
     layout->addWidget(list, 1);
+    return group;
+}
+
+QWidget* SidePanel::makeNotes() {
+    const QString name = u"Notes for individual pupils per lesson."_s;
+    auto* frame = new QWidget;
+    auto* layout = new QVBoxLayout(frame);
+    layout->setContentsMargins({});
+    m_showNotes = new QCheckBox(u"Lesson Notes"_s);
+    m_showNotes->setObjectName(u"chkNotes"_s);
+    m_showNotes->setToolTip(name);
+    m_note = new QPlainTextEdit;
+    m_note->setObjectName(u"TxtLessonNotes"_s);
+    m_note->setAccessibleName(name);
+    m_note->setTabChangesFocus(true);
+    layout->addWidget(m_showNotes);
+    layout->addWidget(m_note, 1);
+    const bool isShown =
+        m_session.GetSettings().readFlag(setting::keyOf(setting::Register), setting::PupilNotes);
+    m_showNotes->setChecked(isShown);
+    m_note->setVisible(isShown);
+    connect(m_showNotes, &QCheckBox::toggled, m_note, &QWidget::setVisible);
+    connect(m_note, &QPlainTextEdit::textChanged, this, [this] {
+        if (m_place)
+            m_session.GetSeams().clock.startTimer(LessonNoteSaveTimer, SaveDelay,
+                                                  [this] { storeNote(); });
+    });
+    return frame;
+}
+
+void SidePanel::Show_Picture() {
+    if (m_showsPhoto)
+        ::Show_Picture(*m_photo, m_session, m_desk);
+}
+
+void SidePanel::Get_Lesson_notes(int row, int column) {
+    if (storeNote())
+        showPlace(lessonNotePlace(m_desk.sheet(), m_desk.classCode(), row, column));
+}
+
+bool SidePanel::storeNote() {
+    m_session.GetSeams().clock.stopTimer(LessonNoteSaveTimer);
+    if (!m_place)
+        return true;
+    try {
+        storeLessonNote(m_session.CurrentDB, *m_place, m_note->toPlainText());
+        return true;
+    } catch (const dao::EngineError& error) {
+        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        return false;
+    }
+}
+
+void SidePanel::showPlace(const std::optional<LessonNotePlace>& place) {
+    const bool isOff = lessonNotesAreOff(m_session.GetSettings());
+    m_place.reset(); // what is set now is nothing to keep
+    QString note = isOff ? lessonNotesOffText() : QString();
+    try {
+        if (place && !isOff)
+            note = lessonNote(m_session.CurrentDB, *place);
+    } catch (const dao::EngineError& error) {
+        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+    }
+    m_note->setPlainText(note);
+    m_note->setEnabled(place && !isOff);
+    m_note->setPalette({});
+    if (!place)
+        setBackground(m_note, NoLessonColour);
+    if (!isOff)
+        m_place = place;
+}
+
+void SidePanel::saveLook() {
+    Settings& settings = m_session.GetSettings();
+    const QString key = setting::keyOf(setting::Register);
+    settings.CreateRegistryKey(key);
+    settings.WriteRegistryValue(key, setting::PupilNotes, m_showNotes->isChecked() ? 1 : 0);
 }

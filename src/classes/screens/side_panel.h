@@ -1,14 +1,46 @@
 #pragma once
 
+#include "classes/pupil_notes.h"
 #include "classes/register_keys.h"
 
 #include <QWidget>
 
-/// The panel beside the register: the pupil's photo, the key to the marks and the notes on the
-/// lesson.
+class ClassDesk;
+class PhotoBox;
+class QCheckBox;
+class QGroupBox;
+class QPlainTextEdit;
+class Session;
+
+/// The panel beside the register: the pupil's photo, the key to the marks, and the note on the
+/// pupil's lesson.
 class SidePanel : public QWidget {
     Q_OBJECT
 
 public:
-    explicit SidePanel(const KeyArray& keys, QWidget* parent = nullptr);
+    SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys);
+    ~SidePanel() override;
+
+    /// Shows the current pupil's photo, where the settings want one.
+    void Show_Picture();
+    /// The caret of the register has moved: keeps the note of the cell left, and shows that of the
+    /// current one. A column that is none is -1.
+    void Get_Lesson_notes(int row, int column);
+    /// Keeps the note of the current cell. Answers false, having said why, where that failed.
+    bool storeNote();
+    /// Keeps in the settings whether the notes show.
+    void saveLook();
+
+private:
+    QGroupBox* makeKey(const KeyArray& keys);
+    QWidget* makeNotes();
+    void showPlace(const std::optional<LessonNotePlace>& place);
+
+    Session& m_session;
+    ClassDesk& m_desk;
+    PhotoBox* m_photo;
+    bool m_showsPhoto;
+    QCheckBox* m_showNotes = nullptr;
+    QPlainTextEdit* m_note = nullptr;
+    std::optional<LessonNotePlace> m_place; ///< of the note that shows
 };

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include <functional>
+
+/// Edits a cell of the grades in its place. Return is a line break in a text, so the cell is left
+/// by Tab, by a click elsewhere, or given up by Escape.
+class GradeDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    /// `store` is given what was edited, when its cell is left.
+    GradeDelegate(std::function<void(const QModelIndex& cell, const QString& text)> store,
+                  QObject* parent);
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override;
+
+private:
+    std::function<void(const QModelIndex& cell, const QString& text)> m_store;
+};

@@ -1,0 +1,151 @@
+// The grades view: its columns, cells, layout, clipboard, and the sort and query panel.
+
+#include "classes/grade_layout.h"
+#include "core/window_placement.h"
+#include "support/screen_register.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+
+namespace {
+
+class GradesScreenTest : public RegisterScreenTest {
+protected:
+    void showGrades() {
+        show();
+        window->Show_View(GradesView);
+    }
+    QTableView& grades() { return control<QTableView>(*window, u"GradesGrid"_s); }
+    void addColumn(const QString& answer, const QString& refusal = {}) {
+        seams.prompts.expect(PromptKind::Selector, u"Create New Field"_s, answer);
+        if (!refusal.isEmpty())
+            seams.prompts.expect(PromptKind::Plain, refusal, AnswerOk);
+        menuItem(u"Add a Grades Column..."_s).trigger();
+    }
+    QStringList columns() { return window->desk().sheet().columns().mid(4); }
+    void select(const QString& title) {
+        grades().selectColumn(window->desk().sheet().columnOf(title));
+    }
+    void type(int row, const QString& column, const QString& text) {
+        const int place = window->desk().sheet().columnOf(column);
+        grades().setCurrentIndex(grades().model()->index(row, place));
+        grades().edit(grades().currentIndex());
+        auto* editor = grades().findChild<QPlainTextEdit*>(u"GradeEditor"_s);
+        ASSERT_TRUE(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+        grades().setFocus();           // the cell is left
+        QApplication::processEvents(); // the editor goes
+    }
+    QStringList stored(const QString& what) {
+        return rowsOf(session.CurrentDB, u"SELECT %1 FROM Marks_D ORDER BY ID"_s.arg(what));
+    }
+    QTableView& list() { return names(); }
+};
+
+} // namespace
+
+TEST_F(GradesScreenTest, ColumnsComeMoveChangeTheirNamesAndGo) {
+    showGrades();
+    EXPECT_EQ(columns(), QStringList());
+    addColumn(u"Essay,10,50,"_s);
+    addColumn(u"Test 1,4,255,"_s);
+    addColumn(u"Remark,12,255,"_s);
+    EXPECT_EQ(columns(), (QStringList{u"Essay"_s, u"Test 1"_s, u"Remark"_s}));
+    addColumn(u"essay,10,50,"_s, u"Grade Error"_s); // taken
+    select(u"Test 1"_s);
+    menuItem(u"Move Left"_s).trigger();
+    EXPECT_EQ(columns().first(), u"Test 1"_s);
+    EXPECT_EQ(grades().selectionModel()->selectedColumns().first().column(), 4);
+    seams.prompts.expect(PromptKind::Selector, u"Rename Column"_s, u"Spelling,10,255,"_s);
+    menuItem(u"Rename selected Column..."_s).trigger();
+    EXPECT_EQ(columns().first(), u"Spelling"_s);
+    type(1, u"Spelling"_s, u"17"_s);
+    type(0, u"Remark"_s, u"Well done"_s);
+    EXPECT_EQ(stored(u"Spelling"_s), (QStringList{u"~"_s, u"~"_s, u"17"_s})); // Cole is the third
+    EXPECT_EQ(stored(u"Remark"_s).first(), u"Well done"_s);
+    seams.prompts.expect(PromptKind::Plain, u"After Update Error"_s, AnswerOk);
+    type(1, u"Spelling"_s, u"many"_s);
+    EXPECT_EQ(stored(u"Spelling"_s).last(), u"17"_s);
+    select(u"Essay"_s);
+    seams.prompts.expect(PromptKind::Plain, u"Remove Grades"_s, AnswerYes);
+    menuItem(u"Delete selected Column(s)..."_s).trigger();
+    EXPECT_EQ(columns(), (QStringList{u"Spelling"_s, u"Remark"_s}));
+    checkScreen(*window, u"RegisterFrm_grades"_s);
+}
+
+TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {
+    showGrades();
+    addColumn(u"Essay,10,50,"_s);
+    addColumn(u"Test,4,255,"_s);
+    const int essay = window->desk().sheet().columnOf(u"Essay"_s);
+    grades().setColumnWidth(essay, 140);
+    select(u"Test"_s);
+    menuItem(u"Hide the selected Column(s)"_s).trigger();
+    menuItem(u"Save Columns Layout"_s).trigger();
+    menuItem(u"Show All Columns"_s).trigger();
+    EXPECT_FALSE(grades().isColumnHidden(essay + 1));
+    EXPECT_TRUE(grades().isColumnHidden(PupilSheet::IdColumn));
+    window->Show_View(GradesView);
+    EXPECT_TRUE(grades().isColumnHidden(essay + 1));
+    EXPECT_EQ(grades().columnWidth(essay), 140);
+    list().verticalHeader()->resizeSection(0, 40);
+    EXPECT_EQ(grades().rowHeight(0), 40);
+    EXPECT_EQ(loadRowHeight(settings, u"D"_s, LayoutKind::Grades), 40 * TwipsPerPixel);
+    window->Show_View(PupilInformationView);
+    EXPECT_LT(list().rowHeight(0), 40);
+    window->Show_View(GradesView);
+    EXPECT_EQ(list().rowHeight(0), 40);
+}
+
+TEST_F(GradesScreenTest, CopiesWhatIsShown) {
+    showGrades();
+    addColumn(u"Essay,10,50,"_s);
+    addColumn(u"Test,4,255,"_s);
+    type(0, u"Test"_s, u"9"_s);
+    select(u"Essay"_s);
+    menuItem(u"Hide the selected Column(s)"_s).trigger();
+    seams.prompts.expect(PromptKind::Plain, u"Data copied"_s, AnswerOk);
+    menuItem(u"Copy All data"_s).trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text().section(u"\r\n"_s, 0, 1),
+              u"Surname\tFirstname\tTutor\tTest\r\nAmes\tAnn\t\t9"_s);
+    menuItem(u"Copy student names"_s).trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Ann Ames\r\nEd Cole\r\nZoë O'Brien\r\n"_s);
+}
+
+TEST_F(GradesScreenTest, SortsAndPicksByThePanel) {
+    showGrades();
+    addColumn(u"Test,4,255,"_s);
+    type(0, u"Test"_s, u"9"_s);
+    type(1, u"Test"_s, u"12"_s);
+    menuItem(u"Sort Data..."_s).trigger();
+    QApplication::processEvents();
+    checkScreen(*window, u"RegisterFrm_sort"_s);
+    control<QComboBox>(*window, u"Cbo2(0)"_s).setCurrentText(u"Test"_s);
+    control<QRadioButton>(*window, u"Option1(1)"_s).click();
+    control<QPushButton>(*window, u"cmdSort"_s).click();
+    EXPECT_EQ(list().model()->index(0, 0).data().toString(), u"Cole"_s);
+    control<QTabWidget>(*window, u"Psort"_s).setCurrentIndex(1);
+    control<QComboBox>(*window, u"CboF"_s).setCurrentText(u"Test"_s);
+    control<QComboBox>(*window, u"CboOpp"_s).setCurrentText(u"<"_s);
+    auto& value = control<QComboBox>(*window, u"cboVal"_s);
+    seams.prompts.expect(PromptKind::Plain, u"Numeric Field"_s, AnswerOk);
+    QTest::keyClicks(value.lineEdit(), u"1x0"_s);
+    QTest::keyClick(value.lineEdit(), Qt::Key_Return);
+    EXPECT_TRUE(control<QPlainTextEdit>(*window, u"SQLtxt"_s)
+                    .toPlainText()
+                    .endsWith(u" WHERE [Test] < 10;"_s));
+    checkScreen(*window, u"RegisterFrm_query"_s);
+    control<QPushButton>(*window, u"cmdRun"_s).click();
+    EXPECT_EQ(list().model()->rowCount(), 1);
+    EXPECT_EQ(grades().model()->rowCount(), 1);
+    window->Show_View(GradesView); // nobody is picked any more
+    EXPECT_EQ(grades().model()->rowCount(), 3);
+}

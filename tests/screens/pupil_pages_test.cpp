@@ -1,0 +1,254 @@
+// Pupils: their information, photos and notes, new ones and those who leave, and new classes.
+
+#include "classes/class_photos.h"
+#include "classes/pupil_notes.h"
+#include "classes/pupil_photo.h"
+#include "classes/screens/capture_window.h"
+#include "classes/screens/newclassfrm.h"
+#include "classes/screens/photo_box.h"
+#include "controls/rich_text_box.h"
+#include "support/screen_register.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace {
+
+class PupilScreenTest : public RegisterScreenTest {
+protected:
+    QLineEdit& line(const QString& name) { return control<QLineEdit>(*window, name); }
+    void retype(QLineEdit& box, const QString& text) {
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+    QString of(int pupil, const QString& field) {
+        return rowsOf(session.CurrentDB,
+                      u"SELECT %1 FROM Class_D WHERE ID = %2"_s.arg(field).arg(pupil))
+            .first();
+    }
+    QString nameAt(int row) { return names().model()->index(row, 0).data().toString(); }
+    void runTask(int row, Qt::KeyboardModifiers modifiers = {}) {
+        auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
+        tasks.setCurrentRow(row);
+        tasks.setFocus();
+        QTest::keyClick(&tasks, Qt::Key_Return, modifiers);
+    }
+};
+
+} // namespace
+
+TEST_F(PupilScreenTest, WhatIsTypedIsOnDiskWhenThePupilIsLeft) {
+    show();
+    window->Show_View(PupilInformationView);
+    checkScreen(*window, u"RegisterFrm_pupil"_s);
+    retype(line(u"TxtTutor"_s), u"7 Tall and more"_s);
+    EXPECT_EQ(line(u"TxtTutor"_s).text(), u"7 Tall and"_s); // as much as the field holds
+    QTest::keyClicks(&control<QPlainTextEdit>(*window, u"TxtNotes"_s), u"Plays 'cello"_s);
+    clickName(1);
+    EXPECT_EQ(of(1, u"Tutor"_s), u"7 Tall and"_s);
+    EXPECT_EQ(of(1, u"Notes"_s), u"Plays 'cello"_s);
+    EXPECT_EQ(line(u"TxtTutor"_s).text(), QString());
+    retype(line(u"TxtEmail"_s), u"ed@example.org"_s);
+    seams.clock.advance(std::chrono::seconds(3));
+    EXPECT_EQ(of(3, u"Email"_s), u"ed@example.org"_s); // without leaving
+    control<QPushButton>(*window, u"cmdMail"_s).click();
+    ASSERT_EQ(seams.shell.runs.size(), 1);
+    EXPECT_TRUE(seams.shell.runs.first().file.contains(u"ed@example.org"_s));
+    retype(line(u"TxtSurname"_s), u"Zeta"_s);
+    clickName(2);
+    QApplication::processEvents();
+    EXPECT_EQ(nameAt(2), u"Zeta"_s);
+    EXPECT_EQ(line(u"TxtSurname"_s).text(), u"O'Brien"_s);
+    retype(line(u"TxtFirstname"_s), u"Zoe"_s);
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(of(2, u"Firstname"_s), u"Zoe"_s);
+}
+
+TEST_F(PupilScreenTest, PhotosAreLoadedAndRemoved) {
+    QImage picture(300, 400, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString file = folder.filePath(u"ann.png"_s);
+    picture.save(file);
+    show();
+    window->Show_View(PupilInformationView);
+    PhotoBox* box = nullptr;
+    for (PhotoBox* each : window->findChildren<PhotoBox*>()) {
+        if (each->isVisible())
+            box = each;
+    }
+    ASSERT_TRUE(box);
+    const auto photo = [&](int pupil) { return pupilPhoto(session.CurrentDB, u"D"_s, pupil); };
+    seams.prompts.expect(PromptKind::File, u" Load Picture:"_s, file);
+    emit box->fileWanted();
+    EXPECT_EQ(photo(1).size(), StandardPhoto * 2);
+    EXPECT_EQ(photo(1).pixelColor(5, 5), QColor(Qt::red));
+    seams.prompts.expect(PromptKind::Plain, u"Delete Photo"_s, AnswerYes);
+    QTest::keyClick(box, Qt::Key_Delete);
+    EXPECT_TRUE(photo(1).isNull());
+    picture = QImage(100, 87, QImage::Format_RGB32); // room for one pupil and a half
+    picture.fill(Qt::green);
+    picture.save(file);
+    seams.prompts.expect(PromptKind::File, u" Load Class Pictures From:"_s, file);
+    QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(photo(1).pixelColor(60, 5), QColor(Qt::green));
+    EXPECT_EQ(photo(3).pixelColor(60, 5), QColor(Qt::white)); // the second by surname
+    EXPECT_FALSE(photo(2).isNull());
+    seams.prompts.expect(PromptKind::Plain, u"Capture Image"_s, AnswerOk);
+    emit box->captureWanted(); // the desktop gives no picture
+    QFile(file).resize(20);
+    seams.prompts.expect(PromptKind::File, u" Load Picture:"_s, file);
+    seams.prompts.expect(PromptKind::Plain, u" Load Picture:"_s, AnswerOk);
+    QTest::mouseDClick(box, Qt::LeftButton);
+    EXPECT_FALSE(photo(1).isNull());
+    seams.prompts.expect(PromptKind::Plain, u"Delete Photos"_s, AnswerYes);
+    QTest::keyClick(box, Qt::Key_D, Qt::ControlModifier);
+    EXPECT_TRUE(photo(3).isNull());
+}
+
+TEST_F(PupilScreenTest, NotesHaveCategoriesOfTheTeachersOwn) {
+    show();
+    window->Show_View(PupilNotesView);
+    auto& note = control<RichTextBox>(*window, u"RTFnotes"_s);
+    EXPECT_FALSE(note.isEnabled());
+    const auto add = [this](const QString& title, const QString& refusal = {}) {
+        seams.prompts.expect(PromptKind::Selector, u"Create Notes Category"_s,
+                             title + u",12,255,"_s);
+        if (!refusal.isEmpty())
+            seams.prompts.expect(PromptKind::Plain, refusal, AnswerOk);
+        control<QToolButton>(*window, u"cmdAddNotes"_s).click();
+    };
+    add(u"Report"_s);
+    ASSERT_TRUE(note.isEnabled());
+    note.setFocus();
+    QTest::keyClicks(&note, u"Works well"_s);
+    add(u"Target"_s);
+    EXPECT_EQ(note.plainText(), QString());
+    QTest::keyClicks(&note, u"Spelling"_s);
+    auto& categories = control<QListWidget>(*window, u"CL5"_s);
+    categories.setCurrentRow(0);
+    EXPECT_EQ(note.plainText(), u"Works well"_s);
+    clickName(1);
+    EXPECT_EQ(note.plainText(), QString());
+    clickName(0);
+    EXPECT_EQ(note.plainText(), u"Works well"_s);
+    checkScreen(*window, u"RegisterFrm_notes"_s);
+    seams.prompts.expect(PromptKind::Plain, u"Delete Category"_s, AnswerYes);
+    control<QToolButton>(*window, u"cmdDeleteNotes"_s).click();
+    EXPECT_EQ(categories.count(), 1);
+    add(u"Report"_s);
+    EXPECT_EQ(note.plainText(), QString());
+    add(u"a.b"_s, u"Invalid Category Name"_s);
+}
+
+TEST_F(PupilScreenTest, ALessonNoteGoesWithItsPupilAndDay) {
+    showRegister();
+    menuItem(u"Display Panel"_s).trigger();
+    auto& note = control<QPlainTextEdit>(*window, u"TxtLessonNotes"_s);
+    control<QCheckBox>(*window, u"chkNotes"_s).click();
+    ASSERT_TRUE(note.isEnabled());
+    note.setFocus();
+    QTest::keyClicks(&note, u"Late bus"_s);
+    clickName(1);
+    EXPECT_EQ(note.toPlainText(), QString());
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT Ldate,Lcode,Lpupil,Lnotes FROM Lesson_Notes"_s),
+              QStringList{u"09/09/24|D|1|Late bus"_s});
+    clickName(0);
+    EXPECT_EQ(note.toPlainText(), u"Late bus"_s);
+    checkScreen(*window, u"RegisterFrm_panel"_s);
+    note.selectAll();
+    QTest::keyClick(&note, Qt::Key_Delete);
+    grid().setCurrentIndex(grid().model()->index(0, PupilSheet::TutorColumn));
+    EXPECT_FALSE(note.isEnabled());
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT * FROM Lesson_Notes"_s), QStringList());
+}
+
+TEST_F(PupilScreenTest, PupilsComeAndGoByTheTaskList) {
+    show();
+    seams.prompts.expect(PromptKind::Input, u"Enter Pupil Name:"_s, u"Mary Jane Abel"_s);
+    runTask(0);
+    EXPECT_EQ(names().currentIndex().data().toString(), u"Jane Abel"_s);
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM REG_D WHERE ID = 4"_s).size(), 1);
+    for (const QString& name : {u"Mary"_s, u" Mary"_s, u"Mary "_s}) {
+        seams.prompts.expect(PromptKind::Input, u"Enter Pupil Name:"_s, name);
+        seams.prompts.expect(PromptKind::Plain, u"Invalid Name:"_s, AnswerOk);
+        runTask(0);
+    }
+    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, AnswerYes + CheckBoxTicked);
+    runTask(2);
+    EXPECT_EQ(names().model()->rowCount(), 3);
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM Marks_D WHERE ID = 4"_s), QStringList());
+    seams.prompts.expect(PromptKind::Message, u"Remove ALL Pupils"_s, AnswerYes);
+    auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
+    QTest::keyPress(&tasks, Qt::Key_Control);
+    runTask(2, Qt::ControlModifier);
+    EXPECT_EQ(names().model()->rowCount(), 0);
+    EXPECT_EQ(tasks.currentRow(), 0);
+    seams.prompts.expect(PromptKind::Plain, u"Delete Pupils"_s, AnswerOk);
+    runTask(2);
+}
+
+TEST_F(PupilScreenTest, TheWizardMakesAClass) {
+    show();
+    whenAsked([this](QWidget& wizard) {
+        auto& code = control<QLineEdit>(wizard, u"TxtCode"_s);
+        auto& next = control<QPushButton>(wizard, u"cmdNext"_s);
+        checkScreen(wizard, u"NewClassFrm_code"_s);
+        seams.prompts.expect(PromptKind::Plain, u"Invalid Character"_s, AnswerOk);
+        QTest::keyClicks(&code, u"d "_s);
+        EXPECT_EQ(code.text(), u"D"_s);
+        seams.prompts.expect(PromptKind::Plain, u"New Class Setup"_s, AnswerOk);
+        next.click();
+        EXPECT_EQ(code.text(), QString());
+        QTest::keyClicks(&code, u"x1"_s);
+        next.click();
+        EXPECT_EQ(next.text(), u"Finish >>"_s);
+        auto& week = control<QTableWidget>(wizard, u"TimetableA"_s);
+        seams.prompts.expect(PromptKind::Plain, u"Period unavailable"_s, AnswerOk);
+        emit week.cellClicked(1, 0);
+        emit week.cellClicked(0, 0);
+        week.setCurrentCell(0, 4);
+        QTest::keyClick(&week, Qt::Key_Space);
+        EXPECT_EQ(week.item(0, 4)->text(), u"X1"_s);
+        checkScreen(wizard, u"NewClassFrm_timetable"_s);
+        next.click();
+    });
+    runTask(1);
+    EXPECT_EQ(window->desk().classCode(), u"X1"_s);
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT Mon,Fri FROM Classcodes WHERE Classcode = 'X1'"_s),
+              QStringList{u"1|1"_s});
+    EXPECT_TRUE(frame.log.contains(u"refresh TTfrm"_s));
+    whenAsked([this](QWidget& wizard) {
+        seams.prompts.expect(PromptKind::Plain, u"Cancel"_s, AnswerYes);
+        control<QPushButton>(wizard, u"cmdCancel"_s).click();
+    });
+    runTask(1);
+    EXPECT_EQ(control<QListWidget>(*window, u"ClassList"_s).count(), 3);
+}
+
+TEST(CaptureWindowTest, APartIsDraggedOutOfTheScreen) {
+    QImage screen(800, 600, QImage::Format_RGB32);
+    screen.fill(Qt::white);
+    for (int y = 100; y < 200; ++y) {
+        for (int x = 100; x < 200; ++x)
+            screen.setPixelColor(x, y, Qt::blue);
+    }
+    CaptureWindow window(screen);
+    QMetaObject::invokeMethod(
+        &window,
+        [&window] {
+            const double scale = window.width() / 800.0;
+            const double down = window.height() / 600.0;
+            const auto at = [&](int x, int y) { return QPoint(int(x * scale), int(y * down)); };
+            QTest::mouseClick(&window, Qt::LeftButton, {}, at(10, 10)); // no part
+            QTest::mousePress(&window, Qt::LeftButton, {}, at(110, 110));
+            QTest::mouseMove(&window, at(180, 180));
+            QTest::mouseRelease(&window, Qt::LeftButton, {}, at(180, 180));
+        },
+        Qt::QueuedConnection);
+    const QImage part = window.capture();
+    ASSERT_FALSE(part.isNull());
+    EXPECT_EQ(part.pixelColor(part.rect().center()), QColor(Qt::blue));
+}
