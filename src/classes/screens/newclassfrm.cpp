@@ -100,6 +100,7 @@ QWidget* NewClassFrm::makeButtons() {
     m_previous = add(u"cmdPrevious"_s, u"<< Previous"_s, &NewClassFrm::previous);
     m_next = add(u"cmdNext"_s, u"Next >>"_s, &NewClassFrm::next);
     add(u"cmdCancel"_s, u"Cancel"_s, &NewClassFrm::reject)->setAutoDefault(false);
+    m_previous->setAutoDefault(false);
     m_next->setDefault(true);
     return row;
 }
@@ -152,6 +153,13 @@ bool NewClassFrm::eventFilter(QObject* watched, QEvent* event) {
             return true;
     }
     return QDialog::eventFilter(watched, event);
+}
+
+/// The cells have colours of the scheme.
+void NewClassFrm::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_next)
+        showPage();
 }
 
 void NewClassFrm::reject() {

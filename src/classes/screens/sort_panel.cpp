@@ -143,7 +143,7 @@ QWidget* SortPanel::makeLogicalRow() {
 }
 
 QWidget* SortPanel::makeRunRow() {
-    constexpr int lines = 2;
+    constexpr int lines = 3;
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins({});

@@ -173,6 +173,13 @@ void ORVAfrm::connectCommands() {
     connect(m_commands, &SheetCommands::tomorrowWanted, this, [this] { m_sheets.showTomorrow(); });
     connect(m_commands, &SheetCommands::deleteWanted, this, [this] { m_sheets.deleteSheet(); });
     connect(m_commands, &SheetCommands::eventWanted, this, &ORVAfrm::carryOut);
+    connect(m_commands, &SheetCommands::registerWanted, this, &ORVAfrm::openRegister);
+}
+
+/// On the class of the period, where it has one.
+void ORVAfrm::openRegister() {
+    if (MainFrame* frame = m_session.Frame())
+        frame->OpenFormOn(u"RegisterFrm"_s, m_sheets.classOf(m_periods->selectedPeriod()));
 }
 
 /// Beyond the timer: when the focus goes to another window, when another program comes to the

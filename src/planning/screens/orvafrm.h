@@ -55,6 +55,7 @@ private:
     void resetAllRTFedits();
     void selectPeriod(int period);
     void pickDate(QDate date);
+    void openRegister();
     void carryOut(SheetEvent event);
     void saveSoon();
     void save();

@@ -66,7 +66,9 @@ void SheetCommands::makeFormActions() {
             continue;
         auto* action = new QAction(icon(command.icon), command.caption, this);
         connect(action, &QAction::triggered, this, [this, form = command.form] {
-            if (MainFrame* frame = m_session.Frame())
+            if (form == registerForm)
+                emit registerWanted();
+            else if (MainFrame* frame = m_session.Frame())
                 frame->OpenForm(form);
         });
         m_formActions.insert(command.form, action);

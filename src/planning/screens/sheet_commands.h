@@ -37,6 +37,7 @@ signals:
     void tomorrowWanted();
     void deleteWanted();
     void maximiseWanted();
+    void registerWanted(); ///< of the selected period's class
     void eventWanted(SheetEvent event);
 
 private:
