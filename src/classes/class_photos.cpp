@@ -100,6 +100,8 @@ QImage pictureNamed(const QString& grade, const QHash<QString, QString>& files) 
         formats += QString::fromLatin1(format);
     for (const QString& format : std::as_const(formats)) {
         const QString file = files.value(grade.toLower() + u'.' + format);
+        if (file.isEmpty())
+            continue;
         if (QImage picture(file); !picture.isNull())
             return picture;
     }

@@ -7,6 +7,7 @@
 #include "core/screens/helpfrm.h"
 #include "core/screens/mdiorva.h"
 #include "core/screens/progressfrm.h"
+#include "core/screens/tour_classes.h"
 #include "core/screens/tour_pictures.h"
 #include "core/screens/tour_planning.h"
 #include "core/screens/tour_timetable.h"
@@ -130,6 +131,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         fillTimetable(session);
         fillTodaysWeek(session);
         fillTodaysSheet(session);
+        fillFirstClass(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }
@@ -142,6 +144,7 @@ bool playTour(Session& session, mdiORVA& frame, const QString& folder) {
         pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }
+    visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
     // Pictures tell nothing of the machine that they were taken on.
