@@ -2,69 +2,21 @@
 
 #include "figures.h"
 #include "raw_library.h"
+#include "sample_class.h"
 
-#include "classes/class_tables.h"
 #include "classes/class_views.h"
-#include "classes/register_columns.h"
 #include "classes/register_marking.h"
 #include "core/console_prompts.h"
 #include "store/engine/engine.h"
-#include "store/schema.h"
-#include "store/table_names.h"
-
-#include <array>
 
 namespace {
 
-constexpr int pupilCount = 35;
-constexpr int lessonCount = 250;
 /// A lesson in the middle of the year, the first of its day.
-constexpr int lessonInTheMiddle = 125;
+constexpr int lessonInTheMiddle = SampleClassMarked + 1;
 constexpr int markColumn = PupilSheet::FirstOwnColumn + lessonInTheMiddle - 1;
+constexpr int pupilCount = SampleClassPupils;
 
-const QString classCode = QStringLiteral("7A");
-
-/// Two lessons a day, one straight after the other, from Monday to Friday.
-QList<Lesson> lessons() {
-    QList<Lesson> all;
-    for (QDate date(2024, 9, 2); all.size() < lessonCount; date = date.addDays(1)) {
-        if (date.dayOfWeek() <= DaysOfTimetable)
-            all << Lesson{date, u'A'} << Lesson{date, u'A'};
-    }
-    return all;
-}
-
-QByteArray lessonName(int number) {
-    return registerColumnName({lessons()[number - 1].date, number}).toUtf8();
-}
-
-/// A class in the spring: every lesson up to the middle is marked.
-void createClass(const QString& path) {
-    const dao::DBEngine engine;
-    const dao::Database database = engine.CreateDatabase(path, dao::GeneralLocale.toString());
-    dao::Transaction transaction(database);
-    database.TableDefs().Append(schemaTableDef(Table::Classcodes));
-    dao::Recordset classcodes = database.OpenRecordset(ClasscodesTable);
-    addClassRecord(classcodes, classCode, {}, WhiteClassColour);
-    createPupilTable(database, classCode);
-    createRegisterAndMarks(database, classCode, lessons());
-    dao::Recordset pupils = database.OpenRecordset(classTable(classCode));
-    dao::Recordset marks = database.OpenRecordset(registerTable(classCode));
-    for (int pupil = 1; pupil <= pupilCount; ++pupil) {
-        pupils.AddNew();
-        pupils.SetCollect(u"Surname", QStringLiteral("Featherstone%1").arg(pupil * 13 % 35));
-        pupils.SetCollect(u"Firstname", QStringLiteral("Ann"));
-        pupils.SetCollect(u"Tutor", QStringLiteral("7T"));
-        pupils.Update();
-        marks.AddNew();
-        marks.SetCollect(u"ID", pupil);
-        for (int lesson = 1; lesson < lessonInTheMiddle; ++lesson)
-            marks.SetCollect(lesson,
-                             (pupil + lesson) % 9 ? QStringLiteral("/") : QStringLiteral("O"));
-        marks.Update();
-    }
-    transaction.commit();
-}
+const QString classCode = SampleClassCode;
 
 /// A class's register, open as its window has it.
 class OpenRegister {
@@ -144,7 +96,7 @@ class RawMarking : public Work {
 public:
     explicit RawMarking(const QString& path)
         : m_database(path)
-        , m_update(m_database.prepare("UPDATE REG_7A SET \"" + lessonName(lessonInTheMiddle) +
+        , m_update(m_database.prepare("UPDATE REG_7A SET \"" + sampleLessonName(lessonInTheMiddle) +
                                       "\" = ?1 WHERE ID = ?2")) {}
 
     void run() override {
@@ -175,7 +127,7 @@ public:
 class RawFilling : public Work {
 public:
     explicit RawFilling(const QString& path)
-        : m_database(path), m_name(lessonName(lessonInTheMiddle + 2)) {}
+        : m_database(path), m_name(sampleLessonName(lessonInTheMiddle + 2)) {}
 
     void prepare() override { m_database.execute("UPDATE REG_7A SET \"" + m_name + "\" = ''"); }
     void run() override {
@@ -196,24 +148,13 @@ private:
     QByteArray m_name;
 };
 
-/// A figure whose sides have a file each, since an open year is one connection's.
-template<typename Value, typename Floor>
-Figure figureOf(const char* name, double bound, int rounds, const QString& folder) {
-    std::array<QString, 2> files;
-    for (size_t side = 0; side < files.size(); ++side) {
-        files[side] = QStringLiteral("%1/%2-%3.mdb").arg(folder, QLatin1String(name)).arg(side);
-        createClass(files[side]);
-    }
-    return {QLatin1String(name), bound, rounds, std::make_unique<Value>(files[0]),
-            std::make_unique<Floor>(files[1])};
-}
-
 } // namespace
 
 std::vector<Figure> classFigures(const QString& folder) {
     std::vector<Figure> figures;
-    figures.push_back(figureOf<Reading, RawReading>("read a register", 3, 50, folder));
-    figures.push_back(figureOf<Marking, RawMarking>("one mark to the disk", 3, 50, folder));
-    figures.push_back(figureOf<Filling, RawFilling>("fill a column of 35", 3, 50, folder));
+    figures.push_back(sampleClassFigure<Reading, RawReading>("read a register", 3, 50, folder));
+    figures.push_back(
+        sampleClassFigure<Marking, RawMarking>("one mark to the disk", 3, 50, folder));
+    figures.push_back(sampleClassFigure<Filling, RawFilling>("fill a column of 35", 3, 50, folder));
     return figures;
 }

@@ -36,8 +36,8 @@ bool isWithinBound(const Figure& figure) {
 std::vector<Figure> allFigures(const QString& folder) {
     std::vector<Figure> all;
     for (const auto& family :
-         {fileFigures, backupFigures, recordsetFigures, classFigures, startFigures, screenFigures,
-          richTextFigures, writingFigures, planningFigures}) {
+         {fileFigures, backupFigures, recordsetFigures, classFigures, classWindowFigures,
+          startFigures, screenFigures, richTextFigures, writingFigures, planningFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }
