@@ -3,6 +3,7 @@
 // The program reads no command line of the person's. Two words serve the project's own commands:
 // `--tour FOLDER` plays the tour, `--quit-when-shown` ends once the frame stands.
 
+#include "controls/family_style.h"
 #include "controls/icons.h"
 #include "core/screens/desktop_prompts.h"
 #include "core/screens/desktop_shell.h"
@@ -20,6 +21,7 @@
 #include <QStandardPaths>
 
 int main(int argc, char** argv) {
+    QApplication::setStyle(new FamilyStyle);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
     QCoreApplication::setApplicationVersion(programVersion());
