@@ -11,17 +11,16 @@ void FocusedBox::add(RichTextBox& box) {
     connect(&box, &RichTextBox::currentCharFormatChanged, this, tell);
     connect(&box, &RichTextBox::cursorPositionChanged, this, tell);
     connect(&box, &RichTextBox::selectionChanged, this, tell);
-    // Told before the pointer is cleared by itself.
     connect(&box, &QObject::destroyed, this, [this, &box] {
         if (m_box != &box)
             return;
-        m_box.clear();
+        m_box = nullptr;
         emit changed();
     });
 }
 
 RichTextBox* FocusedBox::writableBox() const {
-    return m_box && m_box->isEnabled() && !m_box->isReadOnly() ? m_box.data() : nullptr;
+    return m_box && m_box->isEnabled() && !m_box->isReadOnly() ? m_box : nullptr;
 }
 
 void FocusedBox::enter(RichTextBox& box) {

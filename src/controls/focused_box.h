@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 
 class RichTextBox;
 
@@ -28,5 +27,5 @@ signals:
 private:
     void enter(RichTextBox& box);
 
-    QPointer<RichTextBox> m_box;
+    RichTextBox* m_box = nullptr; ///< cleared when the box goes
 };

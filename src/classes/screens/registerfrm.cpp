@@ -52,6 +52,7 @@ RegisterFrm::RegisterFrm(Session& session) : m_session(session), m_desk(session)
 
 RegisterFrm::~RegisterFrm() {
     leaveView();
+    m_names->follow(nullptr);
     // The pages tell of losing the focus while they go: as long as there is a desk to hear it.
     delete m_pages;
     delete m_names;
