@@ -1,5 +1,6 @@
 #include "classes/class_photos.h"
 
+#include "classes/picture_file.h"
 #include "core/prompts.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
@@ -17,7 +18,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString PhotoTitle = u" Load Picture:"_s;
+const QString LoadTitle = u" Load Picture:"_s;
+const QString StripTitle = u" Load Class Pictures From:"_s;
+const QString ImportTitle = u"Picture Import Complete"_s;
+const QString CaptureTitle = u"Capture Image"_s;
+
+/// The largest photo that is kept, and as much as is read of a picture to make one: twice as much
+/// again, so that the reduction is fine.
+constexpr QSize FinePhoto = StandardPhoto * 2;
+constexpr QSize EnoughForPhoto = FinePhoto * 2;
 
 /// An ordinary bitmap file: what older programs keep in `Photo` too.
 QByteArray photoBytes(const QImage& photo) {
@@ -40,8 +49,8 @@ void writePhoto(const dao::Database& database, const QString& classCode, qint64 
     record.Close();
 }
 
-/// Does work over photos whole or not at all; a failure is told.
-bool changePhotos(const dao::Database& database, Prompts& prompts,
+/// Does work over photos whole or not at all; a failure is told, under the title of the work.
+bool changePhotos(const dao::Database& database, const QString& title, Prompts& prompts,
                   const std::function<void()>& work) {
     try {
         dao::Transaction transaction(database);
@@ -50,7 +59,7 @@ bool changePhotos(const dao::Database& database, Prompts& prompts,
         return true;
     } catch (const dao::EngineError& error) {
         prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
-                         OkButton | CriticalIcon, PhotoTitle);
+                         OkButton | CriticalIcon, title);
         return false;
     }
 }
@@ -63,47 +72,69 @@ QString allPictures() {
 }
 
 /// Asks for a picture and reads it; a null one where it was cancelled or, told, can't be read.
-QImage askPicture(const QString& title, const QString& startFolder, Prompts& prompts) {
+QImage askPicture(const QString& title, const QString& startFolder, QSize enough,
+                  Prompts& prompts) {
     const QString file = prompts.OpenFileDialog(
         title, {{u"Picture (*.bmp)"_s, u"*.bmp"_s}, {u"All pictures"_s, allPictures()}},
         startFolder, PathMustExist | FileMustExist | ExplorerStyle, false);
     if (file.isEmpty())
         return {};
-    QImage picture(file);
-    if (picture.isNull())
-        prompts.PlainBox(u"This file can't be read as a picture. The photo stays as it was."_s,
-                         OkButton | WarningIcon, title);
-    return picture;
+    const PictureFile read = readPictureFile(file, enough);
+    if (read.picture.isNull())
+        prompts.PlainBox(read.failure, OkButton | WarningIcon, title);
+    return read.picture;
 }
 
+/// The size of each pupil's part: the standard photo, or a whole multiple of it where the strip is
+/// that high.
+QSize partSize(const QImage& strip) {
+    const bool isMultiple = strip.height() % StandardPhoto.height() == 0;
+    return StandardPhoto * (isMultiple ? strip.height() / StandardPhoto.height() : 1);
+}
+
+/// White where the strip ends.
 QImage partOfStrip(const QImage& strip, int place) {
-    QImage part(StandardPhoto, QImage::Format_RGB32);
+    const QSize size = partSize(strip);
+    QImage part(size, QImage::Format_RGB32);
     part.fill(Qt::white);
-    QPainter(&part).drawImage(0, 0, strip, place * StandardPhoto.width(), 0, StandardPhoto.width(),
-                              StandardPhoto.height());
+    QPainter(&part).drawImage(0, 0, strip, place * size.width(), 0, size.width(), size.height());
     return part;
 }
 
-/// The files of a folder, by their names in small letters.
+/// A file's name for a comparison without regard to case, or to how an accent is put together.
+QString foldedName(const QString& name) {
+    return name.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
+/// The files of a folder by their names, and by their folded names where no other file has that
+/// very name.
 QHash<QString, QString> filesIn(const QString& folder) {
+    const QDir place(folder);
+    const QStringList names = place.entryList(QDir::Files, QDir::Name);
     QHash<QString, QString> files;
-    for (const QString& name : QDir(folder).entryList(QDir::Files))
-        files.insert(name.toLower(), folder + u'/' + name);
+    for (const QString& name : names)
+        files.insert(name, place.filePath(name));
+    for (const QString& name : names) {
+        if (!files.contains(foldedName(name)))
+            files.insert(foldedName(name), place.filePath(name));
+    }
     return files;
 }
 
 /// The picture that a grade names: NAME.bmp, else one of that name in another format. A grade is
-/// what anybody typed: it never leads out of the folder.
+/// what anybody typed: it is looked up among the folder's files, and so never leads out of it.
 QImage pictureNamed(const QString& grade, const QHash<QString, QString>& files) {
     QStringList formats{u"bmp"_s};
     for (const QByteArray& format : QImageReader::supportedImageFormats())
         formats += QString::fromLatin1(format);
     for (const QString& format : std::as_const(formats)) {
-        const QString file = files.value(grade.toLower() + u'.' + format);
+        const QString name = grade + u'.' + format;
+        const QString file = files.value(name, files.value(foldedName(name)));
         if (file.isEmpty())
             continue;
-        if (QImage picture(file); !picture.isNull())
-            return picture;
+        const PictureFile read = readPictureFile(file, EnoughForPhoto);
+        if (!read.picture.isNull())
+            return read.picture;
     }
     return {};
 }
@@ -147,11 +178,15 @@ int readPhotoFiles(const dao::Database& database, const QString& classCode, cons
 } // namespace
 
 QImage toPhoto(const QImage& picture) {
-    const QSize fine = StandardPhoto * 2;
-    const bool isFine = picture.width() >= fine.width() && picture.height() >= fine.height();
-    return picture
-        .scaled(isFine ? fine : StandardPhoto, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_RGB888);
+    const bool isFine =
+        picture.width() >= FinePhoto.width() && picture.height() >= FinePhoto.height();
+    QImage stretched = picture.scaled(isFine ? FinePhoto : StandardPhoto, Qt::IgnoreAspectRatio,
+                                      Qt::SmoothTransformation);
+    stretched.setDevicePixelRatio(1);
+    QImage photo(stretched.size(), QImage::Format_RGB888);
+    photo.fill(Qt::white); // a bitmap shows nothing through
+    QPainter(&photo).drawImage(0, 0, stretched);
+    return photo;
 }
 
 void ValidatePicture(const dao::Database& database, const QString& classCode, qint64 pupil,
@@ -161,22 +196,24 @@ void ValidatePicture(const dao::Database& database, const QString& classCode, qi
 
 bool storePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,
                 const QImage& picture, Prompts& prompts) {
-    return !picture.isNull() && changePhotos(database, prompts, [&] {
+    return !picture.isNull() && changePhotos(database, CaptureTitle, prompts, [&] {
         ValidatePicture(database, classCode, pupil, picture);
     });
 }
 
 bool loadPhotoFromFile(const dao::Database& database, const QString& classCode, qint64 pupil,
                        const QString& startFolder, Prompts& prompts) {
-    return storePhoto(database, classCode, pupil, askPicture(PhotoTitle, startFolder, prompts),
-                      prompts);
+    const QImage picture = askPicture(LoadTitle, startFolder, EnoughForPhoto, prompts);
+    return !picture.isNull() && changePhotos(database, LoadTitle, prompts, [&] {
+        ValidatePicture(database, classCode, pupil, picture);
+    });
 }
 
 bool Load_Class_Pictures(const dao::Database& database, const QString& classCode,
                          const QList<qint64>& pupils, const QString& startFolder,
                          Prompts& prompts) {
-    const QImage strip = askPicture(u" Load Class Pictures From:"_s, startFolder, prompts);
-    return !strip.isNull() && changePhotos(database, prompts, [&] {
+    const QImage strip = askPicture(StripTitle, startFolder, {}, prompts);
+    return !strip.isNull() && changePhotos(database, StripTitle, prompts, [&] {
         for (int place = 0; place < pupils.size(); ++place)
             ValidatePicture(database, classCode, pupils[place], partOfStrip(strip, place));
     });
@@ -192,27 +229,30 @@ bool Load_Photo_files_from_folder(const dao::Database& database, const QString& 
     if (folder.isEmpty())
         return false;
     int missing = 0;
-    const bool isDone = changePhotos(
-        database, prompts, [&] { missing = readPhotoFiles(database, classCode, column, folder); });
+    const bool isDone = changePhotos(database, ImportTitle, prompts, [&] {
+        missing = readPhotoFiles(database, classCode, column, folder);
+    });
     if (isDone && missing > 0)
         prompts.PlainBox(u"%1 files could not be found, please load these manually."_s.arg(missing),
-                         OkButton, u"Picture Import Complete"_s);
+                         OkButton, ImportTitle);
     return isDone;
 }
 
 bool removePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,
                  Prompts& prompts) {
+    const QString title = u"Delete Photo"_s;
     return prompts.PlainBox(u"Remove this image from the database?"_s, YesNoButtons | QuestionIcon,
-                            u"Delete Photo"_s) == AnswerYes &&
-           changePhotos(database, prompts,
+                            title) == AnswerYes &&
+           changePhotos(database, title, prompts,
                         [&] { writePhoto(database, classCode, pupil, QByteArray()); });
 }
 
 bool removePhotos(const dao::Database& database, const QString& classCode,
                   const QList<qint64>& pupils, Prompts& prompts) {
+    const QString title = u"Delete Photos"_s;
     return prompts.PlainBox(u"Remove ALL photos for this class?"_s, YesNoButtons | QuestionIcon,
-                            u"Delete Photos"_s) == AnswerYes &&
-           changePhotos(database, prompts, [&] {
+                            title) == AnswerYes &&
+           changePhotos(database, title, prompts, [&] {
                for (const qint64 pupil : pupils)
                    writePhoto(database, classCode, pupil, QByteArray());
            });

@@ -17,7 +17,7 @@ class Prompts;
 /// that it is sharp on a fine screen too.
 inline constexpr QSize StandardPhoto{67, 87};
 
-/// A picture stretched to a photo.
+/// A picture stretched to a photo; white where it was transparent.
 QImage toPhoto(const QImage& picture);
 
 /// Keeps a picture as a pupil's photo. Raises what the engine raises.
@@ -27,8 +27,9 @@ void ValidatePicture(const dao::Database& database, const QString& classCode, qi
 /// "Load from file...": asks for a picture for a pupil.
 bool loadPhotoFromFile(const dao::Database& database, const QString& classCode, qint64 pupil,
                        const QString& startFolder, Prompts& prompts);
-/// Asks for one picture with the photos of a whole class side by side, each of the standard size,
-/// and gives them to pupils in their order. Where it is too short the last get an empty photo.
+/// Asks for one picture with the photos of a whole class side by side, each of the standard size
+/// (or a whole multiple of it, by the picture's height), and gives them to pupils in their order.
+/// Where it is too short the last get an empty photo.
 bool Load_Class_Pictures(const dao::Database& database, const QString& classCode,
                          const QList<qint64>& pupils, const QString& startFolder, Prompts& prompts);
 /// Asks for the grade column that names each pupil's picture file, without ".bmp", and for the

@@ -13,10 +13,10 @@ namespace {
 
 QString condition(const PupilName& name) {
     const QString surname = u"Surname = "_s + dao::writeText(name.surname);
-    // A name that is not known is Null in the file, which equals no text.
-    return name.firstname.isEmpty()
-               ? surname + u" AND Firstname Is Null"_s
-               : surname + u" AND Firstname = "_s + dao::writeText(name.firstname);
+    const QString firstname = u"Firstname = "_s + dao::writeText(name.firstname);
+    // A name that is not known may be Null in the file, which equals no text.
+    return surname + u" AND "_s +
+           (name.firstname.isEmpty() ? u"(Firstname Is Null OR %1)"_s.arg(firstname) : firstname);
 }
 
 QString clauseOf(const QList<PupilName>& pupils) {

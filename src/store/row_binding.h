@@ -5,8 +5,6 @@
 #include <QList>
 #include <QStringList>
 
-#include <chrono>
-
 class Prompts;
 
 namespace dao {
@@ -29,9 +27,6 @@ public:
 
 /// The most characters that a limited box can write back: the whole text with its formatting.
 inline constexpr qsizetype LargestBoundText = 65535;
-
-/// So long after the first key that is not on disk a window writes what is in its boxes.
-inline constexpr std::chrono::seconds SaveDelay{2};
 
 /// Ties the boxes of a window to the fields of a recordset's current row: shows the row, and writes
 /// the changed boxes back before the row is left. Only what was changed is written, so that what

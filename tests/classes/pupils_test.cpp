@@ -1,15 +1,10 @@
-// Pupils: how they come into a class, their photos from files, and the notes on their lessons.
+// Pupils: how they come into a class and leave it, and the notes on their lessons.
 
-#include "classes/class_photos.h"
 #include "classes/class_removal.h"
 #include "classes/pupil_notes.h"
-#include "classes/pupil_photo.h"
 #include "classes/pupils.h"
 #include "store/schema.h"
 #include "support/class_file.h"
-
-#include <QBuffer>
-#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -33,14 +28,7 @@ protected:
     TestSeams seams;
     YearFile file;
     dao::Database database;
-    QTemporaryDir folder;
 };
-
-QImage coloured(const QColor& colour, const QSize& size = {10, 10}) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(colour);
-    return image;
-}
 
 } // namespace
 
@@ -67,48 +55,38 @@ TEST_F(PupilsTest, APupilGetsHisRowsEverywhere) {
     EXPECT_EQ(rows(u"SELECT ID FROM REG_7A"_s).size(), 2);
 }
 
-TEST_F(PupilsTest, PhotosComeFromTheFilesThatAColumnNames) {
-    addPupils(database, code, {u"Ames,Ann"_s, u"Brown,Bea"_s, u"Cole,Ed"_s, u"Dodd,Di"_s});
-    database.TableDefs()[u"Marks_7A"].Fields().Append(
-        dao::TableDef::CreateField(u"File"_s, dao::DataType::Text, 50));
-    dao::Recordset marks = database.OpenRecordset(u"Marks_7A"_s);
-    for (const QString& name : {u"ann"_s, u"../secret"_s, u"ED"_s}) {
-        marks.Edit();
-        marks.SetCollect(u"File", name);
-        marks.Update();
-        marks.MoveNext();
-    }
-    marks.Close();
-    const QString place = folder.filePath(u"photos"_s);
-    QDir().mkpath(place);
-    coloured(Qt::red).save(place + u"/Ann.BMP"_s, "BMP");
-    coloured(Qt::green).save(place + u"/ann.png"_s);
-    coloured(Qt::blue).save(place + u"/ed.png"_s);
-    coloured(Qt::black).save(folder.filePath(u"secret.bmp"_s));
-    seams.prompts.expect(PromptKind::Selector, u"Grade column titles for 7A"_s, u"File"_s);
-    seams.prompts.expect(PromptKind::Folder,
-                         u"Select the folder where the picture files are located:"_s, place);
-    seams.prompts.expect(PromptKind::Plain, u"Picture Import Complete"_s, AnswerOk);
-    EXPECT_TRUE(Load_Photo_files_from_folder(database, code, seams.prompts));
-    EXPECT_TRUE(seams.prompts.last().text.startsWith(u"1 files"_s));
-    EXPECT_EQ(seams.prompts.selectors().last().items, (QStringList{u"ID"_s, u"File"_s}));
-    EXPECT_EQ(pupilPhoto(database, code, 1).pixelColor(3, 3), QColor(Qt::red));
-    EXPECT_TRUE(pupilPhoto(database, code, 2).isNull());
-    EXPECT_EQ(pupilPhoto(database, code, 3).pixelColor(3, 3), QColor(Qt::blue));
+TEST_F(PupilsTest, OneOfTwoOfTheSameNameLeaves) {
+    addPupils(database, code, {u"O'Brien,Zoë"_s, u"O'Brien,Zoë"_s});
+    storeLessonNote(database, {u"09/09/24"_s, code, 2}, u"late"_s);
+    bool dontAsk = false;
+    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, AnswerYes);
+    EXPECT_TRUE(Delete_Pupil(database, code, 2, {u"O'Brien"_s, u"Zoë"_s}, dontAsk, seams.prompts));
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"remove Zoë O'Brien from this class?"_s));
+    EXPECT_FALSE(dontAsk);
+    for (const QString& table : {u"Class_7A"_s, u"REG_7A"_s, u"Marks_7A"_s})
+        EXPECT_EQ(rows(u"SELECT ID FROM "_s + table), QStringList{u"1"_s});
+    EXPECT_EQ(add(u"Zoë O'Brien"_s), 3); // nobody gets the notes of the one who left
+    EXPECT_EQ(rows(u"SELECT Lpupil FROM Lesson_Notes"_s), QStringList{u"2"_s});
 }
 
-TEST_F(PupilsTest, APhotoIsAnOrdinaryBitmap) {
+TEST_F(PupilsTest, AFullDiskLeavesNobodyHalfInTheClass) {
     addPupils(database, code, {u"Ames,Ann"_s});
-    EXPECT_EQ(toPhoto(coloured(Qt::red)).size(), StandardPhoto);
-    EXPECT_EQ(toPhoto(coloured(Qt::red, {1200, 1600})).size(), StandardPhoto * 2);
-    ValidatePicture(database, code, 1, coloured(Qt::red));
-    dao::Recordset record = database.OpenRecordset(u"SELECT Photo FROM Class_7A"_s);
-    EXPECT_TRUE(record.Collect(u"Photo").toBinary().startsWith("BM"));
-    record.Close();
-    seams.prompts.expect(PromptKind::Plain, u"Delete Photo"_s, AnswerYes);
-    EXPECT_TRUE(removePhoto(database, code, 1, seams.prompts));
-    record = database.OpenRecordset(u"SELECT Photo FROM Class_7A"_s);
-    EXPECT_EQ(record.Fields(u"Photo").FieldSize(), 0);
+    bool dontAsk = true;
+    const auto everywhere = [this] {
+        QStringList ids;
+        for (const QString& table : {u"Class_7A"_s, u"REG_7A"_s, u"Marks_7A"_s})
+            ids += rows(u"SELECT ID FROM "_s + table).join(u' ');
+        return ids;
+    };
+    {
+        const FileSizeLimit fullDisk(1000);
+        EXPECT_FALSE(add(u"Ed Cole"_s, u"Enter Pupil Name:"_s));
+        seams.prompts.expect(PromptKind::Plain, u"Delete Pupil:"_s, AnswerOk);
+        EXPECT_FALSE(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts));
+    }
+    EXPECT_EQ(everywhere(), (QStringList{u"1"_s, u"1"_s, u"1"_s}));
+    EXPECT_TRUE(add(u"Ed Cole"_s));
+    EXPECT_EQ(everywhere().removeDuplicates(), 2);
 }
 
 TEST_F(PupilsTest, LessonNotesAreByClassPupilAndDay) {

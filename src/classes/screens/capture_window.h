@@ -11,7 +11,8 @@ class CaptureWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// `screen`: what the screen shows, at its own resolution; it fills the window.
+    /// `screen`: what the screen shows, at its own resolution; it is shown whole, as large as the
+    /// window allows. That of a desktop with several screens has another shape than one screen.
     explicit CaptureWindow(const QImage& screen);
 
     /// Shows itself and waits; the part that was dragged, null where the person gave it up.
@@ -26,7 +27,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    QRect place() const;
     QRect selection() const;
+    QRect selectedPart() const;
 
     QImage m_screen;
     QPoint m_from;

@@ -49,10 +49,11 @@ void PhotoBox::paintEvent(QPaintEvent*) {
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, u"  No Photo\n  Available"_s);
     } else {
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         QRect place(QPoint(), m_photo.size().scaled(inside.size(), Qt::KeepAspectRatio));
         place.moveCenter(inside.center());
-        painter.drawImage(place, m_photo);
+        // In the screen's own pixels, so that none of the photo's detail is lost on the way.
+        painter.drawImage(place, m_photo.scaled(place.size() * devicePixelRatio(),
+                                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
     if (hasFocus()) {
         QStyleOptionFocusRect option;
@@ -67,8 +68,9 @@ void PhotoBox::contextMenuEvent(QContextMenuEvent* event) {
     m_menu->popup(event->globalPos());
 }
 
-void PhotoBox::mouseDoubleClickEvent(QMouseEvent*) {
-    emit fileWanted();
+void PhotoBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        emit fileWanted();
 }
 
 void PhotoBox::keyPressEvent(QKeyEvent* event) {

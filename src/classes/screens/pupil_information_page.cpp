@@ -3,7 +3,6 @@
 #include "classes/screens/photo_actions.h"
 #include "classes/screens/photo_box.h"
 #include "controls/bound_text.h"
-#include "core/clock.h"
 #include "core/session.h"
 #include "core/shell.h"
 #include "store/engine/error.h"
@@ -13,6 +12,7 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -29,7 +29,8 @@ PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
     , m_binding(session.GetSeams().prompts)
     , m_notes(new QPlainTextEdit)
-    , m_photo(new PhotoBox) {
+    , m_photo(new PhotoBox)
+    , m_delayedSave(session.GetSeams().clock, PupilSaveTimer, [this] { m_binding.flush(); }) {
     m_notes->setObjectName(u"TxtNotes"_s);
     m_notes->setAccessibleName(u"More information"_s);
     m_notes->setTabChangesFocus(true);
@@ -44,13 +45,9 @@ PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     layout->setColumnStretch(0, 1);
     m_boxes.push_back(std::make_unique<BoundPlainText>(*m_notes));
     m_binding.bind(u"Notes"_s, *m_boxes.back());
-    connect(m_notes, &QPlainTextEdit::textChanged, this, &PupilInformationPage::saveSoon);
+    connect(m_notes, &QPlainTextEdit::textChanged, this, &PupilInformationPage::typed);
     connectPhotoBox(*m_photo, session, desk,
                     [this] { Show_Picture(*m_photo, this->session(), this->desk()); });
-}
-
-PupilInformationPage::~PupilInformationPage() {
-    session().GetSeams().clock.stopTimer(PupilSaveTimer);
 }
 
 QWidget* PupilInformationPage::makeBoxes() {
@@ -69,13 +66,23 @@ QWidget* PupilInformationPage::makeBoxes() {
     addLine(*form, u"Tel1"_s, u"Telephone"_s);
     addLine(*form, u"Tel2"_s, u"Telephone"_s);
     m_email = addLine(*form, u"Email"_s, u"Email"_s);
-    auto* mail = new QPushButton(u"Send Mail"_s);
-    mail->setObjectName(u"cmdMail"_s);
-    mail->setAutoDefault(false);
-    connect(mail, &QPushButton::clicked, this, &PupilInformationPage::sendMail);
-    form->addRow(QString(), mail);
-    form->setAlignment(mail, Qt::AlignLeft);
+    form->setWidget(form->rowCount() - 1, QFormLayout::FieldRole, withMailButton(*m_email));
     return boxes;
+}
+
+/// The box of the address and the button beside it.
+QWidget* PupilInformationPage::withMailButton(QLineEdit& email) {
+    auto* button = new QPushButton(u"Send Mail"_s);
+    button->setObjectName(u"cmdMail"_s);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, &PupilInformationPage::sendMail);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    layout->addWidget(&email, 1);
+    layout->addWidget(button);
+    layout->addStretch();
+    return row;
 }
 
 QLineEdit* PupilInformationPage::addLine(QFormLayout& form, const QString& field,
@@ -90,7 +97,7 @@ QLineEdit* PupilInformationPage::addLine(QFormLayout& form, const QString& field
     form.addRow(label, box);
     m_boxes.push_back(std::make_unique<BoundLine>(*box));
     m_binding.bind(field, *m_boxes.back());
-    connect(box, &QLineEdit::textEdited, this, &PupilInformationPage::saveSoon);
+    connect(box, &QLineEdit::textEdited, this, &PupilInformationPage::typed);
     return box;
 }
 
@@ -106,20 +113,21 @@ void PupilInformationPage::showPupil(int) {
         m_binding.setData(m_pupil);
         m_binding.load();
     } catch (const dao::EngineError& error) {
+        close();
         showLoadingError(session().GetSeams().prompts, error.number(), error.description());
     }
+    m_name = {m_surname->text(), m_firstname->text()};
+    setEnabled(m_pupil.isOpen());
     Show_Picture(*m_photo, session(), desk());
 }
 
 /// A name that has changed is to be read anew in the list of names.
 bool PupilInformationPage::leave() {
-    const bool hasNewName = m_firstname->isModified() || m_surname->isModified();
-    session().GetSeams().clock.stopTimer(PupilSaveTimer);
+    m_delayedSave.stop();
     if (!m_binding.leave())
         return false;
     const PupilName name{m_surname->text(), m_firstname->text()};
-    if (desk().currentRow() >= 0 && (hasNewName || m_namesChanged)) {
-        m_namesChanged = false;
+    if (m_pupil.isOpen() && name != m_name) {
         desk().renameCurrent(name);
         QTimer::singleShot(0, this, [this] {
             if (desk().view() == PupilInformationView)
@@ -136,11 +144,9 @@ void PupilInformationPage::close() {
     m_binding.setData(m_pupil);
 }
 
-void PupilInformationPage::saveSoon() {
-    m_namesChanged = m_namesChanged || m_firstname->isModified() || m_surname->isModified();
+void PupilInformationPage::typed() {
     if (m_pupil.isOpen())
-        session().GetSeams().clock.startTimer(PupilSaveTimer, SaveDelay,
-                                              [this] { m_binding.flush(); });
+        m_delayedSave.soon();
 }
 
 void PupilInformationPage::sendMail() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "classes/screens/class_view_page.h"
+#include "core/delayed_save.h"
 #include "store/row_binding.h"
 
 #include <memory>
@@ -13,12 +14,12 @@ class QPlainTextEdit;
 
 /// "Pupil Information": what is kept of one pupil, beside the list of names. What is typed is on
 /// disk at the latest two seconds after the first key that is not, and whenever the pupil is left.
+/// Without a pupil the page is disabled.
 class PupilInformationPage : public ClassViewPage {
     Q_OBJECT
 
 public:
     PupilInformationPage(Session& session, ClassDesk& desk);
-    ~PupilInformationPage() override;
 
     void showRecords() override;
     void showPupil(int row) override;
@@ -27,8 +28,9 @@ public:
 private:
     QWidget* makeBoxes();
     QLineEdit* addLine(QFormLayout& form, const QString& field, const QString& label);
+    QWidget* withMailButton(QLineEdit& email);
     void sendMail();
-    void saveSoon();
+    void typed();
     void close();
 
     RowBinding m_binding;
@@ -39,5 +41,6 @@ private:
     QLineEdit* m_firstname = nullptr;
     QLineEdit* m_surname = nullptr;
     QLineEdit* m_email = nullptr;
-    bool m_namesChanged = false; ///< since the pupil is shown
+    PupilName m_name; ///< of the pupil, as the list of names has it
+    DelayedSave m_delayedSave;
 };

@@ -4,7 +4,6 @@
 #include "controls/format_tools.h"
 #include "controls/icons.h"
 #include "controls/layout_toolbar.h"
-#include "core/clock.h"
 #include "core/session.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
@@ -28,7 +27,8 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
     , m_categories(new QListWidget)
     , m_note(new RichTextBox(u"Note"_s))
-    , m_bound(*m_note) {
+    , m_bound(*m_note)
+    , m_delayedSave(session.GetSeams().clock, NotesSaveTimer, [this] { save(); }) {
     m_note->setObjectName(u"RTFnotes"_s);
     m_tools->serve(*m_note);
     auto* body = new QHBoxLayout;
@@ -43,16 +43,7 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     bars->addStretch();
     layout->addLayout(bars);
     layout->addLayout(body, 1);
-    connect(m_note, &RichTextBox::edited, this, [this] {
-        this->session().GetSeams().clock.startTimer(NotesSaveTimer, SaveDelay, [this] {
-            if (m_binding)
-                m_binding->flush();
-        });
-    });
-}
-
-PupilNotesPage::~PupilNotesPage() {
-    session().GetSeams().clock.stopTimer(NotesSaveTimer);
+    connect(m_note, &RichTextBox::edited, this, [this] { m_delayedSave.soon(); });
 }
 
 QWidget* PupilNotesPage::makeCategories() {
@@ -145,8 +136,13 @@ void PupilNotesPage::bindNote() {
     }
 }
 
+void PupilNotesPage::save() {
+    if (m_binding)
+        m_binding->flush();
+}
+
 bool PupilNotesPage::leave() {
-    session().GetSeams().clock.stopTimer(NotesSaveTimer);
+    m_delayedSave.stop();
     if (m_binding && !m_binding->leave())
         return false;
     close();

@@ -2,6 +2,7 @@
 
 #include "classes/screens/class_view_page.h"
 #include "controls/bound_rich_text.h"
+#include "core/delayed_save.h"
 
 #include <memory>
 
@@ -17,7 +18,6 @@ class PupilNotesPage : public ClassViewPage {
 
 public:
     PupilNotesPage(Session& session, ClassDesk& desk);
-    ~PupilNotesPage() override;
 
     void showRecords() override;
     void showPupil(int row) override;
@@ -30,6 +30,7 @@ private:
     void chooseCategory();
     void fillCategories(const QString& select);
     void bindNote();
+    void save();
     void close();
     QString category() const;
 
@@ -41,4 +42,5 @@ private:
     std::unique_ptr<RowBinding> m_binding; ///< of the category that shows; null for none
     dao::Recordset m_pupil;
     QString m_shown; ///< the category that shows
+    DelayedSave m_delayedSave;
 };

@@ -5,11 +5,9 @@
 #include "classes/screens/photo_actions.h"
 #include "classes/screens/photo_box.h"
 #include "controls/colours.h"
-#include "core/clock.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
-#include "store/row_binding.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -32,17 +30,14 @@ SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
     , m_desk(desk)
     , m_photo(new PhotoBox)
     , m_showsPhoto(session.GetSettings().readFlag(setting::keyOf(setting::Register),
-                                                  setting::DisplayKeyPicture)) {
+                                                  setting::DisplayKeyPicture))
+    , m_delayedSave(session.GetSeams().clock, LessonNoteSaveTimer, [this] { storeNote(); }) {
     m_photo->setVisible(m_showsPhoto);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_photo, 0, Qt::AlignHCenter);
     layout->addWidget(makeKey(keys), 1);
     layout->addWidget(makeNotes(), 1);
     connectPhotoBox(*m_photo, session, desk, [this] { Show_Picture(); });
-}
-
-SidePanel::~SidePanel() {
-    m_session.GetSeams().clock.stopTimer(LessonNoteSaveTimer);
 }
 
 QGroupBox* SidePanel::makeKey(const KeyArray& keys) {
@@ -79,8 +74,7 @@ QWidget* SidePanel::makeNotes() {
     connect(m_showNotes, &QCheckBox::toggled, m_note, &QWidget::setVisible);
     connect(m_note, &QPlainTextEdit::textChanged, this, [this] {
         if (m_place)
-            m_session.GetSeams().clock.startTimer(LessonNoteSaveTimer, SaveDelay,
-                                                  [this] { storeNote(); });
+            m_delayedSave.soon();
     });
     return frame;
 }
@@ -96,7 +90,7 @@ void SidePanel::Get_Lesson_notes(int row, int column) {
 }
 
 bool SidePanel::storeNote() {
-    m_session.GetSeams().clock.stopTimer(LessonNoteSaveTimer);
+    m_delayedSave.stop();
     if (!m_place)
         return true;
     try {

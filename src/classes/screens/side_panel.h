@@ -2,6 +2,7 @@
 
 #include "classes/pupil_notes.h"
 #include "classes/register_keys.h"
+#include "core/delayed_save.h"
 
 #include <QWidget>
 
@@ -19,7 +20,6 @@ class SidePanel : public QWidget {
 
 public:
     SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys);
-    ~SidePanel() override;
 
     /// Shows the current pupil's photo, where the settings want one.
     void Show_Picture();
@@ -43,4 +43,5 @@ private:
     QCheckBox* m_showNotes = nullptr;
     QPlainTextEdit* m_note = nullptr;
     std::optional<LessonNotePlace> m_place; ///< of the note that shows
+    DelayedSave m_delayedSave;
 };

@@ -102,8 +102,9 @@ void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
 
 QImage DesktopShell::CaptureScreen() {
     LateServices* services = lateServices();
-    const QImage portal = services ? services->captureByPortal() : QImage();
-    return portal.isNull() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : portal;
+    const std::optional<QImage> portal = services ? services->captureByPortal() : std::nullopt;
+    // Where there is a portal its answer stands: a person who has said no is not got round.
+    return portal ? *portal : QGuiApplication::primaryScreen()->grabWindow(0).toImage();
 }
 
 QByteArray DesktopShell::FetchText(const QString& address) {

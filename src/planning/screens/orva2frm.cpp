@@ -7,7 +7,6 @@
 #include "controls/insert_object_menu.h"
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
-#include "core/clock.h"
 #include "core/main_frame.h"
 #include "core/screens/frame_menus.h"
 #include "core/session.h"
@@ -47,7 +46,8 @@ const QString restoreLessonTip = u"Restore"_s;
 ORVA2frm::ORVA2frm(Session& session)
     : m_session(session)
     , m_sheets(session)
-    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this)) {
+    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
+    , m_delayedSave(session.GetSeams().clock, WeeklySaveTimer, [this] { save(); }) {
     setObjectName(u"ORVA2frm"_s);
     setWindowTitle(u"Weekly Planning Sheet"_s);
     // The two planning sheets are never open at once. What the other one has yet to write, it
@@ -268,7 +268,7 @@ void ORVA2frm::addSlot(int element, const LessonSlot& slot) {
     widget->lesson().viewport()->installEventFilter(this);
     connect(widget, &LessonSlotWidget::selected, this,
             [this, element] { Highlight_Caption(element); });
-    connect(widget, &LessonSlotWidget::edited, this, &ORVA2frm::saveSoon);
+    connect(widget, &LessonSlotWidget::edited, this, [this] { m_delayedSave.soon(); });
     connect(widget, &LessonSlotWidget::menuWanted, m_slotMenu,
             [this](const QPoint& place) { m_slotMenu->popup(place); });
 }
@@ -335,17 +335,8 @@ bool ORVA2frm::isTyped() const {
     });
 }
 
-void ORVA2frm::saveSoon() {
-    if (m_isSaveDue)
-        return;
-    m_isSaveDue = true;
-    m_session.GetSeams().clock.startTimer(WeeklySaveTimer, SaveDelay, [this] { save(); });
-}
-
 void ORVA2frm::save() {
-    if (m_isSaveDue)
-        m_session.GetSeams().clock.stopTimer(WeeklySaveTimer);
-    m_isSaveDue = false;
+    m_delayedSave.stop();
     if (isTyped())
         Update_Records();
 }

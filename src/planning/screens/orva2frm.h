@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/delayed_save.h"
 #include "planning/weekly_sheets.h"
 
 #include <QWidget>
@@ -65,7 +66,6 @@ private:
     void Highlight_Caption(int element);
     void GetFileLinks();
     bool isTyped() const;
-    void saveSoon();
     void save();
     void toggleMaximised();
     void restore();
@@ -90,5 +90,5 @@ private:
     int m_shownClass = -1;
     int m_selected = -1; ///< the element of the selected slot
     bool m_isMaximised = false;
-    bool m_isSaveDue = false;
+    DelayedSave m_delayedSave;
 };

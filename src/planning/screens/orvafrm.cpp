@@ -6,7 +6,6 @@
 #include "controls/format_tools.h"
 #include "controls/icons.h"
 #include "controls/layout_toolbar.h"
-#include "core/clock.h"
 #include "core/main_frame.h"
 #include "core/screens/frame_menus.h"
 #include "core/session.h"
@@ -47,7 +46,8 @@ ORVAfrm::ORVAfrm(Session& session)
     , m_showsCoding(session.GetSettings().readFlag(setting::keyOf(setting::Planning),
                                                    setting::ShowClassCoding))
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
-    , m_commands(new SheetCommands(session, *m_tools, *this)) {
+    , m_commands(new SheetCommands(session, *m_tools, *this))
+    , m_delayedSave(session.GetSeams().clock, DailySaveTimer, [this] { save(); }) {
     setObjectName(u"ORVAfrm"_s);
     setWindowTitle(u"Quick Daily Planning Sheet"_s);
     if (MainFrame* frame = session.Frame())
@@ -146,7 +146,7 @@ void ORVAfrm::bindBoxes() {
 void ORVAfrm::bindClass(int period) {
     ClassBox& box = m_periods->classBox(period);
     m_sheets.binding().bind(classField(period), box);
-    connect(&box, &ClassBox::edited, this, &ORVAfrm::saveSoon);
+    connect(&box, &ClassBox::edited, this, [this] { m_delayedSave.soon(); });
 }
 
 void ORVAfrm::bindRichText(RichTextBox& box, const SheetPlace& place) {
@@ -156,7 +156,7 @@ void ORVAfrm::bindRichText(RichTextBox& box, const SheetPlace& place) {
                             isLimited ? u"Period %1"_s.arg(place.period) : QString());
     m_places.insert(&box, place);
     m_tools->serve(box);
-    connect(&box, &RichTextBox::edited, this, &ORVAfrm::saveSoon);
+    connect(&box, &RichTextBox::edited, this, [this] { m_delayedSave.soon(); });
 }
 
 void ORVAfrm::connectCommands() {
@@ -199,17 +199,8 @@ void ORVAfrm::keepWhatIsWritten() {
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ORVAfrm::save);
 }
 
-void ORVAfrm::saveSoon() {
-    if (m_isSaveDue)
-        return;
-    m_isSaveDue = true;
-    m_session.GetSeams().clock.startTimer(DailySaveTimer, SaveDelay, [this] { save(); });
-}
-
 void ORVAfrm::save() {
-    if (m_isSaveDue)
-        m_session.GetSeams().clock.stopTimer(DailySaveTimer);
-    m_isSaveDue = false;
+    m_delayedSave.stop();
     m_sheets.binding().flush();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/delayed_save.h"
 #include "planning/daily_sheets.h"
 
 #include <QHash>
@@ -57,7 +58,6 @@ private:
     void pickDate(QDate date);
     void openRegister();
     void carryOut(SheetEvent event);
-    void saveSoon();
     void save();
 
     void toggleMaximised();
@@ -80,5 +80,5 @@ private:
     QToolButton* m_maximiseButton = nullptr;
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     QHash<RichTextBox*, SheetPlace> m_places;
-    bool m_isSaveDue = false;
+    DelayedSave m_delayedSave;
 };

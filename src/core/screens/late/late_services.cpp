@@ -26,7 +26,7 @@ public:
         m_sound->play();
     }
 
-    QImage captureByPortal() override { return ScreenshotPortal().capture(); }
+    std::optional<QImage> captureByPortal() override { return ScreenshotPortal().capture(); }
 
     QByteArray fetch(const QString& address) override {
         QNetworkAccessManager network;

@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QString>
 
+#include <optional>
+
 /// Services whose libraries take long to load and that few runs of the program need. They stand in
 /// a module of their own, lib/liborva_late.so, which is loaded when the first of them is asked for.
 class LateServices {
@@ -12,8 +14,9 @@ public:
 
     /// As `Shell::PlaySoundFile`.
     virtual void playSound(const QString& path, bool loop) = 0;
-    /// The screen by the desktop's screenshot portal; null where there is none.
-    virtual QImage captureByPortal() = 0;
+    /// The screen by the desktop's screenshot portal: nothing where there is none, a null picture
+    /// where the person gave no leave.
+    virtual std::optional<QImage> captureByPortal() = 0;
     /// As `Shell::FetchText`.
     virtual QByteArray fetch(const QString& address) = 0;
 };

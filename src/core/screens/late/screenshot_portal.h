@@ -4,14 +4,17 @@
 #include <QObject>
 #include <QVariantMap>
 
+#include <optional>
+
 /// A picture of the screen by the desktop's portal (org.freedesktop.portal.Screenshot), which asks
 /// the person for leave where it has to. The file that the portal makes is read and removed.
 class ScreenshotPortal : public QObject {
     Q_OBJECT
 
 public:
-    /// Waits for the desktop's answer; null where there is no portal, or no leave.
-    QImage capture();
+    /// Waits for the desktop's answer. A null picture where the person gave no leave or did not
+    /// answer; nothing where there is no portal.
+    std::optional<QImage> capture();
 
 signals:
     void answered();
@@ -21,4 +24,5 @@ private slots:
 
 private:
     QImage m_picture;
+    bool m_isAnswered = false;
 };
