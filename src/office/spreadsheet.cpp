@@ -24,11 +24,11 @@ using Workbook = std::unique_ptr<const void, CloseWorkbook>;
 
 Workbook openFirstSheet(const QString& path) {
     const void* handle = nullptr;
-    if (freexl_open(QFile::encodeName(path).constData(), &handle) != FREEXL_OK)
-        return {};
-    Workbook workbook(handle);
-    return freexl_select_active_worksheet(handle, 0) == FREEXL_OK ? std::move(workbook)
-                                                                  : Workbook();
+    const int opened = freexl_open(QFile::encodeName(path).constData(), &handle);
+    Workbook workbook(handle); // there is one to close after some failures too
+    if (opened != FREEXL_OK || freexl_select_active_worksheet(handle, 0) != FREEXL_OK)
+        workbook.reset();
+    return workbook;
 }
 
 QString cellText(const FreeXL_CellValue& cell) {
