@@ -106,6 +106,10 @@ QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {
     for (const Bound& bound : m_bounds) {
         if (!bound.box->dataChanged())
             continue;
+        if (m_row.value(bound.column).isNull() && bound.box->text().isEmpty()) {
+            bound.box->setDataChanged(false); // typed and taken away again
+            continue;
+        }
         if (bound.limitName.isEmpty() || bound.box->text().size() <= LargestBoundText) {
             writable += &bound;
         } else if (way == Way::Leaving) {

@@ -30,7 +30,8 @@ inline constexpr qsizetype LargestBoundText = 65535;
 
 /// Ties the boxes of a window to the fields of a recordset's current row: shows the row, and writes
 /// the changed boxes back before the row is left. Only what was changed is written, so that what
-/// another window does to the other fields of the row stands.
+/// another window does to the other fields of the row stands. A field that holds Null is not given
+/// an empty text.
 ///
 /// A row that was deleted elsewhere while somebody wrote in it is put back, with all that it held.
 /// A write that fails is told and leaves every box changed, so that it can be tried again.

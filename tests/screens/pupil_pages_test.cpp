@@ -11,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
@@ -29,6 +30,14 @@ protected:
                       u"SELECT %1 FROM Class_D WHERE ID = %2"_s.arg(field).arg(pupil))
             .first();
     }
+    PhotoBox& photoBox() {
+        for (PhotoBox* each : window->findChildren<PhotoBox*>()) {
+            if (each->isVisible())
+                return *each;
+        }
+        qFatal("no photo in sight");
+    }
+    QImage photo(int pupil) { return pupilPhoto(session.CurrentDB, u"D"_s, pupil); }
     QString nameAt(int row) { return names().model()->index(row, 0).data().toString(); }
     void runTask(int row, Qt::KeyboardModifiers modifiers = {}) {
         auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
@@ -67,6 +76,114 @@ TEST_F(PupilScreenTest, WhatIsTypedIsOnDiskWhenThePupilIsLeft) {
     EXPECT_EQ(of(2, u"Firstname"_s), u"Zoe"_s);
 }
 
+TEST_F(PupilScreenTest, WhoGoesOnTypingIsWrittenTooAndTheFieldsKeepTheirLimits) {
+    show();
+    window->Show_View(PupilInformationView);
+    auto& notes = control<QPlainTextEdit>(*window, u"TxtNotes"_s);
+    for (int second = 0; second < 4; ++second) {
+        QTest::keyClicks(&notes, u"x"_s);
+        seams.clock.advance(std::chrono::seconds(1));
+    }
+    EXPECT_GE(of(1, u"Notes"_s).size(), 2); // though no two seconds went by without a key
+    const QHash<QString, int> limits = {
+        {u"Surname"_s, 20},   {u"Firstname"_s, 20}, {u"Tutor"_s, 10}, {u"Sex"_s, 1},
+        {u"Address1"_s, 250}, {u"PostCode"_s, 10},  {u"Tel2"_s, 15},  {u"Email"_s, 50}};
+    for (auto each = limits.begin(); each != limits.end(); ++each)
+        retype(line(u"Txt"_s + each.key()), QString(each.value() + 3, u'y'));
+    control<QPushButton>(*window, u"cmdMail"_s).click(); // no address
+    EXPECT_TRUE(seams.shell.runs.isEmpty());
+    clickName(1);
+    for (auto each = limits.begin(); each != limits.end(); ++each)
+        EXPECT_EQ(of(1, each.key()), QString(each.value(), u'y'));
+}
+
+TEST_F(PupilScreenTest, AFullDiskKeepsThePupilOnThePage) {
+    show();
+    window->Show_View(PupilInformationView);
+    control<QPlainTextEdit>(*window, u"TxtNotes"_s).setPlainText(QString(40'000, u'x'));
+    control<QPlainTextEdit>(*window, u"TxtNotes"_s).document()->setModified();
+    seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
+    {
+        const FileSizeLimit fullDisk(QFileInfo(path()).size());
+        clickName(1);
+        QApplication::processEvents();
+        EXPECT_EQ(line(u"TxtSurname"_s).text(), u"Ames"_s);
+        EXPECT_EQ(names().currentIndex().row(), 0);
+    }
+    clickName(1);
+    EXPECT_EQ(line(u"TxtSurname"_s).text(), u"Cole"_s);
+    EXPECT_EQ(of(1, u"Notes"_s).size(), 40'000);
+}
+
+TEST_F(PupilScreenTest, ANameIsNotTakenAway) {
+    addPupils(session.CurrentDB, u"D"_s, {u"Zed"_s}); // only his surname is known
+    show();
+    window->Show_View(PupilInformationView);
+    clickName(3);
+    QTest::keyClicks(&line(u"TxtFirstname"_s), u"A"_s);
+    QTest::keyClick(&line(u"TxtFirstname"_s), Qt::Key_Backspace);
+    clickName(0); // nothing has changed
+    line(u"TxtFirstname"_s).selectAll();
+    QTest::keyClick(&line(u"TxtFirstname"_s), Qt::Key_Delete);
+    seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
+    clickName(1);
+    QApplication::processEvents();
+    EXPECT_EQ(line(u"TxtSurname"_s).text(), u"Ames"_s);
+    QTest::keyClicks(&line(u"TxtFirstname"_s), u"Anna"_s);
+    clickName(1);
+    EXPECT_EQ(of(1, u"Firstname"_s), u"Anna"_s);
+    EXPECT_EQ(of(4, u"Firstname"_s), u"~"_s);
+}
+
+TEST_F(PupilScreenTest, NobodyLeftIsNobodyToShow) {
+    show();
+    session.DontAskDeletePupil = true;
+    for (int left = 2; left >= 0; --left) {
+        runTask(2);
+        EXPECT_EQ(names().model()->rowCount(), left);
+    }
+    EXPECT_EQ(control<QListWidget>(*window, u"TaskList"_s).currentRow(), 0);
+    seams.prompts.expect(PromptKind::Plain, u"No Pupils"_s, AnswerOk);
+    tool(2).click();
+    window->Show_View(PupilInformationView);
+    EXPECT_FALSE(line(u"TxtSurname"_s).isEnabled());
+    EXPECT_FALSE(photoBox().isEnabled());
+}
+
+TEST_F(PupilScreenTest, APhotoIsCapturedFromTheScreen) {
+    show();
+    window->Show_View(PupilInformationView);
+    seams.shell.screen = QImage(1600, 400, QImage::Format_RGB32); // two screens side by side
+    seams.shell.screen.fill(Qt::white);
+    QPainter(&seams.shell.screen).fillRect(1300, 100, 200, 200, Qt::blue);
+    QStringList entries;
+    for (QAction* action : photoBox().findChild<QMenu*>()->actions())
+        entries += action->text();
+    EXPECT_EQ(entries, (QStringList{u"Capture Image"_s, u"Load from file..."_s,
+                                    u"Load Class from Picture files..."_s,
+                                    u"Load Class from a  Picture Strip..."_s, u"Remove Picture"_s,
+                                    u"Remove ALL pictures"_s}));
+    whenAsked([](QWidget& capture) {
+        EXPECT_EQ(capture.objectName(), u"CaptureORVAClass"_s);
+        QApplication::processEvents(); // it takes its full size
+        const double scale = capture.width() / 1600.0;
+        const double top = (capture.height() - 400 * scale) / 2;
+        const auto at = [&](int x, int y) { return QPointF(x * scale, top + y * scale).toPoint(); };
+        QTest::mousePress(&capture, Qt::LeftButton, {}, at(1320, 120));
+        QTest::mouseMove(&capture, at(1480, 280));
+        checkScreen(capture, u"CaptureORVAClass"_s);
+        QTest::mouseRelease(&capture, Qt::LeftButton, {}, at(1480, 280));
+    });
+    photoBox().findChild<QMenu*>()->actions().first()->trigger();
+    for (const QPoint& corner : {QPoint(1, 1), QPoint(65, 85)})
+        EXPECT_EQ(photo(1).pixelColor(corner), QColor(Qt::blue));
+    whenAsked([](QWidget& capture) { press(capture, Qt::Key_Escape); });
+    clickName(1);
+    emit photoBox().captureWanted();
+    EXPECT_TRUE(photo(3).isNull());
+    checkScreen(*window, u"RegisterFrm_photo"_s);
+}
+
 TEST_F(PupilScreenTest, PhotosAreLoadedAndRemoved) {
     QImage picture(300, 400, QImage::Format_RGB32);
     picture.fill(Qt::red);
@@ -74,13 +191,7 @@ TEST_F(PupilScreenTest, PhotosAreLoadedAndRemoved) {
     picture.save(file);
     show();
     window->Show_View(PupilInformationView);
-    PhotoBox* box = nullptr;
-    for (PhotoBox* each : window->findChildren<PhotoBox*>()) {
-        if (each->isVisible())
-            box = each;
-    }
-    ASSERT_TRUE(box);
-    const auto photo = [&](int pupil) { return pupilPhoto(session.CurrentDB, u"D"_s, pupil); };
+    PhotoBox* box = &photoBox();
     seams.prompts.expect(PromptKind::File, u" Load Picture:"_s, file);
     emit box->fileWanted();
     EXPECT_EQ(photo(1).size(), StandardPhoto * 2);
