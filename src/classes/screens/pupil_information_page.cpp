@@ -31,6 +31,7 @@ PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     , m_notes(new QPlainTextEdit)
     , m_photo(new PhotoBox)
     , m_delayedSave(session.GetSeams().clock, PupilSaveTimer, [this] { m_binding.flush(); }) {
+    setObjectName(u"PupilInformation"_s);
     m_notes->setObjectName(u"TxtNotes"_s);
     m_notes->setAccessibleName(u"More information"_s);
     m_notes->setTabChangesFocus(true);
