@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 LargestWorkbook = 64 * 1024 * 1024; // bytes
+constexpr qint64 LargestWorkbook = qint64(64) * 1024 * 1024; // bytes
 constexpr int LettersOfColumns = 26;
 
 struct CloseWorkbook {

@@ -31,7 +31,7 @@ void paintSelection(QPainter& painter, const QRect& selection) {
 
 } // namespace
 
-CaptureWindow::CaptureWindow(const QImage& screen) : m_screen(screen) {
+CaptureWindow::CaptureWindow(QImage screen) : m_screen(std::move(screen)) {
     setObjectName(u"CaptureORVAClass"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setWindowModality(Qt::ApplicationModal);

@@ -13,7 +13,7 @@ class CaptureWindow : public QWidget {
 public:
     /// `screen`: what the screen shows, at its own resolution; it is shown whole, as large as the
     /// window allows. That of a desktop with several screens has another shape than one screen.
-    explicit CaptureWindow(const QImage& screen);
+    explicit CaptureWindow(QImage screen);
 
     /// Shows itself and waits; the part that was dragged, null where the person gave it up.
     QImage capture();

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMimeDatabase>
+#include <QPixmap>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
