@@ -171,6 +171,8 @@ void Session::clear() {
     AcademicYear.clear();
     TeacherName.clear();
     StartWeek.clear();
+    CurrentClass.clear();
+    CurrentDate.clear();
     PeriodsPerDay = TTweekly = TermCount = 0;
     ClassColours.clear();
 }

@@ -57,6 +57,8 @@ public:
     bool GradientsAvailable = false;
     bool GradientsEnabled = false;
     ::FolderDefaults FolderDefaults;
+    QString CurrentClass; ///< of the period that was selected last on a daily sheet; may be empty
+    QString CurrentDate;  ///< of the daily sheet shown last, as its heading gives it
     /// The questions of the class window that the teacher has ticked not to see again in this run.
     bool DontAskDeleteClass = false;
     bool DontAskDeletePupil = false;

@@ -51,6 +51,7 @@ void DailySheets::open() {
 void DailySheets::show() {
     m_binding.load();
     m_shown = planDate();
+    m_session.CurrentDate = heading();
     if (m_changed)
         m_changed();
 }
@@ -254,6 +255,10 @@ int DailySheets::week() const {
 
 QString DailySheets::classOf(int period) const {
     return m_binding.value(classField(period)).toText();
+}
+
+void DailySheets::selectPeriod(int period) {
+    m_session.CurrentClass = period > 0 ? classOf(period) : QString();
 }
 
 QList<ClassCoding> DailySheets::DisplayColorCodes(bool isOn) const {

@@ -79,6 +79,8 @@ public:
     QString heading() const;      ///< empty without a sheet
     int week() const;             ///< the teaching week of the sheet
     QString classOf(int period) const;
+    /// A period has been selected (0: none): its class is the session's current one.
+    void selectPeriod(int period);
 
     /// How the class box of each period looks, from period 1 on. `isOn`: with class colours.
     QList<ClassCoding> DisplayColorCodes(bool isOn) const;

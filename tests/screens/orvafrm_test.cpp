@@ -212,6 +212,11 @@ TEST_F(DailySheetTest, MaximisesALesson) {
     box("Text1(0)").setFocus();
     auto& button = control<QToolButton>(*sheet, u"CMD2"_s);
     EXPECT_EQ(button.toolTip(), u"Maximise Selected Activity"_s);
+    EXPECT_EQ(session.CurrentClass, u"7A"_s);
+    EXPECT_EQ(session.CurrentDate, u"Monday  -  Sep 09 2024"_s);
+    sheet->resize(sheet->width() + 90, sheet->height());
+    QApplication::processEvents();
+    EXPECT_EQ(button.geometry().right(), box("Text1(0)").viewport()->rect().right());
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(label("Label2"), u"Period 1 - 7A    Monday  -  Sep 09 2024"_s);
     EXPECT_EQ(button.toolTip(), u"Restore"_s);

@@ -14,6 +14,7 @@
 #include "planning/daily_sheets.h"
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
+#include "planning/screens/maximise_button.h"
 
 #include <QAction>
 #include <QApplication>
@@ -182,12 +183,7 @@ void ORVA2frm::makeMenus() {
 }
 
 void ORVA2frm::makeMaximiseButton() {
-    m_maximiseButton = new QToolButton(this);
-    m_maximiseButton->setObjectName(u"cmd1"_s);
-    m_maximiseButton->setFocusPolicy(Qt::NoFocus); // by keyboard it is a command of the menu
-    m_maximiseButton->setAutoRaise(false);         // it has to read on paper of any colour
-    m_maximiseButton->setCursor(Qt::ArrowCursor);
-    m_maximiseButton->hide();
+    m_maximiseButton = new MaximiseButton(u"cmd1"_s, this);
     connect(m_maximiseButton, &QToolButton::clicked, this, &ORVA2frm::toggleMaximised);
 }
 
@@ -265,7 +261,6 @@ void ORVA2frm::addSlot(int element, const LessonSlot& slot) {
         if (!box->isReadOnly())
             m_tools->serve(*box);
     }
-    widget->lesson().viewport()->installEventFilter(this);
     connect(widget, &LessonSlotWidget::selected, this,
             [this, element] { Highlight_Caption(element); });
     connect(widget, &LessonSlotWidget::edited, this, [this] { m_delayedSave.soon(); });
@@ -369,22 +364,12 @@ void ORVA2frm::restore() {
     placeMaximiseButton();
 }
 
-/// Over the top right corner of the selected lesson's text, left of its scroll bar.
 void ORVA2frm::placeMaximiseButton() {
     const QString tip = m_isMaximised ? restoreLessonTip : maximiseLessonTip;
     m_maximise->setText(tip);
-    m_maximiseButton->setVisible(m_selected >= 0);
-    if (m_selected < 0)
-        return m_maximiseButton->setParent(this);
-    m_maximiseButton->setIcon(icon(m_isMaximised ? u"restore"_s : u"maximise"_s));
-    m_maximiseButton->setToolTip(tip);
-    m_maximiseButton->setAccessibleName(tip);
-    QWidget* text = m_slots.at(m_selected)->lesson().viewport();
-    m_maximiseButton->setParent(text);
-    m_maximiseButton->adjustSize();
-    m_maximiseButton->move(text->width() - m_maximiseButton->width(), 0);
-    m_maximiseButton->show();
-    m_maximiseButton->raise();
+    m_maximiseButton->setMaximised(m_isMaximised, tip);
+    m_maximiseButton->standOn(m_selected >= 0 ? m_slots.at(m_selected)->lesson().viewport()
+                                              : nullptr);
 }
 
 bool ORVA2frm::eventFilter(QObject* watched, QEvent* event) {
@@ -392,8 +377,5 @@ bool ORVA2frm::eventFilter(QObject* watched, QEvent* event) {
         event->ignore();
         return true;
     }
-    if (event->type() == QEvent::Resize && m_selected >= 0 &&
-        watched == m_slots.at(m_selected)->lesson().viewport())
-        placeMaximiseButton();
     return QWidget::eventFilter(watched, event);
 }

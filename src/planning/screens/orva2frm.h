@@ -11,6 +11,7 @@ class FormatTools;
 class LayoutToolbar;
 class LessonSlotWidget;
 class LinksPanel;
+class MaximiseButton;
 class QComboBox;
 class QAction;
 class QLabel;
@@ -84,7 +85,7 @@ private:
     LinksPanel* m_links = nullptr;
     QMenu* m_slotMenu = nullptr;
     QAction* m_maximise = nullptr;
-    QToolButton* m_maximiseButton = nullptr;
+    MaximiseButton* m_maximiseButton = nullptr;
     std::vector<LessonSlotWidget*> m_slots;
     int m_shownWeek = -1;
     int m_shownClass = -1;

@@ -13,6 +13,7 @@
 #include "planning/screens/bottom_blocks.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/links_panel.h"
+#include "planning/screens/maximise_button.h"
 #include "planning/screens/period_area.h"
 #include "planning/screens/sheet_bar.h"
 #include "planning/screens/sheet_commands.h"
@@ -78,12 +79,7 @@ void ORVAfrm::makeParts() {
     m_pages = new QStackedWidget;
     m_pages->addWidget(makeSheet());
     m_pages->addWidget(makeMaximised());
-    m_maximiseButton = new QToolButton(this);
-    m_maximiseButton->setObjectName(u"CMD2"_s);
-    m_maximiseButton->setFocusPolicy(Qt::NoFocus); // by keyboard it is a command of the menu
-    m_maximiseButton->setAutoRaise(true);
-    m_maximiseButton->setCursor(Qt::ArrowCursor);
-    m_maximiseButton->hide();
+    m_maximiseButton = new MaximiseButton(u"CMD2"_s, this);
     auto* bars = new QHBoxLayout;
     bars->setContentsMargins({});
     for (LayoutToolbar* toolbar :
@@ -137,7 +133,6 @@ void ORVAfrm::bindBoxes() {
         bindClass(period);
         bindRichText(m_periods->lesson(period), {SheetBox::Lesson, period});
         bindRichText(m_periods->homework(period), {SheetBox::Homework, period});
-        m_periods->lesson(period).installEventFilter(this);
     }
     for (const SheetBox block : BottomBlocks::Blocks)
         bindRichText(m_bottom->box(block), {block, 0});
@@ -236,6 +231,7 @@ void ORVAfrm::resetAllRTFedits() {
 }
 
 void ORVAfrm::selectPeriod(int period) {
+    m_sheets.selectPeriod(period);
     m_links->GetFileLinks(m_sheets.planDate(), period);
     m_commands->enable(!m_sheets.isEmpty(), period > 0);
     placeMaximiseButton();
@@ -288,28 +284,10 @@ void ORVAfrm::restore() {
     placeMaximiseButton();
 }
 
-/// Over the top right corner of the selected lesson's text, left of its scroll bar.
 void ORVAfrm::placeMaximiseButton() {
     const int period = m_periods->selectedPeriod();
-    m_maximiseButton->setVisible(period > 0);
-    m_commands->maximise()->setText(m_maximised > 0 ? restoreTip : maximiseActivityTip);
-    if (period == 0)
-        return m_maximiseButton->setParent(this);
     const QString tip = m_maximised > 0 ? restoreTip : maximiseActivityTip;
-    m_maximiseButton->setIcon(icon(m_maximised > 0 ? u"restore"_s : u"maximise"_s));
-    m_maximiseButton->setToolTip(tip);
-    m_maximiseButton->setAccessibleName(tip);
-    QWidget* text = m_periods->lesson(period).viewport();
-    m_maximiseButton->setParent(text);
-    m_maximiseButton->adjustSize();
-    m_maximiseButton->move(text->width() - m_maximiseButton->width(), 0);
-    m_maximiseButton->show();
-    m_maximiseButton->raise();
-}
-
-bool ORVAfrm::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize && m_maximiseButton->parent() &&
-        m_maximiseButton->parent()->parent() == watched)
-        placeMaximiseButton();
-    return QWidget::eventFilter(watched, event);
+    m_commands->maximise()->setText(tip);
+    m_maximiseButton->setMaximised(m_maximised > 0, tip);
+    m_maximiseButton->standOn(period > 0 ? m_periods->lesson(period).viewport() : nullptr);
 }

@@ -12,10 +12,10 @@
 class BottomBlocks;
 class FormatTools;
 class LinksPanel;
+class MaximiseButton;
 class PeriodArea;
 class QLabel;
 class QStackedWidget;
-class QToolButton;
 class RichTextBox;
 class SheetBar;
 class SheetCommands;
@@ -37,7 +37,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeParts();
@@ -77,7 +76,7 @@ private:
     QLabel* m_maximisedHeading = nullptr;
     QWidget* m_maximisedPage = nullptr;
     int m_maximised = 0; ///< the period whose lesson is maximised; 0 is none
-    QToolButton* m_maximiseButton = nullptr;
+    MaximiseButton* m_maximiseButton = nullptr;
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     QHash<RichTextBox*, SheetPlace> m_places;
     DelayedSave m_delayedSave;
