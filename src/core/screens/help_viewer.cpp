@@ -26,6 +26,11 @@ void HelpViewer::showHelp(HelpCommand command, const QWidget* control) {
     m_window->activateWindow();
 }
 
+void HelpViewer::close() {
+    if (m_window)
+        m_window->close();
+}
+
 bool HelpViewer::makeWindow() {
     ReadHelp read = openHelpFile(m_session.helpFile());
     if (read.book) {

@@ -20,6 +20,8 @@ public:
     /// Opens the session's help file, where that has not been done, and shows what the command is
     /// for; `control` belongs to HelpContext. A file that can't be used is told in a plain box.
     void showHelp(HelpCommand command, const QWidget* control = nullptr);
+    /// Closes the window, if there is one, so that its place is kept.
+    void close();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -284,6 +284,7 @@ void mdiORVA::activateFirst() {
 void mdiORVA::closeEvent(QCloseEvent* event) {
     const PlacedWidget placed(*this, objectName());
     SaveWindowPlacement(m_session.GetSettings(), placed, setting::Options);
+    m_help->close(); // it keeps its place
     SaveCurrentStartup(m_session);
     ShutDown(m_session);
     QMainWindow::closeEvent(event);
