@@ -2,7 +2,7 @@
 
 #include "classes/picture_file.h"
 #include "core/prompts.h"
-#include "store/engine/error.h"
+#include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
@@ -52,16 +52,11 @@ void writePhoto(const dao::Database& database, const QString& classCode, qint64 
 /// Does work over photos whole or not at all; a failure is told, under the title of the work.
 bool changePhotos(const dao::Database& database, const QString& title, Prompts& prompts,
                   const std::function<void()>& work) {
-    try {
+    return tryTelling(prompts, title, [&] {
         dao::Transaction transaction(database);
         work();
         transaction.commit();
-        return true;
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
-                         OkButton | CriticalIcon, title);
-        return false;
-    }
+    });
 }
 
 QString allPictures() {

@@ -131,18 +131,6 @@ void deletePupils(const dao::Database& database, const QString& classCode,
     transaction.commit();
 }
 
-bool tryDeletePupils(const dao::Database& database, const QString& classCode,
-                     const QList<qint64>& pupils, const QString& title, Prompts& prompts) {
-    try {
-        deletePupils(database, classCode, pupils);
-        return true;
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
-                         OkButton | CriticalIcon, title);
-        return false;
-    }
-}
-
 } // namespace
 
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
@@ -202,7 +190,7 @@ bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint6
         if (answer != AnswerYes)
             return false;
     }
-    return tryDeletePupils(database, classCode, {pupil}, title, prompts);
+    return tryTelling(prompts, title, [&] { deletePupils(database, classCode, {pupil}); });
 }
 
 bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
@@ -212,7 +200,8 @@ bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
         u"Deleting All PUPILs from this class list will remove the registration and mark sheet "
         "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
         YesNoButtons | QuestionIcon, title);
-    return answer == AnswerYes && tryDeletePupils(database, classCode, pupils, title, prompts);
+    return answer == AnswerYes &&
+           tryTelling(prompts, title, [&] { deletePupils(database, classCode, pupils); });
 }
 
 void showNothingToDelete(Prompts& prompts) {

@@ -2,7 +2,7 @@
 
 #include "classes/class_views.h"
 #include "core/prompts.h"
-#include "store/engine/error.h"
+#include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
@@ -82,13 +82,9 @@ std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString
     const std::optional<PupilName> name = readPupilName(typed, prompts);
     if (!name)
         return std::nullopt;
-    try {
-        return addPupil(database, classCode, *name);
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error number %1\n%2"_s.arg(error.number()).arg(error.description()),
-                         OkButton | CriticalIcon, PupilNameTitle);
-        return std::nullopt;
-    }
+    std::optional<qint64> pupil;
+    tryTelling(prompts, PupilNameTitle, [&] { pupil = addPupil(database, classCode, *name); });
+    return pupil;
 }
 
 void Update_RegisterAndMarks_ID(const dao::Database& database, const QString& classCode, qint64 id,

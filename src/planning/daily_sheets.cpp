@@ -64,9 +64,7 @@ void DailySheets::close() {
 }
 
 void DailySheets::tell(const QString& title, const dao::EngineError& error) const {
-    m_session.GetSeams().prompts.PlainBox(
-        u"Error : %1\nError number %2"_s.arg(error.description()).arg(error.number()),
-        OkButton | CriticalIcon, title);
+    showEngineError(m_session.GetSeams().prompts, title, error, OkButton | CriticalIcon);
 }
 
 /// The boxes must never show another row than the one that they would be written to. So where

@@ -3,7 +3,6 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "store/data_helpers.h"
-#include "store/engine/error.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
@@ -15,13 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void telling(const Session& session, const QString& title, const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const dao::EngineError& error) {
-        session.GetSeams().prompts.PlainBox(
-            u"Error : %1\nError number %2"_s.arg(error.description()).arg(error.number()),
-            OkButton | CriticalIcon, title);
-    }
+    tryTelling(session.GetSeams().prompts, title, work);
 }
 
 QList<FileLink> readLinks(const dao::Database& database, const QString& planDate, int period) {

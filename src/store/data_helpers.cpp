@@ -33,15 +33,29 @@ void AddField(const dao::Database& database, const QString& table, const QString
     database.TableDefs()[table].Fields().Append(added);
 }
 
+void showEngineError(Prompts& prompts, const QString& title, const dao::EngineError& error,
+                     int flags) {
+    prompts.PlainBox(
+        QStringLiteral("Error : %1\nError number %2").arg(error.description()).arg(error.number()),
+        flags, title);
+}
+
+bool tryTelling(Prompts& prompts, const QString& title, const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const dao::EngineError& error) {
+        showEngineError(prompts, title, error, OkButton | CriticalIcon);
+        return false;
+    }
+}
+
 void DeleteAllRecords(dao::Recordset& recordset, Prompts& prompts) {
     try {
         for (recordset.MoveFirst(); !recordset.EOF_(); recordset.MoveNext())
             recordset.Delete();
     } catch (const dao::EngineError& error) {
-        prompts.PlainBox(QStringLiteral("Error : %1\nError number %2")
-                             .arg(error.description())
-                             .arg(error.number()),
-                         OkButton, QStringLiteral("Delete All Records error"));
+        showEngineError(prompts, QStringLiteral("Delete All Records error"), error, OkButton);
     }
 }
 

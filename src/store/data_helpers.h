@@ -4,7 +4,13 @@
 
 #include <QString>
 
+#include <functional>
+
 class Prompts;
+
+namespace dao {
+class EngineError;
+}
 
 /// The small procedures on the year's file that all other code calls. Where it says so a failure of
 /// the engine is shown in a box and the call returns; otherwise it is raised.
@@ -20,6 +26,12 @@ enum class ZeroLengthFlag { NotGiven, Off, On };
 /// Adds a field to a table, last.
 void AddField(const dao::Database& database, const QString& table, const QString& field,
               dao::DataType type, int size, ZeroLengthFlag zeroLength = ZeroLengthFlag::NotGiven);
+
+/// The box of a failure of the engine, where an operation has none of its own.
+void showEngineError(Prompts& prompts, const QString& title, const dao::EngineError& error,
+                     int flags);
+/// Does work that may fail in the file; a failure is told in that box. Answers whether it was done.
+bool tryTelling(Prompts& prompts, const QString& title, const std::function<void()>& work);
 
 /// Deletes every record. A failure, an empty recordset being one, is shown in a box.
 void DeleteAllRecords(dao::Recordset& recordset, Prompts& prompts);

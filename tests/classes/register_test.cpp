@@ -42,18 +42,7 @@ protected:
     int columnOf(int day, int place = 0) const {
         return *currentLessonColumn(sheet(), QDate(2024, 9, day)) + place;
     }
-    /// A pupil's marks as they stand in the file, "." for none.
-    QString marksOf(int pupil) const {
-        const QStringList values =
-            rowsOf(database, u"SELECT * FROM REG_D WHERE ID = %1"_s.arg(pupil))
-                .first()
-                .split(u'|')
-                .mid(1);
-        QString marks;
-        for (const QString& value : values)
-            marks += value.isEmpty() || value == u"~"_s ? u"."_s : value;
-        return marks;
-    }
+    QString marksOf(int pupil) const { return marksInFile(database, u"D"_s, pupil); }
 
     const QString code = u"D"_s;
     TestSeams seams;

@@ -37,3 +37,16 @@ NewClass newClass(const dao::Database& database, const QString& code, const Clas
     }
     return answers;
 }
+
+QString marksInFile(const dao::Database& database, const QString& classCode, int pupil) {
+    const QStringList values = rowsOf(database, QStringLiteral("SELECT * FROM %1 WHERE ID = %2")
+                                                    .arg(dao::writeName(registerTable(classCode)))
+                                                    .arg(pupil))
+                                   .first()
+                                   .split(u'|')
+                                   .mid(1);
+    QString marks;
+    for (const QString& value : values)
+        marks += value.isEmpty() || value == u"~" ? QStringLiteral(".") : value;
+    return marks;
+}

@@ -15,3 +15,6 @@ int cellOf(int period, int weekday);
 
 /// Answers of the New Class Wizard over a year: periods as "Monday 0 to Friday 4" texts of digits.
 NewClass newClass(const dao::Database& database, const QString& code, const ClassPeriods& periods);
+
+/// A pupil's marks in a register as they stand in the file, "." for none.
+QString marksInFile(const dao::Database& database, const QString& classCode, int pupil);

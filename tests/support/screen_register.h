@@ -75,18 +75,7 @@ protected:
         }
         qFatal("no item %s", qPrintable(caption));
     }
-    /// A pupil's marks as they stand in the file, "." for none.
-    QString marksOf(int pupil) {
-        const QStringList values =
-            rowsOf(session.CurrentDB, u"SELECT * FROM REG_D WHERE ID = %1"_s.arg(pupil))
-                .first()
-                .split(u'|')
-                .mid(1);
-        QString marks;
-        for (const QString& value : values)
-            marks += value.isEmpty() || value == u"~"_s ? u"."_s : value;
-        return marks;
-    }
+    QString marksOf(int pupil) { return marksInFile(session.CurrentDB, u"D"_s, pupil); }
 
     QTemporaryDir folder;
     TestSeams seams;
