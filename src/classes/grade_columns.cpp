@@ -55,18 +55,11 @@ void markAbsentees(const dao::Database& database, const QString& classCode, cons
 }
 
 void showGradeError(const dao::EngineError& error, Prompts& prompts) {
-    if (error.number() == dao::FieldExists)
-        prompts.PlainBox(u"You already have a field with this name.\n"
-                         "Each column must have a different title!"_s,
-                         OkButton | WarningIcon, u"Grade Error"_s);
-    else if (error.number() == dao::InvalidName)
-        prompts.PlainBox(u"The name cannot start with a space, cannot include a period and must "
-                         "not be greater than 64 characters."_s,
-                         OkButton | WarningIcon, u"Invalid Characters"_s);
-    else
+    const QString title = u"Grade Error"_s;
+    if (!showNameRefused(prompts, error, u"column"_s, title, u"Invalid Characters"_s))
         prompts.PlainBox(
             u"Error %1\nError number : %2"_s.arg(error.description()).arg(error.number()),
-            OkButton | CriticalIcon, u"Grade Error"_s);
+            OkButton | CriticalIcon, title);
 }
 
 } // namespace

@@ -21,15 +21,8 @@ dao::FieldCollection pupilFields(const dao::Database& database, const QString& c
 }
 
 void showCategoryError(const dao::EngineError& error, Prompts& prompts) {
-    if (error.number() == dao::FieldExists)
-        prompts.PlainBox(u"You already have a field with this name.\n"
-                         "Each category must have a different title!"_s,
-                         OkButton | WarningIcon, u"Category already exist"_s);
-    else if (error.number() == dao::InvalidName)
-        prompts.PlainBox(u"The name cannot start with a space, cannot include a period and must "
-                         "not be greater than 64 characters."_s,
-                         OkButton | WarningIcon, u"Invalid Category Name"_s);
-    else
+    if (!showNameRefused(prompts, error, u"category"_s, u"Category already exist"_s,
+                         u"Invalid Category Name"_s))
         prompts.PlainBox(u"Error Number %1"_s.arg(error.number()), OkButton | CriticalIcon,
                          u"Error Adding Notes Category"_s);
 }

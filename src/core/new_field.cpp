@@ -1,6 +1,7 @@
 #include "core/new_field.h"
 
 #include "core/prompts.h"
+#include "store/engine/error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +51,23 @@ bool checkNewField(const NewField& field, Prompts& prompts) {
         return false;
     }
     return true;
+}
+
+bool showNameRefused(Prompts& prompts, const dao::EngineError& error, const QString& things,
+                     const QString& takenTitle, const QString& invalidTitle) {
+    if (error.number() == dao::FieldExists) {
+        prompts.PlainBox(u"You already have a field with this name.\nEach %1 must have a different "
+                         "title!"_s.arg(things),
+                         OkButton | WarningIcon, takenTitle);
+        return true;
+    }
+    if (error.number() == dao::InvalidName) {
+        prompts.PlainBox(u"The name cannot start with a space, cannot include a period and must "
+                         "not be greater than 64 characters."_s,
+                         OkButton | WarningIcon, invalidTitle);
+        return true;
+    }
+    return false;
 }
 
 QString newFieldText(const NewField& field) {

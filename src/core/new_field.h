@@ -10,6 +10,10 @@
 
 class Prompts;
 
+namespace dao {
+class EngineError;
+}
+
 /// What a person is asked about a new field of a table: the selector's last page without its form.
 
 struct NewFieldType {
@@ -37,6 +41,11 @@ bool checkNewFieldKey(QChar key, Prompts& prompts);
 /// Whether the field can be made: it has a name and, a Text, a size from 1 to 255. If not it is
 /// told.
 bool checkNewField(const NewField& field, Prompts& prompts);
+
+/// The box of a field that the engine did not make because its name is taken (3191) or can't be one
+/// (3125): `things` must have different titles. False, with nothing shown, for every other failure.
+bool showNameRefused(Prompts& prompts, const dao::EngineError& error, const QString& things,
+                     const QString& takenTitle, const QString& invalidTitle);
 
 /// The answer of the page: name "," type code "," size "," date; the size of all but a Text is 255,
 /// the date is empty or YYYY-MM-DD.
