@@ -52,7 +52,7 @@ void EditMenu::refresh() {
     qDeleteAll(m_ofCaret);
     m_ofCaret.clear();
     const RichTextBox* box = m_focused.box();
-    const bool isWritable = m_focused.writableBox();
+    const bool isWritable = box && box == m_focused.writableBox();
     const bool hasSelection = box && box->selectionLength() > 0;
     m_undo->setEnabled(isWritable && box->document()->isUndoAvailable());
     m_paste->setEnabled(isWritable && box->canPaste());

@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -37,7 +38,7 @@ void paintDrawing(QPainter& painter, const QRect& rect, QByteArray svg, const QC
 
 class FamilyEngine : public QIconEngine {
 public:
-    FamilyEngine(const QString& name, const QByteArray& svg) : m_name(name), m_svg(svg) {}
+    FamilyEngine(QString name, QByteArray svg) : m_name(std::move(name)), m_svg(std::move(svg)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         if (mode == QIcon::Disabled)
