@@ -78,6 +78,11 @@ void ClassDesk::setCurrentRow(int row) {
         m_currentName = pupilName(sheet(), row);
 }
 
+void ClassDesk::renameCurrent(const PupilName& name) {
+    m_selection.rename(m_currentName, name);
+    m_currentName = name;
+}
+
 std::optional<qint64> ClassDesk::currentPupil() const {
     return m_currentRow < 0 ? std::nullopt : std::optional(sheet().pupil(m_currentRow));
 }

@@ -47,7 +47,9 @@ public:
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
     /// The current pupil has another name now; the records show it when they are opened next.
-    void renameCurrent(const PupilName& name) { m_currentName = name; }
+    void renameCurrent(const PupilName& name);
+    /// The current pupil is gone; the first of those left is the next one.
+    void forgetCurrent() { m_currentName = {}; }
     /// The `ID` of the current pupil.
     std::optional<qint64> currentPupil() const;
 

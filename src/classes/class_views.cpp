@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -67,15 +69,20 @@ bool PupilSelection::isSelected(const PupilSheet& names, int row) const {
 QString PupilSelection::clauseForView(const PupilSheet& names, bool queryActive) {
     if (!m_multiSelect) {
         m_filtered = false;
-        m_clause.clear();
+        m_shown.clear();
         return {};
     }
     if (queryActive)
         Bookmark_All(names);
-    if (queryActive || !m_filtered || m_clause.isEmpty())
-        m_clause = clauseOf(m_pupils);
+    if (queryActive || !m_filtered || m_shown.isEmpty())
+        m_shown = m_pupils;
     m_filtered = true;
-    return m_clause;
+    return clauseOf(m_shown);
+}
+
+void PupilSelection::rename(const PupilName& from, const PupilName& to) {
+    std::replace(m_pupils.begin(), m_pupils.end(), from, to);
+    std::replace(m_shown.begin(), m_shown.end(), from, to);
 }
 
 QString pupilsSource(const QString& classCode, const QString& clause) {

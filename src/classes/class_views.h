@@ -48,6 +48,9 @@ public:
     /// The filter goes on, or is made anew; the active view then shows again.
     void ToggleSinglePupil() { m_filtered = !m_filtered; }
 
+    /// A pupil has another name now: he stays picked and shown.
+    void rename(const PupilName& from, const PupilName& to);
+
     /// The condition of a view that is about to show, " WHERE ..." or nothing for all pupils. With
     /// multi-select on the filter names the pupils selected, and from then on stays as it is; with
     /// a query active it names all pupils in `names`. While nobody is selected there is no filter.
@@ -58,7 +61,7 @@ private:
     bool m_multiSelect = false;
     bool m_filtered = false;
     QList<PupilName> m_pupils;
-    QString m_clause;
+    QList<PupilName> m_shown; ///< by the filter
 };
 
 /// The records of the first page, the information on a pupil and his notes: the names, the tutor

@@ -182,6 +182,13 @@ void removeGradeColumns(const dao::Database& database, const QString& classCode,
     }
 }
 
+dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& locale) {
+    if (dao::isTextual(type))
+        return text;
+    return text.isEmpty() ? dao::Value()
+                          : dao::Value(QString(text).replace(locale.decimalPoint(), u"."_s));
+}
+
 void showNothingToHide(Prompts& prompts) {
     prompts.PlainBox(u"You must select a column or columns to Hide\n"
                      "Please select a column by clicking on the column heading."_s,

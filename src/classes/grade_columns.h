@@ -4,6 +4,7 @@
 #include "store/engine/database.h"
 
 #include <QList>
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 
@@ -58,6 +59,10 @@ QStringList askRemoveColumns(const QStringList& selected, Prompts& prompts);
 /// Removes columns with all grades in them, all or none. A failure is told.
 void removeGradeColumns(const dao::Database& database, const QString& classCode,
                         const QStringList& fields, Prompts& prompts);
+
+/// What a cell of this type holds for a text that was typed: a number with the decimal point of
+/// `locale` is one, nothing at all is Null where the column is for numbers.
+dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& locale);
 
 /// The box for "Hide the selected Column(s)" with none selected.
 void showNothingToHide(Prompts& prompts);

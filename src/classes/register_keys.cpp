@@ -34,7 +34,8 @@ QStringList fixedKeyLines() {
 KeyEffect registerKey(const KeyArray& keys, const QString& key, QString& mark) {
     if (key == Escape || key == Backspace)
         return KeyEffect::Pass;
-    const QString capital = key.toUpper();
+    // By the character: a cell holds one, and the capital of a word may be longer.
+    const QString capital = key.size() == 1 ? QString(key.front().toUpper()) : key.toUpper();
     const bool isPermitted =
         std::any_of(keys.marks.begin(), keys.marks.end(),
                     [&capital](const QString& each) { return each.toUpper() == capital; });

@@ -44,11 +44,13 @@ void enterMark(const dao::Database& database, const QString& classCode, PupilShe
     model.write(row, changes);
 }
 
-bool checkMarkText(const QString& text, Prompts& prompts) {
+bool checkMarkText(const QString& text, const QRect& cell, Prompts& prompts) {
     if (text.toUcs4().size() <= 1)
         return true;
-    prompts.PlainBox(u"You can only enter a maximum of one character!"_s, OkButton | WarningIcon,
-                     u"To many characters"_s);
+    BoxLook look;
+    look.below = cell;
+    prompts.msg_Box(u"You can only enter a maximum of one character!"_s, OkButton | WarningIcon,
+                    u"To many characters"_s, look);
     return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include "classes/pupil_sheet_model.h"
 
+#include <QRect>
 #include <QString>
 
 #include <optional>
@@ -21,9 +22,9 @@ std::optional<int> doubleLessonColumn(const dao::Database& database, const QStri
 void enterMark(const dao::Database& database, const QString& classCode, PupilSheetModel& model,
                int row, int column, const QString& mark);
 
-/// Whether a text fits a register's cell: at most one character. If not it is told, and the cell
-/// keeps what it had.
-bool checkMarkText(const QString& text, Prompts& prompts);
+/// Whether a text fits a register's cell: at most one character. If not it is told below the cell,
+/// which stands there on the screen, and the cell keeps what it had.
+bool checkMarkText(const QString& text, const QRect& cell, Prompts& prompts);
 
 /// What "Fill Register" does.
 enum class RegisterFill {

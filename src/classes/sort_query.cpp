@@ -36,7 +36,8 @@ QString withoutConditionAndOrder(const QString& query) {
 
 /// The number that a text begins with; 0 where it begins with none.
 QString leadingNumber(const QString& text) {
-    static const QRegularExpression number(u"^\\s*([+-]?(?:\\d+\\.?\\d*|\\.\\d+))"_s);
+    static const QRegularExpression number(
+        u"^\\s*([+-]?(?:\\d+\\.?\\d*|\\.\\d+)(?:[eE][+-]?\\d+)?)"_s);
     return dao::numberText(number.match(text).captured(1).toDouble());
 }
 

@@ -5,6 +5,7 @@
 
 #include <QDate>
 #include <QList>
+#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -63,6 +64,7 @@ struct BoxLook {
     std::optional<FontRecord> font; ///< the usual one where none is given
     QStringList captions;           ///< up to four, in place of the set's own, from the left
     QString checkBox;               ///< a check box with this caption; none where it is empty
+    std::optional<QRect> below;     ///< of the screen: the box stands below it, not in the middle
 };
 
 struct FileFilter {

@@ -355,6 +355,9 @@ void DailySheets::carryOut(SheetEvent event, const SheetSelection& selection) {
 void DailySheets::refresh() {
     if (isEmpty())
         return;
+    if (!m_data
+             .isOpen()) // closed under this window, as deleting a class does by a recordset's name
+        return RebindRecordset(m_shown);
     try {
         m_binding.refresh();
         return;

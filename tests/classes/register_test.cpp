@@ -139,8 +139,8 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
         EXPECT_EQ(mark, each.mark);
     }
     seams.prompts.expect(PromptKind::Plain, u"To many characters"_s, AnswerOk);
-    EXPECT_FALSE(checkMarkText(u"OO"_s, seams.prompts));
-    EXPECT_TRUE(checkMarkText(u"O"_s, seams.prompts));
+    EXPECT_FALSE(checkMarkText(u"OO"_s, {}, seams.prompts));
+    EXPECT_TRUE(checkMarkText(u"O"_s, {}, seams.prompts));
 }
 
 TEST_F(RegisterTest, FillSparesWhatIsMarked) {

@@ -4,8 +4,11 @@
 
 #include <functional>
 
+class QPlainTextEdit;
+
 /// Edits a cell of the grades in its place. Return is a line break in a text, so the cell is left
-/// by Tab, by a click elsewhere, or given up by Escape.
+/// by Tab, which edits the next one, by Up from its first line and Down from its last, by a click
+/// elsewhere, or given up by Escape.
 class GradeDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -20,6 +23,11 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    bool leavesCell(QPlainTextEdit& editor, QKeyEvent& key);
+
     std::function<void(const QModelIndex& cell, const QString& text)> m_store;
 };

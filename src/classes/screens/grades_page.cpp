@@ -131,10 +131,8 @@ void GradesPage::showRecords() {
 
 void GradesPage::showPupil(int) {}
 
-/// An open editor is taken over as it loses the focus.
 bool GradesPage::leave() {
-    if (m_grid->isAncestorOf(QApplication::focusWidget()))
-        m_grid->setFocus();
+    m_grid->takeOverEditor();
     return true;
 }
 
@@ -142,16 +140,15 @@ void GradesPage::storeCell(const QModelIndex& cell, const QString& text) {
     if (text == cell.data(Qt::EditRole).toString())
         return;
     const dao::DataType type = desk().sheet().records().Fields(cell.column()).Type();
-    const dao::Value value =
-        text.isEmpty() && !dao::isTextual(type) ? dao::Value() : dao::Value(text);
     try {
-        desk().records().write(cell.row(), {{cell.column(), value}});
+        desk().records().write(cell.row(), {{cell.column(), gradeValue(text, type, QLocale())}});
     } catch (const dao::EngineError& error) {
         showAfterUpdateError(session().GetSeams().prompts, error.number());
     }
 }
 
 void GradesPage::changeStructure(const std::function<void()>& change, const QString& select) {
+    leave();
     desk().release();
     change();
     emit recordsChanged();
@@ -250,15 +247,21 @@ void GradesPage::fitColumn(int column) {
                                        margin);
 }
 
+void GradesPage::copyToClipboard(const std::function<QString()>& makeText) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QGuiApplication::clipboard()->setText(makeText());
+    QApplication::restoreOverrideCursor();
+}
+
 void GradesPage::copyNames() {
-    QGuiApplication::clipboard()->setText(studentNames(desk().sheet()));
+    copyToClipboard([this] { return studentNames(desk().sheet()); });
 }
 
 void GradesPage::copyAllData() {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QGuiApplication::clipboard()->setText(
-        allData(desk().sheet(), [this](int column) { return !m_grid->isColumnHidden(column); }));
-    QApplication::restoreOverrideCursor();
+    copyToClipboard([this] {
+        return allData(desk().sheet(),
+                       [this](int column) { return !m_grid->isColumnHidden(column); });
+    });
     showDataCopied(session().GetSeams().prompts);
 }
 

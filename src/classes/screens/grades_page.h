@@ -39,6 +39,7 @@ private:
     void LoadColumnWidths();
     void SaveColumnWidths();
     void fitColumn(int column);
+    void copyToClipboard(const std::function<QString()>& makeText);
     void copyNames();
     void copyAllData();
     void setPanelShown(bool shown);

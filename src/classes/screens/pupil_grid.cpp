@@ -18,6 +18,12 @@ PupilGrid::PupilGrid(PupilSheetModel& model) {
     horizontalHeader()->setMinimumSectionSize(1);
 }
 
+/// An editor gives its text as it loses the focus.
+void PupilGrid::takeOverEditor() {
+    if (state() == EditingState)
+        setFocus();
+}
+
 void PupilGrid::hideNames() {
     for (const int column :
          {PupilSheet::SurnameColumn, PupilSheet::FirstnameColumn, PupilSheet::IdColumn})

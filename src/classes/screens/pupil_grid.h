@@ -15,6 +15,8 @@ class PupilGrid : public QTableView {
 public:
     explicit PupilGrid(PupilSheetModel& model);
 
+    /// Takes over what stands in an open editor, before the records go.
+    void takeOverEditor();
     /// Hides the names and `ID`.
     void hideNames();
     /// Lets the view see a key before the grid does; true where it has been dealt with.

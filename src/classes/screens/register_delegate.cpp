@@ -1,6 +1,6 @@
 #include "classes/screens/register_delegate.h"
 
-#include "classes/pupil_sheet.h"
+#include "classes/register_marking.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -13,7 +13,9 @@ RegisterDelegate::RegisterDelegate(
     : QStyledItemDelegate(parent), m_keys(keys), m_store(std::move(store)) {}
 
 QWidget* RegisterDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                        const QModelIndex&) const {
+                                        const QModelIndex& index) const {
+    if (!canFill(index.column()))
+        return nullptr;
     auto* editor = new QLineEdit(parent);
     editor->setObjectName(u"MarkEditor"_s);
     editor->setAccessibleName(u"Mark"_s);
@@ -30,7 +32,7 @@ void RegisterDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
 void RegisterDelegate::initStyleOption(QStyleOptionViewItem* option,
                                        const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (index.column() >= PupilSheet::FirstOwnColumn)
+    if (canFill(index.column()))
         option->displayAlignment = Qt::AlignCenter;
 }
 

@@ -133,6 +133,7 @@ void RegisterPage::showPupil(int row) {
 }
 
 bool RegisterPage::leave() {
+    m_grid->takeOverEditor();
     return m_panel->storeNote();
 }
 
@@ -172,8 +173,10 @@ bool RegisterPage::typeMark(const QString& typed) {
 
 /// A cell that was edited, not typed into, is alone: no lesson beside it gets a copy.
 void RegisterPage::storeCell(const QModelIndex& cell, const QString& text) {
+    const QRect place = m_grid->visualRect(cell);
+    const QRect onScreen(m_grid->viewport()->mapToGlobal(place.topLeft()), place.size());
     if (!canFill(cell.column()) || text == cell.data().toString() ||
-        !checkMarkText(text, session().GetSeams().prompts))
+        !checkMarkText(text, onScreen, session().GetSeams().prompts))
         return;
     try {
         desk().records().write(cell.row(), {{cell.column(), text}});

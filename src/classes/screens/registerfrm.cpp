@@ -193,7 +193,9 @@ void RegisterFrm::selectClass(const QString& classCode) {
 void RegisterFrm::wantView(ClassView view) {
     if (!leaveView())
         return;
-    if (!m_desk.view() && m_desk.sheet().rowCount() == 0)
+    if (m_desk.classCode().isEmpty())
+        showNoClasses(m_session.GetSeams().prompts);
+    else if (!m_desk.view() && m_desk.sheet().rowCount() == 0)
         showNoPupils(m_session.GetSeams().prompts, m_desk.classCode());
     else
         Show_View(view);
@@ -295,6 +297,8 @@ void RegisterFrm::AutoRegistration(const QString& classCode) {
 }
 
 void RegisterFrm::runTask(ClassTask task, bool withCtrl) {
+    if (m_desk.classCode().isEmpty() && task != ClassTask::CreateClass)
+        return showNoClasses(m_session.GetSeams().prompts);
     switch (task) {
     case ClassTask::AddPupil:
         addPupil();
@@ -332,12 +336,15 @@ void RegisterFrm::createClass() {
         return;
     trying([&] { m_desk.refreshClasses(made); });
     showClasses();
-    redrawTimetable();
+    showClassesElsewhere();
 }
 
-void RegisterFrm::redrawTimetable() {
-    if (m_session.Frame())
-        m_session.Frame()->RefreshForm(u"TTfrm"_s);
+/// The timetable and the planning sheets show the classes too.
+void RegisterFrm::showClassesElsewhere() {
+    if (!m_session.Frame())
+        return;
+    for (const QString& form : {u"TTfrm"_s, u"ORVAfrm"_s, u"ORVA2frm"_s})
+        m_session.Frame()->RefreshForm(form);
 }
 
 void RegisterFrm::deletePupil(bool all) {
@@ -350,7 +357,7 @@ void RegisterFrm::deletePupil(bool all) {
     else if (Delete_Pupil(m_session.CurrentDB, m_desk.classCode(), *m_desk.currentPupil(),
                           pupilName(m_desk.sheet(), m_desk.currentRow()),
                           m_session.DontAskDeletePupil, prompts))
-        m_desk.renameCurrent({}); // the first of those left
+        m_desk.forgetCurrent();
     showFirstPage();
     if (m_desk.currentRow() < 0)
         m_first->selectTask(ClassTask::AddPupil);
@@ -370,10 +377,11 @@ void RegisterFrm::deleteClass() {
     case DeleteClassAnswer::Yes:
         break;
     }
-    if (Delete_Class(m_session.CurrentDB, code, prompts))
-        trying([this] { m_desk.refreshClasses({}); });
+    const bool isGone = Delete_Class(m_session.CurrentDB, code, prompts);
+    // Its records were closed even where it is still there.
+    trying([&] { m_desk.refreshClasses(isGone ? QString() : code); });
     showClasses();
-    redrawTimetable();
+    showClassesElsewhere();
 }
 
 /// Does what may fail in the file, and tells where it did.

@@ -63,7 +63,7 @@ private:
     void createClass();
     void deletePupil(bool all);
     void deleteClass();
-    void redrawTimetable();
+    void showClassesElsewhere();
     bool trying(const std::function<void()>& work);
 
     Session& m_session;

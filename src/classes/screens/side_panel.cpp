@@ -91,10 +91,11 @@ void SidePanel::Get_Lesson_notes(int row, int column) {
 
 bool SidePanel::storeNote() {
     m_delayedSave.stop();
-    if (!m_place)
+    if (!m_place || !m_note->document()->isModified())
         return true;
     try {
         storeLessonNote(m_session.CurrentDB, *m_place, m_note->toPlainText());
+        m_note->document()->setModified(false);
         return true;
     } catch (const dao::EngineError& error) {
         showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
@@ -102,7 +103,8 @@ bool SidePanel::storeNote() {
     }
 }
 
-void SidePanel::showPlace(const std::optional<LessonNotePlace>& place) {
+/// A note that can't be read is not written over either.
+void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
     const bool isOff = lessonNotesAreOff(m_session.GetSettings());
     m_place.reset(); // what is set now is nothing to keep
     QString note = isOff ? lessonNotesOffText() : QString();
@@ -111,6 +113,7 @@ void SidePanel::showPlace(const std::optional<LessonNotePlace>& place) {
             note = lessonNote(m_session.CurrentDB, *place);
     } catch (const dao::EngineError& error) {
         showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        place.reset();
     }
     m_note->setPlainText(note);
     m_note->setEnabled(place && !isOff);

@@ -34,7 +34,7 @@ public:
 private:
     QGroupBox* makeKey(const KeyArray& keys);
     QWidget* makeNotes();
-    void showPlace(const std::optional<LessonNotePlace>& place);
+    void showPlace(std::optional<LessonNotePlace> place);
 
     Session& m_session;
     ClassDesk& m_desk;

@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QToolButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -162,6 +164,11 @@ QWidget* SortPanel::makeRunRow() {
 }
 
 void SortPanel::FillSortFields() {
+    if (std::exchange(m_classCode, m_desk.classCode()) != m_desk.classCode()) {
+        clearSort();
+        clearQuery();
+        m_comparison->setCurrentIndex(0);
+    }
     m_fields = ::FillSortFields(m_session.CurrentDB, m_desk.classCode());
     QStringList names;
     for (const QueryField& each : std::as_const(m_fields))

@@ -19,7 +19,8 @@ class SortPanel : public QTabWidget {
 public:
     SortPanel(Session& session, ClassDesk& desk);
 
-    /// Offers the fields of the desk's class. Raises what the engine raises.
+    /// Offers the fields of the desk's class. What was chosen stays for the same class; a query of
+    /// another one would show its pupils, so it goes. Raises what the engine raises.
     void FillSortFields();
 
 signals:
@@ -51,6 +52,7 @@ private:
 
     Session& m_session;
     ClassDesk& m_desk;
+    QString m_classCode; ///< whose fields are offered
     QList<QueryField> m_fields;
     QList<SortBox> m_sortBoxes;
     QComboBox* m_field;

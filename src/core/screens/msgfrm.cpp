@@ -6,12 +6,14 @@
 #include "core/screens/msgfrm_pages.h"
 
 #include <QCheckBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QStyle>
 
 #include <algorithm>
@@ -194,6 +196,17 @@ void msgFrm::prepare(const QString& text, int flags, const QString& title, const
     SetupButtons(flags, look.captions);
     SetDefaultButton(flags);
     m_escapeAnswer = escapeAnswer(flags, look.captions);
+    if (look.below)
+        standBelow(*look.below);
+}
+
+/// As far as the screen has room there.
+void msgFrm::standBelow(const QRect& place) {
+    adjustSize();
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    move(qBound(room.left(), place.left(), qMax(room.left(), room.right() - width())),
+         qBound(room.top(), place.bottom() + 1, qMax(room.top(), room.bottom() - height())));
 }
 
 void msgFrm::DrawBalloon(const BoxLook& look) {

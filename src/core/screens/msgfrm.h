@@ -50,6 +50,7 @@ protected:
 private:
     void prepare(const QString& text, int flags, const QString& title, const BoxLook& look);
     void DrawBalloon(const BoxLook& look);
+    void standBelow(const QRect& place);
     void writeText(const QString& text, const BoxLook& look);
     void SetDisplayIcon(int flags);
     void addCheckBox(const QString& caption);

@@ -25,16 +25,22 @@ WindowTable windowTable() {
             .placementKey = setting::Timetable.toString(),
             .make = [](Session& session) { return new TTfrm(session); },
             .refresh = [](QWidget& window) { qobject_cast<TTfrm*>(&window)->showWeekAgain(); }},
-        WindowEntry{.name = u"ORVAfrm"_s,
-                    .placementKey = setting::Planning.toString(),
-                    .make = [](Session& session) { return new ORVAfrm(session); },
-                    .showSubject =
-                        [](QWidget& window, const QVariant& subject) {
-                            qobject_cast<ORVAfrm*>(&window)->ShowPlan(subject.toDate());
-                        }},
-        WindowEntry{.name = u"ORVA2frm"_s,
-                    .placementKey = setting::Planning.toString(),
-                    .make = [](Session& session) { return new ORVA2frm(session); }},
+        WindowEntry{
+            .name = u"ORVAfrm"_s,
+            .placementKey = setting::Planning.toString(),
+            .make = [](Session& session) { return new ORVAfrm(session); },
+            .showSubject =
+                [](QWidget& window, const QVariant& subject) {
+                    qobject_cast<ORVAfrm*>(&window)->ShowPlan(subject.toDate());
+                },
+            .refresh =
+                [](QWidget& window) { qobject_cast<ORVAfrm*>(&window)->showClassesAgain(); }},
+        WindowEntry{
+            .name = u"ORVA2frm"_s,
+            .placementKey = setting::Planning.toString(),
+            .make = [](Session& session) { return new ORVA2frm(session); },
+            .refresh =
+                [](QWidget& window) { qobject_cast<ORVA2frm*>(&window)->showClassesAgain(); }},
         WindowEntry{.name = u"RegisterFrm"_s,
                     .placementKey = setting::Register.toString(),
                     .make = [](Session& session) { return new RegisterFrm(session); },

@@ -22,14 +22,22 @@ ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QCom
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFocusPolicy(Qt::StrongFocus);
-    addItems(codes);
-    setCurrentIndex(-1);
+    setCodes(codes);
     lineEdit()->setMaxLength(LongestClass);
     lineEdit()->setAccessibleName(accessibleName());
     connect(this, &QComboBox::editTextChanged, this, [this] {
         m_isChanged = true;
         emit edited();
     });
+}
+
+void ClassBox::setCodes(const QStringList& codes) {
+    const QSignalBlocker quiet(this);
+    const QString text = currentText();
+    clear();
+    addItems(codes);
+    setCurrentIndex(findText(text));
+    setEditText(text);
 }
 
 void ClassBox::show(const QString& text) {

@@ -13,6 +13,9 @@ class ClassBox : public QComboBox, public BoundBox {
 public:
     ClassBox(int period, const QStringList& codes, QWidget* parent = nullptr);
 
+    /// The codes to choose from; the text stays.
+    void setCodes(const QStringList& codes);
+
     void show(const QString& text) override;
     QString text() const override { return currentText(); }
     bool dataChanged() const override { return m_isChanged; }

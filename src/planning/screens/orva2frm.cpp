@@ -190,6 +190,8 @@ void ORVA2frm::makeMaximiseButton() {
 void ORVA2frm::fillLists() {
     const QSignalBlocker weekBlocker(m_week);
     const QSignalBlocker classBlocker(m_class);
+    m_week->clear();
+    m_class->clear();
     for (const QDate day : m_sheets.weeks())
         m_week->addItem(weekEntry(day));
     for (const ClassColour& each : m_sheets.classes()) {
@@ -210,6 +212,15 @@ void ORVA2frm::keepWhatIsWritten() {
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &ORVA2frm::save);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ORVA2frm::save);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &ORVA2frm::save);
+}
+
+void ORVA2frm::showClassesAgain() {
+    const QString shown = m_class->itemText(m_shownClass);
+    if (!m_sheets.load())
+        return;
+    fillLists();
+    selectEntries(m_shownWeek, qMax(0, m_class->findText(shown)));
+    Show_Week(m_shownWeek);
 }
 
 void ORVA2frm::Reload_Records() {

@@ -37,6 +37,8 @@ public:
     /// Writes the slots back and shows those of the selected class in a week, counted from 0.
     /// Where what was typed can't be written, everything stays as it is.
     void Show_Week(int week);
+    /// Shows the classes and the week anew, after classes have come or gone.
+    void showClassesAgain();
     /// The same with the week that is shown.
     void Reload_Records();
     /// Writes all slots back. Answers false where something typed could not be written, which the

@@ -217,6 +217,14 @@ void ORVAfrm::sheetChanged() {
     m_bottom->showEvents(m_sheets.GetCOEinfo());
 }
 
+void ORVAfrm::showClassesAgain() {
+    save();
+    m_periods->setClassCodes(m_sheets.classCodes());
+    m_sheets.refresh();
+    if (!m_sheets.isEmpty())
+        m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
+}
+
 void ORVAfrm::Clean_Plan(bool hasSheet) {
     m_periods->Clean_Plan(hasSheet);
     m_bottom->Clean_Plan(hasSheet);

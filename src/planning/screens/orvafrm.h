@@ -32,6 +32,8 @@ public:
 
     /// Goes to the sheet of a date, for other windows.
     void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
+    /// Shows the classes and the sheet anew, after classes have come or gone.
+    void showClassesAgain();
 
     QSize sizeHint() const override;
 

@@ -159,6 +159,11 @@ void PeriodArea::DisplayColorCodes(const QList<ClassCoding>& coding) {
     }
 }
 
+void PeriodArea::setClassCodes(const QStringList& codes) {
+    for (const Line& each : m_lines)
+        each.classBox->setCodes(codes);
+}
+
 void PeriodArea::mousePressEvent(QMouseEvent* event) {
     QWidget::mousePressEvent(event);
     selectPeriod(0);

@@ -35,6 +35,8 @@ public:
     /// Whether there is a sheet to write on; without one everything is grey.
     void Clean_Plan(bool hasSheet);
     void DisplayColorCodes(const QList<ClassCoding>& coding);
+    /// The classes to choose from; what stands in the boxes stays.
+    void setClassCodes(const QStringList& codes);
     /// Puts the lesson's box back into its line, from wherever it was shown.
     void takeBack(int period);
 
