@@ -138,6 +138,15 @@ TEST_F(GradesTest, ColumnsMoveAndAreRenamedWithinTheirBounds) {
     EXPECT_EQ(titles().size(), 2); // all or none
 }
 
+TEST_F(GradesTest, NumbersAreReadAsTheyAreWritten) {
+    const QLocale german(QLocale::German);
+    EXPECT_EQ(gradeValue(u"2,5"_s, dao::DataType::Double, german), dao::Value(u"2.5"_s));
+    EXPECT_EQ(gradeValue(u"2,5"_s, dao::DataType::Text, german), dao::Value(u"2,5"_s));
+    EXPECT_EQ(gradeValue(u"2,5"_s, dao::DataType::Double, QLocale::c()), dao::Value(u"2,5"_s));
+    EXPECT_TRUE(gradeValue({}, dao::DataType::Long, german).isNull());
+    EXPECT_FALSE(gradeValue({}, dao::DataType::Memo, german).isNull());
+}
+
 TEST_F(GradesTest, WhatCanBeDoneToASelection) {
     constexpr int columns = 8;
     struct {
@@ -214,6 +223,7 @@ TEST_F(GradesTest, QueriesPickAsTheEngineUnderstandsThem) {
     EXPECT_EQ(picked(u"Test 1"_s, u"<"_s, u"10"_s), u"1"_s);
     EXPECT_EQ(picked(u"Test 1"_s, u">"_s, u"9x"_s), u"2 3"_s); // numbers; Null fits nothing
     EXPECT_EQ(picked(u"half"_s, u"="_s, u"2.5"_s), u"1"_s);
+    EXPECT_EQ(picked(u"half"_s, u"<"_s, u"1e1 marks"_s), u"1"_s);
     EXPECT_EQ(picked(u"Remark"_s, u"="_s, u"good"_s), u"1"_s);
     EXPECT_EQ(picked(u"Remark"_s, u"Like"_s, u"g*"_s), u"1 3"_s);
     EXPECT_EQ(picked(u"Surname"_s, u"<>"_s, u"Cole"_s), u"1 2"_s);

@@ -138,7 +138,7 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
         EXPECT_EQ(registerKey(keys, each.key, mark), each.effect) << each.key.toStdString();
         EXPECT_EQ(mark, each.mark);
     }
-    seams.prompts.expect(PromptKind::Plain, u"To many characters"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::Message, u"To many characters"_s, AnswerOk);
     EXPECT_FALSE(checkMarkText(u"OO"_s, {}, seams.prompts));
     EXPECT_TRUE(checkMarkText(u"O"_s, {}, seams.prompts));
 }
@@ -252,6 +252,8 @@ TEST_F(RegisterTest, SelectedPupilsAreShownAlone) {
     EXPECT_EQ(sheet().pupils(), (QList<qint64>{3, 2}));
     selection.click(sheet(), 0);
     EXPECT_EQ(selection.clauseForView(sheet(), false), clause); // once on, it stays
+    selection.rename({u"Cole"_s, {}}, {u"Cole"_s, u"Ed"_s});
+    EXPECT_TRUE(selection.clauseForView(sheet(), false).endsWith(u"AND Firstname = 'Ed'"_s));
     selection.setMultiSelect(false);
     EXPECT_EQ(selection.clauseForView(sheet(), false), QString());
     EXPECT_FALSE(selection.isFiltered());

@@ -81,6 +81,39 @@ TEST_F(GradesScreenTest, ColumnsComeMoveChangeTheirNamesAndGo) {
     checkScreen(*window, u"RegisterFrm_grades"_s);
 }
 
+TEST_F(GradesScreenTest, KeysLeadOutOfACell) {
+    showGrades();
+    addColumn(u"Essay,12,255,"_s);
+    addColumn(u"Test,4,255,"_s);
+    const auto typeKeys = [this](const QString& text, Qt::Key last) {
+        auto* editor = grades().findChild<QPlainTextEdit*>(u"GradeEditor"_s);
+        if (!editor) {
+            QTest::keyClicks(&grades(), text.left(1));
+            editor = grades().findChild<QPlainTextEdit*>(u"GradeEditor"_s);
+            QTest::keyClicks(editor, text.mid(1));
+        } else {
+            QTest::keyClicks(editor, text);
+        }
+        QTest::keyClick(editor, last);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    grades().setFocus();
+    grades().setCurrentIndex(grades().model()->index(0, PupilSheet::FirstOwnColumn));
+    typeKeys(u"good"_s, Qt::Key_Down);
+    EXPECT_EQ(grades().currentIndex().row(), 1);
+    typeKeys(u"fair"_s, Qt::Key_Tab); // on to the number, which is edited at once
+    EXPECT_EQ(grades().currentIndex().column(), PupilSheet::FirstOwnColumn + 1);
+    typeKeys(u"12"_s, Qt::Key_Up);
+    EXPECT_EQ(grades().currentIndex().row(), 0);
+    EXPECT_EQ(stored(u"Essay,Test"_s), (QStringList{u"good|~"_s, u"~|~"_s, u"fair|12"_s}));
+    select(u"Test"_s);
+    grades().edit(grades().model()->index(2, PupilSheet::FirstOwnColumn + 1));
+    QTest::keyClicks(grades().findChild<QPlainTextEdit*>(u"GradeEditor"_s), u"7"_s);
+    menuItem(u"Move Left"_s).trigger(); // takes over what stands in the open cell
+    EXPECT_EQ(stored(u"Essay,Test"_s), (QStringList{u"good|~"_s, u"~|7"_s, u"fair|12"_s}));
+    EXPECT_EQ(columns().first(), u"Test"_s);
+}
+
 TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {
     showGrades();
     addColumn(u"Essay,10,50,"_s);
@@ -148,4 +181,9 @@ TEST_F(GradesScreenTest, SortsAndPicksByThePanel) {
     EXPECT_EQ(grades().model()->rowCount(), 1);
     window->Show_View(GradesView); // nobody is picked any more
     EXPECT_EQ(grades().model()->rowCount(), 3);
+    addPupils(session.CurrentDB, u"E"_s, {u"Bell,Kim"_s});
+    window->desk().selectClass(u"E"_s);
+    window->Show_View(GradesView); // a query of another class's pupils must not show here
+    EXPECT_EQ(control<QPlainTextEdit>(*window, u"SQLtxt"_s).toPlainText(), QString());
+    EXPECT_EQ(control<QComboBox>(*window, u"CboOpp"_s).currentText(), u"="_s);
 }

@@ -1,6 +1,7 @@
 // The weekly planning sheet, driven through its own controls over a year's file: which lessons it
 // shows, and that nothing typed is lost whichever way it is left.
 
+#include "classes/class_removal.h"
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
 #include "core/prompts.h"
@@ -91,6 +92,18 @@ protected:
     std::unique_ptr<mdiORVA> frame;
     ORVA2frm* sheet = nullptr;
 };
+
+TEST_F(WeeklySheetTest, AClassThatGoesLeavesItsLists) {
+    open();
+    auto& classes = control<QComboBox>(*sheet, u"SelClass"_s);
+    const QString shown = classes.currentText();
+    const QString week = control<QComboBox>(*sheet, u"SelWeek"_s).currentText();
+    ASSERT_TRUE(Delete_Class(session.CurrentDB, shown, seams.prompts));
+    frame->RefreshForm(u"ORVA2frm"_s);
+    EXPECT_LT(classes.findText(shown), 0);
+    EXPECT_EQ(classes.currentIndex(), 0);
+    EXPECT_EQ(control<QComboBox>(*sheet, u"SelWeek"_s).currentText(), week);
+}
 
 TEST_F(WeeklySheetTest, ShowsTheLessonsOfTheFirstClassInTodaysWeek) {
     open();

@@ -1,6 +1,8 @@
 // The daily planning sheet, driven through its own controls over a year's file: what is shown, what
 // reaches the disk and when, what its commands do.
 
+#include "classes/class_creation.h"
+#include "classes/class_removal.h"
 #include "controls/calendar.h"
 #include "controls/rich_text_box.h"
 #include "core/screens/mdiorva.h"
@@ -309,6 +311,33 @@ TEST_F(DailySheetTest, ShowsWhatAnotherWindowHasWritten) {
     click("Command1(1)");
     EXPECT_EQ(storedText(u"24-09-09"_s, u"Lesson1"_s), u"mine too"_s);
     EXPECT_EQ(label("LbDate"), u"24-09-10"_s);
+}
+
+TEST_F(DailySheetTest, ShowsClassesThatComeAndGo) {
+    open();
+    NewClass made = readNewClass(session.CurrentDB);
+    made.code = u"P"_s; // stands in the text that the sheets are opened with
+    constexpr int tuesday = 1;
+    for (const int period : {1, 2})
+        ASSERT_TRUE(
+            toggleCell(made, u'A', (period - 1) * DaysOfTimetable + tuesday, seams.prompts));
+    click("Command1(1)");
+    ASSERT_EQ(label("LbDate"), u"24-09-10"_s);
+    ASSERT_TRUE(Create_NEW_CLASS(session.CurrentDB, made, seams.prompts));
+    session.LoadClassColours();
+    frame->RefreshForm(u"ORVAfrm"_s);
+    EXPECT_EQ(classBox(1).text(), u"P"_s);
+    EXPECT_GE(classBox(0).findText(u"P"_s), 0);
+    type("Text1(0)", u"before"_s);
+    box("Text1(0)").clearFocus();
+    ASSERT_TRUE(Delete_Class(session.CurrentDB, u"P"_s, seams.prompts));
+    session.LoadClassColours();
+    frame->RefreshForm(u"ORVAfrm"_s);
+    EXPECT_EQ(classBox(1).text(), QString());
+    EXPECT_LT(classBox(0).findText(u"P"_s), 0);
+    type("Text1(0)", u" and after"_s);
+    close();
+    EXPECT_EQ(storedText(u"24-09-10"_s, u"Lesson1"_s), u"before and after"_s);
 }
 
 TEST_F(DailySheetTest, KeepsLinksOfAPeriod) {

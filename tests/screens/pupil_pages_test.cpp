@@ -260,6 +260,7 @@ TEST_F(PupilScreenTest, ALessonNoteGoesWithItsPupilAndDay) {
     auto& note = control<QPlainTextEdit>(*window, u"TxtLessonNotes"_s);
     control<QCheckBox>(*window, u"chkNotes"_s).click();
     ASSERT_TRUE(note.isEnabled());
+    const int lesson = grid().currentIndex().column();
     note.setFocus();
     QTest::keyClicks(&note, u"Late bus"_s);
     clickName(1);
@@ -274,6 +275,13 @@ TEST_F(PupilScreenTest, ALessonNoteGoesWithItsPupilAndDay) {
     grid().setCurrentIndex(grid().model()->index(0, PupilSheet::TutorColumn));
     EXPECT_FALSE(note.isEnabled());
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT * FROM Lesson_Notes"_s), QStringList());
+    const LessonNotePlace place{u"09/09/24"_s, u"D"_s, 3};
+    const QString twoLines = u"one\r\ntwo"_s;
+    storeLessonNote(session.CurrentDB, place, twoLines);
+    grid().setCurrentIndex(grid().model()->index(1, lesson));
+    EXPECT_EQ(note.toPlainText(), u"one\ntwo"_s);
+    clickName(0);
+    EXPECT_EQ(lessonNote(session.CurrentDB, place), twoLines); // not written for being looked at
 }
 
 TEST_F(PupilScreenTest, PupilsComeAndGoByTheTaskList) {

@@ -103,6 +103,9 @@ TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     press(*window, Qt::Key_Return); // not asked again
     EXPECT_EQ(window->desk().classCode(), QString());
     EXPECT_EQ(control<QListWidget>(*window, u"ClassList"_s).count(), 0);
+    EXPECT_TRUE(frame.log.contains(u"refresh ORVAfrm"_s));
+    seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
+    press(*window, Qt::Key_Return);
     window.reset();
     seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
     frame.forms = {u"RegisterFrm"_s};
