@@ -6,6 +6,7 @@
 
 #include <QDesktopServices>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMimeDatabase>
@@ -13,7 +14,10 @@
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +39,14 @@ bool isProgram(const QString& file) {
     return type.inherits(u"application/x-executable"_s) ||
            type.inherits(u"application/x-sharedlib"_s) ||
            type.inherits(u"application/x-pie-executable"_s);
+}
+
+/// The menu that led here stands on the screen until the windows below it have been painted.
+void letMenusGo() {
+    constexpr std::chrono::milliseconds enough(300);
+    QEventLoop waiting;
+    QTimer::singleShot(enough, &waiting, &QEventLoop::quit);
+    waiting.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace
@@ -102,6 +114,7 @@ void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
 }
 
 QImage DesktopShell::CaptureScreen() {
+    letMenusGo();
     LateServices* services = lateServices();
     const std::optional<QImage> portal = services ? services->captureByPortal() : std::nullopt;
     // Where there is a portal its answer stands: a person who has said no is not got round.
