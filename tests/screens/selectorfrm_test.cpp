@@ -7,7 +7,9 @@
 #include "support/scripted_prompts.h"
 
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -130,7 +132,8 @@ TEST_F(SelectorTest, ANewField) {
         answer(
             request,
             [](QWidget& form) {
-                QTest::keyClicks(&control<QLineEdit>(form, u"TxtName"_s), u"Test"_s);
+                QGuiApplication::clipboard()->setText(u"Te,st!"_s);
+                control<QLineEdit>(form, u"TxtName"_s).paste(); // without what no title holds
                 control<QRadioButton>(form, u"OptType(5)"_s).click();
                 EXPECT_FALSE(control<QLineEdit>(form, u"TxtSize"_s).isEnabled());
                 control<QCalendarWidget>(form, u"Calendar1"_s).setSelectedDate(QDate(2024, 9, 2));

@@ -1,6 +1,7 @@
 #include "core/screens/selectorfrm_pages.h"
 
 #include "controls/date_calendar.h"
+#include "controls/restricted_edit.h"
 #include "core/prompts.h"
 #include "office/spreadsheet.h"
 
@@ -190,14 +191,16 @@ QString SpreadsheetContent::answer() const {
 }
 
 NewFieldContent::NewFieldContent(const SelectorRequest& request, Prompts& prompts)
-    : m_prompts(prompts), m_name(new QLineEdit(request.name)), m_size(new QLineEdit) {
+    : m_prompts(prompts)
+    , m_name(new RestrictedEdit(u"Name"_s, isNewFieldCharacter))
+    , m_size(new QLineEdit) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     if (!request.showCalendar)
         makeLine(request.label, *layout);
     m_name->setObjectName(u"TxtName"_s);
-    m_name->setAccessibleName(u"Name"_s);
     m_name->setMaxLength(NewFieldNameLength);
+    m_name->setText(request.name);
     m_name->installEventFilter(this);
     m_name->selectAll();
     auto* row = new QFormLayout;
