@@ -4,9 +4,9 @@
 
 ClassDesk::ClassDesk(Session& session) : m_session(session) {}
 
-void ClassDesk::Load() {
+void ClassDesk::updateTables() {
+    release();
     UpdateClassTables(m_session.CurrentDB);
-    refreshClasses({});
 }
 
 void ClassDesk::refreshClasses(const QString& select) {

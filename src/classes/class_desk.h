@@ -18,8 +18,9 @@ class ClassDesk {
 public:
     explicit ClassDesk(Session& session);
 
-    /// Brings the classes' tables up to date, lists the classes and selects the first.
-    void Load();
+    /// Brings the classes' tables up to date: on loading, and for a class that was just made. Shows
+    /// nobody until refreshClasses.
+    void updateTables();
     /// Lists the classes anew after one has come or gone, and selects that code, else the first.
     void refreshClasses(const QString& select);
     const QList<ClassColour>& classes() const { return m_classes; }

@@ -36,17 +36,15 @@ QString joinedSource(const QString& classCode, const QString& ownTable, const QS
 
 } // namespace
 
-ClassView activeView(bool notes, bool registerShown, bool grades) {
-    if (notes)
-        return PupilNotesView;
-    if (registerShown)
-        return RegisterView;
-    return grades ? GradesView : PupilInformationView;
-}
-
 PupilName pupilName(const PupilSheet& sheet, int row) {
     return {sheet.text(row, PupilSheet::SurnameColumn),
             sheet.text(row, PupilSheet::FirstnameColumn)};
+}
+
+void PupilSelection::setMultiSelect(bool on) {
+    m_multiSelect = on;
+    if (!on)
+        m_pupils.clear();
 }
 
 void PupilSelection::click(const PupilSheet& names, int row) {

@@ -16,10 +16,6 @@ class PupilSheet;
 /// The views as Show_View numbers them.
 enum ClassView { RegisterView = 1, GradesView = 2, PupilInformationView = 3, PupilNotesView = 4 };
 
-/// The view that shows again when the selection changes, by the window's flags: the notes before
-/// the register before the grades; with none of them set, the information on a pupil.
-ClassView activeView(bool notes, bool registerShown, bool grades);
-
 /// A pupil as the name list knows him: two of the same full name are not told apart.
 struct PupilName {
     QString surname;
@@ -33,7 +29,8 @@ PupilName pupilName(const PupilSheet& sheet, int row);
 class PupilSelection {
 public:
     bool isMultiSelect() const { return m_multiSelect; }
-    void setMultiSelect(bool on) { m_multiSelect = on; }
+    /// Off, nobody is selected any more.
+    void setMultiSelect(bool on);
 
     /// A click on a row of the name list: with multi-select on it adds the row's pupil, or removes
     /// him when he is there; with it off nobody is selected afterwards.

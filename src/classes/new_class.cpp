@@ -96,6 +96,11 @@ NewClass readNewClass(const dao::Database& database) {
     return answers;
 }
 
+void showInvalidCharacter(Prompts& prompts) {
+    prompts.PlainBox(u"Sorry but you can't use that character in a Classcode!"_s,
+                     OkButton | WarningIcon, u"Invalid Character"_s);
+}
+
 QString classCodeKey(Prompts& prompts, const QString& key) {
     const QList<uint> characters = key.toUcs4();
     const bool entersNothing =
@@ -104,8 +109,7 @@ QString classCodeKey(Prompts& prompts, const QString& key) {
         return key;
     if (std::all_of(characters.begin(), characters.end(), isClassCodeCharacter))
         return key.toUpper();
-    prompts.PlainBox(u"Sorry but you can't use that character in a Classcode!"_s,
-                     OkButton | WarningIcon, u"Invalid Character"_s);
+    showInvalidCharacter(prompts);
     return {};
 }
 

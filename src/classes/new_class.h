@@ -52,6 +52,8 @@ NewClass readNewClass(const dao::Database& database);
 TaughtWeek Create_TimetableA(int periodsPerDay);
 TaughtWeek Create_TimetableB(int periodsPerDay);
 
+/// The box for a character that no code holds.
+void showInvalidCharacter(Prompts& prompts);
 /// What a key typed into the code box enters: the capital, a control key itself, nothing for a
 /// character that no code holds, which is told.
 QString classCodeKey(Prompts& prompts, const QString& key);

@@ -257,6 +257,8 @@ TEST_F(RegisterTest, SelectedPupilsAreShownAlone) {
     selection.setMultiSelect(false);
     EXPECT_EQ(selection.clauseForView(sheet(), false), QString());
     EXPECT_FALSE(selection.isFiltered());
+    selection.setMultiSelect(true);
+    EXPECT_EQ(selection.clauseForView(sheet(), false), QString()); // the old picks are gone
 }
 
 TEST_F(RegisterTest, PupilsOfOneNameAreNotToldApart) {

@@ -339,6 +339,7 @@ TEST_F(PupilScreenTest, TheWizardMakesAClass) {
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT Mon,Fri FROM Classcodes WHERE Classcode = 'X1'"_s),
               QStringList{u"1|1"_s});
     EXPECT_TRUE(frame.log.contains(u"refresh TTfrm"_s));
+    EXPECT_TRUE(session.CurrentDB.TableDefs()[u"Class_X1"_s].Fields().Contains(u"PID"));
     whenAsked([this](QWidget& wizard) {
         seams.prompts.expect(PromptKind::Plain, u"Cancel"_s, AnswerYes);
         control<QPushButton>(wizard, u"cmdCancel"_s).click();

@@ -1,6 +1,10 @@
 // The class window: its first page, the list of names and the register, by mouse and keys.
 
+#include "classes/register_lessons.h"
+#include "core/window_placement.h"
 #include "support/screen_register.h"
+
+#include <QLineEdit>
 
 TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
     show();
@@ -30,6 +34,32 @@ TEST_F(RegisterScreenTest, AKeyMarksOnTheDiskAndADoubleLessonTwice) {
     press(*window, Qt::Key_Right); // Tuesday, periods 2 and 4
     QTest::keyClicks(&grid(), u"\\"_s);
     EXPECT_EQ(marksOf(3), u"....../\\......."_s);
+}
+
+TEST_F(RegisterScreenTest, ACellThatIsEditedMarksAsAKeyDoes) {
+    showRegister();
+    const int lesson = grid().currentIndex().column();
+    const auto edit = [this](const QString& text) {
+        grid().edit(grid().currentIndex());
+        auto* editor = grid().findChild<QLineEdit*>(u"MarkEditor"_s);
+        ASSERT_TRUE(editor);
+        editor->setText(text); // as pasting does, past the keys
+        QTest::keyClick(editor, Qt::Key_Return);
+        QApplication::processEvents(); // the editor gives its text and goes
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    edit(u"o"_s);
+    const auto marks = [&] {
+        return window->desk().sheet().text(0, lesson) + window->desk().sheet().text(0, lesson + 1);
+    };
+    EXPECT_EQ(marks(), u"OO"_s); // a double lesson
+    edit(u"x"_s);                // no mark
+    EXPECT_EQ(marks(), u"OO"_s);
+    edit({});
+    EXPECT_EQ(marks(), u"O"_s);
+    grid().setColumnWidth(lesson + 1, 200);
+    window->Show_View(RegisterView);
+    EXPECT_EQ(grid().columnWidth(lesson + 1), MarkColumnWidth / TwipsPerPixel);
 }
 
 TEST_F(RegisterScreenTest, TheMenuFillsCountsAndOpensThePlan) {

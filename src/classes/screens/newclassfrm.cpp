@@ -53,6 +53,8 @@ QWidget* NewClassFrm::makeCodePage() {
     m_code->installEventFilter(this);
     connect(m_code, &RestrictedEdit::textChanged, this,
             [this] { m_answers.code = m_code->text(); });
+    connect(m_code, &RestrictedEdit::refused, this, // pasted; a key does not get that far
+            [this] { showInvalidCharacter(m_session.GetSeams().prompts); });
     auto* list = new QListWidget;
     list->setObjectName(u"List1"_s);
     list->setAccessibleName(u"Classcodes in use"_s);

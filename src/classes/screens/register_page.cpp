@@ -108,13 +108,15 @@ void RegisterPage::showRecords() {
     Update_Register_info();
 }
 
-/// The current lesson is wider, and in view with those before it.
+/// The current lesson is wider than all others, and in view with those before it.
 void RegisterPage::showLessons() {
     const QDate today = session().GetSeams().clock.today();
     const std::optional<int> current = currentLessonColumn(desk().sheet(), today);
     m_header->setCurrentLesson(current.value_or(-1));
     constexpr int tutorWidth = 600;
     m_grid->setColumnWidth(PupilSheet::TutorColumn, tutorWidth / TwipsPerPixel);
+    for (int lesson = PupilSheet::FirstOwnColumn; lesson < desk().sheet().columnCount(); ++lesson)
+        m_grid->setColumnWidth(lesson, MarkColumnWidth / TwipsPerPixel);
     if (current) {
         m_grid->setColumnWidth(*current, CurrentLessonWidth / TwipsPerPixel);
         m_grid->setLeftColumn(firstColumnInView(*current, previousDates(session().GetSettings())));
@@ -171,15 +173,22 @@ bool RegisterPage::typeMark(const QString& typed) {
     return true;
 }
 
-/// A cell that was edited, not typed into, is alone: no lesson beside it gets a copy.
+/// A text that came by the editor or by pasting marks as a key does; what is no mark stays out.
 void RegisterPage::storeCell(const QModelIndex& cell, const QString& text) {
     const QRect place = m_grid->visualRect(cell);
     const QRect onScreen(m_grid->viewport()->mapToGlobal(place.topLeft()), place.size());
     if (!canFill(cell.column()) || text == cell.data().toString() ||
         !checkMarkText(text, onScreen, session().GetSeams().prompts))
         return;
+    QString mark;
+    if (!text.isEmpty() && registerKey(m_keys, text, mark) != KeyEffect::Mark)
+        return;
     try {
-        desk().records().write(cell.row(), {{cell.column(), text}});
+        if (text.isEmpty())
+            desk().records().write(cell.row(), {{cell.column(), text}});
+        else
+            enterMark(session().CurrentDB, desk().classCode(), desk().records(), cell.row(),
+                      cell.column(), mark);
     } catch (const dao::EngineError& error) {
         showColumnUpdateError(session().GetSeams().prompts, error.number());
     }

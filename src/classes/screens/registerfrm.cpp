@@ -154,13 +154,10 @@ LayoutToolbar* RegisterFrm::makeToolbar() {
 }
 
 void RegisterFrm::load() {
-    try {
-        m_desk.Load();
-    } catch (const dao::EngineError& error) {
-        showLoadingError(m_session.GetSeams().prompts, error.number(), error.description());
-    }
+    trying([this] { m_desk.updateTables(); });
+    const bool isRead = trying([this] { m_desk.refreshClasses({}); });
     showClasses();
-    if (!m_desk.classes().isEmpty())
+    if (!isRead || !m_desk.classes().isEmpty())
         return;
     showNoClasses(m_session.GetSeams().prompts);
     if (m_session.Frame())
@@ -334,6 +331,7 @@ void RegisterFrm::createClass() {
     });
     if (made.isEmpty())
         return;
+    trying([this] { m_desk.updateTables(); }); // the new class lacks what only they give it
     trying([&] { m_desk.refreshClasses(made); });
     showClasses();
     showClassesElsewhere();
