@@ -32,6 +32,14 @@ QString firstLessonField(const dao::Database& database, const QString& classCode
     return {};
 }
 
+/// The grades are read together with these fields of the pupils: a column of the same name would
+/// make every such SELECT ambiguous.
+bool isPupilField(const QString& name) {
+    const QStringList fields{u"Surname"_s, u"Firstname"_s, u"Tutor"_s};
+    return std::any_of(fields.begin(), fields.end(),
+                       [&name](const QString& field) { return dao::sameName(field, name); });
+}
+
 bool holdsAbsentGrade(const NewField& field) {
     return field.type == dao::DataType::Memo ||
            (field.type == dao::DataType::Text && field.size >= AbsentGrade.size());
@@ -91,6 +99,8 @@ std::optional<NewField> askGradeColumn(Prompts& prompts) {
 bool addGradeColumn(const dao::Database& database, const QString& classCode, const NewField& field,
                     Prompts& prompts) {
     try {
+        if (isPupilField(field.name))
+            throw dao::EngineError(dao::FieldExists, field.name);
         dao::Transaction transaction(database);
         dao::Field made = dao::TableDef::CreateField(field.name, field.type, field.size);
         made.AllowZeroLength = dao::isTextual(field.type);
@@ -143,6 +153,8 @@ QString askColumnTitle(const QString& title, Prompts& prompts) {
 
 bool renameGradeColumn(const dao::Database& database, const QString& classCode,
                        const QString& field, const QString& title) {
+    if (isPupilField(title))
+        return false;
     try {
         gradeFields(database, classCode).Rename(field, title);
         return true;

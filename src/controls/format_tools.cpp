@@ -24,7 +24,7 @@ enum Command { Bold, Italic, Underline, FontSize, Superscript, Subscript, Bullet
 const QString commandTips = u"Bold|Italic|Underline|Font Size|Superscript|Subscript|Bullets"_s;
 const QString commandIcons = u"bold|italic|underline|size|superscript|subscript|bullets"_s;
 
-constexpr int sizes[] = {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36};
+const QList<int> usualSizes{8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36};
 
 struct NamedColour {
     QString name;
@@ -84,9 +84,11 @@ void tickColour(const QMenu& menu, const std::optional<QColor>& colour) {
 
 } // namespace
 
-FormatTools::FormatTools(Session& session, const QString& layout, QWidget& window)
+FormatTools::FormatTools(Session& session, const QString& layout, QWidget& window,
+                         const QList<int>& sizes)
     : QObject(&window)
     , m_session(session)
+    , m_sizes(sizes.isEmpty() ? usualSizes : sizes)
     , m_toolbar(new LayoutToolbar(u"Format_Cks"_s, layout, commandTips, commandIcons, &window))
     , m_colourToolbar(new LayoutToolbar(u"Colour_Cks"_s, u"BB"_s, u"Font Colour|Highlighter"_s,
                                         u"colour|highlighter"_s, &window))
@@ -154,7 +156,7 @@ void FormatTools::makeSizeMenu(QWidget& window) {
     m_sizeMenu = new QMenu(commandTips.section(u'|', FontSize, FontSize), &window);
     auto* group = new QActionGroup(m_sizeMenu);
     group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-    for (const int size : sizes) {
+    for (const int size : m_sizes) {
         QAction* action = m_sizeMenu->addAction(QString::number(size));
         action->setCheckable(true);
         action->setData(size);

@@ -28,7 +28,9 @@ class FormatTools : public QObject {
 public:
     /// `layout` is that of the toolbar: "BBBB|BB|B", or a beginning of it. What has no button is
     /// in the menus all the same. `window` owns everything and hears the shortcuts.
-    FormatTools(Session& session, const QString& layout, QWidget& window);
+    /// `sizes`: the font sizes to choose from, in points; empty for the usual ones.
+    FormatTools(Session& session, const QString& layout, QWidget& window,
+                const QList<int>& sizes = {});
 
     void serve(RichTextBox& box);
     /// The box that had the focus last; none at first.
@@ -56,6 +58,7 @@ private:
     void followCaret();
 
     Session& m_session;
+    QList<int> m_sizes;
     FocusedBox m_focused;
     LayoutToolbar* m_toolbar;
     LayoutToolbar* m_colourToolbar;

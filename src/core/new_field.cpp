@@ -25,17 +25,13 @@ const QList<NewFieldType>& newFieldTypes() {
     return types;
 }
 
-bool isNewFieldCharacter(char32_t character) {
-    const auto isBetween = [character](char32_t first, char32_t last) {
-        return first <= character && character <= last;
+bool checkNewFieldKey(QChar key, Prompts& prompts) {
+    const auto isBetween = [code = key.unicode()](int first, int last) {
+        return first <= code && code <= last;
     };
     // A blank, ":" and ";" are taken.
-    return !isBetween(33, 47) && !isBetween(60, 64) && !isBetween(92, 92) && !isBetween(96, 96) &&
-           !isBetween(123, 127);
-}
-
-bool checkNewFieldKey(QChar key, Prompts& prompts) {
-    if (isNewFieldCharacter(key.unicode()))
+    if (!isBetween(33, 47) && !isBetween(60, 64) && !isBetween(92, 92) && !isBetween(96, 96) &&
+        !isBetween(123, 127))
         return true;
     prompts.PlainBox(u"Sorry but you can't use that character in a Field name"_s, OkButton,
                      u"Invalid Character"_s);

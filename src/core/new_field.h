@@ -36,9 +36,8 @@ struct NewField {
     QDate date;                   ///< of the work, where the field holds grades; may be invalid
 };
 
-/// Whether a character can stand in the name.
-bool isNewFieldCharacter(char32_t character);
-/// The same of a key; if not it is told.
+/// Whether a key can stand in the name. If not it is told. What is pasted is the engine's to
+/// refuse, but for a comma, which would part the answer.
 bool checkNewFieldKey(QChar key, Prompts& prompts);
 /// Whether the field can be made: it has a name and, a Text, a size from 1 to 255. If not it is
 /// told.

@@ -1,6 +1,8 @@
 // The grades view: its columns, cells, layout, clipboard, and the sort and query panel.
 
+#include "classes/grade_columns.h"
 #include "classes/grade_layout.h"
+#include "classes/screens/pupil_grid.h"
 #include "core/window_placement.h"
 #include "support/screen_register.h"
 
@@ -31,7 +33,10 @@ protected:
     }
     QStringList columns() { return window->desk().sheet().columns().mid(4); }
     void select(const QString& title) {
-        grades().selectColumn(window->desk().sheet().columnOf(title));
+        auto& head = *grades().horizontalHeader();
+        const int column = window->desk().sheet().columnOf(title);
+        QTest::mouseClick(head.viewport(), Qt::LeftButton, {},
+                          {head.sectionViewportPosition(column) + head.sectionSize(column) / 2, 5});
     }
     void type(int row, const QString& column, const QString& text) {
         const int place = window->desk().sheet().columnOf(column);
@@ -112,6 +117,35 @@ TEST_F(GradesScreenTest, KeysLeadOutOfACell) {
     menuItem(u"Move Left"_s).trigger(); // takes over what stands in the open cell
     EXPECT_EQ(stored(u"Essay,Test"_s), (QStringList{u"good|~"_s, u"~|7"_s, u"fair|12"_s}));
     EXPECT_EQ(columns().first(), u"Test"_s);
+}
+
+TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
+    showGrades();
+    addColumn(u"Tutor,10,50,"_s, u"Grade Error"_s); // would be taken for the pupil's own
+    addColumn(u"Essay,10,50,"_s);
+    addColumn(u"Test,4,255,"_s);
+    const auto picked = [this] {
+        const ColumnCommands can =
+            gradeColumnCommands(static_cast<PupilGrid&>(grades()).selectedColumns(),
+                                window->desk().sheet().columnCount());
+        return can.remove;
+    };
+    clickName(2);
+    select(u"Test"_s);
+    EXPECT_TRUE(picked());
+    EXPECT_EQ(window->desk().currentRow(), 2);
+    QTest::mouseClick(grades().viewport(), Qt::LeftButton, {},
+                      grades().visualRect(grades().model()->index(1, 5)).center());
+    EXPECT_FALSE(picked());
+    select(u"Essay"_s);
+    menuItem(u"Hide the selected Column(s)"_s).trigger();
+    EXPECT_EQ(grades().currentIndex().column(), 5); // not where nobody sees what is typed
+    clickName(0);
+    window->desk().selection().setMultiSelect(true);
+    window->desk().selection().click(window->desk().sheet(), 0);
+    window->Show_View(GradesView);
+    ASSERT_EQ(grades().model()->rowCount(), 1);
+    EXPECT_FALSE(picked()); // one cell is no column, even where it is all of it
 }
 
 TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {

@@ -132,8 +132,8 @@ TEST_F(SelectorTest, ANewField) {
         answer(
             request,
             [](QWidget& form) {
-                QGuiApplication::clipboard()->setText(u"Te,st!"_s);
-                control<QLineEdit>(form, u"TxtName"_s).paste(); // without what no title holds
+                QGuiApplication::clipboard()->setText(u"Te,st"_s);
+                control<QLineEdit>(form, u"TxtName"_s).paste(); // a comma would part the answer
                 control<QRadioButton>(form, u"OptType(5)"_s).click();
                 EXPECT_FALSE(control<QLineEdit>(form, u"TxtSize"_s).isEnabled());
                 control<QCalendarWidget>(form, u"Calendar1"_s).setSelectedDate(QDate(2024, 9, 2));

@@ -16,6 +16,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -121,12 +122,22 @@ QStringList GradesPage::selectedFields() const {
 }
 
 void GradesPage::showRecords() {
-    LoadColumnWidths();
+    if (!m_keepsLayout)
+        LoadColumnWidths();
     m_sort->FillSortFields();
-    const int column = qMin(int(PupilSheet::FirstOwnColumn), desk().sheet().columnCount() - 1);
-    const int shown = column == PupilSheet::IdColumn ? PupilSheet::TutorColumn : column;
+    goToVisibleColumn();
+}
+
+/// The first column of grades that shows, else the tutor's.
+void GradesPage::goToVisibleColumn() {
+    int shown = PupilSheet::TutorColumn;
+    for (int column = desk().sheet().columnCount() - 1; column >= PupilSheet::FirstOwnColumn;
+         --column) {
+        if (!m_grid->isColumnHidden(column))
+            shown = column;
+    }
     m_grid->selectionModel()->setCurrentIndex(desk().records().index(desk().currentRow(), shown),
-                                              QItemSelectionModel::Select);
+                                              QItemSelectionModel::ClearAndSelect);
 }
 
 void GradesPage::showPupil(int) {}
@@ -154,7 +165,7 @@ void GradesPage::changeStructure(const std::function<void()>& change, const QStr
     emit recordsChanged();
     const int column = desk().sheet().columnOf(select);
     if (!select.isEmpty() && column >= 0)
-        m_grid->selectColumn(column);
+        m_grid->pickColumn(column);
 }
 
 void GradesPage::addColumn() {
@@ -186,7 +197,7 @@ void GradesPage::renameColumn() {
     changeStructure([&] {
         isRenamed = renameGradeColumn(session().CurrentDB, desk().classCode(), field, title);
     });
-    m_grid->selectColumn(desk().sheet().columnOf(isRenamed ? title : field));
+    m_grid->pickColumn(desk().sheet().columnOf(isRenamed ? title : field));
 }
 
 void GradesPage::moveColumn(MoveDirection direction) {
@@ -201,6 +212,8 @@ void GradesPage::hideColumns() {
         showNothingToHide(session().GetSeams().prompts);
     for (const int column : columns)
         m_grid->setColumnHidden(column, true);
+    if (m_grid->isColumnHidden(m_grid->currentIndex().column()))
+        goToVisibleColumn();
 }
 
 void GradesPage::showAllColumns() {
@@ -224,6 +237,8 @@ void GradesPage::LoadColumnWidths() {
 }
 
 void GradesPage::SaveColumnWidths() {
+    if (desk().sheet().columnCount() == 0)
+        return; // the records could not be opened
     QList<ColumnLayout> columns;
     for (int column = 0; column < desk().sheet().columnCount(); ++column) {
         const bool isHidden = m_grid->isColumnHidden(column);
@@ -278,7 +293,9 @@ void GradesPage::setPanelShown(bool shown) {
 void GradesPage::runQuery(const QString& query, bool picks) {
     try {
         desk().showQuery(query, picks);
+        const QScopedValueRollback guard(m_keepsLayout, true);
         emit recordsShown();
+        showAllColumns();
     } catch (const dao::EngineError& error) {
         showQueryError(session().GetSeams().prompts, error.description());
     }

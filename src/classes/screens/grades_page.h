@@ -35,6 +35,7 @@ private:
     void renameColumn();
     void moveColumn(MoveDirection direction);
     void hideColumns();
+    void goToVisibleColumn();
     void showAllColumns();
     void LoadColumnWidths();
     void SaveColumnWidths();
@@ -58,4 +59,5 @@ private:
     QAction* m_moveLeft = nullptr;
     QAction* m_moveRight = nullptr;
     QAction* m_hide = nullptr;
+    bool m_keepsLayout = false; ///< while other records of the same columns are shown
 };

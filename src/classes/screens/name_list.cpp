@@ -159,17 +159,27 @@ void NameList::moved(int row) {
         return;
     if (m_mayLeave && !m_mayLeave()) {
         // Not from within the change of the current row.
-        QTimer::singleShot(0, this, [this] { goTo(m_desk.currentRow()); });
+        QTimer::singleShot(0, this, &NameList::stay);
         return;
     }
     m_desk.setCurrentRow(row);
     showSelection();
-    if (m_grid && m_grid->currentIndex().row() != row) {
-        const int column = qMax(m_grid->currentIndex().column(), int(PupilSheet::TutorColumn));
-        m_grid->selectionModel()->setCurrentIndex(m_desk.records().index(row, column),
-                                                  QItemSelectionModel::NoUpdate);
-    }
+    moveGrid(row);
     emit pupilChanged(row);
+}
+
+void NameList::moveGrid(int row) {
+    if (!m_grid || m_grid->currentIndex().row() == row)
+        return;
+    const int column = qMax(m_grid->currentIndex().column(), int(PupilSheet::TutorColumn));
+    m_grid->selectionModel()->setCurrentIndex(m_desk.records().index(row, column),
+                                              QItemSelectionModel::NoUpdate);
+}
+
+/// The pupil could not be left: the list and the grid go back to him.
+void NameList::stay() {
+    goTo(m_desk.currentRow());
+    moveGrid(m_desk.currentRow());
 }
 
 bool NameList::eventFilter(QObject* watched, QEvent* event) {

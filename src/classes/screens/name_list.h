@@ -43,6 +43,8 @@ protected:
 
 private:
     void moved(int row);
+    void moveGrid(int row);
+    void stay();
     void clicked(int row, Qt::KeyboardModifiers modifiers);
     void levelWithGrid();
 

@@ -1,8 +1,10 @@
 #include "classes/screens/pupil_grid.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 PupilGrid::PupilGrid(PupilSheetModel& model) {
@@ -16,6 +18,15 @@ PupilGrid::PupilGrid(PupilSheetModel& model) {
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(1);
+    watchHead();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!m_isPicking)
+            m_picked.clear();
+    });
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] {
+        m_picked.clear();
+        m_anchor = -1;
+    });
 }
 
 /// An editor gives its text as it loses the focus.
@@ -50,14 +61,63 @@ void PupilGrid::updateGeometries() {
     horizontalScrollBar()->setValue(isShown ? horizontalHeader()->sectionPosition(column) : 0);
 }
 
+void PupilGrid::watchHead() {
+    QHeaderView* head = horizontalHeader();
+    disconnect(head, &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(head, &QHeaderView::sectionEntered, this, nullptr);
+    connect(head, &QHeaderView::sectionPressed, this,
+            [this](int column) { pickColumn(column, QGuiApplication::keyboardModifiers()); });
+    connect(head, &QHeaderView::sectionEntered, this,
+            [this](int column) { pickColumn(column, Qt::ShiftModifier); });
+}
+
+void PupilGrid::pickColumn(int column, Qt::KeyboardModifiers modifiers) {
+    if (modifiers.testFlag(Qt::ShiftModifier) && m_anchor >= 0) {
+        m_picked.clear();
+        for (int each = qMin(m_anchor, column); each <= qMax(m_anchor, column); ++each)
+            m_picked += each;
+    } else {
+        const bool isAdding = modifiers.testFlag(Qt::ControlModifier);
+        if (!isAdding)
+            m_picked.clear();
+        if (!m_picked.removeOne(column))
+            m_picked += column;
+        m_anchor = column;
+    }
+    selectPicked(column);
+}
+
+void PupilGrid::selectPicked(int currentColumn) {
+    const QScopedValueRollback guard(m_isPicking, true);
+    QItemSelection selection;
+    for (const int column : std::as_const(m_picked))
+        selection.select(model()->index(0, column),
+                         model()->index(model()->rowCount() - 1, column));
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    const int row = qMax(currentIndex().row(), 0);
+    selectionModel()->setCurrentIndex(model()->index(row, currentColumn),
+                                      QItemSelectionModel::NoUpdate);
+}
+
 QList<int> PupilGrid::selectedColumns() const {
     QList<int> columns;
-    for (const QModelIndex& index : selectionModel()->selectedColumns()) {
-        if (!isColumnHidden(index.column()))
-            columns += index.column();
+    for (const int column : m_picked) {
+        if (!isColumnHidden(column))
+            columns += column;
     }
     std::sort(columns.begin(), columns.end());
     return columns;
+}
+
+/// Nobody writes where he can't see it.
+bool PupilGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    return !isColumnHidden(index.column()) && QTableView::edit(index, trigger, event);
+}
+
+void PupilGrid::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        m_picked.clear();
+    QTableView::mousePressEvent(event);
 }
 
 void PupilGrid::keyPressEvent(QKeyEvent* event) {

@@ -26,19 +26,32 @@ public:
     /// Makes a column the leftmost in view; a hidden one, or one before the first, leaves the
     /// first.
     void setLeftColumn(int column);
-    /// The columns that are selected as a whole, by their heads, from left to right.
+    /// Selects a column as a whole, as a press on its head does; the current pupil stays. Shift
+    /// extends the selection from the one picked before, Ctrl adds or takes away.
+    void pickColumn(int column, Qt::KeyboardModifiers modifiers = {});
+    /// The columns that are selected as a whole, from left to right.
     QList<int> selectedColumns() const;
+    /// Takes over the head's presses from the base, which makes another pupil the current one. To
+    /// be called for a head that is set.
+    void watchHead();
 
 signals:
     void menuWanted(QPoint place); ///< in global coordinates
 
 protected:
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void updateGeometries() override;
 
 private:
+    void selectPicked(int currentColumn);
+
     std::function<bool(QKeyEvent& event)> m_handleKey;
+    QList<int> m_picked; ///< columns
+    int m_anchor = -1;   ///< the column that Shift extends from
+    bool m_isPicking = false;
     std::optional<int> m_leftColumn; ///< to be the leftmost as soon as there is a layout
 };
 

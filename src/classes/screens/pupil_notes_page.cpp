@@ -14,17 +14,26 @@
 #include <QListWidget>
 #include <QToolButton>
 
+#include <numeric>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int NotesSaveTimer = 20489;
 
+/// Every size from 8 points on.
+QList<int> noteSizes() {
+    QList<int> sizes(12);
+    std::iota(sizes.begin(), sizes.end(), 8);
+    return sizes;
+}
+
 } // namespace
 
 PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
-    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
+    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this, noteSizes()))
     , m_categories(new QListWidget)
     , m_note(new RichTextBox(u"Note"_s))
     , m_bound(*m_note)
@@ -132,6 +141,8 @@ void PupilNotesPage::bindNote() {
         m_binding->setData(m_pupil);
         m_binding->load();
     } catch (const dao::EngineError& error) {
+        close();
+        m_note->setEnabled(false); // what is typed would go nowhere
         showBindNotesError(session().GetSeams().prompts, error.number());
     }
 }

@@ -35,6 +35,7 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     m_grid->setObjectName(u"RegisterGrid"_s);
     m_grid->setAccessibleName(u"Register"_s);
     m_grid->setHorizontalHeader(m_header);
+    m_grid->watchHead();
     m_header->setSectionResizeMode(QHeaderView::Interactive);
     m_header->setMinimumSectionSize(1);
     m_header->setDefaultSectionSize(MarkColumnWidth / TwipsPerPixel);

@@ -103,6 +103,7 @@ QWidget* SortPanel::makeConditionRow() {
         "valid criteria."_s);
     m_value->setEditable(true);
     m_value->setInsertPolicy(QComboBox::NoInsert);
+    m_value->setCompleter(nullptr); // 1 is 1, whatever 12 was looked up
     m_value->setMinimumContentsLength(16);
     m_value->lineEdit()->installEventFilter(this);
     auto* arrow = new QToolButton;

@@ -43,6 +43,10 @@ QListWidget* makeList(const SelectorRequest& request, QLayout& layout) {
     return list;
 }
 
+bool isNoComma(char32_t character) {
+    return character != U',';
+}
+
 } // namespace
 
 SelectorContent* makeSelectorContent(const SelectorRequest& request, Prompts& prompts) {
@@ -191,9 +195,7 @@ QString SpreadsheetContent::answer() const {
 }
 
 NewFieldContent::NewFieldContent(const SelectorRequest& request, Prompts& prompts)
-    : m_prompts(prompts)
-    , m_name(new RestrictedEdit(u"Name"_s, isNewFieldCharacter))
-    , m_size(new QLineEdit) {
+    : m_prompts(prompts), m_name(new RestrictedEdit(u"Name"_s, isNoComma)), m_size(new QLineEdit) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     if (!request.showCalendar)
