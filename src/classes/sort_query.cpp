@@ -112,8 +112,10 @@ std::optional<QString> Built_SQL(const QString& built, const QString& query,
 bool checkValueKey(const std::optional<QueryField>& field, QChar key, Prompts& prompts) {
     if (!field || !key.isPrint())
         return true;
-    if (!isNumericField(*field))
+    if (field->type == dao::DataType::Text)
         return !QStringView(u"\"<=>").contains(key);
+    if (!isNumericField(*field))
+        return true;
     if ((key >= u'0' && key <= u'9') || QStringView(u".TO").contains(key))
         return true;
     prompts.PlainBox(

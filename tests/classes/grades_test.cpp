@@ -281,7 +281,8 @@ TEST_F(GradesTest, KeysThatCanBeTyped) {
     EXPECT_TRUE(checkValueKey(number, u'T', seams.prompts));
     EXPECT_TRUE(checkValueKey(number, u'\b', seams.prompts));
     EXPECT_TRUE(checkValueKey(real, u'-', seams.prompts));
-    EXPECT_FALSE(checkValueKey(real, u'<', seams.prompts));
+    EXPECT_TRUE(checkValueKey(real, u'<', seams.prompts)); // counts as neither text nor number
+    EXPECT_FALSE(checkValueKey(QueryField{u"t"_s}, u'<', seams.prompts));
     EXPECT_TRUE(checkValueKey(std::nullopt, u'<', seams.prompts));
     seams.prompts.expect(PromptKind::Plain, u"Numeric Field"_s, AnswerOk);
     EXPECT_FALSE(checkValueKey(number, u'-', seams.prompts));

@@ -137,7 +137,8 @@ TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
     QTest::mouseClick(grades().viewport(), Qt::LeftButton, {},
                       grades().visualRect(grades().model()->index(1, 5)).center());
     EXPECT_FALSE(picked());
-    select(u"Essay"_s);
+    grades().setCurrentIndex(grades().model()->index(1, PupilSheet::FirstOwnColumn));
+    QTest::keyClick(&grades(), Qt::Key_Space, Qt::ControlModifier);
     menuItem(u"Hide the selected Column(s)"_s).trigger();
     EXPECT_EQ(grades().currentIndex().column(), 5); // not where nobody sees what is typed
     clickName(0);
@@ -197,7 +198,10 @@ TEST_F(GradesScreenTest, SortsAndPicksByThePanel) {
     checkScreen(*window, u"RegisterFrm_sort"_s);
     control<QComboBox>(*window, u"Cbo2(0)"_s).setCurrentText(u"Test"_s);
     control<QRadioButton>(*window, u"Option1(1)"_s).click();
+    grades().setColumnHidden(PupilSheet::FirstOwnColumn, true);
     control<QPushButton>(*window, u"cmdSort"_s).click();
+    EXPECT_FALSE(grades().isColumnHidden(PupilSheet::FirstOwnColumn));
+    EXPECT_TRUE(grades().isColumnHidden(PupilSheet::IdColumn));
     EXPECT_EQ(list().model()->index(0, 0).data().toString(), u"Cole"_s);
     control<QTabWidget>(*window, u"Psort"_s).setCurrentIndex(1);
     control<QComboBox>(*window, u"CboF"_s).setCurrentText(u"Test"_s);

@@ -144,8 +144,9 @@ TEST_F(PupilScreenTest, NobodyLeftIsNobodyToShow) {
     }
     EXPECT_EQ(control<QListWidget>(*window, u"TaskList"_s).currentRow(), 0);
     seams.prompts.expect(PromptKind::Plain, u"No Pupils"_s, AnswerOk);
+    control<QToolButton>(*window, u"ViewButton(3)"_s).click();
+    EXPECT_FALSE(window->desk().view());
     tool(2).click();
-    window->Show_View(PupilInformationView);
     EXPECT_FALSE(line(u"TxtSurname"_s).isEnabled());
     EXPECT_FALSE(photoBox().isEnabled());
 }
@@ -252,6 +253,11 @@ TEST_F(PupilScreenTest, NotesHaveCategoriesOfTheTeachersOwn) {
     add(u"Report"_s);
     EXPECT_EQ(note.plainText(), QString());
     add(u"a.b"_s, u"Invalid Category Name"_s);
+    note.setFocus();
+    note.selectAll();
+    menuItem(u"13"_s).trigger(); // every size, not the usual choice
+    QTest::keyClicks(&note, u"big"_s);
+    EXPECT_EQ(note.currentCharFormat().fontPointSize(), 13);
 }
 
 TEST_F(PupilScreenTest, ALessonNoteGoesWithItsPupilAndDay) {

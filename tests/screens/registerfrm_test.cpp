@@ -107,6 +107,10 @@ TEST_F(RegisterScreenTest, ClassesWithoutPupilsOrLessonsSayWhatIsMissing) {
     EXPECT_EQ(window->desk().classCode(), u"E"_s);
     seams.prompts.expect(PromptKind::Plain, u"No Pupils"_s, AnswerOk);
     control<QToolButton>(*window, u"ViewButton(1)"_s).click();
+    tool(1).click(); // the toolbar shows a view without pupils
+    EXPECT_EQ(window->desk().view(), GradesView);
+    control<QListWidget>(*window, u"ClassList"_s).setCurrentRow(0);
+    window->showFirstPage();
     addPupils(session.CurrentDB, u"E"_s, {u"Ames,Ann"_s});
     seams.prompts.expect(PromptKind::Plain, u"No Register available"_s, AnswerOk);
     window->AutoRegistration(u"E"_s);

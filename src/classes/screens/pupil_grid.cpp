@@ -72,6 +72,8 @@ void PupilGrid::watchHead() {
 }
 
 void PupilGrid::pickColumn(int column, Qt::KeyboardModifiers modifiers) {
+    if (column < 0)
+        return;
     if (modifiers.testFlag(Qt::ShiftModifier) && m_anchor >= 0) {
         m_picked.clear();
         for (int each = qMin(m_anchor, column); each <= qMax(m_anchor, column); ++each)
@@ -121,7 +123,9 @@ void PupilGrid::mousePressEvent(QMouseEvent* event) {
 }
 
 void PupilGrid::keyPressEvent(QKeyEvent* event) {
-    if (!m_handleKey || !m_handleKey(*event))
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::ControlModifier)
+        pickColumn(currentIndex().column()); // as its head does, without a mouse
+    else if (!m_handleKey || !m_handleKey(*event))
         QTableView::keyPressEvent(event);
 }
 

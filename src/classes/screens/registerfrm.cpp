@@ -106,7 +106,7 @@ void RegisterFrm::makePages() {
         connect(page, &ClassViewPage::recordsShown, this, &RegisterFrm::showRecords);
     }
     connect(m_first, &ClassHomePage::classWanted, this, &RegisterFrm::selectClass);
-    connect(m_first, &ClassHomePage::viewWanted, this, &RegisterFrm::wantView);
+    connect(m_first, &ClassHomePage::viewWanted, this, &RegisterFrm::wantViewOfPupils);
     connect(m_first, &ClassHomePage::taskWanted, this, &RegisterFrm::runTask);
 }
 
@@ -192,10 +192,16 @@ void RegisterFrm::wantView(ClassView view) {
         return;
     if (m_desk.classCode().isEmpty())
         showNoClasses(m_session.GetSeams().prompts);
-    else if (!m_desk.view() && m_desk.sheet().rowCount() == 0)
-        showNoPupils(m_session.GetSeams().prompts, m_desk.classCode());
     else
         Show_View(view);
+}
+
+/// The first page opens no view of a class without pupils.
+void RegisterFrm::wantViewOfPupils(ClassView view) {
+    if (!m_desk.classCode().isEmpty() && m_desk.sheet().rowCount() == 0)
+        showNoPupils(m_session.GetSeams().prompts, m_desk.classCode());
+    else
+        wantView(view);
 }
 
 void RegisterFrm::Show_View(ClassView view) {

@@ -47,6 +47,7 @@ private:
     void showClasses();
     void selectClass(const QString& classCode);
     void wantView(ClassView view);
+    void wantViewOfPupils(ClassView view);
     void viewShown();
     void colourSelector();
     void ToggleSinglePupil();
