@@ -5,9 +5,9 @@
 #include "raw_library.h"
 #include "sample_year.h"
 
-#include "core/commands.h"
-#include "store/backup.h"
+#include "frame/year_roads.h"
 #include "store/table_names.h"
+#include "year/backup.h"
 
 #include <QDir>
 #include <QFile>

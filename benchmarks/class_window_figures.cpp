@@ -7,7 +7,7 @@
 
 #include "classes/grade_columns.h"
 #include "classes/register_lessons.h"
-#include "classes/screens/registerfrm.h"
+#include "classes/screens/class_window.h"
 #include "core/console_prompts.h"
 #include "core/window_placement.h"
 
@@ -33,7 +33,7 @@ public:
     explicit OpenView(const QString& path) : m_quiet(madeFolder(path)) {
         Session& session = m_quiet.session();
         session.CurrentDB = session.Engine().OpenDatabase(path);
-        m_window = std::make_unique<RegisterFrm>(session);
+        m_window = std::make_unique<ClassWindow>(session);
         m_window->resize(windowSize);
         m_window->show();
         drawWindow(*m_window);
@@ -56,7 +56,7 @@ private:
     }
 
     QuietSession m_quiet;
-    std::unique_ptr<RegisterFrm> m_window;
+    std::unique_ptr<ClassWindow> m_window;
 };
 
 /// The same join read into the toolkit's own model and shown by its own view, whose columns are as

@@ -5,8 +5,8 @@
 #include "raw_library.h"
 #include "sample_year.h"
 
-#include "store/creation.h"
 #include "store/table_names.h"
+#include "year/year_creation.h"
 
 #include <QFile>
 

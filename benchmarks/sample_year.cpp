@@ -2,8 +2,8 @@
 
 #include "quiet_session.h"
 
-#include "store/creation.h"
-#include "store/year_answers_json.h"
+#include "year/year_answers_json.h"
+#include "year/year_creation.h"
 
 #include <QFile>
 

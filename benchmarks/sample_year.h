@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/year_answers.h"
+#include "year/year_answers.h"
 
 /// The answers that samples/year.json holds. Raises std::runtime_error where they cannot be read.
 YearAnswers sampleAnswers();

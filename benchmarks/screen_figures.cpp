@@ -1,13 +1,13 @@
 // What a person sees happen at once: the main window drawn at another size, the next page of the
 // wizard. On the platform without a screen, whose pictures are drawn in memory by the processor.
 
-#include "core/screens/mdiorva.h"
-#include "core/screens/tour_wizard.h"
 #include "figures.h"
+#include "frame/screens/main_window.h"
 #include "quiet_session.h"
 #include "sample_year.h"
-#include "store/screens/startupwiz.h"
-#include "store/wizard_rules.h"
+#include "tour/screens/tour_wizard.h"
+#include "year/screens/startup_wizard.h"
+#include "year/wizard_rules.h"
 
 #include <QApplication>
 
@@ -20,7 +20,7 @@ class Screen {
 public:
     explicit Screen(const QString& folder) : m_quiet(folder) {
         m_quiet.session().Start(folder);
-        frame = std::make_unique<mdiORVA>(m_quiet.session(), false);
+        frame = std::make_unique<MainWindow>(m_quiet.session(), false);
         frame->show();
         QApplication::processEvents();
     }
@@ -29,11 +29,11 @@ private:
     QuietSession m_quiet;
 
 public:
-    std::unique_ptr<mdiORVA> frame;
+    std::unique_ptr<MainWindow> frame;
 };
 
 /// Lets everything be laid out that waits for it, and the whole frame be drawn.
-void draw(mdiORVA& frame) {
+void draw(MainWindow& frame) {
     QApplication::sendPostedEvents();
     frame.repaint();
     QApplication::processEvents();
@@ -59,7 +59,7 @@ class PageChange : public Work {
 public:
     explicit PageChange(const QString& folder) : m_screen(folder) {
         m_screen.frame->ShowStartupWizard();
-        m_wizard = m_screen.frame->findChild<StartupWiz*>();
+        m_wizard = m_screen.frame->findChild<StartupWizard*>();
         fillWizard(*m_wizard, sampleAnswers(), [](int) {});
     }
     void prepare() override {
@@ -74,7 +74,7 @@ public:
 
 private:
     Screen m_screen;
-    StartupWiz* m_wizard;
+    StartupWizard* m_wizard;
 };
 
 } // namespace

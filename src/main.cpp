@@ -5,16 +5,16 @@
 
 #include "controls/family_style.h"
 #include "controls/icons.h"
-#include "core/screens/desktop_prompts.h"
-#include "core/screens/desktop_shell.h"
-#include "core/screens/mdiorva.h"
-#include "core/screens/progressfrm.h"
-#include "core/screens/splash.h"
-#include "core/screens/tour.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/system_clock.h"
 #include "core/version.h"
+#include "desktop/screens/desktop_prompts.h"
+#include "desktop/screens/desktop_shell.h"
+#include "desktop/screens/progress_dialog.h"
+#include "frame/screens/main_window.h"
+#include "frame/screens/splash_window.h"
+#include "tour/screens/tour.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -37,13 +37,13 @@ int main(int argc, char** argv) {
     Session session(engine, settings, {prompts, progress, shell, clock});
 
     const bool playsTour = arguments.value(1) == u"--tour";
-    QPointer<SplashORVA> splash = playsTour ? nullptr : new SplashORVA(clock);
+    QPointer<SplashWindow> splash = playsTour ? nullptr : new SplashWindow(clock);
     session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    mdiORVA frame(session, !playsTour, splash);
+    MainWindow frame(session, !playsTour, splash);
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")
-        QObject::connect(&frame, &mdiORVA::shown, &application, [] { QApplication::exit(); });
+        QObject::connect(&frame, &MainWindow::shown, &application, [] { QApplication::exit(); });
     if (playsTour) {
         frame.show();
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;

@@ -6,8 +6,8 @@
 // windows.txt says which windows the program has. Where a page is at fault, says so and ends with
 // status 1.
 
-#include "core/help_builder.h"
-#include "core/help_file.h"
+#include "help/help_builder.h"
+#include "help/help_file.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,9 +4,9 @@
 
 #include "core/console_prompts.h"
 #include "core/progress.h"
-#include "store/creation.h"
 #include "store/engine/error.h"
-#include "store/year_answers_json.h"
+#include "year/year_answers_json.h"
+#include "year/year_creation.h"
 
 #include <QCoreApplication>
 #include <QFile>

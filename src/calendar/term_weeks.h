@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calendar/dates.h"
+#include "core/dates.h"
 #include "store/engine/database.h"
 
 #include <QChar>

@@ -1,6 +1,6 @@
 #include "calendar/timetable.h"
 
-#include "calendar/dates.h"
+#include "core/dates.h"
 #include "core/session.h"
 #include "store/data_helpers.h"
 #include "store/engine/error.h"

@@ -1,6 +1,6 @@
 #include "calendar/timetable_picture.h"
 
-#include "core/files.h"
+#include "core/file_state.h"
 #include "core/prompts.h"
 
 #include <QImage>

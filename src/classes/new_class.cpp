@@ -2,7 +2,7 @@
 
 #include "core/prompts.h"
 #include "store/table_names.h"
-#include "store/year_answers.h"
+#include "year/year_answers.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "classes/register_columns.h"
 
-#include "calendar/dates.h"
+#include "core/dates.h"
 #include "store/engine/table_def.h"
 
 namespace {

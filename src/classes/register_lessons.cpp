@@ -1,10 +1,10 @@
 #include "classes/register_lessons.h"
 
-#include "calendar/dates.h"
-#include "calendar/typed_date.h"
 #include "classes/pupil_sheet.h"
 #include "classes/register_keys.h"
+#include "core/dates.h"
 #include "core/prompts.h"
+#include "core/typed_date.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "classes/register_marking.h"
 
-#include "calendar/dates.h"
 #include "classes/class_tables.h"
 #include "classes/register_keys.h"
 #include "classes/register_lessons.h"
+#include "core/dates.h"
 #include "core/prompts.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"

@@ -1,10 +1,10 @@
 #include "controls/insert_object_menu.h"
 
-#include "controls/equationfrm.h"
+#include "controls/equation_dialog.h"
 #include "controls/focused_box.h"
-#include "controls/frmchars.h"
 #include "controls/icons.h"
 #include "controls/rich_text_box.h"
+#include "controls/symbol_dialog.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/shell.h"
@@ -43,7 +43,7 @@ void InsertObjectMenu::insertEquation() {
     const QPointer<RichTextBox> box = m_focused.writableBox();
     if (!box)
         return;
-    const QString formula = EquationFrm(box).ask({});
+    const QString formula = EquationDialog(box).ask({});
     if (box && !formula.isEmpty())
         insertAt(*box, richtext::equation(formula));
 }
@@ -68,7 +68,7 @@ void InsertObjectMenu::insertSymbol() {
     const QPointer<RichTextBox> box = m_focused.writableBox();
     if (!box)
         return;
-    const QString chosen = frmChars(box).ask();
+    const QString chosen = SymbolDialog(box).ask();
     if (!box || chosen.isEmpty())
         return;
     const int start = box->selectionStart();
@@ -91,7 +91,7 @@ void InsertObjectMenu::openObject(RichTextBox& box) {
 
 void InsertObjectMenu::editEquation(RichTextBox& box, const richtext::EmbeddedObject& object) {
     const QPointer<RichTextBox> kept = &box;
-    const QString formula = EquationFrm(&box).ask(object.name);
+    const QString formula = EquationDialog(&box).ask(object.name);
     if (kept && !box.isReadOnly() && !formula.isEmpty() && formula != object.name)
         insertAt(box, richtext::equation(formula));
 }

@@ -1,7 +1,7 @@
 #include "planning/daily_sheets.h"
 
-#include "calendar/dates.h"
 #include "core/clock.h"
+#include "core/dates.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "richtext/plain_text.h"

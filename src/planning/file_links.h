@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/file_links.h"
+#include "core/link_target.h"
 
 class Session;
 

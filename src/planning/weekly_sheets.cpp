@@ -1,8 +1,8 @@
 #include "planning/weekly_sheets.h"
 
-#include "calendar/dates.h"
 #include "calendar/term_weeks.h"
 #include "core/clock.h"
+#include "core/dates.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "planning/upkeep.h"

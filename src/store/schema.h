@@ -10,7 +10,7 @@
 
 enum class Table {
     Planning,
-    Calendar,
+    DateField,
     Admin,
     Classcodes,
     ExtraTTinfo,

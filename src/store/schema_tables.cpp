@@ -42,7 +42,7 @@ QList<TableSpec> createdWithTheYear() {
              {"AfterSchool", Memo, 0, ZeroLength, "the note after school"},
              {"Notes", Memo, 0, ZeroLength, "notes on the day"},
          }},
-        {Table::Calendar,
+        {Table::DateField,
          CalendarTable,
          Made::AtCreation,
          0,

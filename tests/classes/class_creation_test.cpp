@@ -5,8 +5,8 @@
 #include "classes/class_removal.h"
 #include "store/data_helpers.h"
 #include "store/schema.h"
-#include "store/year_builder.h"
 #include "support/class_file.h"
+#include "year/year_builder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // The one way by which a file enters the session: its four results, what it reads, what it brings
 // up to date, and that a failure leaves nothing half open.
 
-#include "core/commands.h"
 #include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "core/upgrade.h"
+#include "frame/internet_upgrade.h"
+#include "frame/year_roads.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
 #include "support/engine_places.h"

@@ -1,10 +1,10 @@
-#include "core/screens/aboutfrm.h"
-#include "core/screens/desktop_prompts.h"
-#include "core/screens/desktop_shell.h"
-#include "core/screens/passwordorva.h"
-#include "core/screens/progressfrm.h"
-#include "core/screens/splash.h"
 #include "core/version.h"
+#include "desktop/screens/desktop_prompts.h"
+#include "desktop/screens/desktop_shell.h"
+#include "desktop/screens/password_dialog.h"
+#include "desktop/screens/progress_dialog.h"
+#include "frame/screens/about_dialog.h"
+#include "frame/screens/splash_window.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
 
@@ -205,7 +205,7 @@ TEST_F(DesktopTest, ProgressBlocksInputAndOutlivesWorkWithinWork) {
 }
 
 TEST_F(DesktopTest, TheSplashGoesByItsTimerAndNeverTakesTheFocus) {
-    SplashORVA splash(m_seams.clock);
+    SplashWindow splash(m_seams.clock);
     EXPECT_TRUE(splash.isVisible());
     EXPECT_FALSE(splash.isModal());
     EXPECT_TRUE(splash.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
@@ -216,7 +216,7 @@ TEST_F(DesktopTest, TheSplashGoesByItsTimerAndNeverTakesTheFocus) {
 }
 
 TEST_F(DesktopTest, TheAboutBoxTellsTheVersion) {
-    AboutFrm about;
+    AboutDialog about;
     about.show();
     EXPECT_TRUE(about.accessibleDescription().contains(programVersion()));
     checkScreen(about, u"about"_s);

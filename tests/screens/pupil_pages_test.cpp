@@ -4,7 +4,7 @@
 #include "classes/pupil_notes.h"
 #include "classes/pupil_photo.h"
 #include "classes/screens/capture_window.h"
-#include "classes/screens/newclassfrm.h"
+#include "classes/screens/new_class_wizard.h"
 #include "classes/screens/photo_box.h"
 #include "controls/rich_text_box.h"
 #include "support/screen_register.h"

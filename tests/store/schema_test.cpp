@@ -72,7 +72,7 @@ TEST(Schema, FieldsOfTables) {
     };
     for (const Case& each : cases)
         EXPECT_EQ(written(schemaFields(each.table, each.shape)), QLatin1String(each.fields));
-    const QList<dao::Field> calendar = schemaFields(Table::Calendar);
+    const QList<dao::Field> calendar = schemaFields(Table::DateField);
     ASSERT_EQ(calendar.size(), 32);
     EXPECT_EQ(written(calendar.first()), QStringLiteral("Month:10:4"));
     EXPECT_EQ(written(calendar.last()), QStringLiteral("D31:12Z"));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "classes/class_settings.h"
-#include "classes/screens/registerfrm.h"
+#include "classes/screens/class_window.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "support/class_file.h"
@@ -47,7 +47,7 @@ protected:
     }
     QString path() const { return folder.filePath(u"year.mdb"_s); }
     void show() {
-        window = std::make_unique<RegisterFrm>(session);
+        window = std::make_unique<ClassWindow>(session);
         window->resize(900, 480);
         window->show();
         QApplication::setActiveWindow(window.get());
@@ -83,5 +83,5 @@ protected:
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams()};
-    std::unique_ptr<RegisterFrm> window;
+    std::unique_ptr<ClassWindow> window;
 };

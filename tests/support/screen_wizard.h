@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/screens/mdiorva.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "store/screens/startupwiz.h"
+#include "frame/screens/main_window.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
+#include "year/screens/startup_wizard.h"
 
 #include <gtest/gtest.h>
 
@@ -34,11 +34,11 @@ protected:
 
     /// Shows the frame and waits for the end of its start.
     void start() {
-        frame = std::make_unique<mdiORVA>(session);
-        QSignalSpy started(frame.get(), &mdiORVA::started);
+        frame = std::make_unique<MainWindow>(session);
+        QSignalSpy started(frame.get(), &MainWindow::started);
         frame->show();
         ASSERT_TRUE(!started.isEmpty() || started.wait());
-        wizard = frame->findChild<StartupWiz*>();
+        wizard = frame->findChild<StartupWizard*>();
         ASSERT_TRUE(wizard);
     }
     /// Lets windows go that were closed.
@@ -162,6 +162,6 @@ protected:
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
     Session session{engine, settings, seams.seams()};
-    std::unique_ptr<mdiORVA> frame;
-    QPointer<StartupWiz> wizard;
+    std::unique_ptr<MainWindow> frame;
+    QPointer<StartupWizard> wizard;
 };

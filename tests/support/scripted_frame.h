@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/main_frame.h"
+#include "frame/main_frame.h"
 
 /// A main window that keeps what it was told, in order, and opens any window by name.
 class ScriptedFrame : public MainFrame {

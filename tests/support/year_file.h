@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/creation.h"
 #include "support/recording_seams.h"
+#include "year/year_creation.h"
 
 #include <QTemporaryDir>
 

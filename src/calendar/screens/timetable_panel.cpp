@@ -1,10 +1,10 @@
 #include "calendar/screens/timetable_panel.h"
 
-#include "calendar/dates.h"
 #include "calendar/screens/timetable_cell.h"
 #include "calendar/timetable.h"
 #include "controls/colours.h"
 #include "controls/fonts.h"
+#include "core/dates.h"
 
 #include <QComboBox>
 #include <QFrame>

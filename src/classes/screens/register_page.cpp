@@ -7,11 +7,11 @@
 #include "classes/screens/register_header.h"
 #include "classes/screens/side_panel.h"
 #include "core/clock.h"
-#include "core/main_frame.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/window_placement.h"
+#include "frame/main_frame.h"
 #include "store/engine/error.h"
 
 #include <QAction>

@@ -2,8 +2,8 @@
 
 #include "controls/icons.h"
 #include "core/prompts.h"
-#include "core/screens/msgfrm.h"
 #include "core/session.h"
+#include "desktop/screens/prompt_dialog.h"
 #include "planning/file_links.h"
 
 #include <QComboBox>
@@ -98,7 +98,7 @@ void LinksPanel::remove() {
 
 void LinksPanel::showAll() {
     const Seams& seams = m_session.GetSeams();
-    msgFrm(this).ALL_File_Links(
+    PromptDialog(this).ALL_File_Links(
         u"File Links"_s, u"All file links used within planning are shown below"_s,
         AllFileLinks(m_session), [this, &seams](const FileLink& link) {
             OpenFileLink(link.path, m_session.GetSettings(), seams.shell, seams.prompts);

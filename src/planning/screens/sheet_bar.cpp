@@ -1,6 +1,6 @@
 #include "planning/screens/sheet_bar.h"
 
-#include "controls/calendar.h"
+#include "controls/date_field.h"
 #include "controls/icons.h"
 #include "planning/daily_sheets.h"
 
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 SheetBar::SheetBar(DailySheets& sheets, QWidget* parent)
     : QWidget(parent)
     , m_sheets(sheets)
-    , m_calendar(new Calendar(u"Date of the sheet"_s))
+    , m_calendar(new DateField(u"Date of the sheet"_s))
     , m_planDate(new QLabel(this))
     , m_heading(new QLabel)
     , m_position(new QLabel) {

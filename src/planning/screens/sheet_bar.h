@@ -4,7 +4,7 @@
 
 #include <array>
 
-class Calendar;
+class DateField;
 class DailySheets;
 class QLabel;
 class QToolButton;
@@ -19,7 +19,7 @@ public:
 
     /// Shows the date and the place of the current sheet.
     void DisplayPSDate();
-    Calendar& calendar() const { return *m_calendar; }
+    DateField& calendar() const { return *m_calendar; }
 
 private:
     /// In the order from left to right.
@@ -30,7 +30,7 @@ private:
     void run(Button button);
 
     DailySheets& m_sheets;
-    Calendar* m_calendar;
+    DateField* m_calendar;
     QLabel* m_planDate; ///< never shown: what others ask for the date of the sheet
     QLabel* m_heading;
     QLabel* m_position;

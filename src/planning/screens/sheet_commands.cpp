@@ -6,9 +6,9 @@
 #include "controls/insert_object_menu.h"
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
-#include "core/main_frame.h"
-#include "core/screens/window_table.h"
 #include "core/session.h"
+#include "frame/main_frame.h"
+#include "frame/screens/window_table.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,0 +1,225 @@
+#include "calendar/screens/timetable_window.h"
+
+#include "calendar/screens/timetable_cell.h"
+#include "calendar/screens/timetable_editor.h"
+#include "calendar/screens/timetable_panel.h"
+#include "calendar/term_weeks.h"
+#include "calendar/timetable_picture.h"
+#include "controls/layout_toolbar.h"
+#include "core/clock.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "frame/screens/frame_menus.h"
+#include "store/engine/error.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QImage>
+#include <QMenu>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+TimetableWindow::TimetableWindow(Session& session) : m_session(session) {
+    setObjectName(u"TTfrm"_s);
+    load();
+}
+
+void TimetableWindow::load() {
+    try {
+        m_year = readTimetableYear(m_session.CurrentDB);
+        make(m_year);
+        selectCurrentWeek();
+    } catch (const dao::EngineError& error) {
+        if (!m_panel)
+            make(m_year);
+        tellLoadFailure(error.number());
+    }
+}
+
+void TimetableWindow::make(const TimetableYear& year) {
+    setWindowTitle(timetableTitle(year));
+    m_grid = TimetableGrid(year.periodsPerDay);
+    const FontRecord font =
+        m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Timetable));
+    m_panel = new TimetablePanel(year, font, m_session.GradientsEnabled);
+    m_editor = new TimetableEditor(m_session.GetSeams().prompts, m_panel);
+    auto* bar = new QMenuBar;
+    addFrameMenus(*bar, m_session.Frame());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->setMenuBar(bar);
+    layout->addWidget(makeToolbar());
+    layout->addWidget(m_panel, 1);
+    makePopup();
+    connect(m_panel, &TimetablePanel::cellPressed, this, &TimetableWindow::select);
+    connect(m_panel, &TimetablePanel::backgroundPressed, this, &TimetableWindow::HideEditBox);
+    connect(m_panel, &TimetablePanel::editWanted, this, &TimetableWindow::ShowEditBox);
+    connect(m_panel, &TimetablePanel::menuWanted, this,
+            [this](QPoint place) { m_popup->popup(place); });
+    connect(m_editor, &TimetableEditor::accepted, this, &TimetableWindow::HideEditBox);
+    connect(m_editor, &TimetableEditor::cancelled, this, &TimetableWindow::dismissEditBox);
+    connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this,
+            &TimetableWindow::showWeek);
+}
+
+/// The buttons that have something behind them; a group begins with a separator.
+LayoutToolbar* TimetableWindow::makeToolbar() {
+    struct Button {
+        int group;
+        QString tip;
+        QString icon;
+        std::function<void()> act;
+    };
+    const QList<Button> buttons{
+        {1, u"Save Settings."_s, u"save"_s, [this] { save(); }},
+        {2, u"Save as BMP picture."_s, u"picture"_s, [this] { savePicture(); }},
+    };
+    QString layout;
+    QStringList tips;
+    QStringList icons;
+    for (int i = 0; i < buttons.size(); ++i) {
+        layout += i > 0 && buttons[i].group != buttons[i - 1].group ? u"|B"_s : u"B"_s;
+        tips += buttons[i].tip;
+        icons += buttons[i].icon;
+    }
+    auto* toolbar = new LayoutToolbar(u"TT_Btns"_s, layout, tips.join(u'|'), icons.join(u'|'));
+    for (int i = 0; i < buttons.size(); ++i)
+        connect(toolbar->button(i), &QAction::triggered, this, buttons[i].act);
+    return toolbar;
+}
+
+void TimetableWindow::makePopup() {
+    m_popup = new QMenu(this);
+    m_popup->setObjectName(u"mnuPopup"_s);
+    const auto add = [this](const QString& caption, QKeySequence::StandardKey key,
+                            void (TimetableWindow::*act)()) {
+        QAction* action = m_popup->addAction(caption);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        m_panel->addAction(action);
+        connect(action, &QAction::triggered, this, act);
+        return action;
+    };
+    add(tr("Copy"), QKeySequence::Copy, &TimetableWindow::copy)->setObjectName(u"mnuCopy"_s);
+    m_paste = add(tr("Paste"), QKeySequence::Paste, &TimetableWindow::paste);
+    m_paste->setObjectName(u"mnuPaste"_s);
+    m_paste->setEnabled(false);
+}
+
+/// To select a week shows it; the list stands on week A already.
+void TimetableWindow::selectCurrentWeek() {
+    const QDate today = m_session.GetSeams().clock.today();
+    const bool isB = m_year.twoWeeks && IsWeek2(m_session.CurrentDB, today) == u"B";
+    if (isB)
+        m_panel->weekList().setCurrentIndex(1);
+    else
+        showWeek(0);
+}
+
+void TimetableWindow::showWeekAgain() {
+    showWeek(m_panel->weekList().currentIndex());
+}
+
+void TimetableWindow::showWeek(int index) {
+    dismissEditBox();
+    try {
+        LoadTT(m_session.CurrentDB, index, m_grid);
+    } catch (const dao::EngineError& error) {
+        tellLoadFailure(error.number());
+    }
+    m_panel->showGrid(m_grid);
+}
+
+void TimetableWindow::tellLoadFailure(int number) {
+    m_session.GetSeams().prompts.PlainBox(
+        u"An error occured whilst loading the Timetable.\n\nPlease report the error to the "
+        "author.\n\nError number: %1"_s.arg(number),
+        OkButton | CriticalIcon, u"Load Timetable Error"_s);
+}
+
+void TimetableWindow::select(int day, int period) {
+    HideEditBox();
+    m_panel->ShowSelectedLabel(day, period);
+    m_panel->selectedLabel()->setFocus();
+}
+
+void TimetableWindow::ShowEditBox() {
+    TimetableCellLabel* cell = m_panel->selectedLabel();
+    if (!cell)
+        return;
+    HideEditBox();
+    cell->setFocusPolicy(Qt::ClickFocus); // it lies below the editor
+    m_editor->open(m_grid.at(cell->day(), cell->period()), cellPlace(cell->day(), cell->period()),
+                   cell->geometry());
+}
+
+void TimetableWindow::HideEditBox() {
+    if (m_editor->isHidden())
+        return;
+    m_grid.applyEdit(m_panel->selectedDay(), m_panel->selectedPeriod(), m_editor->edit());
+    dismissEditBox();
+    m_panel->showGrid(m_grid);
+}
+
+void TimetableWindow::dismissEditBox() {
+    if (m_editor->isHidden())
+        return;
+    m_panel->ShowSelectedLabel(m_panel->selectedDay(), m_panel->selectedPeriod());
+    m_panel->selectedLabel()->setFocus();
+    m_editor->reset();
+}
+
+void TimetableWindow::copy() {
+    if (!m_panel->selectedLabel())
+        return;
+    m_copied = m_grid.copied(m_panel->selectedDay(), m_panel->selectedPeriod());
+    m_paste->setEnabled(true);
+}
+
+void TimetableWindow::paste() {
+    m_grid.paste(m_panel->selectedDay(), m_panel->selectedPeriod(), *m_copied);
+    m_panel->showGrid(m_grid);
+}
+
+bool TimetableWindow::save() {
+    try {
+        SaveTTinfo(m_session, m_panel->weekList().currentIndex(), m_grid);
+        return true;
+    } catch (const dao::EngineError& error) {
+        m_session.GetSeams().prompts.PlainBox(
+            u"The timetable could not be saved:\n\n%1\n\nError number: %2"_s
+                .arg(error.description())
+                .arg(error.number()),
+            OkButton | CriticalIcon, u"Save Timetable Error"_s);
+    }
+    return false;
+}
+
+void TimetableWindow::savePicture() {
+    SaveTimetablePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
+                         m_panel->picture());
+}
+
+void TimetableWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // A cell without a colour of its own has the scheme's.
+    if (event->type() == QEvent::PaletteChange && m_panel)
+        m_panel->showGrid(m_grid);
+}
+
+/// What could not be saved is not thrown away unasked.
+void TimetableWindow::closeEvent(QCloseEvent* event) {
+    const bool mayGo = save() || m_session.GetSeams().prompts.msg_Box(
+                                     u"The timetable was not saved.\n\nDo you wish to close it all "
+                                     "the same?"_s,
+                                     YesNoButtons | QuestionIcon | SecondButtonDefault,
+                                     u"Save Timetable Error"_s) == AnswerYes;
+    event->setAccepted(mayGo);
+}

@@ -1,0 +1,57 @@
+#include "core/link_target.h"
+
+#include "core/file_state.h"
+#include "core/prompts.h"
+#include "core/shell.h"
+#include "core/shell_services.h"
+#include "store/data_helpers.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isWebAddress(const QString& path) {
+    return path.startsWith(u"http://"_s) || path.startsWith(u"https://"_s);
+}
+
+bool isWellFormed(const QString& address) {
+    const QUrl url(address, QUrl::StrictMode);
+    return url.isValid() && !url.host().isEmpty();
+}
+
+} // namespace
+
+QList<FileLink> ReadFileLinks(const dao::Database& database, const QString& planDate) {
+    QList<FileLink> links;
+    if (!TableExists(database, FileLinksTable))
+        return links;
+    QString query = u"SELECT * FROM "_s + FileLinksTable;
+    if (!planDate.isEmpty())
+        query += u" WHERE PlanDate = "_s + dao::writeText(planDate);
+    dao::Recordset rows = database.OpenRecordset(query, dao::RecordsetType::Snapshot);
+    for (; !rows.EOF_(); rows.MoveNext())
+        links += {rows[u"PlanDate"].text(), rows[u"LinkName"].text(), rows[u"FilePath"].text()};
+    return links;
+}
+
+LinkFault linkFault(const QString& name, const QString& path) {
+    if (isWebAddress(path) ? !isWellFormed(path) : !FileExists(path))
+        return LinkFault::Path;
+    return name.trimmed().isEmpty() ? LinkFault::Name : LinkFault::None;
+}
+
+void OpenFileLink(const QString& path, Settings& settings, Shell& shell, Prompts& prompts) {
+    if (isWebAddress(path))
+        shell.OpenUrl(path);
+    else if (!FileExists(path))
+        prompts.PlainBox(u"The file \n\n"_s + path + u"\n\ndoes not exist!"_s,
+                         OkButton | WarningIcon, u"File doesn't exist"_s);
+    else if (isGwbFile(path))
+        OpenGwbFile(path, settings, shell, prompts);
+    else
+        shell.ShellRun(u"Open"_s, path);
+}

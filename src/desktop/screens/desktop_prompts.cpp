@@ -1,0 +1,168 @@
+#include "desktop/screens/desktop_prompts.h"
+
+#include "controls/colours.h"
+#include "controls/fonts.h"
+#include "core/clock.h"
+#include "desktop/screens/password_dialog.h"
+#include "desktop/screens/prompt_dialog.h"
+#include "desktop/screens/selector_dialog.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct StandardAnswer {
+    PromptAnswer answer;
+    QMessageBox::StandardButton button;
+};
+
+constexpr StandardAnswer standardAnswers[] = {
+    {AnswerOk, QMessageBox::Ok},         {AnswerCancel, QMessageBox::Cancel},
+    {AnswerAbort, QMessageBox::Abort},   {AnswerRetry, QMessageBox::Retry},
+    {AnswerIgnore, QMessageBox::Ignore}, {AnswerYes, QMessageBox::Yes},
+    {AnswerNo, QMessageBox::No},
+};
+
+QMessageBox::StandardButton buttonOf(PromptAnswer answer) {
+    for (const StandardAnswer& standard : standardAnswers) {
+        if (standard.answer == answer)
+            return standard.button;
+    }
+    return QMessageBox::NoButton;
+}
+
+QMessageBox::Icon iconOf(int flags) {
+    switch (flags & IconMask) {
+    case CriticalIcon:
+        return QMessageBox::Critical;
+    case QuestionIcon:
+        return QMessageBox::Question;
+    case WarningIcon:
+        return QMessageBox::Warning;
+    case InformationIcon:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+/// The pattern for every file is "*" here: names without a dot count too.
+QString patternsOf(const FileFilter& filter) {
+    QStringList patterns = filter.pattern.split(u';', Qt::SkipEmptyParts);
+    patterns.replaceInStrings(u"*.*"_s, u"*"_s);
+    return patterns.join(u' ');
+}
+
+QStringList nameFilters(const QList<FileFilter>& filters) {
+    QStringList result;
+    for (const FileFilter& filter : filters)
+        result += u"%1 (%2)"_s.arg(filter.label, patternsOf(filter));
+    return result;
+}
+
+} // namespace
+
+DesktopPrompts::DesktopPrompts(Clock& clock, QWidget* mainWindow)
+    : m_clock(clock), m_mainWindow(mainWindow) {}
+
+QWidget* DesktopPrompts::owner() const {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    QWidget* active = QApplication::activeWindow();
+    return active ? active : m_mainWindow.data();
+}
+
+PromptAnswer DesktopPrompts::PlainBox(const QString& text, int flags, const QString& title) {
+    QMessageBox box(owner());
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(iconOf(flags));
+    for (const PromptButton& button : promptButtons(flags))
+        box.addButton(buttonOf(button.answer));
+    box.setDefaultButton(buttonOf(defaultAnswer(flags)));
+    box.setEscapeButton(buttonOf(decliningAnswer(flags)));
+    const int pressed = box.exec();
+    for (const StandardAnswer& standard : standardAnswers) {
+        if (standard.button == pressed)
+            return standard.answer;
+    }
+    return decliningAnswer(flags);
+}
+
+int DesktopPrompts::msg_Box(const QString& text, int flags, const QString& title,
+                            const BoxLook& look) {
+    return PromptDialog(owner()).msg_Box(text, flags, title, look);
+}
+
+int DesktopPrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                                const BoxLook& look) {
+    return PromptDialog(owner()).MsgAuto_box(text, flags, title, seconds, look, m_clock);
+}
+
+QString DesktopPrompts::input_box(const QString& text, int flags, const QString& title,
+                                  const QString& proposal, qint32 colour) {
+    return PromptDialog(owner()).input_box(text, flags, title, proposal, colour);
+}
+
+std::optional<DatePeriod> DesktopPrompts::Date_Box(const QString& title, const DatePeriod& limits) {
+    return PromptDialog(owner()).Date_Box(title, limits, m_clock.today(), *this);
+}
+
+QString DesktopPrompts::File_Link(const QString& title, const QString& text, const QString& name,
+                                  const QString& path) {
+    return PromptDialog(owner()).File_Link(title, text, name, path, *this);
+}
+
+QString DesktopPrompts::OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
+                                       const QString& startFolder, int flags, bool save) {
+    QFileDialog dialog(owner(), title, startFolder);
+    dialog.setNameFilters(nameFilters(filters));
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    const bool mustExist = !save && (flags & FileMustExist) != 0;
+    dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return QDir::toNativeSeparators(dialog.selectedFiles().value(0));
+}
+
+QString DesktopPrompts::ChooseFolder(const QString& title) {
+    return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(owner(), title));
+}
+
+std::optional<qint32> DesktopPrompts::ChooseColour(qint32 colour) {
+    const QColor chosen = QColorDialog::getColor(toColour(colour), owner());
+    return chosen.isValid() ? std::optional(fromColour(chosen)) : std::nullopt;
+}
+
+std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
+    QFontDialog dialog(toFont(font), owner());
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    qint32 colour = font.colour;
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+        auto* button = buttons->addButton(u"Co&lour..."_s, QDialogButtonBox::ActionRole);
+        QObject::connect(button, &QPushButton::clicked, &dialog,
+                         [&] { colour = ChooseColour(colour).value_or(colour); });
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return toFontRecord(dialog.selectedFont(), colour);
+}
+
+QString DesktopPrompts::ReturnString(const SelectorRequest& request) {
+    return SelectorDialog(request, *this, owner()).ReturnString();
+}
+
+QString DesktopPrompts::PromptForPassword() {
+    return PasswordDialog(owner()).ask();
+}

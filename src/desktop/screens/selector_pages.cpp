@@ -1,0 +1,298 @@
+#include "desktop/screens/selector_pages.h"
+
+#include "controls/date_calendar.h"
+#include "controls/restricted_edit.h"
+#include "core/prompts.h"
+#include "office/spreadsheet.h"
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QIntValidator>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpressionValidator>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLabel* makeLine(const QString& text, QLayout& layout) {
+    auto* label = new QLabel(text);
+    label->setObjectName(u"Label2"_s);
+    label->setWordWrap(true);
+    label->setHidden(text.isEmpty());
+    layout.addWidget(label);
+    return label;
+}
+
+QListWidget* makeList(const SelectorRequest& request, QLayout& layout) {
+    auto* list = new QListWidget;
+    list->setObjectName(u"List1"_s);
+    list->setAccessibleName(request.label.isEmpty() ? request.text : request.label);
+    list->addItems(request.items);
+    layout.addWidget(list);
+    return list;
+}
+
+bool isNoComma(char32_t character) {
+    return character != U',';
+}
+
+} // namespace
+
+SelectorContent* makeSelectorContent(const SelectorRequest& request, Prompts& prompts) {
+    switch (request.page) {
+    case SelectorPage::OneItem:
+        break;
+    case SelectorPage::Spreadsheet:
+        return new SpreadsheetContent(request, prompts);
+    case SelectorPage::SeveralItems:
+        return new SeveralItemsContent(request);
+    case SelectorPage::NewField:
+        return new NewFieldContent(request, prompts);
+    }
+    return new OneItemContent(request);
+}
+
+OneItemContent::OneItemContent(const SelectorRequest& request) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    makeLine(request.label, *layout);
+    m_list = makeList(request, *layout);
+    m_list->setCurrentRow(0);
+    setFocusProxy(m_list);
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &SelectorContent::finished);
+}
+
+QString OneItemContent::answer() const {
+    return m_list->currentItem() ? m_list->currentItem()->text() : QString();
+}
+
+SeveralItemsContent::SeveralItemsContent(const SelectorRequest& request) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    makeLine(request.label, *layout);
+    m_list = makeList(request, *layout);
+    m_list->setSelectionMode(QAbstractItemView::MultiSelection);
+    setFocusProxy(m_list);
+    auto* all = new QPushButton(u"Select &All"_s);
+    all->setObjectName(u"cmdAll"_s);
+    all->setAutoDefault(false);
+    layout->addWidget(all, 0, Qt::AlignLeft);
+    connect(all, &QPushButton::clicked, m_list, &QListWidget::selectAll);
+}
+
+QString SeveralItemsContent::answer() const {
+    QString text;
+    for (int row = 0; row < m_list->count(); ++row) {
+        if (m_list->item(row)->isSelected())
+            text += m_list->item(row)->text() + u',';
+    }
+    return text;
+}
+
+SpreadsheetContent::SpreadsheetContent(const SelectorRequest& request, Prompts& prompts)
+    : m_prompts(prompts), m_row(makeRow(request)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    makeLine(request.label.isEmpty() ? u"Preview of "_s + QFileInfo(request.workbook).fileName()
+                                     : request.label,
+             *layout);
+    layout->addWidget(makePreview(request), 1);
+    auto* form = new QFormLayout;
+    for (int i = 0; i < request.columnLabels.size(); ++i) {
+        m_columns += makeColumn(request, i);
+        form->addRow(request.columnLabels[i], m_columns.last());
+    }
+    form->addRow(request.rowLabel, m_row);
+    layout->addLayout(form);
+}
+
+QWidget* SpreadsheetContent::makePreview(const SelectorRequest& request) {
+    constexpr int mostRows = 60; // as many as help to find one's way
+    const Spreadsheet sheet = Spreadsheet::read(request.workbook).value_or(Spreadsheet());
+    const int rows = qMin(sheet.rowCount(), mostRows);
+    auto* preview = new QTableWidget(rows, sheet.columnCount());
+    preview->setObjectName(u"OLE1"_s);
+    preview->setAccessibleName(u"Preview of the sheet"_s);
+    preview->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    preview->setTabKeyNavigation(false);
+    preview->verticalHeader()->setDefaultSectionSize(preview->fontMetrics().height() + 4);
+    for (int column = 0; column < sheet.columnCount(); ++column) {
+        preview->setHorizontalHeaderItem(column, new QTableWidgetItem(columnLetters(column)));
+        for (int row = 0; row < rows; ++row)
+            preview->setItem(row, column, new QTableWidgetItem(sheet.cell(row, column)));
+    }
+    constexpr int lines = 9;
+    preview->setMinimumHeight(lines * preview->verticalHeader()->defaultSectionSize());
+    return preview;
+}
+
+QComboBox* SpreadsheetContent::makeColumn(const SelectorRequest& request, int index) {
+    static const QStringList names{u"CboA"_s, u"CboB"_s, u"CboC"_s};
+    constexpr int third = 2;
+    auto* box = new QComboBox;
+    box->setObjectName(names.value(index));
+    box->setAccessibleName(request.columnLabels[index]);
+    box->setEditable(true);
+    box->addItems(request.columnChoices);
+    if (index == third && request.thirdMayBeNone)
+        box->addItem(u"None"_s);
+    box->setCurrentText(request.columns.value(index));
+    static const QRegularExpression letters(u"[A-Za-z]*"_s);
+    box->lineEdit()->setValidator(new QRegularExpressionValidator(letters, box));
+    connect(box->lineEdit(), &QLineEdit::textEdited, box, [box](const QString& text) {
+        const int caret = box->lineEdit()->cursorPosition();
+        box->setEditText(text.toUpper());
+        box->lineEdit()->setCursorPosition(caret);
+    });
+    return box;
+}
+
+QComboBox* SpreadsheetContent::makeRow(const SelectorRequest& request) {
+    constexpr int offered = 5;
+    constexpr int highest = 65536;
+    auto* box = new QComboBox;
+    box->setObjectName(u"cboRow"_s);
+    box->setAccessibleName(request.rowLabel);
+    box->setEditable(true);
+    for (int row = 1; row <= offered; ++row)
+        box->addItem(QString::number(row));
+    box->setCurrentText(QString::number(request.row));
+    box->lineEdit()->setValidator(new QIntValidator(1, highest, box));
+    return box;
+}
+
+/// An empty row is the first that is offered.
+bool SpreadsheetContent::check() {
+    if (m_row->currentText().isEmpty())
+        m_row->setCurrentIndex(0);
+    for (const QComboBox* column : std::as_const(m_columns)) {
+        if (!column->currentText().isEmpty())
+            continue;
+        m_prompts.PlainBox(u"One of the import columns is incorrectly assigned."_s, OkButton,
+                           u"Invalid Column"_s);
+        return false;
+    }
+    return true;
+}
+
+QString SpreadsheetContent::answer() const {
+    QStringList parts{m_row->currentText()};
+    constexpr int columns = 3;
+    for (int i = 0; i < columns; ++i)
+        parts += i < m_columns.size() ? m_columns[i]->currentText() : QString();
+    return parts.join(u',');
+}
+
+NewFieldContent::NewFieldContent(const SelectorRequest& request, Prompts& prompts)
+    : m_prompts(prompts), m_name(new RestrictedEdit(u"Name"_s, isNoComma)), m_size(new QLineEdit) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    if (!request.showCalendar)
+        makeLine(request.label, *layout);
+    m_name->setObjectName(u"TxtName"_s);
+    m_name->setMaxLength(NewFieldNameLength);
+    m_name->setText(request.name);
+    m_name->installEventFilter(this);
+    m_name->selectAll();
+    auto* row = new QFormLayout;
+    row->addRow(u"&Name:"_s, m_name);
+    layout->addLayout(row);
+    QWidget* types = makeTypes(request);
+    layout->addWidget(types);
+    types->setVisible(request.showTypes);
+    if (request.showCalendar) {
+        makeLine(request.label, *layout);
+        m_calendar = new DateCalendar(u"Date of the work"_s);
+        m_calendar->setObjectName(u"Calendar1"_s);
+        layout->addWidget(m_calendar);
+        connect(m_calendar, &QCalendarWidget::selectionChanged, this,
+                [this] { m_isDatePicked = true; });
+        connect(m_calendar, &QCalendarWidget::clicked, this, [this] { m_isDatePicked = true; });
+    }
+    setFocusProxy(m_name);
+    enableSize();
+}
+
+QWidget* NewFieldContent::makeTypes(const SelectorRequest& request) {
+    auto* group = new QGroupBox(u"Type"_s);
+    auto* layout = new QVBoxLayout(group);
+    m_size->setObjectName(u"TxtSize"_s);
+    m_size->setAccessibleName(u"Size of the text"_s);
+    m_size->setMaxLength(NewFieldSizeLength);
+    m_size->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), m_size));
+    m_size->setText(QString::number(UsualNewFieldSize));
+    m_size->setFixedWidth(m_size->fontMetrics().averageCharWidth() * 8);
+    m_size->installEventFilter(this);
+    const dao::DataType usual = request.memoOnly ? dao::DataType::Memo : UsualNewFieldType;
+    for (const NewFieldType& each : newFieldTypes()) {
+        auto* button = new QRadioButton(each.caption);
+        button->setObjectName(u"OptType(%1)"_s.arg(m_types.size()));
+        button->setChecked(each.type == usual);
+        m_types += button;
+        auto* row = new QHBoxLayout;
+        row->addWidget(button);
+        if (each.type == dao::DataType::Text) {
+            row->addWidget(m_size);
+            m_size->setHidden(request.memoOnly);
+        }
+        row->addStretch();
+        layout->addLayout(row);
+        button->setHidden(request.memoOnly && each.type != dao::DataType::Memo);
+        connect(button, &QRadioButton::toggled, this, &NewFieldContent::enableSize);
+    }
+    return group;
+}
+
+void NewFieldContent::enableSize() {
+    m_size->setEnabled(type() == dao::DataType::Text);
+}
+
+dao::DataType NewFieldContent::type() const {
+    for (int i = 0; i < m_types.size(); ++i) {
+        if (m_types[i]->isChecked())
+            return newFieldTypes()[i].type;
+    }
+    return UsualNewFieldType;
+}
+
+NewField NewFieldContent::field() const {
+    return {m_name->text(), type(), m_size->text().toInt(),
+            m_isDatePicked ? m_calendar->selectedDate() : QDate()};
+}
+
+bool NewFieldContent::check() {
+    return checkNewField(field(), m_prompts);
+}
+
+QString NewFieldContent::answer() const {
+    return newFieldText(field());
+}
+
+bool NewFieldContent::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return SelectorContent::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (watched == m_name && isReturn && m_size->isEnabled() && m_size->isVisible()) {
+        m_size->setFocus();
+        m_size->selectAll();
+        return true;
+    }
+    return watched == m_name && nameKey(key->text());
+}
+
+/// Whether a key has been dealt with: one that can't stand in a name is not typed.
+bool NewFieldContent::nameKey(const QString& typed) {
+    return !typed.isEmpty() && typed.at(0).isPrint() && !checkNewFieldKey(typed.at(0), m_prompts);
+}

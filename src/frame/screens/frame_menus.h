@@ -1,0 +1,45 @@
+#pragma once
+
+#include "frame/frame_commands.h"
+
+#include <QList>
+#include <QMap>
+#include <QObject>
+
+class MainFrame;
+class QAction;
+class QMenu;
+class QMenuBar;
+class QWidget;
+
+/// The actions and menus of the main window, made from the tables of core/frame_commands.h. Every
+/// command has one action, whatever menu shows it.
+class FrameMenus : public QObject {
+    Q_OBJECT
+
+public:
+    /// `window` owns the menus and has the commands' keys.
+    FrameMenus(Session& session, FormTest hasForm, QWidget& window);
+
+    void addTo(QMenuBar& bar) const;
+    QAction& action(FrameCommand command) const { return *m_actions[command]; }
+    /// The menu of a popup of the toolbar.
+    QMenu& popup(FrameCommand popup);
+    /// Allows or forbids the commands that need a database.
+    void EnableInput(bool enable);
+
+private:
+    void makeActions(QWidget& window);
+    QMenu* makeMenu(const MenuEntry& entry);
+
+    Session& m_session;
+    FormTest m_hasForm;
+    QWidget& m_window;
+    QMap<FrameCommand, QAction*> m_actions;
+    QMap<FrameCommand, QMenu*> m_popups;
+    QList<QMenu*> m_menus;
+};
+
+/// Gives a tool window's bar the main window's File, View and Help menus: the same menus, so that
+/// all of it forwards to the main window. Nothing is added where there is no main window.
+void addFrameMenus(QMenuBar& bar, MainFrame* frame);

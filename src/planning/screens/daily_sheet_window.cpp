@@ -1,0 +1,301 @@
+#include "planning/screens/daily_sheet_window.h"
+
+#include "controls/bound_rich_text.h"
+#include "controls/date_field.h"
+#include "controls/edit_menu.h"
+#include "controls/format_tools.h"
+#include "controls/icons.h"
+#include "controls/layout_toolbar.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "frame/main_frame.h"
+#include "frame/screens/frame_menus.h"
+#include "planning/screens/bottom_blocks.h"
+#include "planning/screens/class_box.h"
+#include "planning/screens/links_panel.h"
+#include "planning/screens/maximise_button.h"
+#include "planning/screens/period_area.h"
+#include "planning/screens/sheet_bar.h"
+#include "planning/screens/sheet_commands.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int DailySaveTimer = 20486;
+constexpr QSize DailySheetSize(960, 620);
+
+const QString maximiseActivityTip = u"Maximise Selected Activity"_s;
+const QString restoreTip = u"Restore"_s;
+
+} // namespace
+
+DailySheetWindow::DailySheetWindow(Session& session)
+    : m_session(session)
+    , m_sheets(session)
+    , m_showsCoding(session.GetSettings().readFlag(setting::keyOf(setting::Planning),
+                                                   setting::ShowClassCoding))
+    , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
+    , m_commands(new SheetCommands(session, *m_tools, *this))
+    , m_delayedSave(session.GetSeams().clock, DailySaveTimer, [this] { save(); }) {
+    setObjectName(u"ORVAfrm"_s);
+    setWindowTitle(u"Quick Daily Planning Sheet"_s);
+    if (MainFrame* frame = session.Frame())
+        frame->CloseForm(u"ORVA2frm"_s); // the two planning sheets are never open at once
+    makeParts();
+    makeMenus();
+    bindBoxes();
+    connectCommands();
+    keepWhatIsWritten();
+    m_sheets.onChange([this] { sheetChanged(); });
+    m_sheets.Activate_1st();
+}
+
+DailySheetWindow::~DailySheetWindow() {
+    save();
+    disconnect(qApp, nullptr, this, nullptr);
+    // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
+    delete m_pages;
+}
+
+QSize DailySheetWindow::sizeHint() const {
+    return DailySheetSize;
+}
+
+void DailySheetWindow::makeParts() {
+    m_bar = new SheetBar(m_sheets, this);
+    m_links = new LinksPanel(m_session, u"Combo1"_s);
+    m_pages = new QStackedWidget;
+    m_pages->addWidget(makeSheet());
+    m_pages->addWidget(makeMaximised());
+    m_maximiseButton = new MaximiseButton(u"CMD2"_s, this);
+    auto* bars = new QHBoxLayout;
+    bars->setContentsMargins({});
+    for (LayoutToolbar* toolbar :
+         {m_tools->toolbar(), m_tools->colourToolbar(), m_commands->toolbar()})
+        bars->addWidget(toolbar);
+    bars->addStretch();
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(2);
+    layout->addLayout(bars);
+    layout->addWidget(m_bar);
+    layout->addWidget(m_pages, 1);
+    layout->addWidget(m_links);
+}
+
+QWidget* DailySheetWindow::makeSheet() {
+    constexpr int periodsShare = 4;
+    m_periods = new PeriodArea(m_session.PeriodsPerDay, m_sheets.classCodes());
+    m_bottom = new BottomBlocks;
+    auto* sheet = new QSplitter(Qt::Vertical);
+    sheet->setContentsMargins(4, 0, 4, 0);
+    sheet->setChildrenCollapsible(false);
+    sheet->addWidget(m_periods);
+    sheet->addWidget(m_bottom);
+    sheet->setStretchFactor(0, periodsShare);
+    sheet->setStretchFactor(1, 1);
+    return sheet;
+}
+
+QWidget* DailySheetWindow::makeMaximised() {
+    m_maximisedPage = new QWidget;
+    m_maximisedHeading = new QLabel;
+    m_maximisedHeading->setObjectName(u"Label2"_s);
+    auto* layout = new QVBoxLayout(m_maximisedPage);
+    layout->setContentsMargins(4, 0, 4, 0);
+    layout->addWidget(m_maximisedHeading);
+    return m_maximisedPage;
+}
+
+void DailySheetWindow::makeMenus() {
+    auto* bar = new QMenuBar;
+    addFrameMenus(*bar, m_session.Frame());
+    for (QMenu* menu : {m_commands->planningMenu(), m_commands->periodMenu(),
+                        static_cast<QMenu*>(m_tools->editMenu())})
+        bar->addMenu(menu);
+    layout()->setMenuBar(bar);
+}
+
+void DailySheetWindow::bindBoxes() {
+    for (int period = 1; period <= m_periods->periods(); ++period) {
+        bindClass(period);
+        bindRichText(m_periods->lesson(period), {SheetBox::Lesson, period});
+        bindRichText(m_periods->homework(period), {SheetBox::Homework, period});
+    }
+    for (const SheetBox block : BottomBlocks::Blocks)
+        bindRichText(m_bottom->box(block), {block, 0});
+}
+
+void DailySheetWindow::bindClass(int period) {
+    ClassBox& box = m_periods->classBox(period);
+    m_sheets.binding().bind(classField(period), box);
+    connect(&box, &ClassBox::edited, this, [this] { m_delayedSave.soon(); });
+}
+
+void DailySheetWindow::bindRichText(RichTextBox& box, const SheetPlace& place) {
+    const bool isLimited = place.box == SheetBox::Lesson;
+    m_bound.push_back(std::make_unique<BoundRichText>(box));
+    m_sheets.binding().bind(fieldOf(place), *m_bound.back(),
+                            isLimited ? u"Period %1"_s.arg(place.period) : QString());
+    m_places.insert(&box, place);
+    m_tools->serve(box);
+    connect(&box, &RichTextBox::edited, this, [this] { m_delayedSave.soon(); });
+}
+
+void DailySheetWindow::connectCommands() {
+    connect(&m_bar->calendar(), &DateField::dateChosen, this, &DailySheetWindow::pickDate);
+    connect(m_periods, &PeriodArea::periodSelected, this, &DailySheetWindow::selectPeriod);
+    connect(m_periods, &PeriodArea::menuWanted, this, [this](int period, const QPoint& place) {
+        m_periods->selectPeriod(period);
+        m_commands->periodMenu()->popup(place);
+    });
+    connect(m_maximiseButton, &QToolButton::clicked, this, &DailySheetWindow::toggleMaximised);
+    connect(m_commands, &SheetCommands::maximiseWanted, this, &DailySheetWindow::toggleMaximised);
+    connect(m_commands, &SheetCommands::createWanted, &m_bar->calendar(), &DateField::dropDown);
+    connect(m_commands, &SheetCommands::todayWanted, this, [this] { m_sheets.showToday(); });
+    connect(m_commands, &SheetCommands::tomorrowWanted, this, [this] { m_sheets.showTomorrow(); });
+    connect(m_commands, &SheetCommands::deleteWanted, this, [this] { m_sheets.deleteSheet(); });
+    connect(m_commands, &SheetCommands::eventWanted, this, &DailySheetWindow::carryOut);
+    connect(m_commands, &SheetCommands::registerWanted, this, &DailySheetWindow::openRegister);
+}
+
+/// On the class of the period, where it has one.
+void DailySheetWindow::openRegister() {
+    if (MainFrame* frame = m_session.Frame())
+        frame->OpenFormOn(u"RegisterFrm"_s, m_sheets.classOf(m_periods->selectedPeriod()));
+}
+
+/// Beyond the timer: when the focus goes to another window, when another program comes to the
+/// front, and when the desktop's session or the program ends. What other windows have written
+/// meanwhile is shown when the focus comes back.
+void DailySheetWindow::keepWhatIsWritten() {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
+        const bool wasHere = from && isAncestorOf(from);
+        const bool isHere = to && isAncestorOf(to);
+        if (wasHere && !isHere)
+            save();
+        else if (isHere && !wasHere)
+            m_sheets.refresh();
+    });
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, &DailySheetWindow::save);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &DailySheetWindow::save);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &DailySheetWindow::save);
+}
+
+void DailySheetWindow::save() {
+    m_delayedSave.stop();
+    m_sheets.binding().flush();
+}
+
+void DailySheetWindow::closeEvent(QCloseEvent* event) {
+    // A text that could not be written stays where it can be seen.
+    event->setAccepted(m_sheets.binding().leave());
+}
+
+void DailySheetWindow::sheetChanged() {
+    restore();
+    m_bar->DisplayPSDate();
+    Clean_Plan(!m_sheets.isEmpty());
+    m_periods->selectPeriod(0); // also what the focus selects on its way out of disabled boxes
+    m_commands->enable(!m_sheets.isEmpty(), false);
+    if (m_sheets.isEmpty())
+        return m_bottom->showEvents({});
+    m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
+    resetAllRTFedits();
+    m_bottom->showEvents(m_sheets.GetCOEinfo());
+}
+
+void DailySheetWindow::showClassesAgain() {
+    save();
+    m_periods->setClassCodes(m_sheets.classCodes());
+    m_sheets.refresh();
+    if (!m_sheets.isEmpty())
+        m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
+}
+
+void DailySheetWindow::Clean_Plan(bool hasSheet) {
+    m_periods->Clean_Plan(hasSheet);
+    m_bottom->Clean_Plan(hasSheet);
+    emit m_tools->focused().changed(); // its box may be written in or not
+}
+
+void DailySheetWindow::resetAllRTFedits() {
+    const FontRecord font =
+        m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
+    for (auto box = m_places.keyBegin(); box != m_places.keyEnd(); ++box)
+        (*box)->applyDefaultFont(font);
+}
+
+void DailySheetWindow::selectPeriod(int period) {
+    m_sheets.selectPeriod(period);
+    m_links->GetFileLinks(m_sheets.planDate(), period);
+    m_commands->enable(!m_sheets.isEmpty(), period > 0);
+    placeMaximiseButton();
+}
+
+void DailySheetWindow::pickDate(QDate date) {
+    if (!m_sheets.pickDate(date))
+        m_bar->calendar().setDate(m_sheets.date());
+}
+
+void DailySheetWindow::carryOut(SheetEvent event) {
+    Prompts& prompts = m_session.GetSeams().prompts;
+    RichTextBox* box = m_tools->box();
+    if (!box || !m_places.contains(box) || box->selectionLength() == 0)
+        return tellNoSelection(prompts);
+    const SheetSelection selection{m_places.value(box), box->selectedText(), box->selectedRtf(),
+                                   m_sheets.planDate(), m_sheets.week()};
+    if (!confirmEvent(prompts, event, selection))
+        return;
+    if (event != SheetEvent::Remove)
+        box->copy();
+    m_sheets.carryOut(event, selection);
+}
+
+void DailySheetWindow::toggleMaximised() {
+    const int period = m_periods->selectedPeriod();
+    if (m_maximised > 0) {
+        RichTextBox& lesson = m_periods->lesson(m_maximised);
+        restore();
+        lesson.setFocus();
+    } else if (period > 0) {
+        RichTextBox& lesson = m_periods->lesson(period);
+        m_maximised = period;
+        m_maximisedHeading->setText(u"Period %1 - %2    %3"_s.arg(period).arg(
+            m_periods->classBox(period).currentText(), m_sheets.heading()));
+        m_maximisedPage->layout()->addWidget(&lesson);
+        lesson.show();
+        m_pages->setCurrentWidget(m_maximisedPage);
+        lesson.setFocus();
+        placeMaximiseButton();
+    }
+}
+
+void DailySheetWindow::restore() {
+    if (m_maximised == 0)
+        return;
+    m_periods->takeBack(m_maximised);
+    m_maximised = 0;
+    m_pages->setCurrentIndex(0);
+    placeMaximiseButton();
+}
+
+void DailySheetWindow::placeMaximiseButton() {
+    const int period = m_periods->selectedPeriod();
+    const QString tip = m_maximised > 0 ? restoreTip : maximiseActivityTip;
+    m_commands->maximise()->setText(tip);
+    m_maximiseButton->setMaximised(m_maximised > 0, tip);
+    m_maximiseButton->standOn(period > 0 ? m_periods->lesson(period).viewport() : nullptr);
+}

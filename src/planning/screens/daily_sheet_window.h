@@ -1,0 +1,85 @@
+#pragma once
+
+#include "core/delayed_save.h"
+#include "planning/daily_sheets.h"
+
+#include <QHash>
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class BottomBlocks;
+class FormatTools;
+class LinksPanel;
+class MaximiseButton;
+class PeriodArea;
+class QLabel;
+class QStackedWidget;
+class RichTextBox;
+class SheetBar;
+class SheetCommands;
+
+/// The daily planning sheet: the teacher's desk diary, a sheet a date. What is written on it is on
+/// disk at the latest two seconds after the first key that is not, and whenever the window, the
+/// program or the sheet is left; nobody has to save.
+class DailySheetWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit DailySheetWindow(Session& session);
+    ~DailySheetWindow() override;
+
+    /// Goes to the sheet of a date, for other windows.
+    void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
+    /// Shows the classes and the sheet anew, after classes have come or gone.
+    void showClassesAgain();
+
+    QSize sizeHint() const override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeParts();
+    QWidget* makeSheet();
+    QWidget* makeMaximised();
+    void makeMenus();
+    void layOut(QWidget* sheet);
+    void bindBoxes();
+    void bindClass(int period);
+    void bindRichText(RichTextBox& box, const SheetPlace& place);
+    void connectCommands();
+    void keepWhatIsWritten();
+
+    void sheetChanged();
+    void Clean_Plan(bool hasSheet);
+    void resetAllRTFedits();
+    void selectPeriod(int period);
+    void pickDate(QDate date);
+    void openRegister();
+    void carryOut(SheetEvent event);
+    void save();
+
+    void toggleMaximised();
+    void restore();
+    void placeMaximiseButton();
+
+    Session& m_session;
+    DailySheets m_sheets;
+    bool m_showsCoding;
+    FormatTools* m_tools;
+    SheetCommands* m_commands;
+    SheetBar* m_bar = nullptr;
+    PeriodArea* m_periods = nullptr;
+    BottomBlocks* m_bottom = nullptr;
+    LinksPanel* m_links = nullptr;
+    QStackedWidget* m_pages = nullptr; ///< the sheet, and the page of a maximised lesson
+    QLabel* m_maximisedHeading = nullptr;
+    QWidget* m_maximisedPage = nullptr;
+    int m_maximised = 0; ///< the period whose lesson is maximised; 0 is none
+    MaximiseButton* m_maximiseButton = nullptr;
+    std::vector<std::unique_ptr<BoundBox>> m_bound;
+    QHash<RichTextBox*, SheetPlace> m_places;
+    DelayedSave m_delayedSave;
+};

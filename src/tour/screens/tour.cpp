@@ -1,0 +1,155 @@
+#include "tour/screens/tour.h"
+
+#include "core/clock.h"
+#include "core/progress.h"
+#include "core/prompts.h"
+#include "core/session.h"
+#include "desktop/screens/progress_dialog.h"
+#include "frame/screens/main_window.h"
+#include "help/help_file.h"
+#include "help/screens/help_window.h"
+#include "incidents/security_warning.h"
+#include "store/engine/error.h"
+#include "tour/screens/tour_classes.h"
+#include "tour/screens/tour_pictures.h"
+#include "tour/screens/tour_planning.h"
+#include "tour/screens/tour_timetable.h"
+#include "tour/screens/tour_wizard.h"
+#include "year/screens/startup_wizard.h"
+#include "year/year_answers_json.h"
+#include "year/year_creation.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <cstdio>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool fail(const QString& sentence) {
+    std::fprintf(stderr, "%s\n", qPrintable(sentence));
+    return false;
+}
+
+std::optional<YearAnswers> sampleAnswers() {
+    QFile file(u":/samples/year.json"_s);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(u"The sample is not part of the program."_s);
+        return std::nullopt;
+    }
+    const ReadAnswers read = readYearAnswers(file.readAll(), QLocale());
+    if (!read.fault)
+        return read.answers;
+    fail(read.fault->field + u": "_s + read.fault->text);
+    return std::nullopt;
+}
+
+void makeYear(Session& session, const YearAnswers& answers, const QString& path) {
+    const Seams& seams = session.GetSeams();
+    CreateDB(session.Engine(), answers, path, ExistingFile::Replace, seams.progress, seams.prompts,
+             QLocale::c());
+}
+
+/// The wizard on its first page, and each of its other pages filled with the sample's answers.
+void visitWizard(MainWindow& frame, const YearAnswers& answers, TourPictures& pictures) {
+    frame.ShowStartupWizard();
+    auto* wizard = frame.findChild<StartupWizard*>();
+    pictures.save(*wizard, u"StartupWiz"_s);
+    fillWizard(*wizard, answers,
+               [&](int number) { pictures.save(*wizard, u"StartupWiz_%1"_s.arg(number)); });
+    frame.CloseOpenForms();
+}
+
+/// One prompt of each kind.
+void visitPrompts(Session& session, MainWindow& frame, TourPictures& pictures) {
+    Prompts& prompts = session.GetSeams().prompts;
+    pictures.saveAsked(u"msgFrm_checkbox"_s,
+                       [&] { MayShowIncidents(session.GetSettings(), prompts); });
+    pictures.saveAsked(u"msgFrm_input"_s, [&] {
+        prompts.input_box(u"Please enter a caption for the new sub menu:"_s, OkCancelButtons,
+                          u"Create Sub Menu"_s, u"New Menu"_s);
+    });
+    const QDate today = session.GetSeams().clock.today();
+    pictures.saveAsked(u"msgFrm_dates"_s, [&] {
+        prompts.Date_Box(u"Teaching period"_s, {today, today.addDays(27)});
+    });
+    pictures.saveAsked(u"msgFrm_link"_s, [&] {
+        prompts.File_Link(u"Create a File Link"_s, u"Enter the information"_s, {}, {});
+    });
+    pictures.saveAsked(u"PasswordORVA"_s, [&] { prompts.PromptForPassword(); });
+    pictures.saveAsked(u"AboutFrm"_s, [&] { frame.Help_Menu(HelpItem::About); });
+}
+
+/// Long work half done.
+void visitProgress(Session& session, TourPictures& pictures) {
+    Progress& progress = session.GetSeams().progress;
+    const ProgressWindow window(progress, u"Backing up Database:"_s);
+    constexpr int halfDone = 50;
+    progress.UpdateProgress(halfDone, u"Backing up Database:"_s, u"Compacting Database"_s);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* shown = qobject_cast<ProgressDialog*>(widget))
+            pictures.save(*shown, u"ProgressFrm"_s);
+    }
+}
+
+/// The help, once it has been made: that needs the other pictures first.
+void visitHelp(MainWindow& frame, TourPictures& pictures) {
+    if (!QFile::exists(stockHelpFile()))
+        return;
+    frame.Help_Menu(HelpItem::Contents);
+    if (auto* help = frame.findChild<HelpWindow*>()) {
+        pictures.save(*help, u"HelpFrm"_s);
+        help->close();
+    }
+}
+
+/// The names of the program's windows, one a line: what the help can be about.
+bool writeWindowNames(const QString& path) {
+    QFile file(path);
+    QStringList names;
+    for (const WindowEntry& entry : windowTable())
+        names += entry.name + u'\n';
+    return file.open(QIODevice::WriteOnly) && file.write(names.join(QString()).toUtf8()) > 0;
+}
+
+} // namespace
+
+bool playTour(Session& session, MainWindow& frame, const QString& folder) {
+    TourPictures pictures(folder);
+    const QString year = folder + u"/sample.mdb"_s;
+    const std::optional<YearAnswers> answers = sampleAnswers();
+    try {
+        if (!answers)
+            return false;
+        makeYear(session, *answers, year);
+        session.DatabasePath = year;
+        if (session.OpenDatabaseFile(year, {}) != OpenDone)
+            return fail(u"The sample year did not open."_s);
+        fillTimetable(session);
+        fillTodaysWeek(session);
+        fillTodaysSheet(session);
+        fillFirstClass(session);
+    } catch (const dao::EngineError& error) {
+        return fail(error.description());
+    }
+    frame.EnableInput(true);
+    pictures.save(frame, u"mdiORVA"_s);
+    for (const WindowEntry& entry : windowTable()) {
+        if (!entry.make || !entry.needsDatabase)
+            continue;
+        frame.OpenForm(entry.name);
+        pictures.save(frame, entry.name);
+        frame.CloseOpenForms();
+    }
+    visitClasses(session, frame, pictures);
+    visitPrompts(session, frame, pictures);
+    visitProgress(session, pictures);
+    // Pictures tell nothing of the machine that they were taken on.
+    session.FolderDefaults[SaveFolder].folder = u"/home/teacher/Documents/"_s;
+    visitWizard(frame, *answers, pictures);
+    visitHelp(frame, pictures);
+    return pictures.areWhole() && writeWindowNames(folder + u"/windows.txt"_s);
+}

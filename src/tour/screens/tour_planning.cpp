@@ -1,0 +1,112 @@
+#include "tour/screens/tour_planning.h"
+
+#include "core/clock.h"
+#include "core/dates.h"
+#include "core/session.h"
+#include "planning/upkeep.h"
+#include "planning/weekly_sheets.h"
+#include "richtext/rtf_writer.h"
+#include "store/data_helpers.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
+#include <QTextDocument>
+
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct PlannedPeriod {
+    QString classCode; ///< for a day without a timetable
+    QString lesson;    ///< as HTML, like the next
+    QString homework;
+};
+
+const PlannedPeriod periods[] = {
+    {u"9M4"_s,
+     u"<b>Pythagoras 2</b>: finding a shorter side<br/>Starter: squares and roots to 15 on "
+     "mini-whiteboards<br/>Worked example p. 84, then Ex. 7C <i>q. 1-8, stars do 9-12</i><br/>"
+     "Plenary: <u>which side is it?</u>"_s,
+     u"Ex. 7D q. 1-6, due <b>Thursday</b>"_s},
+    {u"7M2"_s,
+     u"<b>Fractions of amounts</b><br/>Bar models first; Jordan and Priya with the TA<br/>"
+     "Main: domino cards in pairs (box 3)<br/>Exit ticket: <span style='background:#ffff00'>"
+     "3/8 of 56</span>"_s,
+     u"Sheet F2, both sides"_s},
+    {{}, u"Free: mark 10M1 books, ring the exams office about rooms"_s, {}},
+    {u"12MA"_s,
+     u"<b>Differentiation from first principles</b><br/>f(x) = x<sup>2</sup>, then x<sup>3</sup>; "
+     "what changes?<br/>Problem sheet 4 in threes"_s,
+     u"Finish sheet 4 and read ch. 5.1"_s},
+    {u"12MA"_s, u"Sheet 4 continued. Past paper question <b>C1 Jan q. 6</b> as a timed task"_s, {}},
+    {u"10M1"_s,
+     u"<b>Mock paper feedback</b><br/>Hand back papers. Corrections in <span "
+     "style='color:#ff0000'>red</span><br/>Top three mistakes: rounding early, units, "
+     "&quot;show that&quot;"_s,
+     u"Corrections to q. 14 and 17"_s},
+};
+
+/// What the first class does in one week, lesson by lesson.
+const PlannedPeriod sequence[] = {
+    {{},
+     u"<b>Sine and cosine rule: which one?</b><br/>Sort 12 triangles on cards in pairs (box 3)<br/>"
+     "Worked example p. 142, then Ex. 11B <i>q. 1-8, stars do 9-12</i><br/>Exit ticket: <span "
+     "style='background:#ffff00'>two sides and the angle between</span>"_s,
+     u"Ex. 11C q. 1-6, due <b>Thursday</b>"_s},
+    {{},
+     u"<b>Area = \u00BD ab sin C</b><br/>Starter: area of a kite, mini-whiteboards<br/>Derive it "
+     "together, then sheet T5; Priya and Jordan with the TA<br/>Plenary: why not cos?"_s,
+     u"Sheet T5, both sides"_s},
+    {{},
+     u"<b>Bearings and triangles</b><br/>Short test first (10 min), swap and mark in <span "
+     "style='color:#ff0000'>red</span><br/>Harbour problem in threes, posters at the end"_s,
+     u"Corrections to the test"_s},
+};
+
+QString rtfOf(const QString& html) {
+    QTextDocument document;
+    document.setHtml(html);
+    return richtext::writeDocument(document);
+}
+
+void write(dao::Recordset& sheet, const QString& field, const QString& html) {
+    if (!html.isEmpty())
+        sheet.SetCollect(field, rtfOf(html));
+}
+
+} // namespace
+
+void fillTodaysSheet(Session& session) {
+    const QString today = sheetDateText(session.GetSeams().clock.today());
+    dao::Recordset sheet = session.CurrentDB.OpenRecordset(PlanningTable);
+    if (!FindInRecordset(sheet, u"PlanDate = "_s + dao::writeText(today)))
+        AddNewPlan(session.CurrentDB, sheet, today);
+    sheet.Edit();
+    int period = 0;
+    for (const PlannedPeriod& planned : periods) {
+        if (++period > session.PeriodsPerDay)
+            break;
+        sheet.SetCollect(classField(period), planned.classCode);
+        write(sheet, fieldOf({SheetBox::Lesson, period}), planned.lesson);
+        write(sheet, fieldOf({SheetBox::Homework, period}), planned.homework);
+    }
+    write(sheet, fieldOf({SheetBox::Dinner, 0}), u"Duty: east yard, 12:25<br/>Chess club, M3"_s);
+    write(sheet, fieldOf({SheetBox::AfterSchool, 0}), u"<b>15:30</b> department meeting, M1"_s);
+    write(sheet, fieldOf({SheetBox::Notes, 0}),
+          u"Order more A3 squared paper<br/>Seating plan for 9M4 before Monday"_s);
+    sheet.Update();
+}
+
+void fillTodaysWeek(Session& session) {
+    WeeklySheets sheets(session);
+    if (!sheets.load() || !sheets.Show_Week(sheets.currentWeek(), sheets.classes().first().code))
+        return;
+    QList<SlotTexts> texts;
+    for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
+        const PlannedPeriod& planned = sequence[i % std::size(sequence)];
+        texts += {rtfOf(planned.lesson), rtfOf(planned.homework), true};
+    }
+    sheets.Update_Records(texts);
+}

@@ -1,0 +1,159 @@
+#include "year/restore.h"
+
+#include "core/core_settings.h"
+#include "core/password_retry.h"
+#include "core/prompts.h"
+#include "core/settings.h"
+#include "store/engine/error.h"
+#include "store/engine/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int RestoreReportSeconds = 10;
+
+QString chooseBackup(const BackupContext& context) {
+    return context.seams.prompts.OpenFileDialog(
+        u" Select the backup database file to restore:"_s,
+        {{u"Backup Database file (*.00?)"_s, u"*.00?"_s}}, context.backupFolder(),
+        PathMustExist | FileMustExist | ExplorerStyle, false);
+}
+
+/// The backup's name as that of a database, in a folder.
+QString restoredName(const QString& backup, const QString& folder) {
+    const QString name = backup.mid(backup.lastIndexOf(QDir::separator()) + 1);
+    return folder + withoutExtensionLetters(name) + u"mdb"_s;
+}
+
+/// Where the backup goes, as the teacher wants it; empty when it should go nowhere.
+QString chooseTarget(const BackupContext& context, const QString& backup) {
+    const QString usual =
+        context.settings.readText(setting::Root, setting::DefaultDatabasePath,
+                                  restoredName(backup, context.folders[OpenFolder].folder));
+    if (!QFile::exists(usual))
+        return usual;
+    const int answer =
+        context.seams.prompts.msg_Box(u"Do you wish to replace the file "_s + usual,
+                                      YesNoButtons | QuestionIcon, u"Restore File"_s);
+    if (answer == AnswerYes)
+        return usual;
+    // The file that was just refused may be the very one that No leads to.
+    const QString other = restoredName(backup, context.backupFolder());
+    return QFileInfo(other) == QFileInfo(usual) ? QString() : other;
+}
+
+/// Puts a verified copy of the backup in the place of the target.
+void restoreTo(const dao::DBEngine& engine, const QString& backup, const QString& target) {
+    checkDatabaseFile(engine, backup);
+    const auto lock = QFile::exists(target) ? lockClosedFile(target) : nullptr;
+    copyOver(backup, target);
+}
+
+/// The folder of a backup that has a file of this name; empty when the teacher calls it off.
+QString chooseRestoreFolder(Prompts& prompts, const QString& name) {
+    for (;;) {
+        const QString folder =
+            prompts.ChooseFolder(u"Select the directory which contains the backup database :"_s);
+        if (folder.isEmpty() || QFile::exists(QDir(folder).filePath(name)))
+            return folder;
+        prompts.PlainBox(u"This directory doesn't contain a backup database (ORVA.mdb)\n"
+                         "Please either select another directory or select cancel."_s,
+                         OkButton | WarningIcon, u"Invalid directory"_s);
+    }
+}
+
+/// Copies the database to ORVA.OLD and the backup over the database; it has its name throughout.
+void restoreOver(const BackupContext& context, const QString& backup, const QString& database) {
+    Prompts& prompts = context.seams.prompts;
+    const QString former = context.appPath + u"ORVA.OLD"_s;
+    try {
+        checkDatabaseFile(context.engine, backup);
+        const QString restored = copyBeside(backup, database);
+        if (QFile::exists(database))
+            copyOver(database, former);
+        dao::replaceFile(restored, database);
+        prompts.PlainBox(u"The backup database has been restored.\n"
+                         "The previously used database has been saved as the file ORVA.OLD"_s,
+                         OkButton | InformationIcon, u"Backup restored:"_s);
+    } catch (const dao::EngineError& error) {
+        dao::removeDatabaseFile(dao::unfinishedName(database));
+        prompts.PlainBox(u"Sorry this program was unable to copy the database file: \n"
+                         "%1\n  TO\n%2\nPlease try to do this manually.\n\n%3"_s.arg(
+                             backup, database, error.description()),
+                         OkButton | WarningIcon, u"Restore Error"_s);
+    }
+}
+
+} // namespace
+
+QString RestoreBackupFile(const BackupContext& context) {
+    const QString backup = chooseBackup(context);
+    if (backup.isEmpty())
+        return {};
+    const QString target = chooseTarget(context, backup);
+    if (target.isEmpty())
+        return {};
+    try {
+        restoreTo(context.engine, backup, target);
+        return target;
+    } catch (const dao::EngineError& error) {
+        context.seams.prompts.PlainBox(
+            u"The backup could not be restored:\n%1\n\n%2\n\nNothing has been changed."_s.arg(
+                backup, error.description()),
+            OkButton | WarningIcon, u"Restore Error"_s);
+        return {};
+    }
+}
+
+bool RepairDatabaseFile(const BackupContext& context, const QString& path) {
+    Prompts& prompts = context.seams.prompts;
+    const int answer =
+        prompts.msg_Box(u"The opperation will attempt to repair a selected database.\n"
+                        "You should only run this opperation if you are experiencing \n"
+                        "problems with accessing data in the current database.\n"
+                        "Do you wish to continue?"_s,
+                        YesNoButtons | QuestionIcon, u"Repair Database:"_s);
+    if (answer == AnswerNo)
+        return false;
+    QString password;
+    for (int failures = 0;; ++failures) {
+        try {
+            const auto lock = lockClosedFile(path);
+            context.engine.RepairDatabase(path, dao::connectText(password));
+            break;
+        } catch (const dao::EngineError& error) {
+            if (error.number() != dao::WrongPassword) {
+                prompts.PlainBox(
+                    u"The database could not be repaired:\n%1\n\n%2\n\nThe file has not been "
+                    "changed. You can restore a backup of it."_s.arg(path, error.description()),
+                    OkButton | WarningIcon, u"Repair Error"_s);
+                return false;
+            }
+        }
+        if (!askForPassword(prompts, failures, password))
+            return false;
+    }
+    prompts.MsgAuto_box(
+        u"The database file has been repaired. If you still have trouble accessing\n"
+        "it's data try restoring a backup database file."_s,
+        OkButton | InformationIcon, u"Database Repaired:"_s, RestoreReportSeconds);
+    return true;
+}
+
+void RestoreBackup(const BackupContext& context, const QString& databasePath,
+                   const RestoreSession& session) {
+    session.close();
+    if (!session.isDBOpen()) {
+        const QString database = QDir(context.appPath).absoluteFilePath(databasePath);
+        const QString name = QFileInfo(database).fileName();
+        const QString folder = chooseRestoreFolder(context.seams.prompts, name);
+        if (!folder.isEmpty())
+            restoreOver(context, QDir(folder).filePath(name), database);
+    }
+    session.reopen();
+}

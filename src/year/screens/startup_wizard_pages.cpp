@@ -1,0 +1,188 @@
+#include "year/screens/startup_wizard_pages.h"
+
+#include "controls/restricted_edit.h"
+#include "core/paths.h"
+#include "core/prompts.h"
+#include "year/wizard_rules.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int UsualPeriods = 5;
+constexpr int LongestFileName = 200;
+
+/// A caption's "&&" is read as "&", as on a button.
+class CaptionDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        return value.toString().replace(u"&&"_s, u"&"_s);
+    }
+};
+
+/// A row of a form. The caption is the field's name for screen readers, without its access key.
+void addRow(QFormLayout* form, const QString& caption, QWidget* field) {
+    field->setAccessibleName(QString(caption).remove(u'&').remove(u':'));
+    form->addRow(caption, field);
+}
+
+QComboBox* makeCombo(const QString& objectName, const QStringList& items) {
+    auto* combo = new QComboBox;
+    combo->setObjectName(objectName);
+    combo->addItems(items);
+    return combo;
+}
+
+} // namespace
+
+ActionsPage::ActionsPage(const QStringList& actions) : m_actions(new QListWidget) {
+    auto* question = new QLabel(u"What would you like to do today?"_s);
+    m_actions->setObjectName(u"CL1"_s);
+    m_actions->setAccessibleName(question->text());
+    m_actions->setItemDelegate(new CaptionDelegate(m_actions));
+    for (const QString& action : actions) {
+        auto* item = new QListWidgetItem(action, m_actions);
+        item->setData(Qt::AccessibleTextRole, QString(action).replace(u"&&"_s, u"and"_s));
+    }
+    m_actions->setCurrentRow(0);
+    setFocusProxy(m_actions);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(question);
+    layout->addWidget(m_actions);
+    connect(m_actions, &QListWidget::itemDoubleClicked, this, &ActionsPage::activated);
+}
+
+int ActionsPage::action() const {
+    return m_actions->currentRow();
+}
+
+void ActionsPage::setAction(int action) {
+    m_actions->setCurrentRow(action);
+}
+
+TeacherPage::TeacherPage(QDate today)
+    : m_title(makeCombo(u"Combo1"_s, {u"Mr"_s, u"Mrs"_s, u"Miss"_s, u"Ms"_s, u"Dr"_s}))
+    , m_name(new QLineEdit)
+    , m_year(makeCombo(u"Combo2"_s, academicYears(today)))
+    , m_periods(makeCombo(u"Combo3"_s, {}))
+    , m_twoWeeks(new QCheckBox(u"My timetable has &two alternating weeks, A and B"_s)) {
+    m_title->setEditable(true);
+    m_title->setInsertPolicy(QComboBox::NoInsert);
+    m_name->setObjectName(u"Text1"_s);
+    m_year->setCurrentIndex(proposedYear(today));
+    for (int periods = 1; periods <= MaximumPeriods; ++periods)
+        m_periods->addItem(QString::number(periods), periods);
+    m_periods->setCurrentIndex(UsualPeriods - 1);
+    m_twoWeeks->setObjectName(u"Chk2"_s);
+    m_twoWeeks->setAccessibleName(m_twoWeeks->text().remove(u'&'));
+    setFocusProxy(m_title);
+
+    auto* form = new QFormLayout(this);
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    constexpr int nameLetters = 32;
+    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * nameLetters);
+    addRow(form, u"T&itle:"_s, m_title);
+    addRow(form, u"N&ame:"_s, m_name);
+    addRow(form, u"Academic &year:"_s, m_year);
+    addRow(form, u"&Periods per day:"_s, m_periods);
+    form->addRow(QString(), m_twoWeeks);
+}
+
+void TeacherPage::putInto(YearAnswers& answers) const {
+    answers.title = m_title->currentText().trimmed();
+    answers.name = m_name->text().trimmed();
+    answers.year = m_year->currentText();
+    answers.periodsPerDay = m_periods->currentData().toInt();
+    answers.twoWeeks = m_twoWeeks->isChecked();
+}
+
+void TeacherPage::focusOn(const QString& answer) {
+    if (answer == u"title")
+        m_title->setFocus();
+    else
+        m_name->setFocus();
+}
+
+StartWeekPage::StartWeekPage()
+    : m_question(new QLabel), m_letter(makeCombo(u"Combo6"_s, {u"A"_s, u"B"_s})) {
+    m_question->setObjectName(u"lblStartWeek"_s);
+    m_question->setWordWrap(true);
+    setFocusProxy(m_letter);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_question);
+    layout->addWidget(m_letter, 0, Qt::AlignLeft);
+    layout->addStretch();
+}
+
+void StartWeekPage::setQuestion(const QString& question) {
+    m_question->setText(question);
+    m_letter->setAccessibleName(question);
+}
+
+void StartWeekPage::putInto(YearAnswers& answers) const {
+    if (answers.twoWeeks)
+        answers.startWeek = m_letter->currentText();
+}
+
+FilePage::FilePage(const QString& folder, Prompts& prompts)
+    : m_prompts(prompts)
+    , m_name(new RestrictedEdit(u"Name of the database file"_s, isFileNameCharacter))
+    , m_location(new QLabel) {
+    m_name->setObjectName(u"DBName"_s);
+    m_name->setMaxLength(LongestFileName);
+    m_location->setObjectName(u"LBlocation"_s);
+    m_location->setTextFormat(Qt::PlainText);
+    auto* browse = new QPushButton(u"C&hange..."_s);
+    browse->setObjectName(u"cmdLocation"_s);
+    browse->setAccessibleName(u"Change the location of the file"_s);
+    browse->setAutoDefault(true);
+    showFolder(folder);
+    setFocusProxy(m_name);
+
+    auto* location = new QHBoxLayout;
+    location->addWidget(m_location, 1);
+    location->addWidget(browse);
+    auto* form = new QFormLayout(this);
+    form->addRow(u"&File name:"_s, m_name);
+    form->addRow(u"Location:"_s, location);
+
+    connect(m_name, &QLineEdit::textEdited, this,
+            [this] { m_hasTypedName = !m_name->text().isEmpty(); });
+    connect(m_name, &RestrictedEdit::refused, this, [this] {
+        m_prompts.PlainBox(u"This character is not allowed in a filename!"_s,
+                           OkButton | WarningIcon, u"Invalid Character"_s);
+    });
+    connect(browse, &QPushButton::clicked, this, &FilePage::chooseFolder);
+}
+
+void FilePage::propose(const QString& name) {
+    if (!m_hasTypedName)
+        m_name->setText(name);
+}
+
+QString FilePage::name() const {
+    return m_name->text();
+}
+
+void FilePage::chooseFolder() {
+    const QString folder = m_prompts.ChooseFolder(u"Select a directory location:"_s);
+    if (!folder.isEmpty())
+        showFolder(folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator());
+}
+
+void FilePage::showFolder(const QString& folder) {
+    m_folder = folder;
+    m_location->setText(ShortenPath(folder));
+    m_location->setToolTip(folder);
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "year/year_answers.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QListWidget;
+class RestrictedEdit;
+class QLineEdit;
+
+/// The pages of StartupWizard that ask for single answers; startupwiz_lists.h has those with lists.
+/// Each page takes the focus for its first field and writes what was answered into YearAnswers.
+
+/// The list of what the program can do without an open year.
+class ActionsPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ActionsPage(const QStringList& actions);
+    int action() const; ///< a StartupAction
+    void setAction(int action);
+
+signals:
+    void activated(); ///< by a double click
+
+private:
+    QListWidget* m_actions;
+};
+
+/// Who teaches, when, in how many periods and weeks.
+class TeacherPage : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TeacherPage(QDate today);
+    void putInto(YearAnswers& answers) const;
+    /// Puts the cursor where an answer is wrong.
+    void focusOn(const QString& answer);
+
+private:
+    QComboBox* m_title;
+    QLineEdit* m_name;
+    QComboBox* m_year;
+    QComboBox* m_periods;
+    QCheckBox* m_twoWeeks;
+};
+
+/// Which of the two timetables the first week has.
+class StartWeekPage : public QWidget {
+    Q_OBJECT
+
+public:
+    StartWeekPage();
+    void setQuestion(const QString& question);
+    void putInto(YearAnswers& answers) const;
+
+private:
+    QLabel* m_question;
+    QComboBox* m_letter;
+};
+
+/// The name and the folder of the new file.
+class FilePage : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `folder` has a separator at its end.
+    FilePage(const QString& folder, Prompts& prompts);
+    /// Proposes a name, as long as the person has not typed one.
+    void propose(const QString& name);
+    QString name() const;
+    QString folder() const { return m_folder; }
+
+private:
+    void chooseFolder();
+    void showFolder(const QString& folder);
+
+    Prompts& m_prompts;
+    RestrictedEdit* m_name;
+    QLabel* m_location;
+    QString m_folder;
+    bool m_hasTypedName = false;
+};

@@ -1,0 +1,267 @@
+#include "year/year_answers.h"
+
+#include "calendar/term_weeks.h"
+#include "classes/class_tables.h"
+#include "store/engine/names.h"
+#include "store/schema.h"
+#include "store/table_names.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+AnswerCheck fault(const QString& field, const QString& title, const QString& text) {
+    return AnswerFault{field, title, text};
+}
+
+QString indexed(const QString& list, qsizetype index) {
+    return QStringLiteral("%1[%2]").arg(list).arg(index);
+}
+
+bool hasControlCharacter(const QString& text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](QChar each) { return each.category() == QChar::Other_Control; });
+}
+
+AnswerCheck checkPlainText(const QString& field, const QString& text, const QString& title) {
+    if (!hasControlCharacter(text))
+        return std::nullopt;
+    return fault(field, title,
+                 QStringLiteral("A line break or control character can't stand here."));
+}
+
+AnswerCheck checkName(const YearAnswers& answers) {
+    const QString field = QStringLiteral("name");
+    const QString title = QStringLiteral("Invalid Name");
+    if (answers.name.trimmed().isEmpty())
+        return fault(field, title, QStringLiteral("You must enter a name for the Teacher"));
+    const int size = schemaField(Table::Admin, u"Teacher").Size;
+    if (teacherText(answers).size() > size)
+        return fault(field, title,
+                     QStringLiteral("The title and the name may be at most %1 characters long, the "
+                                    "blank between them included.")
+                         .arg(size));
+    return checkPlainText(field, answers.name, title);
+}
+
+AnswerCheck checkYear(const QString& year) {
+    static const QRegularExpression shape(QStringLiteral("^[0-9]{4}-[0-9]{4}\\z"));
+    if (shape.match(year).hasMatch() && year.right(4).toInt() == year.left(4).toInt() + 1)
+        return std::nullopt;
+    return fault(QStringLiteral("year"), QStringLiteral("Academic year error"),
+                 QStringLiteral("The academic year must be two years with a hyphen between, such "
+                                "as 2026-2027."));
+}
+
+AnswerCheck checkPeriods(int periods) {
+    if (periods >= 1 && periods <= MaximumPeriods)
+        return std::nullopt;
+    return fault(QStringLiteral("periodsPerDay"), QStringLiteral("Periods per day"),
+                 QStringLiteral("There must be 1 to %1 periods in a day.").arg(MaximumPeriods));
+}
+
+/// The two dates of a period as a message shows them.
+QString periodText(const DatePeriod& term, const QLocale& locale) {
+    return locale.toString(term.first, QLocale::ShortFormat) + u'\t' +
+           locale.toString(term.last, QLocale::ShortFormat);
+}
+
+AnswerCheck checkTimetable(const YearAnswers& answers, QChar letter) {
+    const QString title = QStringLiteral("Timetable");
+    const WeekTimetable& week = answers.week(letter);
+    for (size_t day = 0; day < size_t(DaysOfTimetable); ++day) {
+        const QString field = QStringLiteral("timetable.%1.%2")
+                                  .arg(letter)
+                                  .arg(timetableField(static_cast<int>(day) + Monday, u'A'));
+        if (week[day].size() > answers.periodsPerDay)
+            return fault(
+                field, title,
+                QStringLiteral("There are only %1 periods in a day.").arg(answers.periodsPerDay));
+        for (qsizetype period = 0; period < week[day].size(); ++period) {
+            const QString& code = week[day][period];
+            if (!code.isEmpty() && !answers.classes.contains(code))
+                return fault(indexed(field, period), title,
+                             QStringLiteral("There is no class \"%1\".").arg(code));
+        }
+    }
+    return std::nullopt;
+}
+
+/// A date that can be rebuilt from its parts: one with a year of two digits would come back as
+/// another.
+bool isCalendarDate(QDate date) {
+    return date.isValid() && dateFromParts(date.year(), date.month(), date.day()) == date;
+}
+
+AnswerCheck checkOverlaps(const QList<DatePeriod>& terms, const QLocale& locale) {
+    for (qsizetype i = 1; i < terms.size(); ++i) {
+        // A period may start on the very day on which the one before it ended.
+        if (terms[i - 1].last.daysTo(terms[i].first) >= 0)
+            continue;
+        return fault(indexed(QStringLiteral("terms"), i), QStringLiteral("Period overlap"),
+                     QStringLiteral("The end of the period ") + periodText(terms[i - 1], locale) +
+                         QStringLiteral(" preceeds the start of the period ") +
+                         periodText(terms[i], locale));
+    }
+    return std::nullopt;
+}
+
+AnswerCheck checkSpan(const QList<DatePeriod>& terms) {
+    const QDate first = terms.first().first;
+    const QDate sameDayNextYear = dateFromParts(first.year() + 1, first.month(), first.day());
+    if (terms.last().last < sameDayNextYear)
+        return std::nullopt;
+    return fault(QStringLiteral("terms"), QStringLiteral("Academic year error"),
+                 QStringLiteral("The overal teaching period cannot span more than one year!"));
+}
+
+AnswerCheck checkTeachingDays(const QList<DatePeriod>& terms) {
+    QList<QDate> boundaries;
+    for (const DatePeriod& term : terms)
+        boundaries << term.first << term.last;
+    if (!teachingDays(boundaries).isEmpty())
+        return std::nullopt;
+    return fault(QStringLiteral("terms"), QStringLiteral("Invalid Teaching period"),
+                 QStringLiteral("There is no day from Monday to Friday in any teaching period."));
+}
+
+AnswerCheck checkColours(const YearAnswers& answers) {
+    for (const QString& code : answers.colours.keys())
+        if (!answers.classes.contains(code))
+            return fault(QStringLiteral("colours.") + code, QStringLiteral("Classcodes"),
+                         QStringLiteral("There is no class \"%1\".").arg(code));
+    return std::nullopt;
+}
+
+} // namespace
+
+QString teacherText(const YearAnswers& answers) {
+    return answers.title + u' ' + answers.name;
+}
+
+QString classAt(const WeekTimetable& week, int weekday, int period) {
+    return week[static_cast<size_t>(weekday)].value(period - 1);
+}
+
+void sortClasses(QStringList& classes) {
+    std::sort(classes.begin(), classes.end(),
+              [](const QString& a, const QString& b) { return a.toUcs4() < b.toUcs4(); });
+}
+
+bool isClassCodeCharacter(char32_t character) {
+    const bool refused = (character >= 32 && character <= 47) ||
+                         (character >= 58 && character <= 64) || character == 92 ||
+                         character == 96 || (character >= 123 && character <= 127);
+    return !refused && QChar::isPrint(character) && !QChar::isSpace(character);
+}
+
+AnswerCheck checkClassCode(const QString& code, const QStringList& inUse) {
+    const QString field = QStringLiteral("classes");
+    if (code.isEmpty())
+        return fault(field, QStringLiteral("Classcodes"),
+                     QStringLiteral("A classcode must have at least one character."));
+    const QList<uint> characters = code.toUcs4();
+    if (!std::all_of(characters.begin(), characters.end(), isClassCodeCharacter))
+        return fault(field, QStringLiteral("Invalid Character"),
+                     QStringLiteral("Sorry but you can't use that character in a Classcode!"));
+    if (code.size() > MaximumClassCode)
+        return fault(
+            field, QStringLiteral("Classcodes"),
+            QStringLiteral("A classcode may be at most %1 characters long.").arg(MaximumClassCode));
+    if (code != code.toUpper())
+        return fault(field, QStringLiteral("Classcodes"),
+                     QStringLiteral("A classcode must be in upper case."));
+    const bool isInUse = std::any_of(inUse.begin(), inUse.end(), [&code](const QString& used) {
+        return dao::sameName(used, code);
+    });
+    // The pupils' table of a class TEMP would be the spare table.
+    if (isInUse || dao::sameName(classTable(code), ClassTempTable))
+        return fault(
+            field, QStringLiteral("New Class Setup"),
+            QStringLiteral("This Classcode is already in use! Please enter a unique code."));
+    return std::nullopt;
+}
+
+AnswerCheck checkTerm(const DatePeriod& term) {
+    const QString field = QStringLiteral("terms");
+    if (!isCalendarDate(term.first) || !isCalendarDate(term.last))
+        return fault(field, QStringLiteral("Invalid entry"),
+                     QStringLiteral("You must include a valid date for the start and the end of "
+                                    "each teaching period."));
+    if (term.last < term.first)
+        return fault(field, QStringLiteral("Invalid Teaching period"),
+                     QStringLiteral("The date for end of this teaching period, preceeds the "
+                                    "starting date.  \nPlease check the term dates carefully."));
+    return std::nullopt;
+}
+
+AnswerCheck checkTeacher(const YearAnswers& answers) {
+    if (AnswerCheck found =
+            checkPlainText(QStringLiteral("title"), answers.title, QStringLiteral("Invalid Name")))
+        return found;
+    if (AnswerCheck found = checkName(answers))
+        return found;
+    if (AnswerCheck found = checkYear(answers.year))
+        return found;
+    return checkPeriods(answers.periodsPerDay);
+}
+
+AnswerCheck checkClasses(const YearAnswers& answers) {
+    if (answers.classes.isEmpty())
+        return fault(QStringLiteral("classes"), QStringLiteral("Classcodes"),
+                     QStringLiteral("You must enter at least one classcode!"));
+    QStringList inUse;
+    for (const QString& code : answers.classes) {
+        if (AnswerCheck found = checkClassCode(code, inUse)) {
+            found->text = QStringLiteral("\"%1\": ").arg(code) + found->text;
+            return found;
+        }
+        inUse.append(code);
+    }
+    return checkColours(answers);
+}
+
+AnswerCheck checkTimetables(const YearAnswers& answers) {
+    if (AnswerCheck found = checkTimetable(answers, u'A'))
+        return found;
+    return answers.twoWeeks ? checkTimetable(answers, u'B') : std::nullopt;
+}
+
+AnswerCheck checkTerms(const YearAnswers& answers, const QLocale& locale) {
+    if (answers.terms.isEmpty())
+        return checkTerm({});
+    for (qsizetype i = 0; i < answers.terms.size(); ++i) {
+        if (AnswerCheck found = checkTerm(answers.terms[i])) {
+            found->field = indexed(found->field, i);
+            return found;
+        }
+    }
+    if (AnswerCheck found = checkOverlaps(answers.terms, locale))
+        return found;
+    if (AnswerCheck found = checkSpan(answers.terms))
+        return found;
+    return checkTeachingDays(answers.terms);
+}
+
+AnswerCheck checkStartWeek(const YearAnswers& answers) {
+    const bool isLetter =
+        answers.startWeek == QLatin1String("A") || answers.startWeek == QLatin1String("B");
+    if (!answers.twoWeeks || isLetter)
+        return std::nullopt;
+    return fault(QStringLiteral("startWeek"), QStringLiteral("Timetable"),
+                 QStringLiteral("The first week must have timetable A or B."));
+}
+
+AnswerCheck checkAnswers(const YearAnswers& answers, const QLocale& locale) {
+    if (AnswerCheck found = checkTeacher(answers))
+        return found;
+    if (AnswerCheck found = checkClasses(answers))
+        return found;
+    if (AnswerCheck found = checkTimetables(answers))
+        return found;
+    if (AnswerCheck found = checkTerms(answers, locale))
+        return found;
+    return checkStartWeek(answers);
+}

@@ -1,0 +1,116 @@
+#include "core/link_target.h"
+
+#include "core/core_settings.h"
+#include "core/file_state.h"
+#include "core/settings.h"
+#include "core/shell_services.h"
+#include "store/data_helpers.h"
+#include "support/recording_seams.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FileLinksTest : public testing::Test {
+protected:
+    QString write(const QString& name) {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("content");
+        return file.fileName();
+    }
+
+    void open(const QString& path) {
+        OpenFileLink(path, m_settings, m_seams.shell, m_seams.prompts);
+    }
+
+    QTemporaryDir m_folder;
+    Settings m_settings{m_folder.filePath(u"settings.ini"_s)};
+    TestSeams m_seams;
+};
+
+} // namespace
+
+TEST_F(FileLinksTest, AreReadWithAndWithoutADate) {
+    const dao::DBEngine engine;
+    dao::Database year =
+        engine.CreateDatabase(m_folder.filePath(u"year.mdb"_s), dao::GeneralLocale.toString());
+    EXPECT_TRUE(ReadFileLinks(year).isEmpty());
+    CreateFileLinksTable(year);
+    dao::Recordset rows = year.OpenRecordset(u"FileLinks"_s);
+    for (const auto& [date, name] : {std::pair{u"24-09-05"_s, u"Map"_s}, {u"24-09-06"_s, u"A"_s}}) {
+        rows.AddNew();
+        rows[u"PlanDate"] = date;
+        rows[u"Period"] = u"1"_s;
+        rows[u"LinkName"] = name;
+        rows[u"FilePath"] = u"/maps"_s;
+        rows.Update();
+    }
+    EXPECT_EQ(ReadFileLinks(year).size(), 2);
+    const QList<FileLink> links = ReadFileLinks(year, u"24-09-05"_s);
+    ASSERT_EQ(links.size(), 1);
+    EXPECT_EQ(links[0].name, u"Map"_s);
+    EXPECT_TRUE(ReadFileLinks(year, u"' OR '1'='1"_s).isEmpty());
+}
+
+TEST_F(FileLinksTest, ThePathIsCheckedBeforeTheName) {
+    const QString file = write(u"map.png"_s);
+    const struct {
+        QString name;
+        QString path;
+        LinkFault fault;
+    } cases[] = {
+        {u"Map"_s, u""_s, LinkFault::Path},
+        {u""_s, u"/no/such/file"_s, LinkFault::Path},
+        {u"Map"_s, u"http://"_s, LinkFault::Path},
+        {u"Map"_s, u"http://bad host/"_s, LinkFault::Path},
+        {u"Map"_s, u"www.example.org"_s, LinkFault::Path},
+        {u" "_s, file, LinkFault::Name},
+        {u"Map"_s, file, LinkFault::None},
+        {u"Map"_s, u"http://example.org/a?b=c"_s, LinkFault::None},
+        {u"Map"_s, u"https://example.org"_s, LinkFault::None},
+    };
+    for (const auto& [name, path, fault] : cases)
+        EXPECT_EQ(linkFault(name, path), fault) << path.toStdString();
+}
+
+TEST_F(FileLinksTest, EachKindOfLinkGoesItsWay) {
+    const QString file = write(u"map.png"_s);
+    const QString board = write(u"Board.GWB"_s);
+    open(u"http://example.org"_s);
+    open(file);
+    open(board);
+    m_seams.prompts.expect(PromptKind::Plain, u"File doesn't exist"_s, AnswerOk);
+    open(u"/no/such/file"_s);
+
+    ASSERT_EQ(m_settings.CreateRegistryKey(setting::Root), SettingFound);
+    m_settings.WriteRegistryValue(setting::Root, setting::GwbViewer, u"no-such-viewer"_s);
+    m_seams.prompts.expect(PromptKind::Plain, u"ShellExecute Error"_s, AnswerOk);
+    open(board);
+    EXPECT_EQ(m_seams.prompts.last().text,
+              u"There is no application associated with the given file name extension."_s);
+    m_settings.WriteRegistryValue(setting::Root, setting::GwbViewer, u"sh"_s);
+    open(board);
+
+    QStringList opened;
+    for (const RecordingShell::Run& run : m_seams.shell.runs)
+        opened += run.file;
+    EXPECT_EQ(opened, (QStringList{u"http://example.org"_s, file, board, u"sh"_s}));
+}
+
+TEST_F(FileLinksTest, AFileIsLockedWhileAnybodyHasIt) {
+    const QString path = write(u"plan.doc"_s);
+    EXPECT_FALSE(FileExists({}));
+    EXPECT_TRUE(FileExists(path));
+    EXPECT_EQ(FileSizeText(path), u"7"_s);
+    EXPECT_FALSE(FileLocked(path));
+    EXPECT_FALSE(FileLocked(m_folder.filePath(u"gone"_s)));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(FileLocked(path));
+}

@@ -1,0 +1,194 @@
+// What the main window's commands are called, where they stand and when they are there.
+
+#include "core/session.h"
+#include "core/settings.h"
+#include "frame/frame_commands.h"
+#include "frame/toolbar_side.h"
+#include "incidents/security_warning.h"
+#include "support/recording_seams.h"
+#include "support/scripted_frame.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool every(QStringView) {
+    return true;
+}
+bool none(QStringView) {
+    return false;
+}
+FormTest only(const QStringList& forms) {
+    return [forms](QStringView form) { return forms.contains(form.toString()); };
+}
+
+/// A line a menu: its caption and its items.
+QStringList written(const std::vector<MenuEntry>& menus) {
+    QStringList lines;
+    for (const MenuEntry& menu : menus) {
+        QStringList line{menu.caption};
+        for (const MenuItem& item : menu.items)
+            line += item.isSeparator ? u"-"_s : commandEntry(item.command).caption;
+        lines += line.join(u'|');
+    }
+    return lines;
+}
+
+QString tips(const ToolbarLayout& layout) {
+    QStringList result;
+    for (const ToolbarButton& button : layout.buttons)
+        result += button.tip;
+    return result.join(u'|');
+}
+
+class CommandTest : public testing::Test {
+protected:
+    CommandTest() { session.SetFrame(&frame); }
+
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(u"settings.ini"_s)};
+    ScriptedFrame frame;
+    Session session{engine, settings, seams.seams()};
+};
+
+} // namespace
+
+TEST(FrameCommands, TheMenusAreInOrder) {
+    EXPECT_EQ(written(frameMenus(every)),
+              QStringList({u"&File|Open a ORVA Database... |Setup a New ORVA database...|"
+                           "Return to the Startup Wizard...|-|E&xit"_s,
+                           u"&View|Planning Sheets...|Personal Timetable...|"
+                           "Register, Grades && Classes...|Calendar of Events...|-|Toolbar|-|"
+                           "General Settings..."_s,
+                           u"&Help|&About ORVA|Help Contents|Search for help on...|"
+                           "Check for Internet Upgrade"_s}));
+    EXPECT_EQ(written({popupMenu(FrameCommand::PlanningMenu, every),
+                       popupMenu(FrameCommand::PostitMenu, every)}),
+              QStringList({u"Planning Sheets...|&Daily Planning Sheets...|"
+                           "&Weekly Planning Sheets..."_s,
+                           u"postit|Create a New Post-it|Show All Post-it's|Hide All Post-it's|"
+                           "Delete All Post-it's|Import Notes from Outlook|"
+                           "Export Post-it notes to Outlook"_s}));
+    EXPECT_EQ(commandEntry(frameMenus(every)[0].items.back().command).name, u"mnufileItem(8)");
+    EXPECT_EQ(commandEntry(frameMenus(every)[1].items.back().command).name, u"mnuSettingsItem(7)");
+}
+
+TEST(FrameCommands, WhatHasNoWindowIsNowhere) {
+    const struct {
+        FormTest hasForm;
+        QString layout;
+        QString tips;
+        QString view;
+    } cases[] = {
+        {every, u"BB|BBBB|BBBB|B|B"_s,
+         u"Open Existing Database.|Startup Wizard.|Planning Sheets...|Personal Timetable.|"
+         "Register, Grades & Classes.|Calendar of Events.|Post-it Notes|Schedule Reminder|"
+         "Seating Plans|Incident Report|Tools...|Address Book"_s,
+         u"&View|Planning Sheets...|Personal Timetable...|Register, Grades && Classes...|"
+         "Calendar of Events...|-|Toolbar|-|General Settings..."_s},
+        {none, u"BB"_s, u"Open Existing Database.|Startup Wizard."_s, u"&View|Toolbar"_s},
+        {only({u"TTfrm"_s, u"ContactsFrm"_s}), u"BB|B|B"_s,
+         u"Open Existing Database.|Startup Wizard.|Personal Timetable.|Address Book"_s,
+         u"&View|Personal Timetable...|-|Toolbar"_s},
+        {only({u"ORVA2frm"_s, u"SettingsFrm"_s}), u"BB|B"_s,
+         u"Open Existing Database.|Startup Wizard.|Planning Sheets..."_s,
+         u"&View|Planning Sheets...|-|Toolbar|-|General Settings..."_s},
+    };
+    for (const auto& [hasForm, layout, wantedTips, view] : cases) {
+        EXPECT_EQ(toolbarLayout(hasForm).layout, layout);
+        EXPECT_EQ(tips(toolbarLayout(hasForm)), wantedTips);
+        EXPECT_EQ(written(frameMenus(hasForm))[1], view);
+    }
+    EXPECT_EQ(written({popupMenu(FrameCommand::PlanningMenu, only({u"ORVA2frm"_s}))}),
+              QStringList(u"Planning Sheets...|&Weekly Planning Sheets..."_s));
+}
+
+TEST(FrameCommands, KeysAndNamesAreEachGivenOnce) {
+    QStringList keys;
+    QStringList names;
+    for (const CommandEntry& entry : commandTable()) {
+        EXPECT_EQ(&commandEntry(entry.command), &entry);
+        EXPECT_FALSE(names.contains(entry.name.toString())) << entry.name.toString().toStdString();
+        EXPECT_FALSE(keys.contains(entry.shortcut.toString()))
+            << entry.shortcut.toString().toStdString();
+        names += entry.name.toString();
+        if (!entry.shortcut.isEmpty())
+            keys += entry.shortcut.toString();
+    }
+    EXPECT_EQ(commandPlacementKey(u"ContactsFrm"), u"Contacts"); // not the window's own key
+    EXPECT_EQ(commandPlacementKey(u"ORVA2frm"), u"Planning");
+    EXPECT_EQ(commandPlacementKey(u"Schedulefrm"), QString());
+    EXPECT_EQ(commandPlacementKey(u"StartupWiz"), QString());
+}
+
+TEST(FrameCommands, APopupStandsBesideItsButton) {
+    const QRect button(100, 200, 40, 30);
+    const struct {
+        qint32 alignment;
+        QSize popup;
+        QPoint place;
+    } cases[] = {
+        {1, {120, 60}, {140, 185}}, {2, {120, 60}, {-20, 185}}, {3, {120, 60}, {60, 230}},
+        {4, {120, 60}, {60, 140}},  {0, {120, 60}, {140, 185}}, {5, {120, 60}, {140, 185}},
+        {-1, {40, 30}, {140, 200}}, {3, {20, 10}, {110, 230}},
+    };
+    for (const auto& [alignment, popup, place] : cases)
+        EXPECT_EQ(popupPlace(toolbarSide(alignment), button, popup), place) << alignment;
+}
+
+TEST_F(CommandTest, TheIncidentReportsWarn) {
+    const struct {
+        int answer;
+        bool opens;
+        bool asksAgain;
+    } cases[] = {
+        {AnswerNo, false, true},
+        {AnswerYes, true, true},
+        {AnswerNo + CheckBoxTicked, false, false},
+        {AnswerYes + CheckBoxTicked, true, false},
+    };
+    for (const auto& [answer, opens, asksAgain] : cases) {
+        settings.DeleteRegistryKey(setting::keyOf(setting::Incidents));
+        frame.forms.clear();
+        seams.prompts.expect(PromptKind::Message, u"Security warning"_s, answer);
+        RunCommand(session, FrameCommand::Incidents);
+        EXPECT_EQ(frame.forms, opens ? QStringList(u"IncidentFrm"_s) : QStringList());
+        EXPECT_EQ(seams.prompts.last().look.checkBox, u"Do not show this dialog again:"_s);
+        if (asksAgain)
+            seams.prompts.expect(PromptKind::Message, u"Security warning"_s, AnswerYes);
+        RunCommand(session, FrameCommand::Incidents);
+        EXPECT_EQ(frame.forms.size(), opens ? 2 : 1);
+    }
+}
+
+TEST_F(CommandTest, EachCommandGoesItsWay) {
+    const struct {
+        FrameCommand command;
+        QStringList log;
+        QStringList forms;
+    } cases[] = {
+        {FrameCommand::ReturnToWizard, {u"close forms"_s, u"disable"_s, u"wizard"_s}, {}},
+        {FrameCommand::SetupDatabase, {u"close forms"_s, u"disable"_s, u"wizard setup"_s}, {}},
+        {FrameCommand::Exit, {u"close forms"_s, u"unload"_s}, {}},
+        {FrameCommand::HelpContents, {u"help 1"_s}, {}},
+        {FrameCommand::HelpSearch, {u"help 2"_s}, {}},
+        {FrameCommand::WeeklyPlanning, {}, {u"ORVA2frm"_s}},
+        {FrameCommand::PostitHideAll, {}, {u"PostitFrm"_s}},
+        {FrameCommand::PlanningMenu, {}, {}},
+        {FrameCommand::ToolsMenu, {}, {}},
+        {FrameCommand::ShowToolbar, {}, {}},
+    };
+    for (const auto& [command, log, forms] : cases) {
+        frame.log.clear();
+        frame.forms.clear();
+        RunCommand(session, command);
+        EXPECT_EQ(frame.log, log) << static_cast<int>(command);
+        EXPECT_EQ(frame.forms, forms) << static_cast<int>(command);
+    }
+}

@@ -1,0 +1,371 @@
+// The daily planning sheet, driven through its own controls over a year's file: what is shown, what
+// reaches the disk and when, what its commands do.
+
+#include "classes/class_creation.h"
+#include "classes/class_removal.h"
+#include "controls/date_field.h"
+#include "controls/rich_text_box.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "frame/screens/main_window.h"
+#include "planning/screens/class_box.h"
+#include "planning/screens/daily_sheet_window.h"
+#include "richtext/plain_text.h"
+#include "store/engine/names.h"
+#include "support/engine_files.h"
+#include "support/screen_checks.h"
+#include "support/year_file.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The program with an open year; its today is Monday 9 September 2024, a sheet of week B.
+class DailySheetTest : public testing::Test {
+protected:
+    DailySheetTest() {
+        createYear(twoWeekAnswers(), path(), seams);
+        session.Start(folder.filePath(u"app"_s));
+        frame = std::make_unique<MainWindow>(session, false);
+        frame->show();
+        session.DatabasePath = path();
+        EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
+        frame->EnableInput(true);
+    }
+
+    QString path() const { return folder.filePath(u"year.mdb"_s); }
+    void open() {
+        frame->OpenForm(u"ORVAfrm"_s);
+        sheet = frame->findChild<DailySheetWindow*>();
+        ASSERT_TRUE(sheet);
+        sheet->parentWidget()->resize(900, 600);
+        QCoreApplication::processEvents();
+    }
+    RichTextBox& box(const char* name) {
+        return control<RichTextBox>(*sheet, QString::fromLatin1(name));
+    }
+    ClassBox& classBox(int index) { return control<ClassBox>(*sheet, u"text2(%1)"_s.arg(index)); }
+    QString label(const char* name) {
+        return control<QLabel>(*sheet, QString::fromLatin1(name)).text();
+    }
+    void click(const char* name) {
+        QTest::mouseClick(&control<QToolButton>(*sheet, QString::fromLatin1(name)), Qt::LeftButton);
+    }
+    void type(const char* name, const QString& text) {
+        box(name).setFocus();
+        box(name).moveCursor(QTextCursor::End);
+        QTest::keyClicks(&box(name), text);
+    }
+    QAction& command(const QString& text) {
+        for (QAction* action : sheet->findChildren<QAction*>()) {
+            if (action->text() == text)
+                return *action;
+        }
+        qFatal("no command %s", qPrintable(text));
+    }
+    dao::Value stored(const QString& planDate, const QString& field) {
+        return session.CurrentDB
+            .OpenRecordset(u"SELECT %1 FROM Planning WHERE PlanDate = '%2'"_s.arg(field, planDate))
+            .Collect(0);
+    }
+    QString storedText(const QString& planDate, const QString& field) {
+        return richtext::plainText(stored(planDate, field).toText());
+    }
+    void close() {
+        frame->CloseOpenForms();
+        sheet = nullptr;
+    }
+
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Session session{engine, settings, seams.seams()};
+    std::unique_ptr<MainWindow> frame;
+    DailySheetWindow* sheet = nullptr;
+};
+
+} // namespace
+
+TEST_F(DailySheetTest, OpensOnToday) {
+    open();
+    EXPECT_EQ(sheet->windowTitle(), u"Quick Daily Planning Sheet"_s);
+    EXPECT_EQ(label("LbDate"), u"24-09-09"_s);
+    EXPECT_EQ(label("Label4"), u"Monday  -  Sep 09 2024"_s);
+    EXPECT_EQ(label("L1"), u"4/13"_s);
+    EXPECT_EQ(classBox(0).currentText(), u"7A"_s);
+    EXPECT_EQ(classBox(1).currentText(), QString());
+}
+
+TEST_F(DailySheetTest, WhatIsTypedIsOnDiskAfterTwoSeconds) {
+    open();
+    type("Text1(0)", u"Read page 4"_s);
+    EXPECT_TRUE(stored(u"24-09-09"_s, u"Lesson1"_s).isNull());
+    seams.clock.advance(std::chrono::seconds(1));
+    type("Text1(0)", u", then 5"_s);
+    seams.clock.advance(std::chrono::seconds(1));
+    EXPECT_EQ(storedText(u"24-09-09"_s, u"Lesson1"_s), u"Read page 4, then 5"_s);
+    EXPECT_TRUE(stored(u"24-09-09"_s, u"Lesson2"_s).isNull());
+}
+
+TEST_F(DailySheetTest, EveryWayOfLeavingKeepsWhatIsTyped) {
+    const struct {
+        const char* way;
+        std::function<void()> leave;
+    } cases[] = {
+        {"next", [&] { click("Command1(1)"); }},
+        {"page key", [&] { press(*sheet, Qt::Key_PageDown); }},
+        {"last", [&] { click("Command2(1)"); }},
+        {"tomorrow", [&] { click("Command1(3)"); }},
+        {"another sheet", [&] { sheet->ShowPlan(QDate(2024, 9, 11)); }},
+        {"the window's own close", [&] { sheet->parentWidget()->close(); }},
+        {"all windows closed", [&] { close(); }},
+        {"another window",
+         [&] {
+             frame->OpenForm(u"StartupWiz"_s);
+             QCoreApplication::processEvents();
+         }},
+    };
+    QString typed;
+    for (const auto& way : cases) {
+        SCOPED_TRACE(way.way);
+        open();
+        sheet->ShowPlan(QDate(2024, 9, 9));
+        type("Text3(2)", u"x"_s);
+        type("Text4(1)", u"'"_s);
+        QTest::keyClicks(&classBox(4), u"9"_s);
+        typed += u'x';
+        way.leave();
+        EXPECT_EQ(storedText(u"24-09-09"_s, u"Homework3"_s), typed);
+        EXPECT_EQ(storedText(u"24-09-09"_s, u"AfterSchool"_s), QString(typed.size(), u'\''));
+        EXPECT_EQ(stored(u"24-09-09"_s, u"Class5"_s).toText().size(), typed.size());
+        close();
+    }
+}
+
+TEST_F(DailySheetTest, MovesBetweenTheSheets) {
+    open();
+    click("Command2(0)");
+    EXPECT_EQ(label("L1"), u"1/13"_s);
+    EXPECT_FALSE(control<QToolButton>(*sheet, u"Command1(0)"_s).isEnabled());
+    EXPECT_FALSE(control<QToolButton>(*sheet, u"Command2(0)"_s).isEnabled());
+    press(*sheet, Qt::Key_PageUp);
+    EXPECT_EQ(label("L1"), u"1/13"_s);
+    press(*sheet, Qt::Key_PageDown);
+    EXPECT_EQ(label("L1"), u"2/13"_s);
+    click("Command2(1)");
+    EXPECT_EQ(label("LbDate"), u"24-09-27"_s);
+    EXPECT_FALSE(control<QToolButton>(*sheet, u"Command1(1)"_s).isEnabled());
+    click("Command1(2)");
+    EXPECT_EQ(label("LbDate"), u"24-09-09"_s);
+}
+
+TEST_F(DailySheetTest, PicksADateInTheCalendar) {
+    open();
+    auto& field = *control<DateField>(*sheet, u"Calendar1"_s).findChild<QLineEdit*>();
+    const auto enter = [&](const QString& date) {
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, date);
+        QTest::keyClick(&field, Qt::Key_Return);
+    };
+    const QString saturday = QLocale().toString(QDate(2024, 9, 14), QLocale::ShortFormat);
+    seams.prompts.expect(PromptKind::Message, u"Create Plan"_s, AnswerNo);
+    enter(saturday);
+    EXPECT_EQ(
+        seams.prompts.last().text,
+        u"A Plan for the date : Sep 14 2024 does not exist!\n\nWould you like to create one?"_s);
+    EXPECT_EQ(control<DateField>(*sheet, u"Calendar1"_s).date(), QDate(2024, 9, 9));
+    seams.prompts.expect(PromptKind::Message, u"Create Plan"_s, AnswerYes);
+    enter(saturday);
+    EXPECT_EQ(label("LbDate"), u"24-09-14"_s);
+    EXPECT_EQ(label("L1"), u"9/14"_s);
+}
+
+TEST_F(DailySheetTest, SelectsThePeriodOfABox) {
+    open();
+    auto& add = control<QPushButton>(*sheet, u"cmdAddLink"_s);
+    EXPECT_FALSE(add.isEnabled());
+    QTest::mouseClick(&control<QLabel>(*sheet, u"Label1(2)"_s), Qt::LeftButton);
+    EXPECT_TRUE(box("Text1(2)").hasFocus());
+    EXPECT_TRUE(add.isEnabled());
+    EXPECT_EQ(control<QLabel>(*sheet, u"Label1(2)"_s).backgroundRole(), QPalette::Highlight);
+    box("Text3(0)").setFocus();
+    EXPECT_TRUE(box("Text3(0)").hasFocus());
+    EXPECT_EQ(control<QLabel>(*sheet, u"Label1(2)"_s).backgroundRole(), QPalette::Button);
+    EXPECT_EQ(control<QLabel>(*sheet, u"Label1(0)"_s).backgroundRole(), QPalette::Highlight);
+    click("Command1(1)");
+    EXPECT_FALSE(add.isEnabled());
+}
+
+TEST_F(DailySheetTest, MaximisesALesson) {
+    open();
+    box("Text1(0)").setFocus();
+    auto& button = control<QToolButton>(*sheet, u"CMD2"_s);
+    EXPECT_EQ(button.toolTip(), u"Maximise Selected Activity"_s);
+    EXPECT_EQ(session.CurrentClass, u"7A"_s);
+    EXPECT_EQ(session.CurrentDate, u"Monday  -  Sep 09 2024"_s);
+    sheet->resize(sheet->width() + 90, sheet->height());
+    QApplication::processEvents();
+    EXPECT_EQ(button.geometry().right(), box("Text1(0)").viewport()->rect().right());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(label("Label2"), u"Period 1 - 7A    Monday  -  Sep 09 2024"_s);
+    EXPECT_EQ(button.toolTip(), u"Restore"_s);
+    EXPECT_FALSE(box("Text1(1)").isVisible());
+    type("Text1(0)", u"Long plan"_s);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(box("Text1(1)").isVisible());
+    EXPECT_EQ(box("Text1(0)").plainText(), u"Long plan"_s);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    click("Command1(1)");
+    EXPECT_TRUE(box("Text1(1)").isVisible());
+    checkFocus(*sheet);
+}
+
+TEST_F(DailySheetTest, ATextBeyondTheLimitKeepsTheOldOne) {
+    open();
+    type("Text1(0)", u"old"_s);
+    click("Command1(1)");
+    click("Command1(0)");
+    box("Text1(0)").setFocus();
+    box("Text1(0)").selectAll();
+    box("Text1(0)").insertPlainText(QString(66000, u'a'));
+    type("Text3(0)", u"kept"_s);
+    seams.clock.advance(std::chrono::seconds(2));
+    EXPECT_EQ(box("Text1(0)").plainText().size(), 66000);
+    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerOk);
+    click("Command1(1)");
+    EXPECT_EQ(seams.prompts.last().text,
+              u"The data entered for Period 1 currently exceeds the database field limit.\nThis "
+              "data will not be saved in order to avoid currupting the database!"_s);
+    EXPECT_EQ(storedText(u"24-09-09"_s, u"Lesson1"_s), u"old"_s);
+    EXPECT_EQ(storedText(u"24-09-09"_s, u"Homework1"_s), u"kept"_s);
+}
+
+TEST_F(DailySheetTest, CarriesASelectionAcrossTheYear) {
+    open();
+    type("Text4(0)", u"Bring the globe"_s);
+    box("Text4(0)").select(10, 5);
+    seams.prompts.expect(PromptKind::Message, u"Make this a weekly Event"_s, AnswerYes);
+    command(u"Create a weekly event..."_s).trigger();
+    EXPECT_EQ(seams.prompts.last().text,
+              u"You have selected to add the following item:\nglobe\nto all Monday Dinner Time "
+              "sections.\nAre you sure you wish to continue?"_s);
+    EXPECT_EQ(storedText(u"24-09-23"_s, u"Dinner"_s), u"globe"_s);
+    EXPECT_EQ(storedText(u"24-09-09"_s, u"Dinner"_s), u"Bring the globe"_s);
+    EXPECT_TRUE(stored(u"24-09-10"_s, u"Dinner"_s).isNull());
+    seams.prompts.expect(PromptKind::Message, u"Make this a weekly Event"_s, AnswerYes);
+    command(u"Remove  from  weekly events..."_s).trigger();
+    EXPECT_EQ(box("Text4(0)").plainText(), u"Bring the "_s);
+    EXPECT_EQ(storedText(u"24-09-23"_s, u"Dinner"_s), QString());
+}
+
+TEST_F(DailySheetTest, DeletesTheSheetsDownToTheLast) {
+    for (dao::Recordset rows = session.CurrentDB.OpenRecordset(u"Planning"_s);
+         rows.RecordCount() > 2; rows.MoveFirst())
+        rows.Delete();
+    seams.prompts.expect(PromptKind::Message, u"Today"_s, AnswerNo);
+    open();
+    EXPECT_EQ(label("L1"), u"1/2"_s);
+    seams.prompts.expect(PromptKind::Message, u"Delete Record"_s, AnswerYes);
+    command(u"Delete selected Sheet"_s).trigger();
+    EXPECT_EQ(label("L1"), u"1/1"_s);
+    type("Text1(0)", u"last"_s);
+    seams.prompts.expect(PromptKind::Message, u"Delete Record"_s, AnswerYes);
+    seams.prompts.expect(PromptKind::Message, u"The planning table is now empty!"_s, AnswerOk);
+    command(u"Delete selected Sheet"_s).trigger();
+    EXPECT_EQ(label("L1"), QString());
+    EXPECT_FALSE(box("Text1(0)").isEnabled());
+    EXPECT_EQ(box("Text1(0)").plainText(), QString());
+    EXPECT_FALSE(control<QPushButton>(*sheet, u"cmdAddLink"_s).isEnabled());
+    checkScreen(*sheet, u"ORVAfrm_empty"_s);
+    command(u"Open\\Create for TODAY"_s).trigger();
+    EXPECT_EQ(label("L1"), u"1/1"_s);
+    EXPECT_TRUE(box("Text1(0)").isEnabled());
+}
+
+TEST_F(DailySheetTest, ShowsWhatAnotherWindowHasWritten) {
+    open();
+    type("Text1(0)", u"mine"_s);
+    box("Text1(0)").clearFocus();
+    dao::Recordset row =
+        session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-09'"_s);
+    row.Edit();
+    row.SetCollect(u"Notes", u"theirs"_s);
+    row.Update();
+    box("Text1(0)").setFocus();
+    EXPECT_EQ(box("Text4(2)").plainText(), u"theirs"_s);
+    type("Text1(0)", u" too"_s);
+    row.Delete();
+    click("Command1(1)");
+    EXPECT_EQ(storedText(u"24-09-09"_s, u"Lesson1"_s), u"mine too"_s);
+    EXPECT_EQ(label("LbDate"), u"24-09-10"_s);
+}
+
+TEST_F(DailySheetTest, ShowsClassesThatComeAndGo) {
+    open();
+    NewClass made = readNewClass(session.CurrentDB);
+    made.code = u"P"_s; // stands in the text that the sheets are opened with
+    constexpr int tuesday = 1;
+    for (const int period : {1, 2})
+        ASSERT_TRUE(
+            toggleCell(made, u'A', (period - 1) * DaysOfTimetable + tuesday, seams.prompts));
+    click("Command1(1)");
+    ASSERT_EQ(label("LbDate"), u"24-09-10"_s);
+    ASSERT_TRUE(Create_NEW_CLASS(session.CurrentDB, made, seams.prompts));
+    session.LoadClassColours();
+    frame->RefreshForm(u"ORVAfrm"_s);
+    EXPECT_EQ(classBox(1).text(), u"P"_s);
+    EXPECT_GE(classBox(0).findText(u"P"_s), 0);
+    type("Text1(0)", u"before"_s);
+    box("Text1(0)").clearFocus();
+    ASSERT_TRUE(Delete_Class(session.CurrentDB, u"P"_s, seams.prompts));
+    session.LoadClassColours();
+    frame->RefreshForm(u"ORVAfrm"_s);
+    EXPECT_EQ(classBox(1).text(), QString());
+    EXPECT_LT(classBox(0).findText(u"P"_s), 0);
+    type("Text1(0)", u" and after"_s);
+    close();
+    EXPECT_EQ(storedText(u"24-09-10"_s, u"Lesson1"_s), u"before and after"_s);
+}
+
+TEST_F(DailySheetTest, KeepsLinksOfAPeriod) {
+    open();
+    box("Text1(1)").setFocus();
+    seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
+                         u"Maths' site"_s + FileLinkSeparator + u"http://example.org/a"_s);
+    QTest::mouseClick(&control<QPushButton>(*sheet, u"cmdAddLink"_s), Qt::LeftButton);
+    EXPECT_EQ(control<QComboBox>(*sheet, u"Combo1"_s).currentText(), u"Maths' site"_s);
+    QTest::mouseClick(&control<QPushButton>(*sheet, u"cmdOpenLink"_s), Qt::LeftButton);
+    ASSERT_EQ(seams.shell.runs.size(), 1);
+    EXPECT_EQ(seams.shell.runs[0].file, u"http://example.org/a"_s);
+    click("cmdToggle");
+    EXPECT_FALSE(control<QWidget>(*sheet, u"linkpnl"_s).isVisible());
+    click("cmdToggle");
+    box("Text1(0)").setFocus();
+    EXPECT_EQ(control<QComboBox>(*sheet, u"Combo1"_s).count(), 0);
+}
+
+TEST_F(DailySheetTest, ReadsInBothSchemesAtEverySize) {
+    const QString key = setting::keyOf(setting::Planning);
+    settings.CreateRegistryKey(key);
+    settings.WriteRegistryValue(key, setting::ShowClassCoding, 1);
+    open();
+    type("Text1(0)", u"Starter: recap fractions"_s);
+    EXPECT_EQ(classBox(0).palette().color(QPalette::Base), QColor(0, 128, 255));
+    checkScreen(*sheet, u"ORVAfrm_wide"_s);
+    sheet->parentWidget()->resize(sheet->parentWidget()->minimumSizeHint());
+    QCoreApplication::processEvents();
+    checkScreen(*sheet, u"ORVAfrm_narrow"_s);
+}

@@ -1,0 +1,439 @@
+// The frame, driven through its own menus: what it shows and allows in each state of the session.
+
+#include "core/core_settings.h"
+#include "core/session.h"
+#include "core/settings.h"
+#include "frame/screens/frame_menus.h"
+#include "frame/screens/frame_toolbar.h"
+#include "frame/screens/main_window.h"
+#include "frame/year_roads.h"
+#include "help/screens/context_help.h"
+#include "support/screen_checks.h"
+#include "support/year_file.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A tool window that notes when it is closed.
+class PlainWindow : public QWidget {
+public:
+    PlainWindow(const QString& name, QStringList& closed) : m_closed(closed) {
+        setObjectName(name);
+        setWindowTitle(name);
+        auto* field = new QLineEdit;
+        field->setObjectName(name + u"_field"_s);
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(field);
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        m_closed += objectName();
+        QWidget::closeEvent(event);
+    }
+
+private:
+    QStringList& m_closed;
+};
+
+class FrameTest : public testing::Test {
+protected:
+    FrameTest() {
+        session.Start(path(u"app"_s));
+        const QStringView names[] = {u"ORVAfrm",     u"ORVA2frm",       u"TTfrm",
+                                     u"RegisterFrm", u"COEfrm",         u"Schedulefrm",
+                                     u"IncidentFrm", u"SeatingPlanFrm", u"ContactsFrm"};
+        for (const QStringView& name : names) {
+            const QString form = name.toString();
+            windows.push_back({form, form + u"Place"_s,
+                               [this, form](Session&) { return new PlainWindow(form, closed); }});
+        }
+        for (const QString& form : {u"PostitFrm"_s, u"SettingsFrm"_s}) {
+            windows.push_back({.name = form,
+                               .placementKey = {},
+                               .make = {},
+                               .run = [this](Session&, FrameCommand command) { ran += command; }});
+        }
+        windows.push_back({.name = u"mnuUserApps"_s,
+                           .placementKey = {},
+                           .make = {},
+                           .fill = [](Session&, QMenu& menu) {
+                               menu.clear();
+                               menu.addAction(u"Archive Class..."_s);
+                           }});
+    }
+
+    QString path(const QString& name) const { return folder.filePath(name); }
+    /// A frame with every window that there can be, and with a year or without.
+    std::unique_ptr<MainWindow> fullFrame(bool isEnabled) {
+        auto frame = std::make_unique<MainWindow>(session, false, nullptr, windows);
+        frame->show();
+        frame->EnableInput(isEnabled);
+        QCoreApplication::processEvents();
+        return frame;
+    }
+    QMdiSubWindow& form(MainWindow& frame, const QString& name) {
+        return *qobject_cast<QMdiSubWindow*>(control<PlainWindow>(frame, name).parentWidget());
+    }
+    /// Shows the frame and waits for the end of its start.
+    void start(MainWindow& frame) {
+        QSignalSpy started(&frame, &MainWindow::started);
+        frame.show();
+        ASSERT_TRUE(!started.isEmpty() || started.wait());
+    }
+    static QAction* action(MainWindow& frame, const char* name) {
+        return frame.findChild<QAction*>(QString::fromLatin1(name));
+    }
+
+    std::vector<WindowEntry> windows;
+    QStringList closed;
+    QList<FrameCommand> ran;
+    QTemporaryDir folder;
+    TestSeams seams;
+    dao::DBEngine engine;
+    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Session session{engine, settings, seams.seams()};
+};
+
+} // namespace
+
+TEST_F(FrameTest, StartsWithoutAYear) {
+    MainWindow frame(session);
+    start(frame);
+    EXPECT_EQ(frame.windowTitle(), QStringLiteral("Orvane: "));
+    EXPECT_FALSE(session.CurrentDB.isOpen());
+}
+
+TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
+    createYear(twoWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
+    settings.CreateRegistryKey(setting::Root);
+    settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath,
+                                path(QStringLiteral("year.mdb")));
+    settings.WriteRegistryValue(setting::Root, setting::DontShowStartup, 1);
+    MainWindow frame(session);
+    EXPECT_FALSE(session.CurrentDB.isOpen());
+    start(frame);
+    EXPECT_TRUE(session.CurrentDB.isOpen());
+    EXPECT_TRUE(frame.windowTitle().endsWith(QStringLiteral("year.mdb")));
+    frame.close();
+    EXPECT_FALSE(session.CurrentDB.isOpen());
+    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(setting::Options), u"WindowState"),
+              SettingFound);
+}
+
+TEST_F(FrameTest, TheMenuOpensAYear) {
+    createYear(oneWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
+    MainWindow frame(session);
+    start(frame);
+    seams.prompts.expect(PromptKind::File, QStringLiteral(" Select the database to open:"),
+                         path(QStringLiteral("year.mdb")));
+    action(frame, "mnufileItem(0)")->trigger();
+    EXPECT_TRUE(session.CurrentDB.isOpen());
+    EXPECT_TRUE(frame.windowTitle().endsWith(QStringLiteral("year.mdb")));
+    action(frame, "mnufileItem(8)")->trigger();
+    EXPECT_FALSE(frame.isVisible());
+    EXPECT_FALSE(session.CurrentDB.isOpen());
+}
+
+TEST_F(FrameTest, WithoutAnAddressTheUpgradeCommandSaysSo) {
+    MainWindow frame(session);
+    start(frame);
+    seams.prompts.expect(PromptKind::Plain, QStringLiteral("Internet Upgrade"), AnswerOk);
+    action(frame, "mnuHelpUpgrade")->trigger();
+}
+
+TEST_F(FrameTest, EveryItemOfTheMenusIsNamedAndLegible) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->menus().popup(FrameCommand::PostitMenu);
+    for (QMenu* menu : frame->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        for (const QAction* item : menu->actions())
+            EXPECT_TRUE(item->isSeparator() || !item->objectName().isEmpty());
+        menu->popup({});
+        checkScreen(*menu, menu->objectName());
+        menu->close();
+    }
+}
+
+TEST_F(FrameTest, CommandsAreAllowedByTheState) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(false);
+    for (const bool isOpen : {false, true, false}) {
+        frame->EnableInput(isOpen);
+        EXPECT_EQ(control<FrameToolbar>(*frame, u"Toolbar1"_s).isEnabled(), isOpen);
+        for (const CommandEntry& entry : commandTable())
+            EXPECT_EQ(frame->menus().action(entry.command).isEnabled(),
+                      isOpen || !entry.needsDatabase)
+                << entry.caption.toStdString();
+    }
+    for (const char* always : {"mnufileItem(0)", "mnufileItem(1)", "mnufileItem(2)",
+                               "mnufileItem(8)", "mnuSettingsItem(5)", "mnHelpAbout"})
+        EXPECT_TRUE(action(*frame, always)->isEnabled()) << always;
+    for (const char* withYear : {"mnuSettingsItem(0)", "mnuSettingsItem(1)", "mnuSettingsItem(2)",
+                                 "mnuSettingsItem(3)", "mnuSettingsItem(7)", "mnuPlanning(0)"})
+        EXPECT_FALSE(action(*frame, withYear)->isEnabled()) << withYear;
+}
+
+TEST_F(FrameTest, InputReachesTheVisibleWindowsOnlyWhileItIsAllowed) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    frame->OpenForm(u"COEfrm"_s);
+    form(*frame, u"COEfrm"_s).hide();
+    frame->EnableInput(false);
+    EXPECT_FALSE(form(*frame, u"TTfrm"_s).isEnabled());
+    EXPECT_TRUE(form(*frame, u"COEfrm"_s).isEnabled());
+    frame->EnableInput(true);
+    EXPECT_TRUE(form(*frame, u"TTfrm"_s).isEnabled());
+}
+
+TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    const QString place = setting::keyOf(u"Timetable");
+    settings.CreateRegistryKey(place);
+    const struct {
+        QStringView name;
+        int twips;
+    } values[] = {{u"Top", 600}, {u"Left", 900}, {u"Width", 6000}, {u"Height", 4500}};
+    for (const auto& [name, twips] : values)
+        settings.WriteRegistryValue(place, name, twips);
+
+    action(*frame, "mnuSettingsItem(1)")->trigger();
+    action(*frame, "mnuPlanning(1)")->trigger();
+    EXPECT_EQ(frame->visibleForms(), QStringList({u"TTfrm"_s, u"ORVA2frm"_s}));
+    QMdiSubWindow& timetable = form(*frame, u"TTfrm"_s);
+    timetable.setGeometry(10, 10, 300, 200);
+    action(*frame, "mnuSettingsItem(1)")->trigger();
+    EXPECT_EQ(timetable.mdiArea()->activeSubWindow(), &timetable);
+    EXPECT_EQ(timetable.geometry(), QRect(10, 10, 300, 200));
+    timetable.showMinimized();
+    action(*frame, "mnuSettingsItem(1)")->trigger();
+    EXPECT_FALSE(timetable.isMinimized());
+    EXPECT_EQ(timetable.geometry(), QRect(60, 40, 400, 300));
+
+    seams.prompts.expect(PromptKind::Message, u"Security warning"_s, AnswerYes);
+    action(*frame, "Incidents")->trigger();
+    action(*frame, "mnuPostitHideAll")->trigger();
+    action(*frame, "mnuSettingsItem(7)")->trigger();
+    EXPECT_EQ(frame->visibleForms().last(), u"IncidentFrm"_s);
+    EXPECT_EQ(ran, QList({FrameCommand::PostitHideAll, FrameCommand::GeneralSettings}));
+}
+
+TEST_F(FrameTest, AMinimisedAddressBookFindsNoPlaceUnderItsKey) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    action(*frame, "Contacts")->trigger();
+    QMdiSubWindow& book = form(*frame, u"ContactsFrm"_s);
+    book.setGeometry(30, 20, 250, 150);
+    book.showMinimized();
+    action(*frame, "Contacts")->trigger();
+    EXPECT_EQ(book.geometry(), QRect(30, 20, 250, 150));
+}
+
+TEST_F(FrameTest, AWindowThatClosesKeepsItsPlace) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    frame->OpenForm(u"COEfrm"_s);
+    form(*frame, u"TTfrm"_s).setGeometry(40, 60, 300, 200);
+    form(*frame, u"COEfrm"_s).close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    frame->CloseOpenForms();
+    EXPECT_EQ(closed, QStringList({u"COEfrm"_s, u"TTfrm"_s}));
+    EXPECT_TRUE(frame->visibleForms().isEmpty());
+    EXPECT_EQ(settings.readNumber(setting::keyOf(u"TTfrmPlace"), u"Left"), 600);
+    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(u"COEfrmPlace"), u"WindowState"),
+              SettingFound);
+    frame->OpenForm(u"TTfrm"_s);
+    EXPECT_EQ(form(*frame, u"TTfrm"_s).geometry(), QRect(40, 60, 300, 200));
+}
+
+TEST_F(FrameTest, TheToolbarStandsInTheMiddleOfEachSide) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    auto& toolbar = control<FrameToolbar>(*frame, u"Toolbar1"_s);
+    const struct {
+        int alignment;
+        Qt::ToolBarArea area;
+        QString picture;
+    } sides[] = {
+        {0, Qt::LeftToolBarArea, u"left"_s},
+        {2, Qt::RightToolBarArea, u"right"_s},
+        {3, Qt::TopToolBarArea, u"top"_s},
+        {4, Qt::BottomToolBarArea, u"bottom"_s},
+    };
+    settings.CreateRegistryKey(setting::Root);
+    for (const auto& [alignment, area, picture] : sides) {
+        settings.WriteRegistryValue(setting::Root, setting::ToolbarAlignment, alignment);
+        frame->ToolbarAlign();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(frame->toolBarArea(&toolbar), area);
+        const QRect first = toolbar.buttonOf(FrameCommand::OpenDatabase)->geometry();
+        const QRect last = toolbar.buttonOf(FrameCommand::AddressBook)->geometry();
+        const QPoint off = first.united(last).center() - toolbar.rect().center();
+        const bool isUpright = toolbar.orientation() == Qt::Vertical;
+        EXPECT_LE(std::abs(isUpright ? off.y() : off.x()), 3) << alignment;
+
+        toolbar.buttonOf(FrameCommand::PostitMenu)->setFocus();
+        QTest::keyClick(toolbar.buttonOf(FrameCommand::PostitMenu), Qt::Key_Space);
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(popup) << alignment;
+        EXPECT_EQ(popup->activeAction(), popup->actions().first());
+        popup->close();
+        checkScreen(*frame, u"mdiORVA_"_s + picture);
+    }
+}
+
+TEST_F(FrameTest, APopupOfAWindowIsFilledBeforeItShows) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    auto& toolbar = control<FrameToolbar>(*frame, u"Toolbar1"_s);
+    for (int times = 0; times < 2; ++times) {
+        QTest::mouseClick(toolbar.buttonOf(FrameCommand::ToolsMenu), Qt::LeftButton);
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(popup);
+        EXPECT_EQ(popup->actions().size(), 1);
+        popup->close();
+    }
+}
+
+TEST_F(FrameTest, TheViewMenuHidesTheToolbarThatStaysHidden) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    auto& toolbar = control<FrameToolbar>(*frame, u"Toolbar1"_s);
+    EXPECT_TRUE(toolbar.isVisible());
+    action(*frame, "mnuSettingsItem(5)")->trigger();
+    EXPECT_FALSE(toolbar.isVisible());
+    frame->ToolbarAlign();
+    EXPECT_FALSE(toolbar.isVisible());
+    action(*frame, "mnuSettingsItem(5)")->trigger();
+    EXPECT_TRUE(toolbar.isVisible());
+}
+
+TEST_F(FrameTest, TheKeyboardReachesTheToolbarAndComesBack) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->activateWindow();
+    frame->OpenForm(u"TTfrm"_s);
+    auto& field = control<QLineEdit>(*frame, u"TTfrm_field"_s);
+    field.setFocus();
+    press(*frame, Qt::Key_F6);
+    EXPECT_EQ(frame->focusWidget()->objectName(), u"Toolbar1(0)"_s);
+    press(*frame, Qt::Key_End);
+    press(*frame, Qt::Key_F6);
+    EXPECT_EQ(frame->focusWidget(), &field);
+    press(*frame, Qt::Key_F6);
+    EXPECT_EQ(frame->focusWidget()->objectName(), u"Toolbar1(11)"_s);
+}
+
+TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    auto& bar = *new QMenuBar(&control<PlainWindow>(*frame, u"TTfrm"_s));
+    addFrameMenus(bar, session.Frame());
+    QStringList menus;
+    for (const QAction* menu : bar.actions())
+        menus += menu->text();
+    EXPECT_EQ(menus, QStringList({u"&File"_s, u"&View"_s, u"&Help"_s}));
+    bar.actions()[1]->menu()->actions()[1]->trigger();
+    EXPECT_EQ(frame->visibleForms(), QStringList(u"TTfrm"_s));
+    // The window goes while the menu that was opened in it is still at work.
+    QMenu& file = *bar.actions()[0]->menu();
+    bar.setActiveAction(bar.actions()[0]);
+    file.popup({});
+    QTest::mouseClick(&file, Qt::LeftButton, {},
+                      file.actionGeometry(action(*frame, "mnufileItem(2)")).center());
+    EXPECT_EQ(closed, QStringList(u"TTfrm"_s));
+    EXPECT_TRUE(frame->visibleForms().isEmpty());
+    EXPECT_FALSE(frame->menus().action(FrameCommand::Timetable).isEnabled());
+}
+
+TEST_F(FrameTest, AMaximisedWindowKeepsItsCaptionAndTheMenuBarWhole) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->OpenForm(u"TTfrm"_s);
+    form(*frame, u"TTfrm"_s).showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_GT(control<PlainWindow>(*frame, u"TTfrm"_s).y(), 0);
+    EXPECT_TRUE(control<ContextHelp>(*frame, u"ButtonEx1"_s).isVisible());
+    EXPECT_TRUE(control<QMenuBar>(*frame, u"menuBar"_s).isVisible());
+}
+
+TEST_F(FrameTest, HelpIsWantedForTheControlBelowThePointerOrWithTheFocus) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    frame->resize(700, 500); // all of it on the screen
+    frame->activateWindow();
+    frame->OpenForm(u"TTfrm"_s);
+    auto& field = control<QLineEdit>(*frame, u"TTfrm_field"_s);
+    auto& button = control<ContextHelp>(*frame, u"ButtonEx1"_s);
+    QList<QWidget*> wanted;
+    QObject::connect(frame.get(), &MainWindow::helpWanted, frame.get(),
+                     [&wanted](QWidget* control) { wanted += control; });
+    const auto asked = [&wanted] { return std::exchange(wanted, {}); };
+    const auto letGoOver = [&button](QWidget& control) {
+        QTest::mouseRelease(&button, Qt::LeftButton, {},
+                            button.mapFromGlobal(control.mapToGlobal(control.rect().center())));
+    };
+
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.isSearching());
+    ASSERT_TRUE(QApplication::overrideCursor());
+    letGoOver(field);
+    EXPECT_EQ(asked(), QList<QWidget*>{&field});
+    EXPECT_FALSE(QApplication::overrideCursor());
+
+    QTest::mouseClick(&button,
+                      Qt::LeftButton); // let go where it was pressed: the next click counts
+    EXPECT_TRUE(button.isSearching());
+    QTest::mouseClick(&field, Qt::LeftButton);
+    EXPECT_EQ(asked(), QList<QWidget*>{&field});
+
+    field.setFocus();
+    press(*frame, Qt::Key_F1, Qt::ShiftModifier);
+    EXPECT_TRUE(button.isSearching());
+    press(*frame, Qt::Key_Escape);
+    EXPECT_FALSE(button.isSearching());
+    EXPECT_TRUE(asked().isEmpty());
+    press(*frame, Qt::Key_F1);
+    EXPECT_EQ(asked(), QList<QWidget*>{&field});
+}
+
+TEST_F(FrameTest, TheBackgroundIsShadedAsTheSettingsSay) {
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    auto& client = control<QMdiArea>(*frame, u"MDIClient"_s);
+    const auto colourAt = [&client](int x, int y) {
+        const QImage image = client.viewport()->grab().toImage();
+        const double ratio = image.devicePixelRatio();
+        return image.pixelColor(qRound(ratio * (x < 0 ? client.viewport()->width() - 1 : x)),
+                                qRound(ratio * (y < 0 ? client.viewport()->height() - 1 : y)));
+    };
+    settings.CreateRegistryKey(setting::Root);
+    settings.WriteRegistryValue(setting::Root, setting::FadeStartColor, 0x0000FF);
+    settings.WriteRegistryValue(setting::Root, setting::FadeEndColor, 0xFF0000);
+    const struct {
+        int style;
+        bool right; ///< whether the far end of a side has the colour of the end
+        bool below;
+    } styles[] = {{0, false, false}, {1, true, false}, {2, false, true}};
+    const auto isNear = [](const QColor& a, const QColor& b) {
+        return std::abs(a.red() - b.red()) + std::abs(a.blue() - b.blue()) < 16;
+    };
+    for (const auto& [style, right, below] : styles) {
+        settings.WriteRegistryValue(setting::Root, setting::FadeStyle, style);
+        frame->ShadeMDI();
+        EXPECT_TRUE(isNear(colourAt(0, 0), Qt::red)) << style;
+        EXPECT_TRUE(isNear(colourAt(-1, -1), Qt::blue)) << style;
+        EXPECT_EQ(isNear(colourAt(-1, 0), Qt::blue), right) << style;
+        EXPECT_EQ(isNear(colourAt(0, -1), Qt::blue), below) << style;
+    }
+    frame->resize(600, 500);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isNear(colourAt(0, -1), Qt::blue));
+    session.GradientsEnabled = false;
+    frame->ShadeMDI();
+    EXPECT_TRUE(isNear(colourAt(0, 0), Qt::blue));
+}

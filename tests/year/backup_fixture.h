@@ -1,0 +1,110 @@
+#pragma once
+
+#include "core/settings.h"
+#include "support/engine_files.h"
+#include "support/recording_seams.h"
+#include "year/backup_files.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+/// A year with pupils in a folder of its own, an empty backup folder, and what backups work with.
+class BackupFiles : public EngineFiles {
+protected:
+    static constexpr int Pupils = 60;
+
+    void SetUp() override {
+        for (const char* folder : {"year", "backups", "app", "open"})
+            QDir().mkpath(path(QLatin1StringView(folder)));
+        backups = path(QStringLiteral("backups/"));
+        database = path(QStringLiteral("year/Year.mdb"));
+        makeYear(QStringLiteral("year/Year.mdb"));
+    }
+
+    /// A file of pupils with room in it that compaction gives back.
+    void makeYear(const QString& name) {
+        dao::Database year = pupilsFile(name);
+        dao::Transaction filling(year);
+        for (int i = 0; i < Pupils; ++i)
+            addRecord(year, QStringLiteral("Pupils"),
+                      {QStringLiteral("Adams"), i, QString(3000, u'n')});
+        dao::Recordset all = year.OpenRecordset(QStringLiteral("Pupils"));
+        for (; !all.EOF_(); all.MoveNext()) {
+            all.Edit();
+            all[u"Notes"] = QStringLiteral("short");
+            all.Update();
+        }
+        filling.commit();
+        year.Close();
+    }
+
+    void protect(const QString& file, const QString& password) {
+        dao::Database year = engine.OpenDatabase(file);
+        year.NewPassword({}, password);
+        year.Close();
+    }
+
+    BackupContext context() {
+        FolderDefaults folders;
+        folders[OpenFolder].folder = path(QStringLiteral("open/"));
+        folders[BackupFolder].folder = backups;
+        return {engine, test.seams(), settings, path(QStringLiteral("app/")), folders};
+    }
+
+    /// How many pupils a file has, if it opens.
+    int pupilsIn(const QString& file, const QString& password = {}) const {
+        const dao::Database year =
+            engine.OpenDatabase(file, false, true, dao::connectText(password));
+        return static_cast<int>(rowsOf(year, QStringLiteral("Pupils")).size());
+    }
+
+    QString backup(int number) const { return backups + QStringLiteral("Year.00%1").arg(number); }
+
+    static QByteArray bytesOf(const QString& file) {
+        QFile opened(file);
+        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
+    }
+
+    static void write(const QString& file, const QByteArray& bytes) {
+        QFile opened(file);
+        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+        opened.write(bytes);
+    }
+
+    /// The files of a folder, hidden ones too, sorted by name.
+    static QStringList filesIn(const QString& folder) {
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    /// Does work in a process of its own and waits for its end. True when it got to the end.
+    template<typename Work>
+    static bool completes(Work work) {
+        const pid_t child = fork();
+        if (child == 0) {
+            work();
+            _exit(0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    }
+
+    /// Ends this process, as a kill would, after so many microseconds.
+    static void endAfter(int microseconds) {
+        std::signal(SIGALRM, SIG_DFL);
+        itimerval timer{};
+        timer.it_value.tv_usec = microseconds;
+        setitimer(ITIMER_REAL, &timer, nullptr);
+    }
+
+    QString backups;  ///< with a separator at its end
+    QString database; ///< year/Year.mdb
+    TestSeams test;
+    Settings settings{path(QStringLiteral("settings.conf"))};
+};

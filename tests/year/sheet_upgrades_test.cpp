@@ -1,0 +1,77 @@
+#include "year/sheet_upgrades.h"
+
+#include "calendar/term_weeks.h"
+#include "store/engine/error.h"
+#include "store/table_names.h"
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString column(const dao::Database& database, const QString& field) {
+    QString text;
+    dao::Recordset sheets = database.OpenRecordset(PlanningTable);
+    for (; !sheets.EOF_(); sheets.MoveNext())
+        text += sheets.Collect(field).toText();
+    return text;
+}
+
+/// A year's file as an older version made it: without weeks and letters.
+class OlderFile {
+public:
+    OlderFile() : m_file(twoWeekAnswers()), m_database(m_file.open()) {
+        m_weeks = column(m_database, QStringLiteral("Week"));
+        m_letters = column(m_database, QStringLiteral("ABWeek"));
+        fields().Delete(u"ABWeek");
+        fields().Delete(u"Week");
+    }
+    dao::Database& database() { return m_database; }
+    dao::FieldCollection fields() { return m_database.TableDefs()[PlanningTable].Fields(); }
+    const QString& weeks() const { return m_weeks; }
+    const QString& letters() const { return m_letters; }
+
+private:
+    YearFile m_file;
+    dao::Database m_database;
+    QString m_weeks;
+    QString m_letters;
+};
+
+TEST(Upgrades, WeeksAndLettersComeBackAsCreationGaveThem) {
+    OlderFile file;
+    AddWeekField(file.database());
+    AddABWeekField(file.database(), 1, QStringLiteral("B"));
+    EXPECT_EQ(column(file.database(), QStringLiteral("Week")), file.weeks());
+    EXPECT_EQ(column(file.database(), QStringLiteral("ABWeek")), file.letters());
+    EXPECT_EQ(file.fields()[2].Name, QStringLiteral("Week"));
+    EXPECT_EQ(file.fields()[2].Type, dao::DataType::Integer);
+    EXPECT_EQ(file.fields()[3].Name, QStringLiteral("ABWeek"));
+    EXPECT_EQ(file.fields()[3].Size, 1);
+    // A second run finds the fields and does nothing, whatever it is told.
+    AddWeekField(file.database());
+    AddABWeekField(file.database(), 1, QStringLiteral("A"));
+    EXPECT_EQ(column(file.database(), QStringLiteral("ABWeek")), file.letters());
+}
+
+TEST(Upgrades, LettersOnlyWithTwoTimetables) {
+    OlderFile file;
+    AddWeekField(file.database());
+    AddABWeekField(file.database(), 0, QString());
+    EXPECT_FALSE(file.fields().Contains(u"ABWeek"));
+    AddABWeekField(file.database(), 1, QStringLiteral("x")); // all but "B" counts as "A"
+    EXPECT_TRUE(column(file.database(), QStringLiteral("ABWeek")).startsWith(u'A'));
+}
+
+TEST(Upgrades, ASheetWithoutADateLeavesTheFileAsItWas) {
+    OlderFile file;
+    dao::Recordset sheets = file.database().OpenRecordset(PlanningTable);
+    sheets.Edit();
+    sheets.SetCollect(u"PlanDate", QStringLiteral("nodate"));
+    sheets.Update();
+    sheets.Close();
+    EXPECT_THROW(AddWeekField(file.database()), dao::EngineError);
+    EXPECT_FALSE(file.fields().Contains(u"Week"));
+}
+
+} // namespace

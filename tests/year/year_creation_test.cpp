@@ -1,0 +1,366 @@
+#include "year/year_creation.h"
+
+#include "calendar/term_weeks.h"
+#include "store/data_helpers.h"
+#include "store/engine/error.h"
+#include "store/engine/files.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// The rows of a SELECT: a text a row, its values with a blank between, Null as "-".
+QStringList rows(const dao::Database& database, const QString& source) {
+    QStringList result;
+    dao::Recordset records = database.OpenRecordset(source, dao::RecordsetType::Snapshot);
+    for (; !records.EOF_(); records.MoveNext()) {
+        QStringList values;
+        for (int column = 0; column < records.FieldCount(); ++column) {
+            const dao::Value value = records.Collect(column);
+            values += value.isNull() ? QStringLiteral("-") : value.toText();
+        }
+        result += values.join(u' ');
+    }
+    return result;
+}
+
+QStringList lines(const char* text) {
+    return QString::fromUtf8(text).split(u'\n');
+}
+
+QStringList fieldNames(const dao::Database& database, const QString& table) {
+    QStringList names;
+    const dao::FieldCollection fields = database.TableDefs()[table].Fields();
+    for (int i = 0; i < fields.Count(); ++i)
+        names += fields[i].Name;
+    return names;
+}
+
+QStringList relationNames(const dao::Database& database) {
+    QStringList names;
+    for (const dao::Relation& relation : database.Relations().all())
+        names += relation.Name;
+    names.sort();
+    return names;
+}
+
+TEST(Creation, AYearOfTwoTimetables) {
+    YearFile file(twoWeekAnswers());
+    const dao::Database database = file.open();
+
+    EXPECT_EQ(database.TableDefs().names(),
+              lines("Planning\nCalendar\nAdmin\nClasscodes\nExtraTTinfo\nExtraTTinfoB\nTermDates\n"
+                    "Class_7A\nClass_8X\nClass_9C\nREG_7A\nMarks_7A\nMarks_8X\nREG_9C\nMarks_9C"));
+    EXPECT_EQ(rows(database, QStringLiteral("Admin")), lines("Mrs A Morrow 2024-2025 5 1 B 0 0 0"));
+    EXPECT_EQ(rows(database, QStringLiteral("Classcodes")),
+              lines("7A 13 - - - 2 7A 16744448 - - 5 - -\n"
+                    "8X - - - - - 8X 16777215 - - - - -\n"
+                    "9C - - - - - 9C 16777215 12 - - - -"));
+    EXPECT_EQ(rows(database, QStringLiteral("TermDates")),
+              lines("1 2024 9 4\n2 2024 9 13\n3 2024 9 23\n4 2024 9 27"));
+    EXPECT_EQ(rows(database, QStringLiteral("SELECT ID, PlanDate, Week, ABWeek, Class1, Class2, "
+                                            "Class3, Class5, Lesson1, Notes FROM Planning")),
+              lines("1 24-09-04 1 B    7A - -\n2 24-09-05 1 B     - -\n3 24-09-06 1 B     - -\n"
+                    "4 24-09-09 2 A 7A  7A  - -\n5 24-09-10 2 A     - -\n6 24-09-11 2 A     - -\n"
+                    "7 24-09-12 2 A     - -\n8 24-09-13 2 A  7A   - -\n"
+                    "9 24-09-23 3 B 9C 9C   - -\n10 24-09-24 3 B     - -\n"
+                    "11 24-09-25 3 B    7A - -\n12 24-09-26 3 B     - -\n"
+                    "13 24-09-27 3 B     - -"));
+    const QStringList calendar = rows(database, QStringLiteral("SELECT Month, D1 FROM Calendar"));
+    EXPECT_EQ(calendar.size(), 12);
+    EXPECT_EQ(calendar.first() + calendar.last(), QStringLiteral("Jan1 -Dec1 -"));
+    const QStringList freeSlots = rows(database, QStringLiteral("ExtraTTinfo"));
+    EXPECT_EQ(freeSlots.size(), 22);
+    EXPECT_EQ(freeSlots.first() + freeSlots.last(), QStringLiteral("2 1 - -5 5 - -"));
+    EXPECT_EQ(rows(database, QStringLiteral("ExtraTTinfoB")).size(), 22);
+
+    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_7A")),
+              lines("ID\n04/09/24 1\n09/09/24 2\n09/09/24 3\n13/09/24 4\n25/09/24 5"));
+    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_9C")), lines("ID\n23/09/24 1\n23/09/24 2"));
+    EXPECT_EQ(relationNames(database), lines("CMark_7A\nCMark_8X\nCMark_9C\nCReg_7A\nCReg_9C"));
+    const dao::Relation relation = database.Relations().all().first();
+    EXPECT_EQ(relation.Attributes, 0x1100);
+    EXPECT_EQ(relation.Fields.first().Name + relation.Fields.first().ForeignName,
+              QStringLiteral("IDID"));
+
+    EXPECT_EQ(file.seams().progress.title, QStringLiteral("Creating Database:"));
+    EXPECT_FALSE(file.seams().progress.isOpen);
+    QStringList progress;
+    for (const RecordingProgress::Step& step : file.seams().progress.steps)
+        if (!step.line1.isEmpty() && (progress.isEmpty() || progress.last() != step.line1))
+            progress += step.line1;
+    EXPECT_EQ(progress,
+              lines("Creating Planning Table\nAppending Planning Table\nCreating Calendar Table\n"
+                    "Adding Day Fields\nCreating Month Records\nCreating Admin Table\n"
+                    "Filling Admin Data\nCreating Classcodes Table\nFilling Classcodes Data\n"
+                    "Creating Extra Timetable info Table\nCreating the Term Dates Table\n"
+                    "Adding the Planning Table Data\nCreating the Register,Marks and Info tables"));
+}
+
+TEST(Creation, AYearOfOneTimetable) {
+    YearFile file(oneWeekAnswers());
+    const dao::Database database = file.open();
+    EXPECT_FALSE(TableExists(database, QStringLiteral("ExtraTTinfoB")));
+    EXPECT_FALSE(fieldNames(database, PlanningTable).contains(QStringLiteral("ABWeek")));
+    EXPECT_FALSE(fieldNames(database, AdminTable).contains(QStringLiteral("StartWeek")));
+    EXPECT_EQ(fieldNames(database, ClasscodesTable).size(), 8);
+    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_7A")),
+              lines("ID\n06/09/24 1\n09/09/24 2\n09/09/24 3\n13/09/24 4\n23/09/24 5\n23/09/24 6\n"
+                    "27/09/24 7"));
+    EXPECT_EQ(relationNames(database), lines("CMark_7A\nCMark_8X\nCMark_9C\nCReg_7A"));
+}
+
+TEST(Creation, OneLessonMakesNoRegister) {
+    YearAnswers answers = oneWeekAnswers();
+    answers.weekA[2] = {QStringLiteral("9C")};
+    answers.terms = {{QDate(2024, 9, 7), QDate(2024, 9, 13)}}; // from a Saturday
+    YearFile file(answers);
+    const dao::Database database = file.open();
+    EXPECT_FALSE(TableExists(database, QStringLiteral("REG_9C")));
+    EXPECT_TRUE(TableExists(database, QStringLiteral("Marks_9C")));
+    EXPECT_EQ(rows(database, QStringLiteral("SELECT PlanDate FROM Planning")).first(),
+              QStringLiteral("24-09-09"));
+    EXPECT_EQ(rows(database, QStringLiteral("SELECT Class1 FROM Planning WHERE PlanDate = "
+                                            "'24-09-11'")),
+              lines("9C"));
+}
+
+TEST(Creation, RegistersEndAt250Lessons) {
+    const auto answersWithLessons = [](qsizetype lessons) {
+        YearAnswers answers = oneWeekAnswers();
+        answers.terms = {{QDate(2024, 9, 2), QDate(2024, 11, 8)}}; // 50 days from a Monday
+        for (QStringList& day : answers.weekA)
+            day = QStringList(5, QStringLiteral("7A"));
+        if (lessons > 250)
+            answers.terms.append({QDate(2024, 11, 11), QDate(2024, 11, 11)});
+        return answers;
+    };
+    YearFile exact(answersWithLessons(250)); // no box foreseen
+    EXPECT_EQ(fieldNames(exact.open(), QStringLiteral("REG_7A")).size(), 251);
+
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("long.mdb"));
+    TestSeams seams;
+    seams.prompts.expect(PromptKind::Plain, QStringLiteral("Too many fields"), int(AnswerOk));
+    YearAnswers answers = answersWithLessons(255);
+    createYear(answers, path, seams);
+    EXPECT_EQ(seams.prompts.last().text,
+              QStringLiteral("The register for 7A may be limited since the number of registrations "
+                             "required (255) exceeds the number of Access Fields allowed per table "
+                             "(255). You may wish to remove this class and spit it into 2 seperate "
+                             "classes."));
+    const QStringList fields =
+        fieldNames(dao::DBEngine().OpenDatabase(path), QStringLiteral("REG_7A"));
+    EXPECT_EQ(fields.size(), 251);
+    EXPECT_EQ(fields.last(), QStringLiteral("08/11/24 250"));
+}
+
+TEST(Creation, ClassCodesOfAllKindsWork) {
+    YearAnswers answers = oneWeekAnswers();
+    answers.classes = {QStringLiteral("7A]"), QStringLiteral("ÉÄ"), QStringLiteral("[_^"),
+                       QStringLiteral("]]")};
+    sortClasses(answers.classes);
+    answers.colours.clear();
+    answers.weekA = {};
+    answers.weekA[0] = answers.classes;
+    YearFile file(answers);
+    const dao::Database database = file.open();
+    for (const QString& code : answers.classes) {
+        SCOPED_TRACE(code.toStdString());
+        dao::Recordset pupils = database.OpenRecordset(classTable(code));
+        pupils.AddNew();
+        pupils.SetCollect(u"Surname", QStringLiteral("Ames"));
+        pupils.Update();
+        dao::Recordset marks = database.OpenRecordset(marksTable(code));
+        marks.AddNew();
+        marks.SetCollect(u"ID", 1);
+        marks.Update();
+        const QString own = dao::writeName(classTable(code));
+        const QString other = dao::writeName(marksTable(code));
+        EXPECT_EQ(rows(database, QStringLiteral("SELECT Surname FROM %1 INNER JOIN %2 ON %1.ID = "
+                                                "%2.ID")
+                                     .arg(own, other)),
+                  lines("Ames"));
+        pupils.MoveFirst();
+        pupils.Delete();
+        EXPECT_TRUE(rows(database, marksTable(code)).isEmpty()); // the deletion cascades
+    }
+}
+
+TEST(Creation, TextsThatLookLikeNumbersStayTexts) {
+    YearFile file(twoWeekAnswers());
+    dao::Database database = file.open();
+    CreateFileLinksTable(database);
+    CreateLessonNotesTable(database);
+    CreateRoomIDTable(database);
+    CreateClassTempTable(database);
+    for (const QString& table : database.TableDefs().names()) {
+        dao::Recordset records = database.OpenRecordset(table);
+        for (const QString& text : {QStringLiteral("007"), QStringLiteral("1e5"),
+                                    QStringLiteral("+3"), QStringLiteral("1.0")}) {
+            if (records.HasField(u"ID") && !table.startsWith(ClassPrefix) && table != PlanningTable)
+                continue; // these need a pupil of that number
+            records.AddNew();
+            QStringList expected;
+            for (int column = 0; column < records.FieldCount(); ++column) {
+                const dao::RecordsetField field = records.Fields(column);
+                const bool isText =
+                    field.Type() == dao::DataType::Text || field.Type() == dao::DataType::Memo;
+                const int room = field.Type() == dao::DataType::Memo ? 10 : field.Size();
+                if (isText)
+                    field.setValue(text.left(room));
+                else if (field.Name() == QLatin1String("Lpupil"))
+                    field.setValue(1);
+                expected += isText ? text.left(room) : QString();
+            }
+            records.Update();
+            records.SetBookmark(records.LastModified());
+            for (int column = 0; column < records.FieldCount(); ++column)
+                if (!expected[column].isEmpty()) {
+                    EXPECT_EQ(records.Collect(column), dao::Value(expected[column]))
+                        << table.toStdString() << column;
+                }
+        }
+    }
+}
+
+TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    const auto write = [](const QString& name, const QByteArray& bytes) {
+        QFile file(name);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    };
+    const auto failure = [&](ExistingFile existing) {
+        TestSeams seams;
+        try {
+            createYear(twoWeekAnswers(), path, seams, existing);
+        } catch (const dao::EngineError& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    write(path, "no database");
+    EXPECT_EQ(failure(ExistingFile::Keep), dao::FileExists);
+    QFile old(path);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), QByteArray("no database"));
+
+    // What killed runs left beside it goes, a journal that would spoil the new file as well.
+    write(dao::unfinishedName(path), "half a file");
+    write(dao::unfinishedName(path) + QStringLiteral("-journal"), "its journal");
+    write(path + QStringLiteral("-journal"), "the old file's journal");
+    EXPECT_EQ(failure(ExistingFile::Replace), 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));
+
+    const QTemporaryDir other;
+    const QString link = other.filePath(QStringLiteral("link.mdb"));
+    ASSERT_TRUE(QFile::link(path, link));
+    TestSeams seams;
+    createYear(oneWeekAnswers(), link, seams, ExistingFile::Replace);
+    EXPECT_EQ(QFile::symLinkTarget(link), path); // the file is replaced, not the link
+    EXPECT_EQ(rows(dao::DBEngine().OpenDatabase(path), AdminTable),
+              lines("Mrs A Morrow 2024-2025 5 0 0 0 0"));
+
+    const dao::Database open = dao::DBEngine().OpenDatabase(path);
+    EXPECT_EQ(failure(ExistingFile::Replace), dao::OpenedExclusively);
+    EXPECT_EQ(rows(open, AdminTable).size(), 1);
+}
+
+/// Makes the year in a child process that first calls `prepare`; answers the number of the failure,
+/// 0 for none, -1 for a child that died.
+int createInChild(const QString& path, Progress* progress, const std::function<void()>& prepare) {
+    const pid_t child = fork();
+    if (child == 0) {
+        prepare();
+        int status = 0;
+        try {
+            TestSeams seams;
+            CreateDB(dao::DBEngine(), twoWeekAnswers(), path, ExistingFile::Replace,
+                     progress ? *progress : seams.progress, seams.prompts, QLocale::c());
+        } catch (const dao::EngineError& error) {
+            status = error.number() - 3000;
+        }
+        _exit(status);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (!WIFEXITED(status))
+        return -1;
+    return WEXITSTATUS(status) ? WEXITSTATUS(status) + 3000 : 0;
+}
+
+int createUnderLimit(const QString& path, rlim_t limit) {
+    return createInChild(path, nullptr, [limit] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit sizes{limit, limit};
+        setrlimit(RLIMIT_FSIZE, &sizes);
+    });
+}
+
+/// Kills its own process at one of its steps.
+class KillingProgress : public RecordingProgress {
+public:
+    explicit KillingProgress(int step) : m_step(step) {}
+    void UpdateProgress(int, const QString&, const QString&) override {
+        if (m_step-- == 0)
+            kill(getpid(), SIGKILL);
+    }
+
+private:
+    int m_step;
+};
+
+TEST(Creation, AKillLeavesNothingUnderTheName) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    for (int step = 0; step < 50; step += 7) {
+        KillingProgress progress(step);
+        EXPECT_EQ(createInChild(path, &progress, [] {}), -1) << step;
+        EXPECT_FALSE(QFile::exists(path)) << step;
+    }
+    EXPECT_EQ(createInChild(path, nullptr, [] {}), 0);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));
+    EXPECT_EQ(rows(dao::DBEngine().OpenDatabase(path), PlanningTable).size(), 13);
+}
+
+TEST(Creation, AFullDiskLeavesNothingBehind) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    const QDir::Filters all = QDir::Files | QDir::Hidden;
+    for (const rlim_t limit : {0, 1000, 5000, 20000, 50000}) {
+        const int number = createUnderLimit(path, limit);
+        EXPECT_TRUE(number == dao::DiskError || number == dao::DiskFull ||
+                    number == dao::CannotOpenFile)
+            << limit << ": " << number;
+        EXPECT_TRUE(QDir(folder.path()).entryList(all).isEmpty()) << limit;
+    }
+    EXPECT_EQ(createUnderLimit(path, RLIM_INFINITY), 0);
+    QFile made(path);
+    ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+    const QByteArray bytes = made.readAll();
+    made.seek(0);
+    EXPECT_GT(createUnderLimit(path, 20000), 0);
+    EXPECT_EQ(made.readAll(), bytes); // the one to be replaced stands
+    EXPECT_EQ(QDir(folder.path()).entryList(all), lines("year.mdb"));
+}
+
+TEST(Creation, AMissingFolderIsAnError) {
+    TestSeams seams;
+    EXPECT_THROW(createYear(twoWeekAnswers(), QStringLiteral("/nowhere/at/all.mdb"), seams),
+                 dao::EngineError);
+}
+
+} // namespace
