@@ -6,6 +6,7 @@
 #include "core/settings.h"
 #include "core/shell.h"
 #include "core/system_clock.h"
+#include "year/year_opening.h"
 
 /// Ways out of the rules that lead nowhere: nothing of what is measured is the desktop's.
 class SilentProgress : public Progress {
@@ -28,7 +29,7 @@ class QuietSession {
 public:
     explicit QuietSession(const QString& folder)
         : m_settings(folder + QStringLiteral("/settings.ini"))
-        , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock}) {}
+        , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock}, yearOpening()) {}
 
     Session& session() { return m_session; }
 

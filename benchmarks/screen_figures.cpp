@@ -58,7 +58,7 @@ private:
 class PageChange : public Work {
 public:
     explicit PageChange(const QString& folder) : m_screen(folder) {
-        m_screen.frame->ShowStartupWizard();
+        m_screen.frame->open(ToolWindow::StartupWizard);
         m_wizard = m_screen.frame->findChild<StartupWizard*>();
         fillWizard(*m_wizard, sampleAnswers(), [](int) {});
     }

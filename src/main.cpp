@@ -14,7 +14,9 @@
 #include "desktop/screens/progress_dialog.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/splash_window.h"
+#include "frame/screens/window_table.h"
 #include "tour/screens/tour.h"
+#include "year/year_opening.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -34,12 +36,12 @@ int main(int argc, char** argv) {
     DesktopPrompts prompts(clock);
     DesktopProgress progress;
     DesktopShell shell(prompts);
-    Session session(engine, settings, {prompts, progress, shell, clock});
+    Session session(engine, settings, {prompts, progress, shell, clock}, yearOpening());
 
     const bool playsTour = arguments.value(1) == u"--tour";
     QPointer<SplashWindow> splash = playsTour ? nullptr : new SplashWindow(clock);
     session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    MainWindow frame(session, !playsTour, splash);
+    MainWindow frame(session, windowTable(), !playsTour, splash);
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")

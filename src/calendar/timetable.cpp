@@ -1,5 +1,6 @@
 #include "calendar/timetable.h"
 
+#include "calendar/class_colours.h"
 #include "core/dates.h"
 #include "core/session.h"
 #include "store/data_helpers.h"
@@ -245,11 +246,14 @@ void LoadTT(const dao::Database& database, int weekIndex, TimetableGrid& grid) {
 }
 
 void SaveTTinfo(Session& session, int weekIndex, const TimetableGrid& grid) {
+    const QList<ClassColour> before = session.ClassColours;
     dao::Transaction whole(session.CurrentDB);
     saveCells(session.CurrentDB, weekIndex, grid);
     saveRooms(session.CurrentDB, weekIndex, grid);
     whole.commit();
-    session.LoadClassColours(); // last, so that it never shows what was undone
+    LoadClassColours(session); // last, so that it never shows what was undone
+    if (session.ClassColours != before)
+        emit session.GetNotices().classesChanged();
 }
 
 QString cellPlace(int day, int period) {

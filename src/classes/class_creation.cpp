@@ -1,5 +1,6 @@
 #include "classes/class_creation.h"
 
+#include "core/class_colour.h"
 #include "calendar/term_weeks.h"
 #include "core/prompts.h"
 #include "store/data_helpers.h"

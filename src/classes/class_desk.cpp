@@ -1,5 +1,6 @@
 #include "classes/class_desk.h"
 
+#include "calendar/class_colours.h"
 #include "core/session.h"
 
 ClassDesk::ClassDesk(Session& session) : m_session(session) {}
@@ -10,7 +11,7 @@ void ClassDesk::updateTables() {
 }
 
 void ClassDesk::refreshClasses(const QString& select) {
-    m_session.LoadClassColours();
+    LoadClassColours(m_session);
     m_classes = m_session.ClassColours;
     const int index = qMax(0, classIndex(m_classes, select));
     selectClass(m_classes.isEmpty() ? QString() : m_classes[index].code);

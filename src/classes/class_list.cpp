@@ -21,18 +21,6 @@ void addWhereMissing(const dao::Database& database, const QString& table, QStrin
 
 } // namespace
 
-QList<ClassColour> readClasses(const dao::Database& database) {
-    QList<ClassColour> classes;
-    dao::Recordset records = database.OpenRecordset(ClasscodesTable);
-    const dao::RecordsetField code = records.Fields(u"Classcode");
-    const dao::RecordsetField colour = records.Fields(u"Colour");
-    for (; !records.EOF_(); records.MoveNext())
-        classes += {code.text(),
-                    colour.isNull() ? WhiteClassColour : static_cast<qint32>(colour.integer())};
-    records.Close();
-    return classes;
-}
-
 void UpdateClassTables(const dao::Database& database) {
     dao::Transaction transaction(database);
     for (const QString& table : database.TableDefs().names()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/class_colour.h"
 #include "store/engine/database.h"
 
 #include <QList>
@@ -9,18 +10,9 @@ class Prompts;
 
 /// The classes of a year, and what their tables need before the class window shows them.
 
-struct ClassColour {
-    QString code;
-    qint32 colour; ///< red in the low byte
-};
-
-/// The classes with their colours, in the order of `Classcodes`; white where none was set. Raises
-/// what the engine raises, as the next.
-QList<ClassColour> readClasses(const dao::Database& database);
-
 /// Brings the tables of an older file up to date: `Photo` and `PID` in every table of pupils that
 /// lacks them, and the spare table `Class_Temp`. Whole or not at all; does nothing to a file that
-/// has everything. The class window does so each time it loads: a class made a moment ago gets its
+/// has everything. Raises what the engine raises. The class window does so each time it loads: a class made a moment ago gets its
 /// `PID` there.
 void UpdateClassTables(const dao::Database& database);
 

@@ -25,9 +25,6 @@ struct ClassPeriods {
 
 inline constexpr int DaysOfTimetable = 5; ///< Monday to Friday
 
-/// A class's colour where none was set; red in the low byte.
-inline constexpr qint32 WhiteClassColour = 0xFFFFFF;
-
 struct Lesson {
     QDate date;
     QChar letter; ///< of the timetable that holds on this date

@@ -1,8 +1,8 @@
 #include "classes/new_class.h"
 
+#include "classes/class_code.h"
 #include "core/prompts.h"
 #include "store/table_names.h"
-#include "year/year_answers.h"
 
 #include <algorithm>
 

@@ -4,11 +4,8 @@
 #include "core/password_retry.h"
 #include "core/prompts.h"
 #include "core/settings.h"
-#include "frame/main_frame.h"
 #include "store/data_helpers.h"
 #include "store/engine/error.h"
-#include "store/table_names.h"
-#include "year/sheet_upgrades.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -48,8 +45,9 @@ bool isInUse(int error) {
 
 } // namespace
 
-Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams)
-    : m_engine(engine), m_settings(settings), m_seams(seams) {}
+Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams,
+                 YearOpening opening)
+    : m_engine(engine), m_settings(settings), m_seams(seams), m_opening(std::move(opening)) {}
 
 void Session::Start(const QString& appPath) {
     QDir().mkpath(appPath);
@@ -88,47 +86,13 @@ OpenResult Session::OpenDatabaseFile(const QString& path, const QString& passwor
 
 OpenResult Session::openOnce(const QString& path, const QString& password) {
     CurrentDB = m_engine.OpenDatabase(path, false, false, dao::connectText(password));
-    readYear();
+    m_opening.read(*this);
     if (CurrentDB.isJetFile())
         return openConverted(path, password);
-    bringUpToDate();
+    m_opening.bringUpToDate(*this);
     DatabasePassword = password;
-    if (m_frame)
-        m_frame->SetCaption(mainCaption(path));
+    emit m_notices.yearOpened();
     return OpenDone;
-}
-
-/// What makes a file a year's: it has all these tables with these fields.
-void Session::readYear() {
-    readAdmin();
-    CurrentDB.OpenRecordset(PlanningTable);
-    countTerms();
-    CurrentDB.OpenRecordset(CalendarTable);
-    LoadClassColours();
-    CurrentDB.OpenRecordset(ExtraTTinfoTable);
-}
-
-void Session::readAdmin() {
-    const dao::Recordset admin = CurrentDB.OpenRecordset(AdminTable);
-    AcademicYear = admin.Collect(u"Year").toText();
-    PeriodsPerDay = static_cast<qint16>(admin.Collect(u"PeriodsPerDay").toInteger());
-    TeacherName = admin.Collect(u"Teacher").toText();
-    TTweekly = static_cast<qint16>(admin.Collect(u"TTweekly").toInteger());
-    StartWeek = TTweekly == 1 ? admin.Collect(u"StartWeek").toText() : QString();
-}
-
-void Session::countTerms() {
-    dao::Recordset terms = CurrentDB.OpenRecordset(TermDatesTable);
-    terms.MoveLast();
-    TermCount = static_cast<qint16>(dao::Value(terms.RecordCount() / 2.0).toInteger());
-}
-
-/// Older files lack what later ones have; each step does nothing to a file that has it.
-void Session::bringUpToDate() {
-    AddWeekField(CurrentDB);
-    AddABWeekField(CurrentDB, TTweekly, StartWeek);
-    if (!TableExists(CurrentDB, LessonNotesTable))
-        CreateLessonNotesTable(CurrentDB);
 }
 
 OpenResult Session::openConverted(const QString& path, const QString& password) {
@@ -185,6 +149,8 @@ QString Session::ChooseDatabaseFile(const QString& title, int flags) {
 }
 
 void Session::CloseAllDatabases() {
+    if (CurrentDB.isOpen())
+        emit m_notices.yearClosing();
     ::CloseAllDatabases(m_engine.Workspaces(0), m_seams.prompts);
     clear();
 }
@@ -205,10 +171,14 @@ bool Session::IsDBOpen() {
     return false;
 }
 
-void Session::LoadClassColours() {
-    ClassColours = readClasses(CurrentDB);
-}
-
-QString mainCaption(const QString& databasePath) {
-    return QStringLiteral("Orvane: ") + ShortenPath(databasePath);
+OpenFailure openFailure(OpenResult result, const QString& path) {
+    if (result == OpenInUse)
+        return {QStringLiteral("Database already open"),
+                QStringLiteral("The database : \n\n%1\n\nappears to be already open by another "
+                               "user.\n\nPlease retry later.")
+                    .arg(ShortenPath(path))};
+    return {QStringLiteral("Invalid Database"),
+            QStringLiteral("The database : \n\n%1\n\nappears to be either the wrong format or "
+                           "corrupt!\n\nPlease choose another action.")
+                .arg(ShortenPath(path))};
 }

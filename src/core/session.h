@@ -1,14 +1,18 @@
 #pragma once
 
-#include "classes/class_list.h"
+#include "core/class_colour.h"
+#include "core/notices.h"
 #include "core/paths.h"
 #include "core/seams.h"
+#include "core/tool_windows.h"
 #include "store/engine/engine.h"
 
 #include <QList>
 #include <QString>
 
-class MainFrame;
+#include <functional>
+
+class Session;
 class Settings;
 
 /// What opening a file ends in. Callers know the values by number.
@@ -22,6 +26,16 @@ enum OpenResult : qint16 {
 /// The word of flags with which a file is chosen.
 inline constexpr int ExistingFileFlags = 0x80800;
 
+/// What the subsystems do when a file is opened. Both raise what the engine raises; the file then
+/// counts as no year's.
+struct YearOpening {
+    /// Reads what the session shows of the year from `CurrentDB`, and so finds out whether the file
+    /// is a year's.
+    std::function<void(Session&)> read;
+    /// Brings an older file up to date. Not for a genuine Jet file, which is only read.
+    std::function<void(Session&)> bringUpToDate;
+};
+
 /// The session: one record for the whole process, with at most one open year. All read it; only the
 /// operations here write it, except `DatabasePath`, which whoever chooses a file sets first.
 ///
@@ -30,7 +44,7 @@ inline constexpr int ExistingFileFlags = 0x80800;
 /// never leaves anything in between.
 class Session {
 public:
-    Session(dao::DBEngine& engine, Settings& settings, const Seams& seams);
+    Session(dao::DBEngine& engine, Settings& settings, const Seams& seams, YearOpening opening);
 
     QString AppPath;     ///< the person's program folder, with a separator at its end
     QString WindowsPath; ///< the home folder, with a separator at its end
@@ -66,9 +80,10 @@ public:
     /// Sets the values that hold for the whole run, in the order of the start: paths, gradients,
     /// default folders, the person's locale. `appPath` is made when it is not there.
     void Start(const QString& appPath);
-    /// The main window that shows the caption; none in tools.
-    void SetFrame(MainFrame* frame) { m_frame = frame; }
-    MainFrame* Frame() const { return m_frame; }
+    /// The program's windows, as long as there are any; null takes them away.
+    void SetWindows(ToolWindows* windows) { m_windows = windows ? windows : &m_noWindows; }
+    ToolWindows& GetWindows() const { return *m_windows; }
+    Notices& GetNotices() { return m_notices; }
 
     dao::DBEngine& Engine() const { return m_engine; }
     Settings& GetSettings() const { return m_settings; }
@@ -84,24 +99,26 @@ public:
     void CloseAllDatabases();
     /// Whether the file at `DatabasePath` is still open somewhere; if so the teacher is told.
     bool IsDBOpen();
-    void LoadClassColours();
 
     QString helpFile() const; ///< AppPath and "ORVA.hlp"
 
 private:
     OpenResult openOnce(const QString& path, const QString& password);
     OpenResult openConverted(const QString& path, const QString& password);
-    void readAdmin();
-    void readYear();
-    void bringUpToDate();
-    void countTerms();
     void clear();
 
     dao::DBEngine& m_engine;
     Settings& m_settings;
     Seams m_seams;
-    MainFrame* m_frame = nullptr;
+    YearOpening m_opening;
+    Notices m_notices;
+    ToolWindows m_noWindows;
+    ToolWindows* m_windows = &m_noWindows;
 };
 
-/// The caption of the main window: "Orvane: " and the shortened path of the database, if any.
-QString mainCaption(const QString& databasePath);
+/// The box for a file that is in use or invalid: its title and text.
+struct OpenFailure {
+    QString title;
+    QString text;
+};
+OpenFailure openFailure(OpenResult result, const QString& path);

@@ -1,17 +1,33 @@
 #include "core/system_clock.h"
 
+#include <QTimer>
+
 #include <utility>
 
-void SystemClock::DeleteLater::operator()(QTimer* timer) const {
-    timer->stop();
-    timer->deleteLater();
-}
+namespace {
 
-void SystemClock::startTimer(int id, std::chrono::milliseconds delay,
-                             std::function<void()> action) {
-    std::unique_ptr<QTimer, DeleteLater> timer(new QTimer);
-    timer->setSingleShot(true);
-    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(action));
-    timer->start(delay);
-    m_timers[id] = std::move(timer);
+class EventLoopTimer : public Timer {
+public:
+    EventLoopTimer(std::chrono::milliseconds delay, std::function<void()> action) {
+        m_timer->setSingleShot(true);
+        QObject::connect(m_timer, &QTimer::timeout, m_timer, std::move(action));
+        m_timer->start(delay);
+    }
+    /// Later, since its own action may be what ends it.
+    ~EventLoopTimer() override {
+        m_timer->stop();
+        m_timer->deleteLater();
+    }
+    EventLoopTimer(const EventLoopTimer&) = delete;
+    EventLoopTimer& operator=(const EventLoopTimer&) = delete;
+
+private:
+    QTimer* m_timer = new QTimer;
+};
+
+} // namespace
+
+std::unique_ptr<Timer> SystemClock::after(std::chrono::milliseconds delay,
+                                          std::function<void()> action) {
+    return std::make_unique<EventLoopTimer>(delay, std::move(action));
 }

@@ -16,160 +16,150 @@ namespace {
 
 using enum FrameCommand;
 
-constexpr bool NeedsDatabase = true;
-constexpr bool NeedsNone = false;
-
-/// The address book's key is not the one under which that window keeps itself ("AddressBook"), so
-/// a minimised address book finds no place there and stays where it is. That is wanted.
 const std::array commands{
-    CommandEntry{OpenDatabase,
-                 u"mnufileItem(0)",
-                 u"Open a ORVA Database... "_s,
-                 u"open",
-                 {},
-                 {},
-                 u"Ctrl+O",
-                 NeedsNone},
-    CommandEntry{SetupDatabase,
-                 u"mnufileItem(1)",
-                 u"Setup a New ORVA database..."_s,
-                 u"new",
-                 {},
-                 {},
-                 {},
-                 NeedsNone},
-    CommandEntry{ReturnToWizard,
-                 u"mnufileItem(2)",
-                 u"Return to the Startup Wizard..."_s,
-                 u"wizard",
-                 {},
-                 {},
-                 {},
-                 NeedsNone},
-    CommandEntry{Exit, u"mnufileItem(8)", u"E&xit"_s, u"exit", {}, {}, u"Ctrl+Q", NeedsNone},
-    CommandEntry{PlanningMenu,
-                 u"mnuSettingsItem(0)",
-                 u"Planning Sheets..."_s,
-                 u"planning",
-                 {},
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{DailyPlanning, u"mnuPlanning(0)", u"&Daily Planning Sheets..."_s, u"daily",
-                 u"ORVAfrm", u"Planning", u"Alt+1", NeedsDatabase},
-    CommandEntry{WeeklyPlanning, u"mnuPlanning(1)", u"&Weekly Planning Sheets..."_s, u"weekly",
-                 u"ORVA2frm", u"Planning", u"Alt+2", NeedsDatabase},
-    CommandEntry{Timetable, u"mnuSettingsItem(1)", u"Personal Timetable..."_s, u"timetable",
-                 u"TTfrm", u"Timetable", u"Alt+3", NeedsDatabase},
-    CommandEntry{Register, u"mnuSettingsItem(2)", u"Register, Grades && Classes..."_s, u"register",
-                 u"RegisterFrm", u"Register", u"Alt+4", NeedsDatabase},
-    CommandEntry{CalendarOfEvents, u"mnuSettingsItem(3)", u"Calendar of Events..."_s, u"calendar",
-                 u"COEfrm", u"COE", u"Alt+5", NeedsDatabase},
-    CommandEntry{ShowToolbar, u"mnuSettingsItem(5)", u"Toolbar"_s, {}, {}, {}, {}, NeedsNone},
-    CommandEntry{GeneralSettings,
-                 u"mnuSettingsItem(7)",
-                 u"General Settings..."_s,
-                 u"settings",
-                 u"SettingsFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitMenu, u"mnuPostit", u"postit"_s, u"postit", {}, {}, {}, NeedsDatabase},
-    CommandEntry{PostitNew,
-                 u"mnuPostitNew",
-                 u"Create a New Post-it"_s,
-                 u"postit_new",
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitShowAll,
-                 u"mnuPostitShowAll",
-                 u"Show All Post-it's"_s,
-                 {},
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitHideAll,
-                 u"mnuPostitHideAll",
-                 u"Hide All Post-it's"_s,
-                 {},
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitDeleteAll,
-                 u"mnuPostitDeleteAll",
-                 u"Delete All Post-it's"_s,
-                 {},
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitImport,
-                 u"mnuPostitImport",
-                 u"Import Notes from Outlook"_s,
-                 {},
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{PostitExport,
-                 u"mnuPostitExport",
-                 u"Export Post-it notes to Outlook"_s,
-                 {},
-                 u"PostitFrm",
-                 {},
-                 {},
-                 NeedsDatabase},
-    CommandEntry{Schedule,
-                 u"Schedule",
-                 u"Schedule Reminder"_s,
-                 u"reminder",
-                 u"Schedulefrm",
-                 {},
-                 u"Alt+6",
-                 NeedsDatabase},
-    CommandEntry{SeatingPlan, u"SeatingPlan", u"Seating Plans"_s, u"seating", u"SeatingPlanFrm",
-                 u"SeatingPlan", u"Alt+7", NeedsDatabase},
-    CommandEntry{Incidents,
-                 u"Incidents",
-                 u"Incident Report"_s,
-                 u"incident",
-                 u"IncidentFrm",
-                 {},
-                 u"Alt+8",
-                 NeedsDatabase},
+    CommandEntry{.command = OpenDatabase,
+                 .name = u"mnufileItem(0)",
+                 .caption = u"Open a ORVA Database... "_s,
+                 .icon = u"open",
+                 .shortcut = u"Ctrl+O",
+                 .needsDatabase = false},
+    CommandEntry{.command = SetupDatabase,
+                 .name = u"mnufileItem(1)",
+                 .caption = u"Setup a New ORVA database..."_s,
+                 .icon = u"new",
+                 .needsDatabase = false},
+    CommandEntry{.command = ReturnToWizard,
+                 .name = u"mnufileItem(2)",
+                 .caption = u"Return to the Startup Wizard..."_s,
+                 .icon = u"wizard",
+                 .needsDatabase = false},
+    CommandEntry{.command = Exit,
+                 .name = u"mnufileItem(8)",
+                 .caption = u"E&xit"_s,
+                 .icon = u"exit",
+                 .shortcut = u"Ctrl+Q",
+                 .needsDatabase = false},
+    CommandEntry{.command = PlanningMenu,
+                 .name = u"mnuSettingsItem(0)",
+                 .caption = u"Planning Sheets..."_s,
+                 .icon = u"planning"},
+    CommandEntry{.command = DailyPlanning,
+                 .name = u"mnuPlanning(0)",
+                 .caption = u"&Daily Planning Sheets..."_s,
+                 .icon = u"daily",
+                 .window = ToolWindow::DailySheet,
+                 .shortcut = u"Alt+1"},
+    CommandEntry{.command = WeeklyPlanning,
+                 .name = u"mnuPlanning(1)",
+                 .caption = u"&Weekly Planning Sheets..."_s,
+                 .icon = u"weekly",
+                 .window = ToolWindow::WeeklySheet,
+                 .shortcut = u"Alt+2"},
+    CommandEntry{.command = Timetable,
+                 .name = u"mnuSettingsItem(1)",
+                 .caption = u"Personal Timetable..."_s,
+                 .icon = u"timetable",
+                 .window = ToolWindow::Timetable,
+                 .shortcut = u"Alt+3"},
+    CommandEntry{.command = Register,
+                 .name = u"mnuSettingsItem(2)",
+                 .caption = u"Register, Grades && Classes..."_s,
+                 .icon = u"register",
+                 .window = ToolWindow::Classes,
+                 .shortcut = u"Alt+4"},
+    CommandEntry{.command = CalendarOfEvents,
+                 .name = u"mnuSettingsItem(3)",
+                 .caption = u"Calendar of Events..."_s,
+                 .icon = u"calendar",
+                 .window = ToolWindow::CalendarOfEvents,
+                 .shortcut = u"Alt+5"},
+    CommandEntry{.command = ShowToolbar,
+                 .name = u"mnuSettingsItem(5)",
+                 .caption = u"Toolbar"_s,
+                 .needsDatabase = false},
+    CommandEntry{.command = GeneralSettings,
+                 .name = u"mnuSettingsItem(7)",
+                 .caption = u"General Settings..."_s,
+                 .icon = u"settings",
+                 .window = ToolWindow::Settings},
     CommandEntry{
-        ToolsMenu, u"mnuTools", u"Tools..."_s, u"tools", u"mnuUserApps", {}, {}, NeedsDatabase},
-    CommandEntry{AddressBook, u"Contacts", u"Address Book"_s, u"contacts", u"ContactsFrm",
-                 u"Contacts", u"Alt+9", NeedsDatabase},
-    CommandEntry{HelpAbout, u"mnHelpAbout", u"&About ORVA"_s, u"about", {}, {}, {}, NeedsNone},
-    CommandEntry{HelpContents,
-                 u"mnuHelpContents",
-                 u"Help Contents"_s,
-                 u"help",
-                 u"HelpFrm",
-                 {},
-                 {},
-                 NeedsNone},
-    CommandEntry{HelpSearch,
-                 u"mnuHelpSearch",
-                 u"Search for help on..."_s,
-                 u"help_search",
-                 u"HelpFrm",
-                 {},
-                 {},
-                 NeedsNone},
-    CommandEntry{HelpUpgrade,
-                 u"mnuHelpUpgrade",
-                 u"Check for Internet Upgrade"_s,
-                 u"upgrade",
-                 {},
-                 {},
-                 {},
-                 NeedsNone},
+        .command = PostitMenu, .name = u"mnuPostit", .caption = u"postit"_s, .icon = u"postit"},
+    CommandEntry{.command = PostitNew,
+                 .name = u"mnuPostitNew",
+                 .caption = u"Create a New Post-it"_s,
+                 .icon = u"postit_new",
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitShowAll,
+                 .name = u"mnuPostitShowAll",
+                 .caption = u"Show All Post-it's"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitHideAll,
+                 .name = u"mnuPostitHideAll",
+                 .caption = u"Hide All Post-it's"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitDeleteAll,
+                 .name = u"mnuPostitDeleteAll",
+                 .caption = u"Delete All Post-it's"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitImport,
+                 .name = u"mnuPostitImport",
+                 .caption = u"Import Notes from Outlook"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitExport,
+                 .name = u"mnuPostitExport",
+                 .caption = u"Export Post-it notes to Outlook"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = Schedule,
+                 .name = u"Schedule",
+                 .caption = u"Schedule Reminder"_s,
+                 .icon = u"reminder",
+                 .window = ToolWindow::Reminders,
+                 .shortcut = u"Alt+6"},
+    CommandEntry{.command = SeatingPlan,
+                 .name = u"SeatingPlan",
+                 .caption = u"Seating Plans"_s,
+                 .icon = u"seating",
+                 .window = ToolWindow::SeatingPlans,
+                 .shortcut = u"Alt+7"},
+    CommandEntry{.command = Incidents,
+                 .name = u"Incidents",
+                 .caption = u"Incident Report"_s,
+                 .icon = u"incident",
+                 .window = ToolWindow::Incidents,
+                 .shortcut = u"Alt+8"},
+    CommandEntry{.command = ToolsMenu,
+                 .name = u"mnuTools",
+                 .caption = u"Tools..."_s,
+                 .icon = u"tools",
+                 .window = ToolWindow::UserTools},
+    CommandEntry{.command = AddressBook,
+                 .name = u"Contacts",
+                 .caption = u"Address Book"_s,
+                 .icon = u"contacts",
+                 .window = ToolWindow::AddressBook,
+                 .shortcut = u"Alt+9"},
+    CommandEntry{.command = HelpAbout,
+                 .name = u"mnHelpAbout",
+                 .caption = u"&About ORVA"_s,
+                 .icon = u"about",
+                 .needsDatabase = false},
+    CommandEntry{.command = HelpContents,
+                 .name = u"mnuHelpContents",
+                 .caption = u"Help Contents"_s,
+                 .icon = u"help",
+                 .window = ToolWindow::Help,
+                 .needsDatabase = false},
+    CommandEntry{.command = HelpSearch,
+                 .name = u"mnuHelpSearch",
+                 .caption = u"Search for help on..."_s,
+                 .icon = u"help_search",
+                 .window = ToolWindow::Help,
+                 .needsDatabase = false},
+    CommandEntry{.command = HelpUpgrade,
+                 .name = u"mnuHelpUpgrade",
+                 .caption = u"Check for Internet Upgrade"_s,
+                 .icon = u"upgrade",
+                 .needsDatabase = false},
 };
 
 /// A line of a menu or a place on the toolbar; none is a separator.
@@ -178,13 +168,13 @@ using Places = std::vector<std::optional<FrameCommand>>;
 constexpr std::nullopt_t separator = std::nullopt;
 
 /// Without what has nothing behind it, and without the separators that then part nothing.
-std::vector<MenuItem> present(const Places& places, const FormTest& hasForm) {
+std::vector<MenuItem> present(const Places& places, const WindowTest& has) {
     std::vector<MenuItem> items;
     bool isSeparated = false;
     for (const std::optional<FrameCommand>& place : places) {
         if (!place) {
             isSeparated = !items.empty();
-        } else if (commandExists(*place, hasForm)) {
+        } else if (commandExists(*place, has)) {
             if (std::exchange(isSeparated, false))
                 items.push_back({true, {}});
             items.push_back({false, *place});
@@ -234,50 +224,42 @@ const CommandEntry& commandEntry(FrameCommand command) {
                          [command](const CommandEntry& entry) { return entry.command == command; });
 }
 
-QStringView commandPlacementKey(QStringView form) {
-    const auto found =
-        std::find_if(commands.begin(), commands.end(),
-                     [form](const CommandEntry& entry) { return entry.form == form; });
-    return found == commands.end() ? QStringView() : found->placementKey;
-}
-
-bool commandExists(FrameCommand command, const FormTest& hasForm) {
+bool commandExists(FrameCommand command, const WindowTest& has) {
     const Places places = popupPlaces(command);
     if (!places.empty())
-        return !present(places, hasForm).empty();
-    const QStringView form = commandEntry(command).form;
-    return form.isEmpty() || hasForm(form);
+        return !present(places, has).empty();
+    const std::optional<ToolWindow> window = commandEntry(command).window;
+    return !window || has(*window);
 }
 
-std::vector<MenuEntry> frameMenus(const FormTest& hasForm) {
+std::vector<MenuEntry> frameMenus(const WindowTest& has) {
     return {
         {u"mnuFile", u"&File"_s,
-         present({OpenDatabase, SetupDatabase, ReturnToWizard, separator, Exit}, hasForm)},
+         present({OpenDatabase, SetupDatabase, ReturnToWizard, separator, Exit}, has)},
         {u"mnuSettings", u"&View"_s,
          present({PlanningMenu, Timetable, Register, CalendarOfEvents, separator, ShowToolbar,
                   separator, GeneralSettings},
-                 hasForm)},
-        {u"mnuHelp", u"&Help"_s,
-         present({HelpAbout, HelpContents, HelpSearch, HelpUpgrade}, hasForm)},
+                 has)},
+        {u"mnuHelp", u"&Help"_s, present({HelpAbout, HelpContents, HelpSearch, HelpUpgrade}, has)},
     };
 }
 
-MenuEntry popupMenu(FrameCommand popup, const FormTest& hasForm) {
+MenuEntry popupMenu(FrameCommand popup, const WindowTest& has) {
     const CommandEntry& entry = commandEntry(popup);
     const QStringView name = popup == PlanningMenu ? QStringView(u"mnuPlanning") : entry.name;
-    return {name, entry.caption, present(popupPlaces(popup), hasForm)};
+    return {name, entry.caption, present(popupPlaces(popup), has)};
 }
 
 bool isPopup(FrameCommand command) {
     return command == PlanningMenu || command == PostitMenu || command == ToolsMenu;
 }
 
-ToolbarLayout toolbarLayout(const FormTest& hasForm) {
+ToolbarLayout toolbarLayout(const WindowTest& has) {
     ToolbarLayout result;
     bool isSeparated = false;
     for (const ToolbarPlace& place : toolbar) {
         isSeparated = isSeparated || place.isSeparated;
-        if (!commandExists(place.command, hasForm))
+        if (!commandExists(place.command, has))
             continue;
         if (std::exchange(isSeparated, false) && !result.buttons.empty())
             result.layout += u'|';
@@ -287,17 +269,16 @@ ToolbarLayout toolbarLayout(const FormTest& hasForm) {
     return result;
 }
 
-void RunCommand(Session& session, FrameCommand command) {
-    MainFrame& frame = *session.Frame();
+void RunCommand(Session& session, MainFrame& frame, FrameCommand command) {
     switch (command) {
     case OpenDatabase:
-        return OpenDatabaseCommand(session);
+        return OpenDatabaseCommand(session, frame);
     case SetupDatabase:
-        return SetupDatabaseCommand(session);
+        return SetupDatabaseCommand(session, frame);
     case ReturnToWizard:
-        return ReturnToWizardCommand(session);
+        return ReturnToWizardCommand(session, frame);
     case Exit:
-        return ExitCommand(session);
+        return ExitCommand(frame);
     case HelpAbout:
         return frame.Help_Menu(HelpItem::About);
     case HelpContents:
@@ -313,7 +294,7 @@ void RunCommand(Session& session, FrameCommand command) {
     default:
         break;
     }
-    const QStringView form = commandEntry(command).form;
-    if (!form.isEmpty() && !isPopup(command))
-        frame.RunFormCommand(form.toString(), command);
+    const std::optional<ToolWindow> window = commandEntry(command).window;
+    if (window && !isPopup(command))
+        frame.run(*window, command);
 }

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "core/tool_windows.h"
+
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
+class MainFrame;
 class Session;
 
 /// All that can be asked of the main window: by its menus, by its toolbar, and by the menus of tool
@@ -44,24 +48,21 @@ enum class FrameCommand {
 
 struct CommandEntry {
     FrameCommand command;
-    QStringView name;         ///< the system's name: "mnufileItem(0)"
-    QString caption;          ///< in menus
-    QStringView icon;         ///< resources/icons; empty for none
-    QStringView form;         ///< the window without which there is no such command; empty for none
-    QStringView placementKey; ///< where a minimised window is restored from; empty for none
-    QStringView shortcut;     ///< portable text; empty for none
-    bool needsDatabase;
+    QStringView name;                      ///< the system's name: "mnufileItem(0)"
+    QString caption;                       ///< in menus
+    QStringView icon = {};                 ///< resources/icons; empty for none
+    std::optional<ToolWindow> window = {}; ///< without which there is no such command
+    QStringView shortcut = {};             ///< portable text; empty for none
+    bool needsDatabase = true;
 };
 
 std::span<const CommandEntry> commandTable();
 const CommandEntry& commandEntry(FrameCommand command);
-/// The key from which a window that was minimised takes its place when its command is given again.
-QStringView commandPlacementKey(QStringView form);
 
-/// Whether the program has the window of that name.
-using FormTest = std::function<bool(QStringView form)>;
+/// Whether the program has a window.
+using WindowTest = std::function<bool(ToolWindow window)>;
 /// Whether there is something behind a command: its window, for a popup any of its items.
-bool commandExists(FrameCommand command, const FormTest& hasForm);
+bool commandExists(FrameCommand command, const WindowTest& has);
 
 /// A place in a menu: a command, or a separator.
 struct MenuItem {
@@ -76,9 +77,9 @@ struct MenuEntry {
 };
 
 /// The menus of the bar, in order, without what needs a window that the program does not have.
-std::vector<MenuEntry> frameMenus(const FormTest& hasForm);
+std::vector<MenuEntry> frameMenus(const WindowTest& has);
 /// The menu behind `PlanningMenu`, `PostitMenu` or `ToolsMenu`; the last has no items of its own.
-MenuEntry popupMenu(FrameCommand popup, const FormTest& hasForm);
+MenuEntry popupMenu(FrameCommand popup, const WindowTest& has);
 bool isPopup(FrameCommand command);
 
 struct ToolbarButton {
@@ -92,8 +93,8 @@ struct ToolbarLayout {
     QString layout;
     std::vector<ToolbarButton> buttons;
 };
-ToolbarLayout toolbarLayout(const FormTest& hasForm);
+ToolbarLayout toolbarLayout(const WindowTest& has);
 
 /// Does what a command says. A command that opens a window brings it to the front where it is
 /// loaded. Nothing for popups and `ShowToolbar`, which are the main window's own.
-void RunCommand(Session& session, FrameCommand command);
+void RunCommand(Session& session, MainFrame& frame, FrameCommand command);

@@ -2,6 +2,7 @@
 
 #include "core/core_settings.h"
 #include "core/prompts.h"
+#include "core/session.h"
 #include "core/settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
@@ -10,25 +11,12 @@
 
 #include <QFileInfo>
 
-#include <array>
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A window that is opened again at the next start, in the order of opening. Windows to come add
-/// their line here and in the frame's own table.
-struct StartupWindow {
-    QStringView value;
-    QStringView form;
-};
-constexpr std::array<StartupWindow, 3> windowsBeforePostits{{
-    {setting::Open_Register, u"RegisterFrm"},
-    {setting::Open_Timetable, u"TTfrm"},
-    {setting::Open_COE, u"COEfrm"},
-}};
-constexpr std::array<StartupWindow, 2> windowsAfterPostits{{
-    {setting::Open_WeeklyPlan, u"ORVA2frm"},
-    {setting::Open_Planning, u"ORVAfrm"},
-}};
+/// Where the wizard begins with a new year, by its own number.
+const QString FirstSetupPage = u"0"_s;
 
 /// What happens to the database when the program closes, by its number in the settings.
 enum ClosingBackup {
@@ -74,159 +62,131 @@ void recoverInterruptedBackups(Session& session) {
         RecoverInterruptedBackup(context, other);
 }
 
-void backToWizard(Session& session) {
+void backToWizard(Session& session, MainFrame& frame) {
     session.DatabasePath.clear();
-    session.Frame()->SetCaption(mainCaption({}));
-    session.Frame()->ShowStartupWizard();
-}
-
-/// Opens the windows whose value exists: that it exists is its meaning, whatever it holds.
-template<size_t Count>
-void openWindows(Session& session, const std::array<StartupWindow, Count>& windows) {
-    const QString key = setting::keyOf(setting::Startup);
-    for (const StartupWindow& window : windows) {
-        if (session.GetSettings().ReadRegistryValue(key, window.value) == SettingFound)
-            session.Frame()->OpenForm(window.form.toString());
-    }
-}
-
-QStringView valueOf(const QString& form) {
-    for (const auto& window : windowsBeforePostits) {
-        if (window.form == form)
-            return window.value;
-    }
-    for (const auto& window : windowsAfterPostits) {
-        if (window.form == form)
-            return window.value;
-    }
-    return {};
+    frame.SetCaption(mainCaption({}));
+    frame.open(ToolWindow::StartupWizard);
 }
 
 /// Opens a database with its windows; where it does not open, tells why and shows the wizard.
-void openOrShowWizard(Session& session, const QString& asked, const QString& password) {
+void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
+                      const QString& password) {
     const QString path = asked; // which may be the session's own, and changes
     const OpenResult result = session.OpenDatabaseFile(path, password);
     if (result == OpenDone) {
-        session.Frame()->DestroySplash();
-        session.Frame()->EnableInput(true);
-        return RunCurrentStartup(session);
+        frame.DestroySplash();
+        return RunCurrentStartup(session, frame);
     }
     if (result != OpenCancelled) {
         const OpenFailure failure = openFailure(result, path);
         session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
-    backToWizard(session);
+    backToWizard(session, frame);
 }
 
 } // namespace
 
-BackupContext backupContext(Session& session) {
-    return {session.Engine(), session.GetSeams(), session.GetSettings(), session.AppPath,
-            session.FolderDefaults};
-}
-
-void LoadMainWindow(Session& session) {
+void LoadMainWindow(Session& session, MainFrame& frame) {
     session.DatabasePath =
         session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
     recoverInterruptedBackups(session);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
-    session.Frame()->SetCaption(mainCaption({}));
-    session.Frame()->EnableInput(false);
-    session.Frame()->DestroySplash();
+    frame.SetCaption(mainCaption({}));
+    frame.EnableInput(false);
+    frame.DestroySplash();
 }
 
-void ActivateMainWindow(Session& session) {
+void ActivateMainWindow(Session& session, MainFrame& frame) {
     const bool skipsWizard =
         session.GetSettings().readFlag(setting::Root, setting::DontShowStartup);
     if (session.DatabasePath.isEmpty() || !skipsWizard)
-        return session.Frame()->ShowStartupWizard();
-    openOrShowWizard(session, session.DatabasePath, {});
+        return frame.open(ToolWindow::StartupWizard);
+    openOrShowWizard(session, frame, session.DatabasePath, {});
 }
 
-OpenFailure openFailure(OpenResult result, const QString& path) {
-    if (result == OpenInUse)
-        return {QStringLiteral("Database already open"),
-                QStringLiteral("The database : \n\n%1\n\nappears to be already open by another "
-                               "user.\n\nPlease retry later.")
-                    .arg(ShortenPath(path))};
-    return {QStringLiteral("Invalid Database"),
-            QStringLiteral("The database : \n\n%1\n\nappears to be either the wrong format or "
-                           "corrupt!\n\nPlease choose another action.")
-                .arg(ShortenPath(path))};
-}
-
-void LeaveDatabase(Session& session) {
-    session.Frame()->CloseOpenForms();
-    session.Frame()->EnableInput(false);
+bool LeaveDatabase(Session& session, MainFrame& frame) {
+    if (!frame.MayLeave())
+        return false;
+    frame.CloseOpenForms();
+    frame.EnableInput(false);
     session.CloseAllDatabases();
+    return true;
 }
 
-void OpenDatabaseCommand(Session& session) {
+void OpenDatabaseCommand(Session& session, MainFrame& frame) {
     const QString path = session.ChooseDatabaseFile();
-    if (path.isEmpty())
+    if (path.isEmpty() || !LeaveDatabase(session, frame))
         return;
     session.DatabasePath = path;
-    LeaveDatabase(session);
     const OpenResult result = session.OpenDatabaseFile(path, {});
-    if (result == OpenDone) {
-        session.Frame()->EnableInput(true);
-        return RunCurrentStartup(session);
-    }
+    if (result == OpenDone)
+        return RunCurrentStartup(session, frame);
     if (result != OpenCancelled) {
         const OpenFailure failure = openFailure(result, path);
         session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
     }
-    backToWizard(session);
+    backToWizard(session, frame);
 }
 
-void SetupDatabaseCommand(Session& session) {
-    LeaveDatabase(session);
-    session.Frame()->SetCaption(mainCaption({}));
-    session.Frame()->ShowStartupWizardSetup();
+void SetupDatabaseCommand(Session& session, MainFrame& frame) {
+    if (!LeaveDatabase(session, frame))
+        return;
+    frame.SetCaption(mainCaption({}));
+    frame.open(ToolWindow::StartupWizard, FirstSetupPage);
 }
 
-void ReturnToWizardCommand(Session& session) {
-    LeaveDatabase(session);
-    session.Frame()->SetCaption(mainCaption({}));
-    session.Frame()->ShowStartupWizard();
+void ReturnToWizardCommand(Session& session, MainFrame& frame) {
+    if (!LeaveDatabase(session, frame))
+        return;
+    frame.SetCaption(mainCaption({}));
+    frame.open(ToolWindow::StartupWizard);
 }
 
-void ExitCommand(Session& session) {
-    session.Frame()->CloseOpenForms();
-    session.Frame()->Unload();
+void ExitCommand(MainFrame& frame) {
+    if (!frame.MayLeave())
+        return;
+    frame.CloseOpenForms();
+    frame.Unload();
 }
 
-void RestoreBackupCommand(Session& session) {
+void RestoreBackupCommand(Session& session, MainFrame& frame) {
+    if (!frame.MayLeave())
+        return;
     const QString path = session.DatabasePath;
     const QString password = session.DatabasePassword;
     const auto reopen = [&] {
         session.DatabasePath = path;
-        openOrShowWizard(session, path, password);
+        openOrShowWizard(session, frame, path, password);
     };
-    RestoreBackup(backupContext(session), path,
-                  {[&] { LeaveDatabase(session); }, [&] { return session.IsDBOpen(); }, reopen});
+    RestoreBackup(
+        backupContext(session), path,
+        {[&] { LeaveDatabase(session, frame); }, [&] { return session.IsDBOpen(); }, reopen});
 }
 
-void RunCurrentStartup(Session& session) {
-    openWindows(session, windowsBeforePostits);
-    openWindows(session, windowsAfterPostits);
+void RunCurrentStartup(Session& session, MainFrame& frame) {
+    const QString key = setting::keyOf(setting::Startup);
+    for (const StartupWindow& noted : frame.startupWindows()) {
+        // That the value exists is its meaning, whatever it holds.
+        if (session.GetSettings().ReadRegistryValue(key, noted.value) == SettingFound)
+            frame.open(noted.window);
+    }
     if (session.GetSettings().readFlag(setting::Root, setting::CheckForUpgrade) &&
         hasUpgradeAddress(session))
         GetUpgradeInfo(session);
 }
 
-void SaveCurrentStartup(Session& session) {
+void SaveCurrentStartup(Session& session, MainFrame& frame) {
     Settings& settings = session.GetSettings();
     const QString key = setting::keyOf(setting::Startup);
     const Settings::Batch whole(settings);
     settings.ClearRegistryKey(key);
-    const QStringList forms = session.Frame()->visibleForms();
-    for (auto form = forms.crbegin(); form != forms.crend(); ++form) {
-        if (const QStringView value = valueOf(*form); !value.isEmpty())
-            settings.WriteRegistryValue(key, value, 1);
+    const QList<ToolWindow> visible = frame.visible();
+    for (const StartupWindow& noted : frame.startupWindows()) {
+        if (visible.contains(noted.window))
+            settings.WriteRegistryValue(key, noted.value, 1);
     }
-    session.Frame()->CloseOpenForms();
+    frame.CloseOpenForms();
 }
 
 void ShutDown(Session& session) {
@@ -235,4 +195,8 @@ void ShutDown(Session& session) {
     session.CloseAllDatabases();
     if (!path.isEmpty())
         backUpAtClose(session, path, password);
+}
+
+QString mainCaption(const QString& databasePath) {
+    return u"Orvane: "_s + ShortenPath(databasePath);
 }

@@ -1,50 +1,44 @@
 #pragma once
 
 #include "core/session.h"
-#include "year/backup_files.h"
 
-#include <QString>
+class MainFrame;
 
 /// The roads between the two states of a session: the start, the file menu, the end. Each leaves
-/// the frame either with an open year or with the start-up wizard.
+/// the frame either with an open year or with the start-up wizard; those that begin in a year leave
+/// everything as it was where LeaveDatabase is refused.
 
 /// The main window has been loaded: takes over the default database, if its file is still there. A
 /// backup of it that was cut off is put right before.
-void LoadMainWindow(Session& session);
+void LoadMainWindow(Session& session, MainFrame& frame);
 
 /// The first activation of the main window: opens the default database when the teacher has asked
 /// for that, else shows the wizard.
-void ActivateMainWindow(Session& session);
+void ActivateMainWindow(Session& session, MainFrame& frame);
 
 /// "Open a ORVA Database... ". Cancelled, the session stays as it was.
-void OpenDatabaseCommand(Session& session);
+void OpenDatabaseCommand(Session& session, MainFrame& frame);
 /// "Setup a New ORVA database..."
-void SetupDatabaseCommand(Session& session);
+void SetupDatabaseCommand(Session& session, MainFrame& frame);
 /// "Return to the Startup Wizard..."
-void ReturnToWizardCommand(Session& session);
+void ReturnToWizardCommand(Session& session, MainFrame& frame);
 /// The older restore, from a folder with a file of the open database's name. It is on no menu: the
 /// wizard's restore has taken its place.
-void RestoreBackupCommand(Session& session);
+void RestoreBackupCommand(Session& session, MainFrame& frame);
 /// "E&xit". The windows go first, so that none of them is noted for the next start: only closing
 /// the main window itself keeps them.
-void ExitCommand(Session& session);
+void ExitCommand(MainFrame& frame);
 
-/// What the operations on whole files need, from the session.
-BackupContext backupContext(Session& session);
-
-/// Closes the year with its windows: every way out of the open state begins so.
-void LeaveDatabase(Session& session);
-
-/// The box for a file that is in use or invalid: its title and text.
-struct OpenFailure {
-    QString title;
-    QString text;
-};
-OpenFailure openFailure(OpenResult result, const QString& path);
+/// Closes the year with its windows: every way out of the open state begins so. Answers false, with
+/// everything as it was, where the person stays for something that could not be written.
+bool LeaveDatabase(Session& session, MainFrame& frame);
 
 /// Opens the windows of the last run, after a database came open.
-void RunCurrentStartup(Session& session);
+void RunCurrentStartup(Session& session, MainFrame& frame);
 /// Notes which windows are open, and unloads them.
-void SaveCurrentStartup(Session& session);
+void SaveCurrentStartup(Session& session, MainFrame& frame);
 /// The main window goes: closes the year, then backs it up as the settings say.
 void ShutDown(Session& session);
+
+/// The caption of the main window: "Orvane: " and the shortened path of the database, if any.
+QString mainCaption(const QString& databasePath);

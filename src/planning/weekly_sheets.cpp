@@ -1,5 +1,6 @@
 #include "planning/weekly_sheets.h"
 
+#include "calendar/class_colours.h"
 #include "calendar/term_weeks.h"
 #include "core/clock.h"
 #include "core/dates.h"
@@ -12,7 +13,6 @@
 #include <QLocale>
 
 #include <algorithm>
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -35,16 +35,12 @@ QList<QDate> firstDays(const QList<QDate>& days) {
     return first;
 }
 
-QList<dao::Value> valuesOf(const dao::Recordset& record) {
-    QList<dao::Value> values;
-    for (int column = 0; column < record.FieldCount(); ++column)
-        values += record.Collect(column);
-    return values;
+QString textOf(const KeptRow& row, QStringView field) {
+    return row.value(row.columnOf(field)).toText();
 }
 
-void setTexts(dao::Recordset& record, int period, const SlotTexts& texts) {
-    record.SetCollect(fieldOf({SheetBox::Lesson, period}), texts.lesson);
-    record.SetCollect(fieldOf({SheetBox::Homework, period}), texts.homework);
+bool isTyped(const SlotTexts& texts) {
+    return texts.lesson || texts.homework;
 }
 
 } // namespace
@@ -88,7 +84,7 @@ int WeeklySheets::currentWeek() const {
 }
 
 bool WeeklySheets::Show_Week(int week, const QString& classCode) {
-    QList<Record> records;
+    QList<KeptRow> records;
     QList<LessonSlot> found;
     QString heading;
     records.swap(m_records);
@@ -98,12 +94,13 @@ bool WeeklySheets::Show_Week(int week, const QString& classCode) {
         for (int i = 0; i < rows.RecordCount(); ++i) {
             dao::Recordset clone = rows.Clone();
             clone.SetAbsolutePosition(i);
-            m_records += {clone, valuesOf(clone)};
+            m_records += KeptRow(clone);
+            m_records.last().read();
             readLessons(i, classCode, found);
         }
         if (hasSheets())
             heading = m_session.TTweekly == 1
-                          ? u"Week "_s + m_records.first().clone.Collect(u"ABWeek").toText()
+                          ? u"Week "_s + textOf(m_records.first(), u"ABWeek")
                           : u"Weekly Plan %1"_s.arg(week + 1);
     } catch (const dao::EngineError& error) {
         m_records = records;
@@ -117,74 +114,55 @@ bool WeeklySheets::Show_Week(int week, const QString& classCode) {
 
 void WeeklySheets::readLessons(int record, const QString& classCode,
                                QList<LessonSlot>& found) const {
-    const dao::Recordset& row = m_records.at(record).clone;
-    const QDate date = sheetDate(row.Collect(u"PlanDate").toText());
+    const KeptRow& row = m_records.at(record);
+    const QDate date = sheetDate(textOf(row, u"PlanDate"));
     for (int period = 1; period <= m_session.PeriodsPerDay; ++period) {
         if (classCode.isEmpty() ||
-            dao::compareText(row.Collect(classField(period)).toText(), classCode) != 0)
+            dao::compareText(textOf(row, classField(period)), classCode) != 0)
             continue;
         found += {captionOf(date, period),
                   sheetDateText(date),
-                  row.Collect(fieldOf({SheetBox::Lesson, period})).toText(),
-                  row.Collect(fieldOf({SheetBox::Homework, period})).toText(),
+                  textOf(row, fieldOf({SheetBox::Lesson, period})),
+                  textOf(row, fieldOf({SheetBox::Homework, period})),
                   record,
                   period};
     }
 }
 
 bool WeeklySheets::Update_Records(const QList<SlotTexts>& texts) {
-    if (m_slots.isEmpty())
-        return true;
+    const QList<KeptRow> before = m_records;
     try {
         dao::Transaction transaction(m_session.CurrentDB);
-        for (qsizetype i = m_slots.size(); i-- > 0;) {
-            if (isWritable(m_slots.at(i)))
-                writeSlot(m_slots.at(i), texts.at(i));
+        for (qsizetype i = 0; i < m_slots.size(); ++i) {
+            const QList<KeptRow::Change> changes = changesOf(m_slots.at(i), texts.at(i));
+            if (!changes.isEmpty())
+                m_records[m_slots.at(i).record].write(changes);
         }
         transaction.commit();
-        m_failureTold = false;
+        m_failure.reset();
         return true;
     } catch (const dao::EngineError& error) {
-        for (Record& record : m_records) {
-            if (record.clone.isOpen() && record.clone.EditMode() != dao::EditMode::None)
-                record.clone.CancelUpdate();
-        }
-        if (std::none_of(texts.begin(), texts.end(), std::mem_fn(&SlotTexts::isChanged)))
+        m_records = before;
+        if (std::none_of(texts.begin(), texts.end(), isTyped))
             return true; // the file holds all that the boxes do
-        if (!m_failureTold)
+        if (m_failure.first())
             tell(u"Weekly Plan Error"_s, u"The lessons of the week could not be saved."_s, error);
-        m_failureTold = true;
         return false;
     }
 }
 
-void WeeklySheets::writeSlot(const LessonSlot& slot, const SlotTexts& texts) {
-    Record& record = m_records[slot.record];
-    try {
-        record.clone.Edit();
-        setTexts(record.clone, captionPeriod(slot.caption), texts);
-        record.clone.Update();
-    } catch (const dao::EngineError& error) {
-        if (error.number() != dao::RecordDeleted)
-            throw;
-        if (!texts.isChanged)
-            return;
-        putRowBack(record, slot, texts);
+QList<KeptRow::Change> WeeklySheets::changesOf(const LessonSlot& slot,
+                                               const SlotTexts& texts) const {
+    QList<KeptRow::Change> changes;
+    const auto add = [&](SheetBox box, const std::optional<QString>& text) {
+        const KeptRow& row = m_records.at(slot.record);
+        const int column = row.columnOf(fieldOf({box, captionPeriod(slot.caption)}));
+        if (text && !(row.value(column).isNull() && text->isEmpty()))
+            changes += {column, *text};
+    };
+    if (isWritable(slot)) {
+        add(SheetBox::Lesson, texts.lesson);
+        add(SheetBox::Homework, texts.homework);
     }
-    record.clone.SetBookmark(record.clone.Bookmark()); // reads the row anew
-    record.row = valuesOf(record.clone);
-}
-
-/// The row's number comes back with it, so that its place in the recordset is good again.
-void WeeklySheets::putRowBack(Record& record, const LessonSlot& slot,
-                              const SlotTexts& texts) const {
-    dao::Recordset again = record.clone.OpenRecordset();
-    again.AddNew();
-    for (int column = 0; column < record.row.size(); ++column) {
-        if (!record.row.at(column).isNull())
-            again.SetCollect(column, record.row.at(column));
-    }
-    setTexts(again, captionPeriod(slot.caption), texts);
-    again.Update();
-    again.Close();
+    return changes;
 }

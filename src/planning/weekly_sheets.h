@@ -1,11 +1,13 @@
 #pragma once
 
-#include "classes/class_list.h"
-#include "store/engine/recordset.h"
+#include "core/class_colour.h"
+#include "store/kept_row.h"
 
 #include <QDate>
 #include <QList>
 #include <QString>
+
+#include <optional>
 
 class Session;
 
@@ -23,11 +25,10 @@ struct LessonSlot {
     int period = 0;   ///< in the row it was read from
 };
 
-/// What a slot's boxes hold when it is written back.
+/// What was typed in a slot's boxes, rich text; nothing for a box as it was read.
 struct SlotTexts {
-    QString lesson;   ///< rich text
-    QString homework; ///< rich text
-    bool isChanged = false;
+    std::optional<QString> lesson;
+    std::optional<QString> homework;
 };
 
 /// The period that a caption names: its last character, one digit. Kept on purpose: a tenth period
@@ -68,30 +69,22 @@ public:
     /// a letter where the first sheet of the week has none.
     const QString& heading() const { return m_heading; }
 
-    /// Writes all slots back, changed or not, whole or not at all; texts of any length. `texts` has
-    /// an element for each of `lessons`. A row that was deleted meanwhile is put back with all that
-    /// it held if one of its slots was changed, and stays away otherwise. Answers false where
-    /// something changed could not be written, which is told once until a write succeeds.
+    /// Writes what was typed, whole or not at all; texts of any length. `texts` has an element for
+    /// each of `lessons`. What nobody typed in stays as it was read, and so does Null whose box is
+    /// empty again. A row that was deleted meanwhile is put back with all that it held. Answers
+    /// false where something could not be written, which is told once until a write succeeds.
     bool Update_Records(const QList<SlotTexts>& texts);
 
 private:
-    /// A walk over the rows of the week that stands on one of them, and the row as it was read or
-    /// written last, every column.
-    struct Record {
-        dao::Recordset clone;
-        QList<dao::Value> row;
-    };
-
     void readLessons(int record, const QString& classCode, QList<LessonSlot>& found) const;
-    void writeSlot(const LessonSlot& slot, const SlotTexts& texts);
-    void putRowBack(Record& record, const LessonSlot& slot, const SlotTexts& texts) const;
+    QList<KeptRow::Change> changesOf(const LessonSlot& slot, const SlotTexts& texts) const;
     void tell(const QString& title, const QString& task, const dao::EngineError& error) const;
 
     Session& m_session;
     QList<QDate> m_weeks;
     QList<ClassColour> m_classes;
-    QList<Record> m_records;
+    QList<KeptRow> m_records; ///< a walk over the rows of the week for each, which stands on it
     QList<LessonSlot> m_slots;
     QString m_heading;
-    bool m_failureTold = false;
+    ToldOnce m_failure;
 };

@@ -2,10 +2,6 @@
 
 #include "core/prompts.h"
 #include "store/engine/error.h"
-#include "store/engine/names.h"
-
-#include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -14,51 +10,26 @@ void RowBinding::bind(const QString& field, BoundBox& box, const QString& limitN
 }
 
 void RowBinding::setData(const dao::Recordset& data) {
-    m_data = data;
-    m_row.clear();
-    m_columns.clear();
-    for (int column = 0; m_data.isOpen() && column < m_data.FieldCount(); ++column)
-        m_columns += m_data.Fields(column).Name();
+    m_row = KeptRow(data);
     for (Bound& bound : m_bounds)
-        bound.column = columnOf(bound.field);
-}
-
-int RowBinding::columnOf(QStringView field) const {
-    const auto found =
-        std::find_if(m_columns.begin(), m_columns.end(),
-                     [field](const QString& column) { return dao::sameName(column, field); });
-    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
+        bound.column = m_row.columnOf(bound.field);
 }
 
 dao::Value RowBinding::value(QStringView field) const {
-    return m_row.value(columnOf(field));
-}
-
-bool RowBinding::hasRow() const {
-    return m_data.isOpen() && m_data.AbsolutePosition() >= 0;
-}
-
-void RowBinding::keepRow() {
-    m_row.clear();
-    for (int column = 0; column < m_data.FieldCount(); ++column)
-        m_row += m_data.Collect(column);
+    return m_row.value(m_row.columnOf(field));
 }
 
 void RowBinding::load() {
-    if (hasRow())
-        keepRow();
-    else
-        m_row.clear();
+    m_row.read();
     for (const Bound& bound : m_bounds)
         bound.box->show(m_row.value(bound.column).toText());
 }
 
 void RowBinding::refresh() {
-    if (!hasRow())
+    if (!m_row.exists())
         return;
-    const QList<dao::Value> before = m_row;
-    m_data.SetBookmark(m_data.Bookmark()); // reads the row anew
-    keepRow();
+    const KeptRow before = m_row;
+    m_row.readAnew();
     for (const Bound& bound : m_bounds) {
         const dao::Value now = m_row.value(bound.column);
         if (!bound.box->dataChanged() && now != before.value(bound.column))
@@ -71,34 +42,30 @@ bool RowBinding::flush() {
 }
 
 bool RowBinding::leave() {
-    m_failureTold = false;
+    m_failure.reset();
     return write(Way::Leaving);
 }
 
 bool RowBinding::write(Way way) {
-    if (!hasRow())
+    if (!m_row.exists())
         return true;
     try {
         const QList<const Bound*> changed = writableBoxes(way);
         if (!changed.isEmpty())
             writeRow(changed);
     } catch (const dao::EngineError& error) {
-        if (m_data.EditMode() != dao::EditMode::None)
-            m_data.CancelUpdate();
         tellFailure(error);
         return false;
     }
-    m_failureTold = false;
+    m_failure.reset();
     return true;
 }
 
-/// Noted before it is shown: while a box stands on the screen another write may be due.
 void RowBinding::tellFailure(const dao::EngineError& error) {
-    if (std::exchange(m_failureTold, true))
-        return;
-    m_prompts.PlainBox(
-        u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
-        OkButton | CriticalIcon, u"Validate Data Error"_s);
+    if (m_failure.first())
+        m_prompts.PlainBox(
+            u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
+            OkButton | CriticalIcon, u"Validate Data Error"_s);
 }
 
 QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {
@@ -125,33 +92,10 @@ QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {
 }
 
 void RowBinding::writeRow(const QList<const Bound*>& changed) {
-    try {
-        m_data.Edit();
-        for (const Bound* bound : changed)
-            m_data.SetCollect(bound->column, bound->box->text());
-        m_data.Update();
-    } catch (const dao::EngineError& error) {
-        if (error.number() != dao::RecordDeleted)
-            throw;
-        putRowBack(changed);
-    }
-    m_data.SetBookmark(m_data.Bookmark());
-    keepRow();
+    QList<KeptRow::Change> changes;
+    for (const Bound* bound : changed)
+        changes += {bound->column, bound->box->text()};
+    m_row.write(changes);
     for (const Bound* bound : changed)
         bound->box->setDataChanged(false);
-}
-
-/// The row as it was read last, with what was changed since. Its number comes back with it, so that
-/// its place in the recordset is good again.
-void RowBinding::putRowBack(const QList<const Bound*>& changed) {
-    dao::Recordset again = m_data.OpenRecordset();
-    again.AddNew();
-    for (int column = 0; column < m_row.size(); ++column) {
-        if (!m_row.at(column).isNull())
-            again.SetCollect(column, m_row.at(column));
-    }
-    for (const Bound* bound : changed)
-        again.SetCollect(bound->column, bound->box->text());
-    again.Update();
-    again.Close();
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "store/engine/recordset.h"
+#include "store/kept_row.h"
 
 #include <QList>
-#include <QStringList>
 
 class Prompts;
 
@@ -75,15 +74,9 @@ private:
     void tellFailure(const dao::EngineError& error);
     QList<const Bound*> writableBoxes(Way way) const;
     void writeRow(const QList<const Bound*>& changed);
-    void putRowBack(const QList<const Bound*>& changed);
-    int columnOf(QStringView field) const;
-    bool hasRow() const;
-    void keepRow();
 
     Prompts& m_prompts;
-    dao::Recordset m_data;
-    QStringList m_columns;
+    KeptRow m_row;
     QList<Bound> m_bounds;
-    QList<dao::Value> m_row; ///< as it was shown or written last, every column
-    bool m_failureTold = false;
+    ToldOnce m_failure;
 };

@@ -1,5 +1,6 @@
 #include "year/backup_files.h"
 
+#include "core/session.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
 
@@ -88,6 +89,11 @@ void makeEmptyFile(const QString& path) {
 
 QString withoutExtensionLetters(const QString& path) {
     return path.left(std::max<qsizetype>(path.size() - 3, 0));
+}
+
+BackupContext backupContext(Session& session) {
+    return {session.Engine(), session.GetSeams(), session.GetSettings(), session.AppPath,
+            session.FolderDefaults};
 }
 
 BackupNames::BackupNames(const QString& databasePath, const QString& backupFolder)

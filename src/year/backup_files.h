@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class Session;
 class Settings;
 
 /// What the operations on whole files work with. Whoever calls them owns it all.
@@ -21,6 +22,9 @@ struct BackupContext {
 
     const QString& backupFolder() const { return folders[BackupFolder].folder; }
 };
+
+/// The session's own.
+BackupContext backupContext(Session& session);
 
 /// The newest backup is 1, the oldest this one.
 inline constexpr int OldestBackup = 5;

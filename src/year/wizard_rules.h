@@ -1,16 +1,12 @@
 #pragma once
 
-#include "frame/year_roads.h"
+#include "core/session.h"
 #include "year/year_answers.h"
 
 #include <QDate>
 #include <QLocale>
 #include <QString>
 #include <QStringList>
-
-namespace dao {
-class DBEngine;
-}
 
 /// What the start-up wizard knows, without its window: its texts, the order of its pages, the rules
 /// of its fields that no check of the answers holds.

@@ -1,8 +1,8 @@
 #include "year/year_answers.h"
 
 #include "calendar/term_weeks.h"
+#include "classes/class_code.h"
 #include "classes/class_tables.h"
-#include "store/engine/names.h"
 #include "store/schema.h"
 #include "store/table_names.h"
 
@@ -143,45 +143,6 @@ QString teacherText(const YearAnswers& answers) {
 
 QString classAt(const WeekTimetable& week, int weekday, int period) {
     return week[static_cast<size_t>(weekday)].value(period - 1);
-}
-
-void sortClasses(QStringList& classes) {
-    std::sort(classes.begin(), classes.end(),
-              [](const QString& a, const QString& b) { return a.toUcs4() < b.toUcs4(); });
-}
-
-bool isClassCodeCharacter(char32_t character) {
-    const bool refused = (character >= 32 && character <= 47) ||
-                         (character >= 58 && character <= 64) || character == 92 ||
-                         character == 96 || (character >= 123 && character <= 127);
-    return !refused && QChar::isPrint(character) && !QChar::isSpace(character);
-}
-
-AnswerCheck checkClassCode(const QString& code, const QStringList& inUse) {
-    const QString field = QStringLiteral("classes");
-    if (code.isEmpty())
-        return fault(field, QStringLiteral("Classcodes"),
-                     QStringLiteral("A classcode must have at least one character."));
-    const QList<uint> characters = code.toUcs4();
-    if (!std::all_of(characters.begin(), characters.end(), isClassCodeCharacter))
-        return fault(field, QStringLiteral("Invalid Character"),
-                     QStringLiteral("Sorry but you can't use that character in a Classcode!"));
-    if (code.size() > MaximumClassCode)
-        return fault(
-            field, QStringLiteral("Classcodes"),
-            QStringLiteral("A classcode may be at most %1 characters long.").arg(MaximumClassCode));
-    if (code != code.toUpper())
-        return fault(field, QStringLiteral("Classcodes"),
-                     QStringLiteral("A classcode must be in upper case."));
-    const bool isInUse = std::any_of(inUse.begin(), inUse.end(), [&code](const QString& used) {
-        return dao::sameName(used, code);
-    });
-    // The pupils' table of a class TEMP would be the spare table.
-    if (isInUse || dao::sameName(classTable(code), ClassTempTable))
-        return fault(
-            field, QStringLiteral("New Class Setup"),
-            QStringLiteral("This Classcode is already in use! Please enter a unique code."));
-    return std::nullopt;
 }
 
 AnswerCheck checkTerm(const DatePeriod& term) {

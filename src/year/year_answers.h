@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/answer_check.h"
 #include "core/prompts.h"
 
 #include <QHash>
@@ -8,7 +9,6 @@
 #include <QStringList>
 
 #include <array>
-#include <optional>
 
 /// What the teacher answers before a year's file is made, and the checks on it.
 
@@ -36,20 +36,8 @@ struct YearAnswers {
 QString teacherText(const YearAnswers& answers);
 /// The class in a period (from 1) of a weekday (Monday 0); empty for a free one.
 QString classAt(const WeekTimetable& week, int weekday, int period);
-/// Puts classes into the order in which a year holds them.
-void sortClasses(QStringList& classes);
 
 inline constexpr int MaximumPeriods = 9; ///< a period is one digit in the file
-inline constexpr int MaximumClassCode = 6;
-
-/// What is wrong with the answers: which one (as the answers file names it), and the title and text
-/// of the box that says so.
-struct AnswerFault {
-    QString field;
-    QString title;
-    QString text;
-};
-using AnswerCheck = std::optional<AnswerFault>;
 
 /// The first fault of all, in the order of the answers. Texts show dates in the locale's short
 /// form.
@@ -61,9 +49,5 @@ AnswerCheck checkTimetables(const YearAnswers& answers);
 AnswerCheck checkTerms(const YearAnswers& answers, const QLocale& locale);
 AnswerCheck checkStartWeek(const YearAnswers& answers);
 
-/// Whether a character may stand in a class code; a small letter may, it becomes a capital.
-bool isClassCodeCharacter(char32_t character);
-/// A class code before it joins those in use.
-AnswerCheck checkClassCode(const QString& code, const QStringList& inUse);
 /// One teaching period by itself.
 AnswerCheck checkTerm(const DatePeriod& term);

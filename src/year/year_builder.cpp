@@ -1,5 +1,6 @@
 #include "year/year_builder.h"
 
+#include "core/class_colour.h"
 #include "calendar/term_weeks.h"
 #include "core/progress.h"
 #include "core/prompts.h"

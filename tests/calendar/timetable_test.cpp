@@ -6,6 +6,7 @@
 #include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "year/year_opening.h"
 #include "support/year_file.h"
 
 #include <QFile>
@@ -64,7 +65,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 TEST_F(TimetableTest, LoadsTheWeekAskedForAndMakesTheRoomsTable) {

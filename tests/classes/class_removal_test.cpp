@@ -1,5 +1,6 @@
 // Classes and pupils removed, and what has to stay.
 
+#include "classes/class_code.h"
 #include "classes/class_removal.h"
 #include "store/data_helpers.h"
 #include "store/schema.h"

@@ -43,16 +43,14 @@ TEST(ScriptedClock, TimersRunInOrderAtTheirOwnTime) {
     const QDateTime start = clock.now();
     QList<qint64> fired;
     const auto note = [&] { fired.append(start.secsTo(clock.now())); };
-    clock.startTimer(1, 30s, note);
-    clock.startTimer(2, 10s, [&] {
+    const auto last = clock.after(30s, note);
+    std::unique_ptr<Timer> again = clock.after(10s, [&] {
         note();
-        clock.startTimer(2, 15s, note);
+        again = clock.after(15s, note);
     });
-    clock.startTimer(3, 5s, note);
-    clock.stopTimer(3);
-    clock.startTimer(4, 1s, note);
-    clock.startTimer(4, 60s, note);
+    clock.after(5s, note).reset();
+    const auto later = clock.after(60s, note);
     test.clock.advance(40s);
     EXPECT_EQ(fired, (QList<qint64>{10, 25, 30}));
-    EXPECT_TRUE(test.clock.isRunning(4));
+    EXPECT_EQ(test.clock.running(), 1);
 }

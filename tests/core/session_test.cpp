@@ -8,6 +8,7 @@
 #include "frame/year_roads.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/scripted_frame.h"
 #include "support/year_file.h"
@@ -26,7 +27,13 @@ QString u(const char* text) {
 
 class SessionTest : public testing::Test {
 protected:
-    SessionTest() { session.SetFrame(&frame); }
+    SessionTest() {
+        // As the main window does.
+        QObject::connect(&session.GetNotices(), &Notices::yearOpened, &session.GetNotices(), [this] {
+            frame.SetCaption(mainCaption(session.CurrentDB.Name()));
+            frame.EnableInput(true);
+        });
+    }
 
     QString path(const char* name) const { return folder.filePath(u(name)); }
     void makeYear(const char* name, const YearAnswers& answers = twoWeekAnswers()) {
@@ -46,8 +53,8 @@ protected:
     }
     void start() {
         frame.log.clear();
-        LoadMainWindow(session);
-        ActivateMainWindow(session);
+        LoadMainWindow(session, frame);
+        ActivateMainWindow(session, frame);
     }
 
     QTemporaryDir folder;
@@ -55,7 +62,7 @@ protected:
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
     ScriptedFrame frame;
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 QByteArray contentOf(const QString& path) {
@@ -250,11 +257,18 @@ TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
     const QString title = u(" Select the database to open:");
     seams.prompts.expect(PromptKind::File, title, {});
     frame.log.clear();
-    OpenDatabaseCommand(session);
+    OpenDatabaseCommand(session, frame);
     EXPECT_TRUE(frame.log.isEmpty() && session.CurrentDB.isOpen()) << "cancelled: all as it was";
 
+    frame.mayLeave = false;
     seams.prompts.expect(PromptKind::File, title, path("other.mdb"));
-    OpenDatabaseCommand(session);
+    OpenDatabaseCommand(session, frame);
+    EXPECT_TRUE(frame.log.isEmpty() && session.CurrentDB.isOpen()) << "somebody stays";
+    EXPECT_EQ(session.DatabasePath, path("year.mdb"));
+    frame.mayLeave = true;
+
+    seams.prompts.expect(PromptKind::File, title, path("other.mdb"));
+    OpenDatabaseCommand(session, frame);
     EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
     EXPECT_TRUE(frame.caption.endsWith(u("other.mdb")));
     EXPECT_EQ(engine.Workspaces(0).Databases().size(), 1);
@@ -262,26 +276,26 @@ TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
     seams.prompts.expect(PromptKind::File, title, path("missing.mdb"));
     seams.prompts.expect(PromptKind::Message, u("Invalid Database"), AnswerOk);
     frame.log.clear();
-    OpenDatabaseCommand(session);
+    OpenDatabaseCommand(session, frame);
     EXPECT_EQ(frame.log.join(u' '), u("close forms disable wizard"));
     EXPECT_TRUE(session.DatabasePath.isEmpty());
 }
 
 TEST_F(SessionTest, TheWindowsOfTheLastRunOpenAgainInTheirOrder) {
     const QString key = setting::keyOf(setting::Startup);
-    frame.forms = {u("ORVAfrm"), u("ContactsFrm"), u("TTfrm"), u("RegisterFrm"), u("ORVA2frm")};
-    SaveCurrentStartup(session);
-    EXPECT_TRUE(frame.forms.isEmpty());
-    RunCurrentStartup(session);
-    EXPECT_EQ(frame.forms,
-              (QStringList{u("RegisterFrm"), u("TTfrm"), u("ORVA2frm"), u("ORVAfrm")}));
-    frame.forms.clear();
-    SaveCurrentStartup(session);
-    RunCurrentStartup(session);
-    EXPECT_TRUE(frame.forms.isEmpty()) << "with no window the next start opens nothing";
+    frame.windows = {ToolWindow::DailySheet, ToolWindow::AddressBook, ToolWindow::Classes};
+    SaveCurrentStartup(session, frame);
+    EXPECT_TRUE(frame.windows.isEmpty());
+    RunCurrentStartup(session, frame);
+    EXPECT_EQ(frame.windows, QList({ToolWindow::Classes, ToolWindow::DailySheet}));
+    frame.windows.clear();
+    SaveCurrentStartup(session, frame);
+    RunCurrentStartup(session, frame);
+    EXPECT_TRUE(frame.windows.isEmpty()) << "with no window the next start opens nothing";
     settings.WriteRegistryValue(key, setting::Open_COE, 0);
-    RunCurrentStartup(session);
-    EXPECT_EQ(frame.forms, QStringList{u("COEfrm")}) << "that the value exists is its meaning";
+    RunCurrentStartup(session, frame);
+    EXPECT_EQ(frame.windows, QList{ToolWindow::CalendarOfEvents})
+        << "that the value exists is its meaning";
 }
 
 TEST_F(SessionTest, AFileStillOpenIsTold) {
@@ -319,7 +333,7 @@ TEST_F(SessionTest, TheOlderRestoreLeavesTheRestoredYearOpen) {
                          u("Select the directory which contains the backup database :"),
                          path("stick"));
     seams.prompts.expect(PromptKind::Plain, u("Backup restored:"), AnswerOk);
-    RestoreBackupCommand(session);
+    RestoreBackupCommand(session, frame);
     EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
     EXPECT_EQ(session.TTweekly, 0);
     EXPECT_TRUE(QFile::exists(path("ORVA.OLD")));

@@ -5,6 +5,7 @@
 #include "frame/frame_commands.h"
 #include "frame/toolbar_side.h"
 #include "incidents/security_warning.h"
+#include "year/year_opening.h"
 #include "support/recording_seams.h"
 #include "support/scripted_frame.h"
 
@@ -16,14 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool every(QStringView) {
+bool every(ToolWindow) {
     return true;
 }
-bool none(QStringView) {
+bool none(ToolWindow) {
     return false;
 }
-FormTest only(const QStringList& forms) {
-    return [forms](QStringView form) { return forms.contains(form.toString()); };
+WindowTest only(const QList<ToolWindow>& windows) {
+    return [windows](ToolWindow window) { return windows.contains(window); };
 }
 
 /// A line a menu: its caption and its items.
@@ -47,14 +48,12 @@ QString tips(const ToolbarLayout& layout) {
 
 class CommandTest : public testing::Test {
 protected:
-    CommandTest() { session.SetFrame(&frame); }
-
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
     ScriptedFrame frame;
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace
@@ -81,7 +80,7 @@ TEST(FrameCommands, TheMenusAreInOrder) {
 
 TEST(FrameCommands, WhatHasNoWindowIsNowhere) {
     const struct {
-        FormTest hasForm;
+        WindowTest has;
         QString layout;
         QString tips;
         QString view;
@@ -93,19 +92,19 @@ TEST(FrameCommands, WhatHasNoWindowIsNowhere) {
          u"&View|Planning Sheets...|Personal Timetable...|Register, Grades && Classes...|"
          "Calendar of Events...|-|Toolbar|-|General Settings..."_s},
         {none, u"BB"_s, u"Open Existing Database.|Startup Wizard."_s, u"&View|Toolbar"_s},
-        {only({u"TTfrm"_s, u"ContactsFrm"_s}), u"BB|B|B"_s,
+        {only({ToolWindow::Timetable, ToolWindow::AddressBook}), u"BB|B|B"_s,
          u"Open Existing Database.|Startup Wizard.|Personal Timetable.|Address Book"_s,
          u"&View|Personal Timetable...|-|Toolbar"_s},
-        {only({u"ORVA2frm"_s, u"SettingsFrm"_s}), u"BB|B"_s,
+        {only({ToolWindow::WeeklySheet, ToolWindow::Settings}), u"BB|B"_s,
          u"Open Existing Database.|Startup Wizard.|Planning Sheets..."_s,
          u"&View|Planning Sheets...|-|Toolbar|-|General Settings..."_s},
     };
-    for (const auto& [hasForm, layout, wantedTips, view] : cases) {
-        EXPECT_EQ(toolbarLayout(hasForm).layout, layout);
-        EXPECT_EQ(tips(toolbarLayout(hasForm)), wantedTips);
-        EXPECT_EQ(written(frameMenus(hasForm))[1], view);
+    for (const auto& [has, layout, wantedTips, view] : cases) {
+        EXPECT_EQ(toolbarLayout(has).layout, layout);
+        EXPECT_EQ(tips(toolbarLayout(has)), wantedTips);
+        EXPECT_EQ(written(frameMenus(has))[1], view);
     }
-    EXPECT_EQ(written({popupMenu(FrameCommand::PlanningMenu, only({u"ORVA2frm"_s}))}),
+    EXPECT_EQ(written({popupMenu(FrameCommand::PlanningMenu, only({ToolWindow::WeeklySheet}))}),
               QStringList(u"Planning Sheets...|&Weekly Planning Sheets..."_s));
 }
 
@@ -121,10 +120,6 @@ TEST(FrameCommands, KeysAndNamesAreEachGivenOnce) {
         if (!entry.shortcut.isEmpty())
             keys += entry.shortcut.toString();
     }
-    EXPECT_EQ(commandPlacementKey(u"ContactsFrm"), u"Contacts"); // not the window's own key
-    EXPECT_EQ(commandPlacementKey(u"ORVA2frm"), u"Planning");
-    EXPECT_EQ(commandPlacementKey(u"Schedulefrm"), QString());
-    EXPECT_EQ(commandPlacementKey(u"StartupWiz"), QString());
 }
 
 TEST(FrameCommands, APopupStandsBesideItsButton) {
@@ -155,15 +150,15 @@ TEST_F(CommandTest, TheIncidentReportsWarn) {
     };
     for (const auto& [answer, opens, asksAgain] : cases) {
         settings.DeleteRegistryKey(setting::keyOf(setting::Incidents));
-        frame.forms.clear();
+        frame.windows.clear();
         seams.prompts.expect(PromptKind::Message, u"Security warning"_s, answer);
-        RunCommand(session, FrameCommand::Incidents);
-        EXPECT_EQ(frame.forms, opens ? QStringList(u"IncidentFrm"_s) : QStringList());
+        RunCommand(session, frame, FrameCommand::Incidents);
+        EXPECT_EQ(frame.windows, opens ? QList{ToolWindow::Incidents} : QList<ToolWindow>());
         EXPECT_EQ(seams.prompts.last().look.checkBox, u"Do not show this dialog again:"_s);
         if (asksAgain)
             seams.prompts.expect(PromptKind::Message, u"Security warning"_s, AnswerYes);
-        RunCommand(session, FrameCommand::Incidents);
-        EXPECT_EQ(frame.forms.size(), opens ? 2 : 1);
+        RunCommand(session, frame, FrameCommand::Incidents);
+        EXPECT_EQ(frame.windows.size(), opens ? 2 : 1);
     }
 }
 
@@ -171,24 +166,24 @@ TEST_F(CommandTest, EachCommandGoesItsWay) {
     const struct {
         FrameCommand command;
         QStringList log;
-        QStringList forms;
+        QList<ToolWindow> windows;
     } cases[] = {
         {FrameCommand::ReturnToWizard, {u"close forms"_s, u"disable"_s, u"wizard"_s}, {}},
         {FrameCommand::SetupDatabase, {u"close forms"_s, u"disable"_s, u"wizard setup"_s}, {}},
         {FrameCommand::Exit, {u"close forms"_s, u"unload"_s}, {}},
         {FrameCommand::HelpContents, {u"help 1"_s}, {}},
         {FrameCommand::HelpSearch, {u"help 2"_s}, {}},
-        {FrameCommand::WeeklyPlanning, {}, {u"ORVA2frm"_s}},
-        {FrameCommand::PostitHideAll, {}, {u"PostitFrm"_s}},
+        {FrameCommand::WeeklyPlanning, {}, {ToolWindow::WeeklySheet}},
+        {FrameCommand::PostitHideAll, {}, {ToolWindow::Postits}},
         {FrameCommand::PlanningMenu, {}, {}},
         {FrameCommand::ToolsMenu, {}, {}},
         {FrameCommand::ShowToolbar, {}, {}},
     };
-    for (const auto& [command, log, forms] : cases) {
+    for (const auto& [command, log, windows] : cases) {
         frame.log.clear();
-        frame.forms.clear();
-        RunCommand(session, command);
+        frame.windows.clear();
+        RunCommand(session, frame, command);
         EXPECT_EQ(frame.log, log) << static_cast<int>(command);
-        EXPECT_EQ(frame.forms, forms) << static_cast<int>(command);
+        EXPECT_EQ(frame.windows, windows) << static_cast<int>(command);
     }
 }

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "richtext/plain_text.h"
 #include "store/schema.h"
+#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
 
@@ -85,7 +86,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     DailySheets sheets{session};
     PlainBound lesson;
     PlainBound homework;

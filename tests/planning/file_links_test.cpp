@@ -4,6 +4,7 @@
 
 #include "core/session.h"
 #include "core/settings.h"
+#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
 
@@ -38,7 +39,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include "core/session.h"
 #include "core/settings.h"
+#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
 
@@ -44,10 +45,10 @@ protected:
             all += slot.caption;
         return all;
     }
-    QList<SlotTexts> texts(bool isChanged = true) {
+    QList<SlotTexts> texts() {
         QList<SlotTexts> all;
         for (const LessonSlot& slot : sheets.lessons())
-            all += {u"L "_s + slot.caption, u"H "_s + slot.caption, isChanged};
+            all += {u"L "_s + slot.caption, u"H "_s + slot.caption};
         return all;
     }
 
@@ -55,7 +56,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     WeeklySheets sheets{session};
 };
 
@@ -91,9 +92,14 @@ TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
     EXPECT_EQ(first.lesson, QString()); // Null
     EXPECT_EQ(second.lesson, u"second"_s);
     put(u"24-09-09"_s, u"Lesson3"_s, u"another class"_s);
-    EXPECT_TRUE(sheets.Update_Records(texts(false))); // changed or not
+    QList<SlotTexts> typed(sheets.lessons().size());
+    typed[0] = {u"L "_s + first.caption, QString()};
+    typed[1].homework = u"H "_s + second.caption;
+    EXPECT_TRUE(sheets.Update_Records(typed));
     const dao::Recordset row = rowOf(u"24-09-09"_s);
     EXPECT_EQ(row.Collect(u"Lesson1").toText(), u"L "_s + first.caption);
+    EXPECT_TRUE(row.Collect(u"Homework1").isNull()) << "empty again";
+    EXPECT_EQ(row.Collect(u"Lesson2").toText(), u"second"_s);
     EXPECT_EQ(row.Collect(u"Homework2").toText(), u"H "_s + second.caption);
     EXPECT_EQ(row.Collect(u"Lesson3").toText(), u"another class"_s);
 }
@@ -171,22 +177,18 @@ TEST_F(WeeklySheetsTest, ARowThatVanishedComesBackWithWhatWasTyped) {
     put(u"24-09-09"_s, u"Class2"_s, seventh);
     put(u"24-09-09"_s, u"Notes"_s, u"note"_s);
     const dao::Value number = rowOf(u"24-09-09"_s).Collect(u"ID");
-    for (const bool isChanged : {false, true}) {
-        sheets.Show_Week(1, seventh);
-        rowOf(u"24-09-09"_s).Delete();
-        if (!isChanged) {
-            EXPECT_TRUE(sheets.Update_Records(texts(false)));
-            EXPECT_EQ(rowOf(u"24-09-09"_s).RecordCount(), 0);
-        }
-        QList<SlotTexts> all = texts(false);
-        all[0].isChanged = true;
-        EXPECT_TRUE(sheets.Update_Records(all));
-        const dao::Recordset row = rowOf(u"24-09-09"_s);
-        ASSERT_EQ(row.RecordCount(), 1);
-        EXPECT_EQ(row.Collect(u"ID"), number);
-        EXPECT_EQ(row.Collect(u"Notes").toText(), u"note"_s);
-        EXPECT_EQ(row.Collect(u"Lesson1").toText(), all[0].lesson);
-    }
+    sheets.Show_Week(1, seventh);
+    rowOf(u"24-09-09"_s).Delete();
+    QList<SlotTexts> typed(sheets.lessons().size());
+    EXPECT_TRUE(sheets.Update_Records(typed));
+    EXPECT_EQ(rowOf(u"24-09-09"_s).RecordCount(), 0);
+    typed[0].lesson = u"typed"_s;
+    EXPECT_TRUE(sheets.Update_Records(typed));
+    const dao::Recordset row = rowOf(u"24-09-09"_s);
+    ASSERT_EQ(row.RecordCount(), 1);
+    EXPECT_EQ(row.Collect(u"ID"), number);
+    EXPECT_EQ(row.Collect(u"Notes").toText(), u"note"_s);
+    EXPECT_EQ(row.Collect(u"Lesson1").toText(), u"typed"_s);
 }
 
 TEST_F(WeeklySheetsTest, AFailureChangesNothingAndIsToldOnce) {

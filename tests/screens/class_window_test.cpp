@@ -64,7 +64,8 @@ TEST_F(RegisterScreenTest, TheMenuFillsCountsAndOpensThePlan) {
     EXPECT_EQ(marksOf(1).mid(5, 2), u"OO"_s);
     EXPECT_EQ(marksOf(2).mid(5, 2), u"/."_s);
     menuItem(u"Show Planning for this lesson..."_s).trigger();
-    EXPECT_EQ(frame.log.last(), u"ORVAfrm on 2024-09-09"_s);
+    EXPECT_EQ(frame.windows.last(), ToolWindow::DailySheet);
+    EXPECT_EQ(frame.subject, WindowSubject(QDate(2024, 9, 9)));
     seams.prompts.expect(PromptKind::Plain, u"Attendance"_s, AnswerOk);
     menuItem(u"Calculate Attendance..."_s).trigger();
     seams.prompts.expect(PromptKind::Input, u"Enter a valid date"_s);
@@ -123,6 +124,7 @@ TEST_F(RegisterScreenTest, ClassesWithoutPupilsOrLessonsSayWhatIsMissing) {
 
 TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     show();
+    const QSignalSpy changes(&session.GetNotices(), &Notices::classesChanged);
     seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, AnswerYes + CheckBoxTicked);
     auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
     tasks.setCurrentRow(tasks.count() - 1);
@@ -132,15 +134,15 @@ TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     press(*window, Qt::Key_Return); // not asked again
     EXPECT_EQ(window->desk().classCode(), QString());
     EXPECT_EQ(control<QListWidget>(*window, u"ClassList"_s).count(), 0);
-    EXPECT_TRUE(frame.log.contains(u"refresh ORVAfrm"_s));
+    EXPECT_EQ(changes.size(), 2);
     seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
     press(*window, Qt::Key_Return);
     window.reset();
     seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
-    frame.forms = {u"RegisterFrm"_s};
+    frame.windows = {ToolWindow::Classes};
     show();
     QApplication::processEvents();
-    EXPECT_TRUE(frame.forms.isEmpty());
+    EXPECT_TRUE(frame.windows.isEmpty());
 }
 
 TEST_F(RegisterScreenTest, KeepsItsPanel) {

@@ -1,6 +1,7 @@
 // The daily planning sheet, driven through its own controls over a year's file: what is shown, what
 // reaches the disk and when, what its commands do.
 
+#include "calendar/class_colours.h"
 #include "classes/class_creation.h"
 #include "classes/class_removal.h"
 #include "controls/date_field.h"
@@ -8,10 +9,12 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "richtext/plain_text.h"
 #include "store/engine/names.h"
+#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
@@ -37,7 +40,7 @@ protected:
     DailySheetTest() {
         createYear(twoWeekAnswers(), path(), seams);
         session.Start(folder.filePath(u"app"_s));
-        frame = std::make_unique<MainWindow>(session, false);
+        frame = std::make_unique<MainWindow>(session, windowTable(), false);
         frame->show();
         session.DatabasePath = path();
         EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
@@ -46,7 +49,7 @@ protected:
 
     QString path() const { return folder.filePath(u"year.mdb"_s); }
     void open() {
-        frame->OpenForm(u"ORVAfrm"_s);
+        frame->open(ToolWindow::DailySheet);
         sheet = frame->findChild<DailySheetWindow*>();
         ASSERT_TRUE(sheet);
         sheet->parentWidget()->resize(900, 600);
@@ -91,7 +94,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     DailySheetWindow* sheet = nullptr;
 };
@@ -133,7 +136,7 @@ TEST_F(DailySheetTest, EveryWayOfLeavingKeepsWhatIsTyped) {
         {"all windows closed", [&] { close(); }},
         {"another window",
          [&] {
-             frame->OpenForm(u"StartupWiz"_s);
+             frame->open(ToolWindow::StartupWizard);
              QCoreApplication::processEvents();
          }},
     };
@@ -324,15 +327,15 @@ TEST_F(DailySheetTest, ShowsClassesThatComeAndGo) {
     click("Command1(1)");
     ASSERT_EQ(label("LbDate"), u"24-09-10"_s);
     ASSERT_TRUE(Create_NEW_CLASS(session.CurrentDB, made, seams.prompts));
-    session.LoadClassColours();
-    frame->RefreshForm(u"ORVAfrm"_s);
+    LoadClassColours(session);
+    emit session.GetNotices().classesChanged();
     EXPECT_EQ(classBox(1).text(), u"P"_s);
     EXPECT_GE(classBox(0).findText(u"P"_s), 0);
     type("Text1(0)", u"before"_s);
     box("Text1(0)").clearFocus();
     ASSERT_TRUE(Delete_Class(session.CurrentDB, u"P"_s, seams.prompts));
-    session.LoadClassColours();
-    frame->RefreshForm(u"ORVAfrm"_s);
+    LoadClassColours(session);
+    emit session.GetNotices().classesChanged();
     EXPECT_EQ(classBox(1).text(), QString());
     EXPECT_LT(classBox(0).findText(u"P"_s), 0);
     type("Text1(0)", u" and after"_s);

@@ -15,6 +15,7 @@
 #include "richtext/object_files.h"
 #include "richtext/objects.h"
 #include "store/engine/engine.h"
+#include "year/year_opening.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
 
@@ -95,7 +96,7 @@ protected:
     TestSeams m_seams;
     dao::DBEngine m_engine;
     Settings m_settings{m_folder.filePath(u"settings.ini"_s)};
-    Session m_session{m_engine, m_settings, m_seams.seams()};
+    Session m_session{m_engine, m_settings, m_seams.seams(), yearOpening()};
     QWidget m_window;
     RichTextBox* m_first = new RichTextBox(u"Lesson, period 1"_s);
     RichTextBox* m_second = new RichTextBox(u"Lesson, period 2"_s);

@@ -10,6 +10,7 @@
 #include "help/screens/help_panes.h"
 #include "help/screens/help_viewer.h"
 #include "help/screens/help_window.h"
+#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
@@ -280,7 +281,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     QWidget main;
     HelpViewer viewer{session, main};
 };

@@ -6,8 +6,10 @@
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "frame/year_roads.h"
 #include "help/screens/context_help.h"
+#include "year/year_opening.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
 
@@ -36,7 +38,10 @@ public:
         setWindowTitle(name);
         auto* field = new QLineEdit;
         field->setObjectName(name + u"_field"_s);
+        auto* bar = new QMenuBar;
+        bar->setObjectName(name + u"_bar"_s);
         auto* layout = new QVBoxLayout(this);
+        layout->setMenuBar(bar);
         layout->addWidget(field);
     }
 
@@ -54,24 +59,25 @@ class FrameTest : public testing::Test {
 protected:
     FrameTest() {
         session.Start(path(u"app"_s));
-        const QStringView names[] = {u"ORVAfrm",     u"ORVA2frm",       u"TTfrm",
-                                     u"RegisterFrm", u"COEfrm",         u"Schedulefrm",
-                                     u"IncidentFrm", u"SeatingPlanFrm", u"ContactsFrm"};
-        for (const QStringView& name : names) {
-            const QString form = name.toString();
-            windows.push_back({form, form + u"Place"_s,
-                               [this, form](Session&) { return new PlainWindow(form, closed); }});
+        const std::pair<ToolWindow, QStringView> named[] = {
+            {ToolWindow::DailySheet, u"ORVAfrm"},          {ToolWindow::WeeklySheet, u"ORVA2frm"},
+            {ToolWindow::Timetable, u"TTfrm"},             {ToolWindow::Classes, u"RegisterFrm"},
+            {ToolWindow::CalendarOfEvents, u"COEfrm"},     {ToolWindow::Reminders, u"Schedulefrm"},
+            {ToolWindow::Incidents, u"IncidentFrm"},       {ToolWindow::SeatingPlans, u"SeatingPlanFrm"},
+            {ToolWindow::AddressBook, u"ContactsFrm"}};
+        for (const auto& [window, nameView] : named) {
+            const QString name = nameView.toString();
+            windows.push_back({.window = window,
+                               .name = name,
+                               .placementKey = name + u"Place"_s,
+                               .minimisedKey = name + u"Minimised"_s,
+                               .make = [this, name](Session&) { return new PlainWindow(name, closed); }});
         }
-        for (const QString& form : {u"PostitFrm"_s, u"SettingsFrm"_s}) {
-            windows.push_back({.name = form,
-                               .placementKey = {},
-                               .make = {},
-                               .run = [this](Session&, FrameCommand command) { ran += command; }});
-        }
-        windows.push_back({.name = u"mnuUserApps"_s,
-                           .placementKey = {},
-                           .make = {},
-                           .fill = [](Session&, QMenu& menu) {
+        for (const ToolWindow window : {ToolWindow::Postits, ToolWindow::Settings})
+            windows.push_back({.window = window, .run = [this](Session&, FrameCommand command) {
+                                   ran += command;
+                               }});
+        windows.push_back({.window = ToolWindow::UserTools, .fill = [](Session&, QMenu& menu) {
                                menu.clear();
                                menu.addAction(u"Archive Class..."_s);
                            }});
@@ -80,7 +86,7 @@ protected:
     QString path(const QString& name) const { return folder.filePath(name); }
     /// A frame with every window that there can be, and with a year or without.
     std::unique_ptr<MainWindow> fullFrame(bool isEnabled) {
-        auto frame = std::make_unique<MainWindow>(session, false, nullptr, windows);
+        auto frame = std::make_unique<MainWindow>(session, windows, false);
         frame->show();
         frame->EnableInput(isEnabled);
         QCoreApplication::processEvents();
@@ -106,13 +112,13 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace
 
 TEST_F(FrameTest, StartsWithoutAYear) {
-    MainWindow frame(session);
+    MainWindow frame(session, windowTable());
     start(frame);
     EXPECT_EQ(frame.windowTitle(), QStringLiteral("Orvane: "));
     EXPECT_FALSE(session.CurrentDB.isOpen());
@@ -124,7 +130,7 @@ TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
     settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath,
                                 path(QStringLiteral("year.mdb")));
     settings.WriteRegistryValue(setting::Root, setting::DontShowStartup, 1);
-    MainWindow frame(session);
+    MainWindow frame(session, windowTable());
     EXPECT_FALSE(session.CurrentDB.isOpen());
     start(frame);
     EXPECT_TRUE(session.CurrentDB.isOpen());
@@ -137,7 +143,7 @@ TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
 
 TEST_F(FrameTest, TheMenuOpensAYear) {
     createYear(oneWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
-    MainWindow frame(session);
+    MainWindow frame(session, windowTable());
     start(frame);
     seams.prompts.expect(PromptKind::File, QStringLiteral(" Select the database to open:"),
                          path(QStringLiteral("year.mdb")));
@@ -150,7 +156,7 @@ TEST_F(FrameTest, TheMenuOpensAYear) {
 }
 
 TEST_F(FrameTest, WithoutAnAddressTheUpgradeCommandSaysSo) {
-    MainWindow frame(session);
+    MainWindow frame(session, windowTable());
     start(frame);
     seams.prompts.expect(PromptKind::Plain, QStringLiteral("Internet Upgrade"), AnswerOk);
     action(frame, "mnuHelpUpgrade")->trigger();
@@ -188,8 +194,8 @@ TEST_F(FrameTest, CommandsAreAllowedByTheState) {
 
 TEST_F(FrameTest, InputReachesTheVisibleWindowsOnlyWhileItIsAllowed) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    frame->OpenForm(u"TTfrm"_s);
-    frame->OpenForm(u"COEfrm"_s);
+    frame->open(ToolWindow::Timetable);
+    frame->open(ToolWindow::CalendarOfEvents);
     form(*frame, u"COEfrm"_s).hide();
     frame->EnableInput(false);
     EXPECT_FALSE(form(*frame, u"TTfrm"_s).isEnabled());
@@ -200,7 +206,7 @@ TEST_F(FrameTest, InputReachesTheVisibleWindowsOnlyWhileItIsAllowed) {
 
 TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    const QString place = setting::keyOf(u"Timetable");
+    const QString place = setting::keyOf(u"TTfrmMinimised");
     settings.CreateRegistryKey(place);
     const struct {
         QStringView name;
@@ -211,7 +217,7 @@ TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
 
     action(*frame, "mnuSettingsItem(1)")->trigger();
     action(*frame, "mnuPlanning(1)")->trigger();
-    EXPECT_EQ(frame->visibleForms(), QStringList({u"TTfrm"_s, u"ORVA2frm"_s}));
+    EXPECT_EQ(frame->visible(), QList({ToolWindow::Timetable, ToolWindow::WeeklySheet}));
     QMdiSubWindow& timetable = form(*frame, u"TTfrm"_s);
     timetable.setGeometry(10, 10, 300, 200);
     action(*frame, "mnuSettingsItem(1)")->trigger();
@@ -226,34 +232,43 @@ TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
     action(*frame, "Incidents")->trigger();
     action(*frame, "mnuPostitHideAll")->trigger();
     action(*frame, "mnuSettingsItem(7)")->trigger();
-    EXPECT_EQ(frame->visibleForms().last(), u"IncidentFrm"_s);
+    EXPECT_EQ(frame->visible().last(), ToolWindow::Incidents);
     EXPECT_EQ(ran, QList({FrameCommand::PostitHideAll, FrameCommand::GeneralSettings}));
 }
 
-TEST_F(FrameTest, AMinimisedAddressBookFindsNoPlaceUnderItsKey) {
+TEST_F(FrameTest, ManyWindowsOfAKindAreToldApartByTheirSubjects) {
+    windows.push_back({.window = ToolWindow::History,
+                       .name = u"Note"_s,
+                       .kind = WindowKind::FloatingMany,
+                       .make = [this](Session&) { return new PlainWindow(u"Note"_s, closed); },
+                       .show = [](QWidget& window, const WindowSubject& subject) {
+                           window.setWindowTitle(QString::number(std::get<qint64>(subject)));
+                       }});
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    action(*frame, "Contacts")->trigger();
-    QMdiSubWindow& book = form(*frame, u"ContactsFrm"_s);
-    book.setGeometry(30, 20, 250, 150);
-    book.showMinimized();
-    action(*frame, "Contacts")->trigger();
-    EXPECT_EQ(book.geometry(), QRect(30, 20, 250, 150));
+    for (int round = 0; round < 2; ++round) {
+        for (qint64 note = 1; note <= 20; ++note)
+            frame->open(ToolWindow::History, note);
+    }
+    EXPECT_EQ(frame->visible().size(), 20);
+    EXPECT_EQ(frame->findChildren<QWidget*>(u"Note"_s).last()->windowTitle(), u"20"_s);
+    frame->CloseOpenForms();
+    EXPECT_EQ(closed.size(), 20);
 }
 
 TEST_F(FrameTest, AWindowThatClosesKeepsItsPlace) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    frame->OpenForm(u"TTfrm"_s);
-    frame->OpenForm(u"COEfrm"_s);
+    frame->open(ToolWindow::Timetable);
+    frame->open(ToolWindow::CalendarOfEvents);
     form(*frame, u"TTfrm"_s).setGeometry(40, 60, 300, 200);
     form(*frame, u"COEfrm"_s).close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     frame->CloseOpenForms();
     EXPECT_EQ(closed, QStringList({u"COEfrm"_s, u"TTfrm"_s}));
-    EXPECT_TRUE(frame->visibleForms().isEmpty());
+    EXPECT_TRUE(frame->visible().isEmpty());
     EXPECT_EQ(settings.readNumber(setting::keyOf(u"TTfrmPlace"), u"Left"), 600);
     EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(u"COEfrmPlace"), u"WindowState"),
               SettingFound);
-    frame->OpenForm(u"TTfrm"_s);
+    frame->open(ToolWindow::Timetable);
     EXPECT_EQ(form(*frame, u"TTfrm"_s).geometry(), QRect(40, 60, 300, 200));
 }
 
@@ -319,7 +334,7 @@ TEST_F(FrameTest, TheViewMenuHidesTheToolbarThatStaysHidden) {
 TEST_F(FrameTest, TheKeyboardReachesTheToolbarAndComesBack) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
     frame->activateWindow();
-    frame->OpenForm(u"TTfrm"_s);
+    frame->open(ToolWindow::Timetable);
     auto& field = control<QLineEdit>(*frame, u"TTfrm_field"_s);
     field.setFocus();
     press(*frame, Qt::Key_F6);
@@ -333,15 +348,14 @@ TEST_F(FrameTest, TheKeyboardReachesTheToolbarAndComesBack) {
 
 TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    frame->OpenForm(u"TTfrm"_s);
-    auto& bar = *new QMenuBar(&control<PlainWindow>(*frame, u"TTfrm"_s));
-    addFrameMenus(bar, session.Frame());
+    frame->open(ToolWindow::Timetable);
+    auto& bar = control<QMenuBar>(*frame, u"TTfrm_bar"_s);
     QStringList menus;
     for (const QAction* menu : bar.actions())
         menus += menu->text();
     EXPECT_EQ(menus, QStringList({u"&File"_s, u"&View"_s, u"&Help"_s}));
     bar.actions()[1]->menu()->actions()[1]->trigger();
-    EXPECT_EQ(frame->visibleForms(), QStringList(u"TTfrm"_s));
+    EXPECT_EQ(frame->visible(), QList({ToolWindow::Timetable}));
     // The window goes while the menu that was opened in it is still at work.
     QMenu& file = *bar.actions()[0]->menu();
     bar.setActiveAction(bar.actions()[0]);
@@ -349,13 +363,13 @@ TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
     QTest::mouseClick(&file, Qt::LeftButton, {},
                       file.actionGeometry(action(*frame, "mnufileItem(2)")).center());
     EXPECT_EQ(closed, QStringList(u"TTfrm"_s));
-    EXPECT_TRUE(frame->visibleForms().isEmpty());
+    EXPECT_TRUE(frame->visible().isEmpty());
     EXPECT_FALSE(frame->menus().action(FrameCommand::Timetable).isEnabled());
 }
 
 TEST_F(FrameTest, AMaximisedWindowKeepsItsCaptionAndTheMenuBarWhole) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    frame->OpenForm(u"TTfrm"_s);
+    frame->open(ToolWindow::Timetable);
     form(*frame, u"TTfrm"_s).showMaximized();
     QCoreApplication::processEvents();
     EXPECT_GT(control<PlainWindow>(*frame, u"TTfrm"_s).y(), 0);
@@ -367,7 +381,7 @@ TEST_F(FrameTest, HelpIsWantedForTheControlBelowThePointerOrWithTheFocus) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
     frame->resize(700, 500); // all of it on the screen
     frame->activateWindow();
-    frame->OpenForm(u"TTfrm"_s);
+    frame->open(ToolWindow::Timetable);
     auto& field = control<QLineEdit>(*frame, u"TTfrm_field"_s);
     auto& button = control<ContextHelp>(*frame, u"ButtonEx1"_s);
     QList<QWidget*> wanted;

@@ -3,6 +3,7 @@
 #include "calendar/term_weeks.h"
 #include "core/core_settings.h"
 #include "frame/screens/frame_menus.h"
+#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"
 #include "year/wizard_rules.h"
@@ -55,7 +56,7 @@ QString openedYear(const YearAnswers& answers, const QString& path, TestSeams& s
     createYear(answers, path, seams);
     dao::DBEngine engine;
     Settings settings(path + u".ini"_s);
-    Session session(engine, settings, seams.seams());
+    Session session(engine, settings, seams.seams(), yearOpening());
     EXPECT_EQ(session.OpenDatabaseFile(path, {}), OpenDone);
     session.CloseAllDatabases();
     return path;
@@ -126,7 +127,7 @@ TEST_F(WizardTest, EveryPageIsLegibleNamedAndUncut) {
     window.show();
     wizard = &window;
     checkScreen(window, u"StartupWiz"_s);
-    window.startSetup();
+    window.startSetup(u"0"_s);
     on<QLineEdit>("Text1").setText(u"A Morrow"_s);
     on<QCheckBox>("Chk2").setChecked(true);
     for (const QString& code : {u"7A"_s, u"13FM_1"_s}) {

@@ -4,8 +4,10 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "frame/year_roads.h"
 #include "store/table_names.h"
+#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
@@ -78,7 +80,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<TimetableWindow> window;
 };
 
@@ -157,10 +159,10 @@ TEST_F(TimetableScreenTest, CopiesToOneCell) {
     EXPECT_EQ(label(u"T2(3)").text(), u"13FM"_s);
 }
 
-TEST_F(TimetableScreenTest, AnotherWeekComesWithoutSaving) {
+TEST_F(TimetableScreenTest, WhatWasChangedIsSavedBeforeSomethingElseShows) {
     show();
     edit(u"T1(2)");
-    box(u"Tx1").setText(u"lost"_s);
+    box(u"Tx1").setText(u"changed"_s);
     click(u"T1(0)");
     edit(u"T1(3)");
     box(u"Tx1").setText(u"typed"_s);
@@ -169,7 +171,14 @@ TEST_F(TimetableScreenTest, AnotherWeekComesWithoutSaving) {
     EXPECT_FALSE(editor().isVisible());
     EXPECT_EQ(label(u"T1(3)").text(), QString());
     weeks.setCurrentIndex(0);
-    EXPECT_EQ(label(u"T1(2)").text(), QString());
+    EXPECT_EQ(label(u"T1(2)").text(), u"changed"_s);
+    EXPECT_EQ(label(u"T1(3)").text(), u"typed"_s);
+    edit(u"T1(2)");
+    box(u"Tx1").setText(u"again"_s);
+    click(u"T1(0)");
+    emit session.GetNotices().classesChanged();
+    EXPECT_EQ(stored(0).at(1, 3).caption, u"again"_s);
+    EXPECT_EQ(label(u"T1(2)").text(), u"again"_s);
 }
 
 TEST_F(TimetableScreenTest, TheToolbarSavesAndTakesAPicture) {
@@ -199,20 +208,21 @@ TEST_F(TimetableScreenTest, WhatCannotBeSavedIsNotThrownAwayUnasked) {
     show();
     session.CurrentDB.TableDefs().Delete(ExtraTTinfoTable);
     for (const int answer : {AnswerNo, AnswerYes}) {
-        seams.prompts.expect(PromptKind::Plain, u"Save Timetable Error"_s, AnswerOk);
-        seams.prompts.expect(PromptKind::Message, u"Save Timetable Error"_s, answer);
+        if (answer == AnswerNo) // told once
+            seams.prompts.expect(PromptKind::Plain, u"Save Timetable Error"_s, AnswerOk);
+        seams.prompts.expect(PromptKind::Message, u"Not saved"_s, answer);
         EXPECT_EQ(window->close(), answer == AnswerYes);
     }
 }
 
 TEST_F(TimetableScreenTest, LeavingTheDatabaseSavesItAndKeepsItsPlace) {
-    MainWindow frame(session, false);
+    MainWindow frame(session, windowTable(), false);
     frame.show();
-    frame.OpenForm(u"TTfrm"_s);
+    frame.open(ToolWindow::Timetable);
     QTest::mouseDClick(&control<QLabel>(frame, u"T1(2)"_s), Qt::LeftButton);
     control<QLineEdit>(frame, u"Tx1"_s).setText(u"Free"_s);
     QTest::mouseClick(&control<QLabel>(frame, u"T1(0)"_s), Qt::LeftButton);
-    LeaveDatabase(session);
+    EXPECT_TRUE(LeaveDatabase(session, frame));
     EXPECT_EQ(frame.findChild<TimetableWindow*>(), nullptr);
     EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(setting::Timetable), u"Width"),
               SettingFound);

@@ -8,9 +8,11 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "richtext/plain_text.h"
 #include "store/engine/names.h"
+#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
@@ -38,7 +40,7 @@ protected:
     WeeklySheetTest() {
         createYear(twoWeekAnswers(), path(), seams);
         session.Start(folder.filePath(u"app"_s));
-        frame = std::make_unique<MainWindow>(session, false);
+        frame = std::make_unique<MainWindow>(session, windowTable(), false);
         frame->show();
         session.DatabasePath = path();
         EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
@@ -47,7 +49,7 @@ protected:
 
     QString path() const { return folder.filePath(u"year.mdb"_s); }
     void open() {
-        frame->OpenForm(u"ORVA2frm"_s);
+        frame->open(ToolWindow::WeeklySheet);
         sheet = frame->findChild<WeeklySheetWindow*>();
         ASSERT_TRUE(sheet);
         sheet->parentWidget()->resize(900, 600);
@@ -88,7 +90,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     WeeklySheetWindow* sheet = nullptr;
 };
@@ -99,7 +101,7 @@ TEST_F(WeeklySheetTest, AClassThatGoesLeavesItsLists) {
     const QString shown = classes.currentText();
     const QString week = control<QComboBox>(*sheet, u"SelWeek"_s).currentText();
     ASSERT_TRUE(Delete_Class(session.CurrentDB, shown, seams.prompts));
-    frame->RefreshForm(u"ORVA2frm"_s);
+    emit session.GetNotices().classesChanged();
     EXPECT_LT(classes.findText(shown), 0);
     EXPECT_EQ(classes.currentIndex(), 0);
     EXPECT_EQ(control<QComboBox>(*sheet, u"SelWeek"_s).currentText(), week);
@@ -155,10 +157,10 @@ TEST_F(WeeklySheetTest, EveryWayOfLeavingKeepsWhatIsTyped) {
         {"reading anew", [&] { sheet->Reload_Records(); }},
         {"the window's own close", [&] { sheet->parentWidget()->close(); }},
         {"all windows closed", [&] { close(); }},
-        {"the daily sheet", [&] { frame->OpenForm(u"ORVAfrm"_s); }},
+        {"the daily sheet", [&] { frame->open(ToolWindow::DailySheet); }},
         {"another window",
          [&] {
-             frame->OpenForm(u"StartupWiz"_s);
+             frame->open(ToolWindow::StartupWizard);
              QCoreApplication::processEvents();
          }},
     };
@@ -180,29 +182,27 @@ TEST_F(WeeklySheetTest, AClassWithoutLessonsShowsANoticeThatIsNeverWritten) {
     open();
     const QStringList before = rowsOf(session.CurrentDB, u"SELECT * FROM Planning"_s);
     selector("SelClass").setCurrentIndex(1);
-    const QStringList written = rowsOf(session.CurrentDB, u"SELECT * FROM Planning"_s);
     EXPECT_EQ(box("RTF(0)").plainText(), u"THERE ARE NO LESSONS \n\tFOR THIS CLASS THIS WEEK"_s);
     EXPECT_EQ(label("lb1(0)"), QString());
     type("RTF(0)", u"nothing"_s);
     EXPECT_TRUE(box("RTF(0)").isReadOnly());
     click("ButtonEx1(0)");
     close();
-    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT * FROM Planning"_s), written);
-    EXPECT_NE(before, written); // the slots of the first class, untouched as they were
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT * FROM Planning"_s), before);
 }
 
 TEST_F(WeeklySheetTest, ThePlanningSheetsCloseEachOther) {
-    frame->OpenForm(u"ORVAfrm"_s);
+    frame->open(ToolWindow::DailySheet);
     control<RichTextBox>(*frame, u"Text1(0)"_s).setFocus();
     QTest::keyClicks(&control<RichTextBox>(*frame, u"Text1(0)"_s), u"daily"_s);
     open();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(frame->visibleForms(), QStringList(u"ORVA2frm"_s));
+    EXPECT_EQ(frame->visible(), QList({ToolWindow::WeeklySheet}));
     EXPECT_EQ(box("RTF(0)").plainText(), u"daily"_s);
     type("RTF(0)", u", weekly"_s);
-    frame->OpenForm(u"ORVAfrm"_s);
+    frame->open(ToolWindow::DailySheet);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(frame->visibleForms(), QStringList(u"ORVAfrm"_s));
+    EXPECT_EQ(frame->visible(), QList({ToolWindow::DailySheet}));
     EXPECT_EQ(control<RichTextBox>(*frame, u"Text1(0)"_s).plainText(), u"daily, weekly"_s);
 }
 
@@ -262,6 +262,7 @@ TEST_F(WeeklySheetTest, WhatCannotBeWrittenStaysWhereItIs) {
         EXPECT_EQ(selector("SelWeek").currentIndex(), 1);
         selector("SelClass").setCurrentIndex(2);
         EXPECT_EQ(selector("SelClass").currentIndex(), 0);
+        seams.prompts.expect(PromptKind::Message, u"Not saved"_s, AnswerNo);
         sheet->parentWidget()->close();
         EXPECT_TRUE(sheet->isVisible());
         EXPECT_TRUE(box("RTF(0)").plainText().startsWith(u"precious"));
@@ -278,7 +279,7 @@ TEST_F(WeeklySheetTest, TheToolbarInsertsObjectsOnly) {
     box("RTF(0)").setFocus();
     toolbar.button(0)->trigger();
     toolbar.button(1)->trigger();
-    EXPECT_EQ(frame->visibleForms(), QStringList(u"ORVA2frm"_s));
+    EXPECT_EQ(frame->visible(), QList({ToolWindow::WeeklySheet}));
     EXPECT_FALSE(box("RTF(0)").dataChanged());
 }
 

@@ -4,6 +4,7 @@
 #include "classes/screens/class_window.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "year/year_opening.h"
 #include "support/class_file.h"
 #include "support/screen_checks.h"
 #include "support/scripted_frame.h"
@@ -28,12 +29,12 @@ using namespace Qt::StringLiterals;
 class RegisterScreenTest : public testing::Test {
 protected:
     RegisterScreenTest() {
-        session.SetFrame(&frame);
+        session.SetWindows(&frame);
         createYear(answers(), path(), seams, ExistingFile::Replace);
         EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
         addPupils(session.CurrentDB, u"D"_s, {u"Ames,Ann"_s, u"O'Brien,Zoë"_s, u"Cole,Ed"_s});
     }
-    ~RegisterScreenTest() override { session.SetFrame(nullptr); }
+    ~RegisterScreenTest() override { session.SetWindows(nullptr); }
 
     static YearAnswers answers() {
         YearAnswers answers = oneWeekAnswers();
@@ -82,6 +83,6 @@ protected:
     ScriptedFrame frame;
     dao::DBEngine engine;
     Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<ClassWindow> window;
 };

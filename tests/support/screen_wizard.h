@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
+#include "year/year_opening.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
 #include "year/screens/startup_wizard.h"
@@ -161,7 +162,7 @@ protected:
     TestSeams seams;
     dao::DBEngine engine;
     Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
-    Session session{engine, settings, seams.seams()};
+    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     QPointer<StartupWizard> wizard;
 };

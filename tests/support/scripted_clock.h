@@ -4,24 +4,28 @@
 
 #include <map>
 
-/// A clock that stands until a test moves it; timers run as it passes them.
+/// A clock that stands until a test moves it; timers run as it passes them. It outlives them.
 class ScriptedClock : public Clock {
 public:
     explicit ScriptedClock(const QDateTime& now) : m_now(now) {}
 
     QDateTime now() const override { return m_now; }
-    void startTimer(int id, std::chrono::milliseconds delay, std::function<void()> action) override;
-    void stopTimer(int id) override { m_timers.erase(id); }
+    [[nodiscard]] std::unique_ptr<Timer> after(std::chrono::milliseconds delay,
+                                               std::function<void()> action) override;
 
     /// Lets time pass and runs what falls due, in order, each at its own time.
     void advance(std::chrono::milliseconds time);
-    bool isRunning(int id) const { return m_timers.contains(id); }
+    /// How many timers run.
+    size_t running() const { return m_timers.size(); }
 
 private:
-    struct Timer {
-        QDateTime due;
+    struct Due {
+        QDateTime at;
         std::function<void()> action;
     };
+    class ScriptedTimer;
+
     QDateTime m_now;
-    std::map<int, Timer> m_timers;
+    int m_made = 0;
+    std::map<int, Due> m_timers; ///< in the order of their making
 };

@@ -1,33 +1,47 @@
 #pragma once
 
+#include "core/core_settings.h"
 #include "frame/main_frame.h"
 
-/// A main window that keeps what it was told, in order, and opens any window by name.
+#include <QStringList>
+
+/// A main window that keeps what it was told, in order, and has every window.
 class ScriptedFrame : public MainFrame {
 public:
     QStringList log;
     QString caption;
-    QStringList forms;
+    QList<ToolWindow> windows; ///< those that were opened
+    WindowSubject subject;     ///< of the one that was opened last
+    bool mayLeave = true;
 
+    bool has(ToolWindow) const override { return true; }
+    void open(ToolWindow window, const WindowSubject& asked = {}) override {
+        subject = asked;
+        if (window == ToolWindow::StartupWizard)
+            log += asked.index() == 0 ? QStringLiteral("wizard") : QStringLiteral("wizard setup");
+        else
+            windows += window;
+    }
+    bool close(ToolWindow window) override {
+        windows.removeAll(window);
+        return true;
+    }
     void SetCaption(const QString& text) override { caption = text; }
     void EnableInput(bool enable) override {
         log += enable ? QStringLiteral("enable") : QStringLiteral("disable");
     }
+    bool MayLeave() override { return mayLeave; }
     void CloseOpenForms() override {
         log += QStringLiteral("close forms");
-        forms.clear();
+        windows.clear();
     }
-    void ShowStartupWizard() override { log += QStringLiteral("wizard"); }
-    void ShowStartupWizardSetup() override { log += QStringLiteral("wizard setup"); }
-    void OpenForm(const QString& name) override { forms += name; }
-    void OpenFormOn(const QString& name, const QVariant& subject) override {
-        forms += name;
-        log += name + QStringLiteral(" on ") + subject.toString();
+    void run(ToolWindow window, FrameCommand) override { open(window); }
+    QList<ToolWindow> visible() const override { return windows; }
+    QList<StartupWindow> startupWindows() const override {
+        return {{setting::Open_Register, ToolWindow::Classes},
+                {setting::Open_COE, ToolWindow::CalendarOfEvents},
+                {setting::Open_Planning, ToolWindow::DailySheet}};
     }
-    void RefreshForm(const QString& name) override { log += QStringLiteral("refresh ") + name; }
-    void CloseForm(const QString& name) override { forms.removeAll(name); }
-    void RunFormCommand(const QString& name, FrameCommand) override { forms += name; }
-    QStringList visibleForms() const override { return forms; }
     void DestroySplash() override {}
     void Unload() override { log += QStringLiteral("unload"); }
     void ToolbarAlign() override {}

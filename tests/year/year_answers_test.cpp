@@ -1,3 +1,4 @@
+#include "classes/class_code.h"
 #include "support/engine_places.h"
 #include "year/year_answers_json.h"
 

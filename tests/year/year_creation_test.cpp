@@ -1,3 +1,4 @@
+#include "classes/class_code.h"
 #include "year/year_creation.h"
 
 #include "calendar/term_weeks.h"

@@ -10,7 +10,6 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "frame/screens/frame_menus.h"
 #include "store/engine/error.h"
 
 #include <QAction>
@@ -19,15 +18,31 @@
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <functional>
 
 using namespace Qt::StringLiterals;
 
-TimetableWindow::TimetableWindow(Session& session) : m_session(session) {
+TimetableWindow::TimetableWindow(Session& session)
+    : m_session(session)
+    , m_writing(*this, session.GetSeams(),
+                {.what = u"The timetable"_s,
+                 .save = [this] { return !m_isChanged || save(); },
+                 .leave =
+                     [this] {
+                         HideEditBox();
+                         return save();
+                     }}) {
     setObjectName(u"TTfrm"_s);
     load();
+    connect(&session.GetNotices(), &Notices::classesChanged, this, &TimetableWindow::showWeekAgain);
+}
+
+TimetableWindow::~TimetableWindow() {
+    m_writing.end();
 }
 
 void TimetableWindow::load() {
@@ -50,7 +65,6 @@ void TimetableWindow::make(const TimetableYear& year) {
     m_panel = new TimetablePanel(year, font, m_session.GradientsEnabled);
     m_editor = new TimetableEditor(m_session.GetSeams().prompts, m_panel);
     auto* bar = new QMenuBar;
-    addFrameMenus(*bar, m_session.Frame());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
@@ -65,8 +79,7 @@ void TimetableWindow::make(const TimetableYear& year) {
             [this](QPoint place) { m_popup->popup(place); });
     connect(m_editor, &TimetableEditor::accepted, this, &TimetableWindow::HideEditBox);
     connect(m_editor, &TimetableEditor::cancelled, this, &TimetableWindow::dismissEditBox);
-    connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this,
-            &TimetableWindow::showWeek);
+    connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this, &TimetableWindow::chooseWeek);
 }
 
 /// The buttons that have something behind them; a group begins with a separator.
@@ -78,7 +91,10 @@ LayoutToolbar* TimetableWindow::makeToolbar() {
         std::function<void()> act;
     };
     const QList<Button> buttons{
-        {1, u"Save Settings."_s, u"save"_s, [this] { save(); }},
+        {1, u"Save Settings."_s, u"save"_s, [this] {
+             m_failure.reset();
+             save();
+         }},
         {2, u"Save as BMP picture."_s, u"picture"_s, [this] { savePicture(); }},
     };
     QString layout;
@@ -117,18 +133,29 @@ void TimetableWindow::makePopup() {
 void TimetableWindow::selectCurrentWeek() {
     const QDate today = m_session.GetSeams().clock.today();
     const bool isB = m_year.twoWeeks && IsWeek2(m_session.CurrentDB, today) == u"B";
-    if (isB)
-        m_panel->weekList().setCurrentIndex(1);
-    else
-        showWeek(0);
+    const QSignalBlocker blocker(&m_panel->weekList());
+    m_panel->weekList().setCurrentIndex(isB ? 1 : 0);
+    showWeek(isB ? 1 : 0);
 }
 
+/// What has changed here is in the file before it is read. Its own saving is no news.
 void TimetableWindow::showWeekAgain() {
-    showWeek(m_panel->weekList().currentIndex());
+    if (!m_isSaving && m_writing.save())
+        showWeek(m_shownWeek);
+}
+
+/// The week that was shown is saved first; where that fails it stays.
+void TimetableWindow::chooseWeek(int index) {
+    if (m_writing.leave())
+        return showWeek(index);
+    const QSignalBlocker blocker(&m_panel->weekList());
+    m_panel->weekList().setCurrentIndex(m_shownWeek);
 }
 
 void TimetableWindow::showWeek(int index) {
     dismissEditBox();
+    m_shownWeek = index;
+    m_isChanged = false;
     try {
         LoadTT(m_session.CurrentDB, index, m_grid);
     } catch (const dao::EngineError& error) {
@@ -166,6 +193,12 @@ void TimetableWindow::HideEditBox() {
     m_grid.applyEdit(m_panel->selectedDay(), m_panel->selectedPeriod(), m_editor->edit());
     dismissEditBox();
     m_panel->showGrid(m_grid);
+    changed();
+}
+
+void TimetableWindow::changed() {
+    m_isChanged = true;
+    m_writing.typed();
 }
 
 void TimetableWindow::dismissEditBox() {
@@ -186,13 +219,19 @@ void TimetableWindow::copy() {
 void TimetableWindow::paste() {
     m_grid.paste(m_panel->selectedDay(), m_panel->selectedPeriod(), *m_copied);
     m_panel->showGrid(m_grid);
+    changed();
 }
 
 bool TimetableWindow::save() {
+    const QScopedValueRollback saving(m_isSaving, true);
     try {
-        SaveTTinfo(m_session, m_panel->weekList().currentIndex(), m_grid);
+        SaveTTinfo(m_session, m_shownWeek, m_grid);
+        m_isChanged = false;
+        m_failure.reset();
         return true;
     } catch (const dao::EngineError& error) {
+        if (!m_failure.first())
+            return false;
         m_session.GetSeams().prompts.PlainBox(
             u"The timetable could not be saved:\n\n%1\n\nError number: %2"_s
                 .arg(error.description())
@@ -214,12 +253,6 @@ void TimetableWindow::changeEvent(QEvent* event) {
         m_panel->showGrid(m_grid);
 }
 
-/// What could not be saved is not thrown away unasked.
 void TimetableWindow::closeEvent(QCloseEvent* event) {
-    const bool mayGo = save() || m_session.GetSeams().prompts.msg_Box(
-                                     u"The timetable was not saved.\n\nDo you wish to close it all "
-                                     "the same?"_s,
-                                     YesNoButtons | QuestionIcon | SecondButtonDefault,
-                                     u"Save Timetable Error"_s) == AnswerYes;
-    event->setAccepted(mayGo);
+    event->setAccepted(m_writing.mayGo());
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "calendar/timetable.h"
+#include "controls/kept_writing.h"
+#include "store/kept_row.h"
 
 #include <QWidget>
 
@@ -18,28 +20,28 @@ namespace setting {
 inline constexpr QStringView Timetable = u"Timetable";
 } // namespace setting
 
-/// The personal timetable. It is saved on its button and whenever it closes, with what the grid
-/// holds: what stands in an open editor is not taken over first, and another week is shown without
-/// saving the one that stood.
+/// The personal timetable. What is changed on it is kept like all that is typed, and whenever it
+/// closes or shows something else the whole grid is saved, with what stands in an open editor.
 class TimetableWindow : public QWidget {
     Q_OBJECT
 
 public:
     explicit TimetableWindow(Session& session);
-
-    /// Shows the week that it shows as the file now has it.
-    void showWeekAgain();
+    ~TimetableWindow() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void showWeekAgain();
+    void changed();
     void load();
     void make(const TimetableYear& year);
     LayoutToolbar* makeToolbar();
     void makePopup();
     void selectCurrentWeek();
+    void chooseWeek(int index);
     void showWeek(int index);
     void select(int day, int period);
     void ShowEditBox();
@@ -59,4 +61,9 @@ private:
     TimetableEditor* m_editor = nullptr;
     QMenu* m_popup = nullptr;
     QAction* m_paste = nullptr;
+    int m_shownWeek = 0;      ///< an element of the list of weeks
+    bool m_isSaving = false;
+    bool m_isChanged = false; ///< since it was saved or shown last
+    ToldOnce m_failure;
+    KeptWriting m_writing; ///< last
 };

@@ -13,13 +13,11 @@
 #include "classes/screens/register_page.h"
 #include "controls/colours.h"
 #include "controls/icons.h"
+#include "controls/kept_writing.h"
 #include "controls/layout_toolbar.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/window_placement.h"
-#include "frame/main_frame.h"
-#include "frame/screens/frame_menus.h"
-#include "frame/screens/window_table.h"
 #include "store/engine/error.h"
 
 #include <QAction>
@@ -64,7 +62,6 @@ QSize ClassWindow::sizeHint() const {
 
 void ClassWindow::makeParts() {
     auto* bar = new QMenuBar;
-    addFrameMenus(*bar, m_session.Frame());
     m_names = new NameList(m_desk);
     makePages();
     auto* top = new QHBoxLayout;
@@ -160,8 +157,7 @@ void ClassWindow::load() {
     if (!isRead || !m_desk.classes().isEmpty())
         return;
     showNoClasses(m_session.GetSeams().prompts);
-    if (m_session.Frame())
-        QTimer::singleShot(0, this, [this] { m_session.Frame()->CloseForm(objectName()); });
+    QTimer::singleShot(0, this, [this] { m_session.GetWindows().close(ToolWindow::Classes); });
 }
 
 void ClassWindow::showClasses() {
@@ -340,15 +336,7 @@ void ClassWindow::createClass() {
     trying([this] { m_desk.updateTables(); }); // the new class lacks what only they give it
     trying([&] { m_desk.refreshClasses(made); });
     showClasses();
-    showClassesElsewhere();
-}
-
-/// The timetable and the planning sheets show the classes too.
-void ClassWindow::showClassesElsewhere() {
-    if (!m_session.Frame())
-        return;
-    for (const QString& form : {u"TTfrm"_s, u"ORVAfrm"_s, u"ORVA2frm"_s})
-        m_session.Frame()->RefreshForm(form);
+    emit m_session.GetNotices().classesChanged();
 }
 
 void ClassWindow::deletePupil(bool all) {
@@ -370,13 +358,13 @@ void ClassWindow::deletePupil(bool all) {
 void ClassWindow::deleteClass() {
     Prompts& prompts = m_session.GetSeams().prompts;
     const QString code = m_desk.classCode();
-    const WindowEntry* archive = findWindow(windowTable(), u"Archivefrm");
-    switch (askDeleteClass(prompts, code, archive, m_session.DontAskDeleteClass)) {
+    const bool canArchive = m_session.GetWindows().has(ToolWindow::Archive);
+    switch (askDeleteClass(prompts, code, canArchive, m_session.DontAskDeleteClass)) {
     case DeleteClassAnswer::No:
         return;
     case DeleteClassAnswer::Archive:
         m_desk.release();
-        m_session.Frame()->OpenForm(archive->name);
+        m_session.GetWindows().open(ToolWindow::Archive, code);
         return;
     case DeleteClassAnswer::Yes:
         break;
@@ -385,7 +373,7 @@ void ClassWindow::deleteClass() {
     // Its records were closed even where it is still there.
     trying([&] { m_desk.refreshClasses(isGone ? QString() : code); });
     showClasses();
-    showClassesElsewhere();
+    emit m_session.GetNotices().classesChanged();
 }
 
 /// Does what may fail in the file, and tells where it did.
@@ -400,7 +388,7 @@ bool ClassWindow::trying(const std::function<void()>& work) {
 }
 
 void ClassWindow::closeEvent(QCloseEvent* event) {
-    if (!leaveView()) {
+    if (!mayWindowGo(*this) || !leaveView()) {
         event->ignore();
         return;
     }

@@ -64,7 +64,6 @@ private:
     void createClass();
     void deletePupil(bool all);
     void deleteClass();
-    void showClassesElsewhere();
     bool trying(const std::function<void()>& work);
 
     Session& m_session;

@@ -1,11 +1,11 @@
 #include "classes/screens/new_class_wizard.h"
 
+#include "classes/class_code.h"
 #include "classes/class_creation.h"
 #include "classes/screens/class_week_grid.h"
 #include "controls/restricted_edit.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "year/year_answers.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

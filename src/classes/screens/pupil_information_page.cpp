@@ -19,18 +19,15 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int PupilSaveTimer = 20488;
-
-} // namespace
-
 PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
     , m_binding(session.GetSeams().prompts)
     , m_notes(new QPlainTextEdit)
     , m_photo(new PhotoBox)
-    , m_delayedSave(session.GetSeams().clock, PupilSaveTimer, [this] { m_binding.flush(); }) {
+    , m_writing(*this, session.GetSeams(),
+                {.what = u"What was typed about the pupil"_s,
+                 .save = [this] { return m_binding.flush(); },
+                 .leave = [this] { return m_binding.leave(); }}) {
     setObjectName(u"PupilInformation"_s);
     m_notes->setObjectName(u"TxtNotes"_s);
     m_notes->setAccessibleName(u"More information"_s);
@@ -124,8 +121,7 @@ void PupilInformationPage::showPupil(int) {
 
 /// A name that has changed is to be read anew in the list of names.
 bool PupilInformationPage::leave() {
-    m_delayedSave.stop();
-    if (!m_binding.leave())
+    if (!m_writing.leave())
         return false;
     const PupilName name{m_surname->text(), m_firstname->text()};
     if (m_pupil.isOpen() && name != m_name) {
@@ -147,7 +143,7 @@ void PupilInformationPage::close() {
 
 void PupilInformationPage::typed() {
     if (m_pupil.isOpen())
-        m_delayedSave.soon();
+        m_writing.typed();
 }
 
 void PupilInformationPage::sendMail() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "classes/screens/class_view_page.h"
-#include "core/delayed_save.h"
+#include "controls/kept_writing.h"
 #include "store/row_binding.h"
 
 #include <memory>
@@ -42,5 +42,5 @@ private:
     QLineEdit* m_surname = nullptr;
     QLineEdit* m_email = nullptr;
     PupilName m_name; ///< of the pupil, as the list of names has it
-    DelayedSave m_delayedSave;
+    KeptWriting m_writing; ///< last
 };

@@ -20,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int NotesSaveTimer = 20489;
-
 /// Every size from 8 points on.
 QList<int> noteSizes() {
     QList<int> sizes(12);
@@ -37,7 +35,10 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     , m_categories(new QListWidget)
     , m_note(new RichTextBox(u"Note"_s))
     , m_bound(*m_note)
-    , m_delayedSave(session.GetSeams().clock, NotesSaveTimer, [this] { save(); }) {
+    , m_writing(*this, session.GetSeams(),
+                {.what = u"The note on the pupil"_s,
+                 .save = [this] { return !m_binding || m_binding->flush(); },
+                 .leave = [this] { return !m_binding || m_binding->leave(); }}) {
     m_note->setObjectName(u"RTFnotes"_s);
     m_tools->serve(*m_note);
     auto* body = new QHBoxLayout;
@@ -52,7 +53,7 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     bars->addStretch();
     layout->addLayout(bars);
     layout->addLayout(body, 1);
-    connect(m_note, &RichTextBox::edited, this, [this] { m_delayedSave.soon(); });
+    connect(m_note, &RichTextBox::edited, this, [this] { m_writing.typed(); });
 }
 
 QWidget* PupilNotesPage::makeCategories() {
@@ -147,14 +148,8 @@ void PupilNotesPage::bindNote() {
     }
 }
 
-void PupilNotesPage::save() {
-    if (m_binding)
-        m_binding->flush();
-}
-
 bool PupilNotesPage::leave() {
-    m_delayedSave.stop();
-    if (m_binding && !m_binding->leave())
+    if (!m_writing.leave())
         return false;
     close();
     return true;

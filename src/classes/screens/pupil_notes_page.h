@@ -2,7 +2,7 @@
 
 #include "classes/screens/class_view_page.h"
 #include "controls/bound_rich_text.h"
-#include "core/delayed_save.h"
+#include "controls/kept_writing.h"
 
 #include <memory>
 
@@ -30,7 +30,6 @@ private:
     void chooseCategory();
     void fillCategories(const QString& select);
     void bindNote();
-    void save();
     void close();
     QString category() const;
 
@@ -42,5 +41,5 @@ private:
     std::unique_ptr<RowBinding> m_binding; ///< of the category that shows; null for none
     dao::Recordset m_pupil;
     QString m_shown; ///< the category that shows
-    DelayedSave m_delayedSave;
+    KeptWriting m_writing; ///< last
 };

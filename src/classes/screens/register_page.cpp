@@ -11,7 +11,6 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/window_placement.h"
-#include "frame/main_frame.h"
 #include "store/engine/error.h"
 
 #include <QAction>
@@ -217,8 +216,8 @@ void RegisterPage::lessonsRemaining() {
 void RegisterPage::showPlanning() {
     const std::optional<QDate> date =
         planningDate(desk().sheet(), m_grid->currentIndex().column(), m_grid->selectedColumns());
-    if (date && session().Frame())
-        session().Frame()->OpenFormOn(u"ORVAfrm"_s, *date);
+    if (date)
+        session().GetWindows().open(ToolWindow::DailySheet, *date);
 }
 
 void RegisterPage::setPanelShown(bool shown) {

@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int LessonNoteSaveTimer = 20490;
 constexpr QColor NoLessonColour(238, 249, 234);
 
 } // namespace
@@ -31,7 +30,8 @@ SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
     , m_photo(new PhotoBox)
     , m_showsPhoto(session.GetSettings().readFlag(setting::keyOf(setting::Register),
                                                   setting::DisplayKeyPicture))
-    , m_delayedSave(session.GetSeams().clock, LessonNoteSaveTimer, [this] { storeNote(); }) {
+    , m_writing(*this, session.GetSeams(),
+                {.what = u"The note on the lesson"_s, .save = [this] { return writeNote(); }}) {
     m_photo->setVisible(m_showsPhoto);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_photo, 0, Qt::AlignHCenter);
@@ -74,7 +74,7 @@ QWidget* SidePanel::makeNotes() {
     connect(m_showNotes, &QCheckBox::toggled, m_note, &QWidget::setVisible);
     connect(m_note, &QPlainTextEdit::textChanged, this, [this] {
         if (m_place)
-            m_delayedSave.soon();
+            m_writing.typed();
     });
     return frame;
 }
@@ -89,16 +89,17 @@ void SidePanel::Get_Lesson_notes(int row, int column) {
         showPlace(lessonNotePlace(m_desk.sheet(), m_desk.classCode(), row, column));
 }
 
-bool SidePanel::storeNote() {
-    m_delayedSave.stop();
+bool SidePanel::writeNote() {
     if (!m_place || !m_note->document()->isModified())
         return true;
     try {
         storeLessonNote(m_session.CurrentDB, *m_place, m_note->toPlainText());
         m_note->document()->setModified(false);
+        m_failure.reset();
         return true;
     } catch (const dao::EngineError& error) {
-        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        if (m_failure.first())
+            showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
         return false;
     }
 }
@@ -107,6 +108,7 @@ bool SidePanel::storeNote() {
 void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
     const bool isOff = lessonNotesAreOff(m_session.GetSettings());
     m_place.reset(); // what is set now is nothing to keep
+    m_failure.reset();
     QString note = isOff ? lessonNotesOffText() : QString();
     try {
         if (place && !isOff)

@@ -2,7 +2,8 @@
 
 #include "classes/pupil_notes.h"
 #include "classes/register_keys.h"
-#include "core/delayed_save.h"
+#include "controls/kept_writing.h"
+#include "store/kept_row.h"
 
 #include <QWidget>
 
@@ -27,13 +28,14 @@ public:
     /// current one. A column that is none is -1.
     void Get_Lesson_notes(int row, int column);
     /// Keeps the note of the current cell. Answers false, having said why, where that failed.
-    bool storeNote();
+    bool storeNote() { return m_writing.leave(); }
     /// Keeps in the settings whether the notes show.
     void saveLook();
 
 private:
     QGroupBox* makeKey(const KeyArray& keys);
     QWidget* makeNotes();
+    bool writeNote();
     void showPlace(std::optional<LessonNotePlace> place);
 
     Session& m_session;
@@ -43,5 +45,6 @@ private:
     QCheckBox* m_showNotes = nullptr;
     QPlainTextEdit* m_note = nullptr;
     std::optional<LessonNotePlace> m_place; ///< of the note that shows
-    DelayedSave m_delayedSave;
+    ToldOnce m_failure;
+    KeptWriting m_writing; ///< last
 };

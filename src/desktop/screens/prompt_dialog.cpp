@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QScreen>
 #include <QStyle>
 
@@ -22,7 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int AutoCloseTimer = 20484;
 const QColor paleYellow(255, 255, 204);
 
 /// The rounded panel behind icon and text, in its own colours whatever the scheme.
@@ -131,8 +129,7 @@ int PromptDialog::msg_Box(const QString& text, int flags, const QString& title,
 int PromptDialog::MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
                               const BoxLook& look, Clock& clock) {
     prepare(text, flags, title, look);
-    clock.startTimer(AutoCloseTimer, std::chrono::seconds(seconds), [this] { m_default->click(); });
-    const auto stop = qScopeGuard([&clock] { clock.stopTimer(AutoCloseTimer); });
+    const auto timer = clock.after(std::chrono::seconds(seconds), [this] { m_default->click(); });
     return answer();
 }
 

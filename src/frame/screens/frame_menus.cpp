@@ -1,7 +1,6 @@
 #include "frame/screens/frame_menus.h"
 
 #include "controls/icons.h"
-#include "frame/screens/main_window.h"
 
 #include <QAction>
 #include <QMenu>
@@ -9,10 +8,14 @@
 
 #include <utility>
 
-FrameMenus::FrameMenus(Session& session, FormTest hasForm, QWidget& window)
-    : QObject(&window), m_session(session), m_hasForm(std::move(hasForm)), m_window(window) {
+FrameMenus::FrameMenus(Session& session, MainFrame& frame, WindowTest has, QWidget& window)
+    : QObject(&window)
+    , m_session(session)
+    , m_frame(frame)
+    , m_has(std::move(has))
+    , m_window(window) {
     makeActions(window);
-    for (const MenuEntry& entry : frameMenus(m_hasForm))
+    for (const MenuEntry& entry : frameMenus(m_has))
         m_menus += makeMenu(entry);
 }
 
@@ -26,10 +29,10 @@ void FrameMenus::makeActions(QWidget& window) {
             action->setCheckable(entry.command == FrameCommand::ShowToolbar);
         } else {
             connect(action, &QAction::triggered, this,
-                    [this, command = entry.command] { RunCommand(m_session, command); });
+                    [this, command = entry.command] { RunCommand(m_session, m_frame, command); });
         }
         m_actions[entry.command] = action;
-        if (entry.shortcut.isEmpty() || !commandExists(entry.command, m_hasForm))
+        if (entry.shortcut.isEmpty() || !commandExists(entry.command, m_has))
             continue;
         action->setShortcut(QKeySequence(entry.shortcut.toString(), QKeySequence::PortableText));
         window.addAction(action);
@@ -53,21 +56,17 @@ QMenu* FrameMenus::makeMenu(const MenuEntry& entry) {
 QMenu& FrameMenus::popup(FrameCommand popup) {
     QMenu*& menu = m_popups[popup];
     if (!menu)
-        menu = makeMenu(popupMenu(popup, m_hasForm));
+        menu = makeMenu(popupMenu(popup, m_has));
     return *menu;
 }
 
 void FrameMenus::addTo(QMenuBar& bar) const {
+    QAction* first = bar.actions().value(0);
     for (QMenu* menu : m_menus)
-        bar.addAction(menu->menuAction());
+        bar.insertAction(first, menu->menuAction());
 }
 
 void FrameMenus::EnableInput(bool enable) {
     for (const CommandEntry& entry : commandTable())
         action(entry.command).setEnabled(enable || !entry.needsDatabase);
-}
-
-void addFrameMenus(QMenuBar& bar, MainFrame* frame) {
-    if (auto* window = dynamic_cast<MainWindow*>(frame))
-        window->menus().addTo(bar);
 }

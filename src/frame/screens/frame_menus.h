@@ -18,9 +18,10 @@ class FrameMenus : public QObject {
     Q_OBJECT
 
 public:
-    /// `window` owns the menus and has the commands' keys.
-    FrameMenus(Session& session, FormTest hasForm, QWidget& window);
+    /// `frame` does what the commands say; `window`, the same, owns the menus and has the keys.
+    FrameMenus(Session& session, MainFrame& frame, WindowTest has, QWidget& window);
 
+    /// Puts the menus in front of those that a bar has.
     void addTo(QMenuBar& bar) const;
     QAction& action(FrameCommand command) const { return *m_actions[command]; }
     /// The menu of a popup of the toolbar.
@@ -33,13 +34,10 @@ private:
     QMenu* makeMenu(const MenuEntry& entry);
 
     Session& m_session;
-    FormTest m_hasForm;
+    MainFrame& m_frame;
+    WindowTest m_has;
     QWidget& m_window;
     QMap<FrameCommand, QAction*> m_actions;
     QMap<FrameCommand, QMenu*> m_popups;
     QList<QMenu*> m_menus;
 };
-
-/// Gives a tool window's bar the main window's File, View and Help menus: the same menus, so that
-/// all of it forwards to the main window. Nothing is added where there is no main window.
-void addFrameMenus(QMenuBar& bar, MainFrame* frame);

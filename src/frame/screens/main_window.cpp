@@ -1,5 +1,6 @@
 #include "frame/screens/main_window.h"
 
+#include "controls/kept_writing.h"
 #include "controls/placed_widget.h"
 #include "core/core_settings.h"
 #include "core/session.h"
@@ -11,7 +12,6 @@
 #include "frame/year_roads.h"
 #include "help/screens/context_help.h"
 #include "help/screens/help_viewer.h"
-#include "year/screens/startup_wizard.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -22,9 +22,10 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
-MainWindow::MainWindow(Session& session, bool startsByItself, QWidget* splash, WindowTable windows)
+MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItself, QWidget* splash)
     : m_session(session)
     , m_windows(windows)
     , m_client(new MdiBackground(session, this))
@@ -36,18 +37,19 @@ MainWindow::MainWindow(Session& session, bool startsByItself, QWidget* splash, W
     DisableRestoreButton();
     setCentralWidget(m_client);
     resize(1024, 700);
-    const FormTest hasForm = [this](QStringView form) { return findWindow(m_windows, form); };
-    m_menus = new FrameMenus(session, hasForm, *this);
-    m_toolbar = new FrameToolbar(toolbarLayout(hasForm), *m_menus);
+    const WindowTest has = [this](ToolWindow window) { return this->has(window); };
+    m_menus = new FrameMenus(session, *this, has, *this);
+    m_toolbar = new FrameToolbar(toolbarLayout(has), *m_menus);
     Reparent_HelpButton();
     makeToolbar();
-    m_session.SetFrame(this);
-    LoadMainWindow(m_session);
+    m_session.SetWindows(this);
+    connect(&m_session.GetNotices(), &Notices::yearOpened, this, &MainWindow::yearOpened);
+    LoadMainWindow(m_session, *this);
 }
 
 MainWindow::~MainWindow() {
     CloseOpenForms(); // while there is a list that they can leave
-    m_session.SetFrame(nullptr);
+    m_session.SetWindows(nullptr);
 }
 
 /// Of the window's system menu the commands that would leave it smaller. To move it and to fit it
@@ -67,7 +69,7 @@ void MainWindow::Reparent_HelpButton() {
     m_menus->addTo(*bar);
     auto* help = new ContextHelp;
     connect(help, &ContextHelp::helpWanted, this, &MainWindow::helpWanted);
-    if (findWindow(m_windows, u"HelpFrm"))
+    if (has(ToolWindow::Help))
         connect(this, &MainWindow::helpWanted, m_help,
                 [this](QWidget* control) { m_help->showHelp(HelpContext, control); });
     auto* top = new QWidget;
@@ -84,7 +86,8 @@ void MainWindow::makeToolbar() {
     shows.setChecked(true);
     connect(&shows, &QAction::toggled, m_toolbar, &QWidget::setVisible);
     connect(m_toolbar, &FrameToolbar::popupOpens, this, [this](FrameCommand popup, QMenu& menu) {
-        const WindowEntry* entry = findWindow(m_windows, commandEntry(popup).form);
+        const std::optional<ToolWindow> window = commandEntry(popup).window;
+        const WindowEntry* entry = window ? findWindow(m_windows, *window) : nullptr;
         if (entry && entry->fill)
             entry->fill(m_session, menu);
     });
@@ -130,132 +133,171 @@ void MainWindow::SetCaption(const QString& caption) {
     setWindowTitle(caption);
 }
 
+void MainWindow::yearOpened() {
+    SetCaption(mainCaption(m_session.CurrentDB.Name()));
+    EnableInput(true);
+}
+
 void MainWindow::EnableInput(bool enable) {
     m_menus->EnableInput(enable);
     m_toolbar->setEnabled(enable);
-    for (QMdiSubWindow* form : std::as_const(m_forms)) {
-        if (form->isVisible() && entryOf(*form)->needsDatabase)
-            form->setEnabled(enable);
+    for (const Loaded& loaded : std::as_const(m_loaded)) {
+        if (loaded.holder->isVisible() && loaded.entry->needsDatabase)
+            loaded.holder->setEnabled(enable);
     }
+}
+
+bool MainWindow::MayLeave() {
+    return std::all_of(m_loaded.begin(), m_loaded.end(),
+                       [](const Loaded& loaded) { return mayWindowGo(*loaded.window); });
 }
 
 void MainWindow::CloseOpenForms() {
-    while (!m_forms.isEmpty()) {
-        const QPointer<QMdiSubWindow> form = m_forms.takeLast();
+    while (!m_loaded.isEmpty()) {
+        const Loaded last = m_loaded.last();
+        const QPointer<QWidget> holder = last.holder;
         // What it still has to write is written as it closes; it goes even where it would stay.
-        if (entryOf(*form)->needsDatabase)
-            form->close();
-        delete form;
+        if (last.entry->needsDatabase)
+            holder->close();
+        forget(last.holder);
+        delete holder;
     }
 }
 
-void MainWindow::ShowStartupWizard() {
-    OpenForm(QStringLiteral("StartupWiz"));
+bool MainWindow::has(ToolWindow window) const {
+    return findWindow(m_windows, window);
 }
 
-void MainWindow::ShowStartupWizardSetup() {
-    ShowStartupWizard();
-    for (QMdiSubWindow* form : std::as_const(m_forms)) {
-        if (auto* wizard = qobject_cast<StartupWizard*>(form->widget()))
-            wizard->startSetup();
+void MainWindow::open(ToolWindow window, const WindowSubject& subject) {
+    const WindowEntry* entry = findWindow(m_windows, window);
+    if (!entry || !entry->make)
+        return;
+    const Loaded* loaded = find(*entry, subject);
+    if (loaded)
+        bringForward(*loaded);
+    else if (entry->insteadOf && !close(*entry->insteadOf))
+        return;
+    else
+        loaded = load(*entry, subject);
+    if (loaded && entry->show)
+        entry->show(*loaded->window, subject);
+}
+
+bool MainWindow::close(ToolWindow window) {
+    const auto of = [window](const Loaded& loaded) { return loaded.entry->window == window; };
+    for (const Loaded& loaded : QList(m_loaded)) {
+        if (of(loaded) && !loaded.holder->close())
+            return false;
     }
+    m_loaded.removeIf(of); // the windows themselves go from the event loop
+    return true;
 }
 
-void MainWindow::OpenForm(const QString& name) {
-    const WindowEntry* entry = findWindow(m_windows, name);
-    if (QMdiSubWindow* form = loadedForm(name))
-        bringForward(*form);
-    else if (entry && entry->make)
-        loadForm(*entry);
-}
-
-void MainWindow::OpenFormOn(const QString& name, const QVariant& subject) {
-    OpenForm(name);
-    const WindowEntry* entry = findWindow(m_windows, name);
-    QMdiSubWindow* form = loadedForm(name);
-    if (form && entry->showSubject)
-        entry->showSubject(*form->widget(), subject);
-}
-
-void MainWindow::RefreshForm(const QString& name) {
-    const WindowEntry* entry = findWindow(m_windows, name);
-    QMdiSubWindow* form = loadedForm(name);
-    if (form && entry->refresh)
-        entry->refresh(*form->widget());
-}
-
-void MainWindow::CloseForm(const QString& name) {
-    if (QMdiSubWindow* form = loadedForm(name))
-        form->close();
-}
-
-void MainWindow::RunFormCommand(const QString& name, FrameCommand command) {
-    const WindowEntry* entry = findWindow(m_windows, name);
+void MainWindow::run(ToolWindow window, FrameCommand command) {
+    const WindowEntry* entry = findWindow(m_windows, window);
     if (entry && entry->run)
         entry->run(m_session, command);
     else
-        OpenForm(name);
+        open(window);
 }
 
-const WindowEntry* MainWindow::entryOf(const QMdiSubWindow& form) const {
-    return findWindow(m_windows, form.widget()->objectName());
-}
-
-QMdiSubWindow* MainWindow::loadedForm(const QString& name) const {
-    const auto found = std::find_if(m_forms.begin(), m_forms.end(), [&name](QMdiSubWindow* form) {
-        return form->widget()->objectName() == name;
+const MainWindow::Loaded* MainWindow::find(const WindowEntry& entry,
+                                           const WindowSubject& subject) const {
+    const auto found = std::find_if(m_loaded.begin(), m_loaded.end(), [&](const Loaded& loaded) {
+        return loaded.entry == &entry &&
+               (entry.kind != WindowKind::FloatingMany || loaded.subject == subject);
     });
-    return found == m_forms.end() ? nullptr : *found;
+    return found == m_loaded.end() ? nullptr : &*found;
 }
 
-PlacedWidget MainWindow::placedForm(QMdiSubWindow& form) const {
-    return {form, form.widget()->objectName(), m_client->viewport()};
+PlacedWidget MainWindow::placed(const Loaded& loaded) const {
+    const bool isInside = loaded.entry->kind == WindowKind::Tool;
+    return {*loaded.holder, loaded.entry->name, isInside ? m_client->viewport() : nullptr};
 }
 
-void MainWindow::loadForm(const WindowEntry& entry) {
-    QMdiSubWindow* form = m_client->addSubWindow(entry.make(m_session));
-    form->setAttribute(Qt::WA_DeleteOnClose);
-    form->installEventFilter(this);
-    m_forms += form;
-    connect(form, &QObject::destroyed, this, [this, form] { m_forms.removeAll(form); });
-    PlacedWidget placed = placedForm(*form);
+const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry,
+                                           const WindowSubject& subject) {
+    QWidget* window = entry.make(m_session);
+    QWidget* holder = hold(entry, *window);
+    m_loaded.append({&entry, subject, holder, window});
+    connect(holder, &QObject::destroyed, this, [this, holder] { forget(holder); });
+    PlacedWidget place = placed(m_loaded.last());
     if (!entry.placementKey.isEmpty())
-        RestoreWindowPlacement(m_session.GetSettings(), placed, entry.placementKey);
-    form->show();
+        RestoreWindowPlacement(m_session.GetSettings(), place, entry.placementKey);
+    holder->show();
+    return find(entry, subject);
 }
 
-void MainWindow::bringForward(QMdiSubWindow& form) {
-    if (form.isMinimized()) {
-        form.showNormal();
-        PlacedWidget placed = placedForm(form);
-        const QStringView key = commandPlacementKey(placed.windowName());
-        if (!key.isEmpty())
-            RestoreChildPlacement(m_session.GetSettings(), placed, key);
+void MainWindow::forget(const QWidget* holder) {
+    m_loaded.removeIf([holder](const Loaded& loaded) { return loaded.holder == holder; });
+}
+
+/// Puts a window where its kind stands.
+QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
+    addMenus(window);
+    QWidget* holder = &window;
+    if (entry.kind == WindowKind::Tool)
+        holder = m_client->addSubWindow(&window);
+    else
+        window.setParent(this, window.windowFlags() | Qt::Tool);
+    holder->setAttribute(Qt::WA_DeleteOnClose);
+    holder->installEventFilter(this);
+    return holder;
+}
+
+/// The main window's own menus, in front of the window's: all that they do is the main window's.
+void MainWindow::addMenus(const QWidget& window) const {
+    if (auto* bar = window.layout() ? qobject_cast<QMenuBar*>(window.layout()->menuBar()) : nullptr)
+        m_menus->addTo(*bar);
+}
+
+void MainWindow::bringForward(const Loaded& loaded) {
+    if (loaded.holder->isMinimized()) {
+        loaded.holder->showNormal();
+        PlacedWidget place = placed(loaded);
+        if (!loaded.entry->minimisedKey.isEmpty())
+            RestoreChildPlacement(m_session.GetSettings(), place, loaded.entry->minimisedKey);
     }
-    m_client->setActiveSubWindow(&form);
+    if (auto* form = qobject_cast<QMdiSubWindow*>(loaded.holder)) {
+        m_client->setActiveSubWindow(form);
+    } else {
+        loaded.holder->raise();
+        loaded.holder->activateWindow();
+    }
 }
 
-void MainWindow::keepPlace(QMdiSubWindow& form) {
-    const WindowEntry* entry = entryOf(form);
-    if (!entry->placementKey.isEmpty())
-        SaveWindowPlacement(m_session.GetSettings(), placedForm(form), entry->placementKey);
-}
-
-/// A tool window's place is kept as it closes, by whatever way.
+/// A window's place is kept as it closes, by whatever way.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    auto* form = qobject_cast<QMdiSubWindow*>(watched);
-    if (form && form->widget() && event->type() == QEvent::Close)
-        keepPlace(*form);
+    if (event->type() == QEvent::Close) {
+        for (const Loaded& loaded : std::as_const(m_loaded)) {
+            if (loaded.holder == watched && !loaded.entry->placementKey.isEmpty())
+                SaveWindowPlacement(m_session.GetSettings(), placed(loaded),
+                                    loaded.entry->placementKey);
+        }
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 
-QStringList MainWindow::visibleForms() const {
-    QStringList names;
-    for (QMdiSubWindow* form : m_forms) {
-        if (form->isVisible())
-            names += form->widget()->objectName();
+QList<ToolWindow> MainWindow::visible() const {
+    QList<ToolWindow> windows;
+    for (const Loaded& loaded : m_loaded) {
+        if (loaded.holder->isVisible())
+            windows += loaded.entry->window;
     }
-    return names;
+    return windows;
+}
+
+QList<StartupWindow> MainWindow::startupWindows() const {
+    QList<StartupWindow> noted;
+    for (const WindowEntry& entry : m_windows) {
+        if (!entry.startupValue.isEmpty())
+            noted += {entry.startupValue, entry.window};
+    }
+    return noted;
+}
+
+void MainWindow::RunCurrentStartup() {
+    ::RunCurrentStartup(m_session, *this);
 }
 
 void MainWindow::DestroySplash() {
@@ -276,16 +318,20 @@ void MainWindow::showEvent(QShowEvent* event) {
 void MainWindow::activateFirst() {
     emit shown();
     QTimer::singleShot(0, this, [this] {
-        ActivateMainWindow(m_session);
+        ActivateMainWindow(m_session, *this);
         emit started();
     });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!MayLeave()) {
+        event->ignore();
+        return;
+    }
     const PlacedWidget placed(*this, objectName());
     SaveWindowPlacement(m_session.GetSettings(), placed, setting::Options);
     m_help->close(); // it keeps its place
-    SaveCurrentStartup(m_session);
+    SaveCurrentStartup(m_session, *this);
     ShutDown(m_session);
     QMainWindow::closeEvent(event);
 }

@@ -11,7 +11,6 @@ class FrameToolbar;
 class HelpViewer;
 class MdiBackground;
 class PlacedWidget;
-class QMdiSubWindow;
 class Session;
 
 /// The main window: the frame of the whole program, as long as the process. It owns the tool
@@ -22,24 +21,25 @@ class MainWindow : public QMainWindow, public MainFrame {
     Q_OBJECT
 
 public:
+    /// `windows` are the tool windows that there are.
     /// `startsByItself`: the first showing opens the default database or the wizard.
     /// `splash` shows while the program starts; the frame closes it when it stands.
-    /// `windows` are the tool windows that there are.
-    explicit MainWindow(Session& session, bool startsByItself = true, QWidget* splash = nullptr,
-                        WindowTable windows = windowTable());
+    MainWindow(Session& session, WindowTable windows, bool startsByItself = true,
+               QWidget* splash = nullptr);
     ~MainWindow() override;
+
+    bool has(ToolWindow window) const override;
+    void open(ToolWindow window, const WindowSubject& subject = {}) override;
+    bool close(ToolWindow window) override;
+    void RunCurrentStartup() override;
 
     void SetCaption(const QString& caption) override;
     void EnableInput(bool enable) override;
+    bool MayLeave() override;
     void CloseOpenForms() override;
-    void ShowStartupWizard() override;
-    void ShowStartupWizardSetup() override;
-    void OpenForm(const QString& name) override;
-    void OpenFormOn(const QString& name, const QVariant& subject) override;
-    void RefreshForm(const QString& name) override;
-    void CloseForm(const QString& name) override;
-    void RunFormCommand(const QString& name, FrameCommand command) override;
-    QStringList visibleForms() const override;
+    void run(ToolWindow window, FrameCommand command) override;
+    QList<ToolWindow> visible() const override;
+    QList<StartupWindow> startupWindows() const override;
     void DestroySplash() override;
     void Unload() override;
     void ToolbarAlign() override;
@@ -70,12 +70,21 @@ private:
     void makeToolbar();
     void switchFocus();
     void activateFirst();
-    const WindowEntry* entryOf(const QMdiSubWindow& form) const;
-    QMdiSubWindow* loadedForm(const QString& name) const;
-    PlacedWidget placedForm(QMdiSubWindow& form) const;
-    void loadForm(const WindowEntry& entry);
-    void bringForward(QMdiSubWindow& form);
-    void keepPlace(QMdiSubWindow& form);
+    /// A window that is loaded.
+    struct Loaded {
+        const WindowEntry* entry;
+        WindowSubject subject; ///< that it was made for, of a kind with many
+        QWidget* holder;       ///< what stands on the screen: the window, or the frame around it
+        QWidget* window;
+    };
+    const Loaded* find(const WindowEntry& entry, const WindowSubject& subject) const;
+    const Loaded* load(const WindowEntry& entry, const WindowSubject& subject);
+    void forget(const QWidget* holder);
+    QWidget* hold(const WindowEntry& entry, QWidget& window);
+    void addMenus(const QWidget& window) const;
+    PlacedWidget placed(const Loaded& loaded) const;
+    void bringForward(const Loaded& loaded);
+    void yearOpened();
 
     Session& m_session;
     WindowTable m_windows;
@@ -85,5 +94,5 @@ private:
     FrameToolbar* m_toolbar;
     QPointer<QWidget> m_splash;
     bool m_startPending;
-    QList<QMdiSubWindow*> m_forms; ///< in the order of loading
+    QList<Loaded> m_loaded; ///< in the order of loading
 };

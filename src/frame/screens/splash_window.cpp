@@ -12,7 +12,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int SplashTimer = 20483;
 constexpr auto ShownFor = 3s;
 
 QLabel* line(const QString& text, double scale) {
@@ -28,8 +27,7 @@ QLabel* line(const QString& text, double scale) {
 
 SplashWindow::SplashWindow(Clock& clock)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           Qt::WindowDoesNotAcceptFocus)
-    , m_clock(clock) {
+                           Qt::WindowDoesNotAcceptFocus) {
     setObjectName(u"SplashORVA"_s);
     setWindowTitle(u"ORVA"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -40,12 +38,8 @@ SplashWindow::SplashWindow(Clock& clock)
     layout->addWidget(line(u"ORVA"_s, 3));
     layout->addWidget(line(u"Version "_s + programVersion(), 1));
     setBackground(this, QColor(255, 255, 204));
-    m_clock.startTimer(SplashTimer, ShownFor, [this] { close(); });
+    m_timer = clock.after(ShownFor, [this] { close(); });
     show();
-}
-
-SplashWindow::~SplashWindow() {
-    m_clock.stopTimer(SplashTimer);
 }
 
 void SplashWindow::mousePressEvent(QMouseEvent*) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include "core/clock.h"
 
-class Clock;
+#include <QWidget>
 
 /// The program's name while it starts. Never in the way: it takes neither the focus nor the input
 /// of other windows, goes at a click, by its own timer, or when whoever made it deletes it.
@@ -12,11 +12,10 @@ class SplashWindow : public QWidget {
 public:
     /// Shows itself and starts the timer. `clock` must outlive it.
     explicit SplashWindow(Clock& clock);
-    ~SplashWindow() override;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    Clock& m_clock;
+    std::unique_ptr<Timer> m_timer;
 };

@@ -3,6 +3,7 @@
 #include "calendar/screens/timetable_window.h"
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
+#include "core/core_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "year/screens/startup_wizard.h"
@@ -12,53 +13,71 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+template<typename Window>
+QWidget* make(Session& session) {
+    return new Window(session);
+}
+
+/// Gives a window a subject of the kind that it shows; any other is none of its.
+template<typename Window, typename Subject>
+auto shows(void (Window::*show)(Subject)) {
+    return [show](QWidget& window, const WindowSubject& subject) {
+        if (const auto* content = std::get_if<std::decay_t<Subject>>(&subject))
+            (static_cast<Window&>(window).*show)(*content);
+    };
+}
+
+} // namespace
+
 WindowTable windowTable() {
     static const std::array windows{
-        WindowEntry{.name = u"StartupWiz"_s,
-                    .placementKey = {},
-                    .make = [](Session& session) { return new StartupWizard(session); },
+        WindowEntry{.window = ToolWindow::StartupWizard,
+                    .name = u"StartupWiz"_s,
+                    .needsDatabase = false,
+                    .make = make<StartupWizard>,
+                    .show = shows(&StartupWizard::startSetup)},
+        // The main window opens it by itself (help_viewer.h).
+        WindowEntry{.window = ToolWindow::Help,
+                    .name = u"HelpFrm"_s,
+                    .kind = WindowKind::Floating,
                     .needsDatabase = false},
-        // Beside the main window, which opens it itself (help_viewer.h).
-        WindowEntry{.name = u"HelpFrm"_s, .placementKey = {}, .make = {}, .needsDatabase = false},
-        WindowEntry{
-            .name = u"TTfrm"_s,
-            .placementKey = setting::Timetable.toString(),
-            .make = [](Session& session) { return new TimetableWindow(session); },
-            .refresh =
-                [](QWidget& window) { qobject_cast<TimetableWindow*>(&window)->showWeekAgain(); }},
-        WindowEntry{.name = u"ORVAfrm"_s,
-                    .placementKey = setting::Planning.toString(),
-                    .make = [](Session& session) { return new DailySheetWindow(session); },
-                    .showSubject =
-                        [](QWidget& window, const QVariant& subject) {
-                            qobject_cast<DailySheetWindow*>(&window)->ShowPlan(subject.toDate());
-                        },
-                    .refresh =
-                        [](QWidget& window) {
-                            qobject_cast<DailySheetWindow*>(&window)->showClassesAgain();
-                        }},
-        WindowEntry{.name = u"ORVA2frm"_s,
-                    .placementKey = setting::Planning.toString(),
-                    .make = [](Session& session) { return new WeeklySheetWindow(session); },
-                    .refresh =
-                        [](QWidget& window) {
-                            qobject_cast<WeeklySheetWindow*>(&window)->showClassesAgain();
-                        }},
-        WindowEntry{.name = u"RegisterFrm"_s,
+        WindowEntry{.window = ToolWindow::Classes,
+                    .name = u"RegisterFrm"_s,
                     .placementKey = setting::Register.toString(),
-                    .make = [](Session& session) { return new ClassWindow(session); },
-                    .showSubject =
-                        [](QWidget& window, const QVariant& subject) {
-                            qobject_cast<ClassWindow*>(&window)->AutoRegistration(
-                                subject.toString());
-                        }},
+                    .minimisedKey = setting::Register.toString(),
+                    .startupValue = setting::Open_Register,
+                    .make = make<ClassWindow>,
+                    .show = shows(&ClassWindow::AutoRegistration)},
+        WindowEntry{.window = ToolWindow::Timetable,
+                    .name = u"TTfrm"_s,
+                    .placementKey = setting::Timetable.toString(),
+                    .minimisedKey = setting::Timetable.toString(),
+                    .startupValue = setting::Open_Timetable,
+                    .make = make<TimetableWindow>},
+        WindowEntry{.window = ToolWindow::WeeklySheet,
+                    .name = u"ORVA2frm"_s,
+                    .placementKey = setting::Planning.toString(),
+                    .minimisedKey = setting::Planning.toString(),
+                    .startupValue = setting::Open_WeeklyPlan,
+                    .insteadOf = ToolWindow::DailySheet,
+                    .make = make<WeeklySheetWindow>},
+        WindowEntry{.window = ToolWindow::DailySheet,
+                    .name = u"ORVAfrm"_s,
+                    .placementKey = setting::Planning.toString(),
+                    .minimisedKey = setting::Planning.toString(),
+                    .startupValue = setting::Open_Planning,
+                    .insteadOf = ToolWindow::WeeklySheet,
+                    .make = make<DailySheetWindow>,
+                    .show = shows(&DailySheetWindow::ShowPlan)},
     };
     return windows;
 }
 
-const WindowEntry* findWindow(WindowTable windows, QStringView name) {
+const WindowEntry* findWindow(WindowTable windows, ToolWindow window) {
     const auto found =
         std::find_if(windows.begin(), windows.end(),
-                     [name](const WindowEntry& entry) { return entry.name == name; });
+                     [window](const WindowEntry& entry) { return entry.window == window; });
     return found == windows.end() ? nullptr : &*found;
 }

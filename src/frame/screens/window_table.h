@@ -1,31 +1,47 @@
 #pragma once
 
+#include "core/tool_windows.h"
 #include "frame/frame_commands.h"
 
 #include <QString>
-#include <QVariant>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 class QMenu;
 class QWidget;
 
-/// A tool window that the program has. The one list of them (window_table.cpp) is all that the main
-/// window knows: what is not in it has no command anywhere. A new window is one line there.
+/// How a window stands to the main window.
+enum class WindowKind {
+    Tool,         ///< one, inside the main window
+    Floating,     ///< one, beside the main window that owns it
+    FloatingMany, ///< beside the main window, one for each subject
+};
+
+/// All that the main window knows of another window. What is not in the table has no command
+/// anywhere; a new window is one entry there.
 struct WindowEntry {
-    QString name; ///< the system's name: "TTfrm"
+    ToolWindow window;
+    QString name; ///< the system's name, which is its object name: "TTfrm"
+    WindowKind kind = WindowKind::Tool;
     /// Under which its place is kept when it closes and found when it loads; empty for none.
-    QString placementKey;
-    /// Makes the tool window. Empty for one that is not inside the main window.
-    std::function<QWidget*(Session& session)> make;
+    QString placementKey = {};
+    /// From which it takes its place when it is asked for while it is minimised; empty for none.
+    QString minimisedKey = {};
+    /// By which the settings note that it is open at the end of the program; empty for a window
+    /// that is not opened again. They open in the order of the table.
+    QStringView startupValue = {};
     /// Whether it works on the open year. Where it does not, it takes input without one, and goes
     /// with no question when all windows are unloaded.
     bool needsDatabase = true;
-    /// Shows one thing in a window that it made (MainFrame::OpenFormOn).
-    std::function<void(QWidget& window, const QVariant& subject)> showSubject = {};
-    /// Lets a window that it made show the file anew (MainFrame::RefreshForm).
-    std::function<void(QWidget& window)> refresh = {};
+    /// The window that is never open beside this one: it closes before this one is made.
+    std::optional<ToolWindow> insteadOf = {};
+    /// Makes it. Empty for one that the main window does not open by itself. A menu bar that is set
+    /// in its layout gets the main window's menus in front.
+    std::function<QWidget*(Session& session)> make = {};
+    /// Shows a subject in it, after it was made or while it is open.
+    std::function<void(QWidget& window, const WindowSubject& subject)> show = {};
     /// Acts on a command in place of opening the window.
     std::function<void(Session& session, FrameCommand command)> run = {};
     /// Fills the popup of the toolbar that belongs to it, each time before it shows.
@@ -34,7 +50,8 @@ struct WindowEntry {
 
 using WindowTable = std::span<const WindowEntry>;
 
+/// The windows of the program.
 WindowTable windowTable();
 
-/// The entry of that name; null for a window that does not exist.
-const WindowEntry* findWindow(WindowTable windows, QStringView name);
+/// The entry of a window; null for one that the table does not have.
+const WindowEntry* findWindow(WindowTable windows, ToolWindow window);

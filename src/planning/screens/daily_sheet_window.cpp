@@ -8,8 +8,6 @@
 #include "controls/layout_toolbar.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "frame/main_frame.h"
-#include "frame/screens/frame_menus.h"
 #include "planning/screens/bottom_blocks.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/links_panel.h"
@@ -33,7 +31,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int DailySaveTimer = 20486;
 constexpr QSize DailySheetSize(960, 620);
 
 const QString maximiseActivityTip = u"Maximise Selected Activity"_s;
@@ -48,23 +45,23 @@ DailySheetWindow::DailySheetWindow(Session& session)
                                                    setting::ShowClassCoding))
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
     , m_commands(new SheetCommands(session, *m_tools, *this))
-    , m_delayedSave(session.GetSeams().clock, DailySaveTimer, [this] { save(); }) {
+    , m_writing(*this, session.GetSeams(),
+                {.what = u"The daily planning sheet"_s,
+                 .save = [this] { return m_sheets.binding().flush(); },
+                 .leave = [this] { return m_sheets.binding().leave(); }}) {
     setObjectName(u"ORVAfrm"_s);
     setWindowTitle(u"Quick Daily Planning Sheet"_s);
-    if (MainFrame* frame = session.Frame())
-        frame->CloseForm(u"ORVA2frm"_s); // the two planning sheets are never open at once
     makeParts();
     makeMenus();
     bindBoxes();
     connectCommands();
-    keepWhatIsWritten();
+    followTheYear();
     m_sheets.onChange([this] { sheetChanged(); });
     m_sheets.Activate_1st();
 }
 
 DailySheetWindow::~DailySheetWindow() {
-    save();
-    disconnect(qApp, nullptr, this, nullptr);
+    m_writing.end();
     // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_pages;
 }
@@ -121,7 +118,6 @@ QWidget* DailySheetWindow::makeMaximised() {
 
 void DailySheetWindow::makeMenus() {
     auto* bar = new QMenuBar;
-    addFrameMenus(*bar, m_session.Frame());
     for (QMenu* menu : {m_commands->planningMenu(), m_commands->periodMenu(),
                         static_cast<QMenu*>(m_tools->editMenu())})
         bar->addMenu(menu);
@@ -141,7 +137,7 @@ void DailySheetWindow::bindBoxes() {
 void DailySheetWindow::bindClass(int period) {
     ClassBox& box = m_periods->classBox(period);
     m_sheets.binding().bind(classField(period), box);
-    connect(&box, &ClassBox::edited, this, [this] { m_delayedSave.soon(); });
+    connect(&box, &ClassBox::edited, this, [this] { m_writing.typed(); });
 }
 
 void DailySheetWindow::bindRichText(RichTextBox& box, const SheetPlace& place) {
@@ -151,7 +147,7 @@ void DailySheetWindow::bindRichText(RichTextBox& box, const SheetPlace& place) {
                             isLimited ? u"Period %1"_s.arg(place.period) : QString());
     m_places.insert(&box, place);
     m_tools->serve(box);
-    connect(&box, &RichTextBox::edited, this, [this] { m_delayedSave.soon(); });
+    connect(&box, &RichTextBox::edited, this, [this] { m_writing.typed(); });
 }
 
 void DailySheetWindow::connectCommands() {
@@ -173,35 +169,24 @@ void DailySheetWindow::connectCommands() {
 
 /// On the class of the period, where it has one.
 void DailySheetWindow::openRegister() {
-    if (MainFrame* frame = m_session.Frame())
-        frame->OpenFormOn(u"RegisterFrm"_s, m_sheets.classOf(m_periods->selectedPeriod()));
+    m_session.GetWindows().open(ToolWindow::Classes,
+                                m_sheets.classOf(m_periods->selectedPeriod()));
 }
 
-/// Beyond the timer: when the focus goes to another window, when another program comes to the
-/// front, and when the desktop's session or the program ends. What other windows have written
-/// meanwhile is shown when the focus comes back.
-void DailySheetWindow::keepWhatIsWritten() {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
-        const bool wasHere = from && isAncestorOf(from);
-        const bool isHere = to && isAncestorOf(to);
-        if (wasHere && !isHere)
-            save();
-        else if (isHere && !wasHere)
-            m_sheets.refresh();
-    });
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, &DailySheetWindow::save);
-    connect(qApp, &QGuiApplication::commitDataRequest, this, &DailySheetWindow::save);
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &DailySheetWindow::save);
-}
-
-void DailySheetWindow::save() {
-    m_delayedSave.stop();
-    m_sheets.binding().flush();
+/// What other windows have written is shown when the focus comes back, what they have changed of
+/// the classes and the calendar of events at once.
+void DailySheetWindow::followTheYear() {
+    connect(&m_writing, &KeptWriting::cameBack, this, [this] { m_sheets.refresh(); });
+    const Notices& notices = m_session.GetNotices();
+    connect(&notices, &Notices::classesChanged, this, &DailySheetWindow::showClassesAgain);
+    connect(&notices, &Notices::sheetsChanged, this, &DailySheetWindow::showClassesAgain);
+    connect(&notices, &Notices::eventsChanged, this,
+            [this] { m_bottom->showEvents(m_sheets.isEmpty() ? QString() : m_sheets.GetCOEinfo()); });
 }
 
 void DailySheetWindow::closeEvent(QCloseEvent* event) {
     // A text that could not be written stays where it can be seen.
-    event->setAccepted(m_sheets.binding().leave());
+    event->setAccepted(m_writing.mayGo());
 }
 
 void DailySheetWindow::sheetChanged() {
@@ -218,7 +203,7 @@ void DailySheetWindow::sheetChanged() {
 }
 
 void DailySheetWindow::showClassesAgain() {
-    save();
+    m_writing.save();
     m_periods->setClassCodes(m_sheets.classCodes());
     m_sheets.refresh();
     if (!m_sheets.isEmpty())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/delayed_save.h"
+#include "controls/kept_writing.h"
 #include "planning/daily_sheets.h"
 
 #include <QHash>
@@ -32,9 +32,6 @@ public:
 
     /// Goes to the sheet of a date, for other windows.
     void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
-    /// Shows the classes and the sheet anew, after classes have come or gone.
-    void showClassesAgain();
-
     QSize sizeHint() const override;
 
 protected:
@@ -50,16 +47,16 @@ private:
     void bindClass(int period);
     void bindRichText(RichTextBox& box, const SheetPlace& place);
     void connectCommands();
-    void keepWhatIsWritten();
+    void followTheYear();
 
     void sheetChanged();
+    void showClassesAgain();
     void Clean_Plan(bool hasSheet);
     void resetAllRTFedits();
     void selectPeriod(int period);
     void pickDate(QDate date);
     void openRegister();
     void carryOut(SheetEvent event);
-    void save();
 
     void toggleMaximised();
     void restore();
@@ -81,5 +78,5 @@ private:
     MaximiseButton* m_maximiseButton = nullptr;
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     QHash<RichTextBox*, SheetPlace> m_places;
-    DelayedSave m_delayedSave;
+    KeptWriting m_writing; ///< last
 };

@@ -95,8 +95,10 @@ void LessonSlotWidget::layOut() {
 }
 
 SlotTexts LessonSlotWidget::texts() const {
-    return {m_lesson->rtf(), m_homework->rtf(),
-            m_lesson->dataChanged() || m_homework->dataChanged()};
+    const auto typed = [](const RichTextBox& box) {
+        return box.dataChanged() ? std::optional(box.rtf()) : std::nullopt;
+    };
+    return {typed(*m_lesson), typed(*m_homework)};
 }
 
 void LessonSlotWidget::setDataChanged(bool changed) {

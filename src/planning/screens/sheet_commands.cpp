@@ -7,8 +7,6 @@
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
 #include "core/session.h"
-#include "frame/main_frame.h"
-#include "frame/screens/window_table.h"
 
 #include <QAction>
 #include <QMenu>
@@ -17,20 +15,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString searchForm = u"SearchFrm"_s;
-const QString historyForm = u"CPlanFrm"_s;
-const QString registerForm = u"RegisterFrm"_s;
-
 /// Commands that open a window; there is no such command where the program lacks the window.
-struct FormCommand {
-    QString form;
+struct WindowCommand {
+    ToolWindow window;
     QString caption;
     QString icon;
 };
-const FormCommand formCommands[] = {
-    {searchForm, u"Search Plans..."_s, u"search"_s},
-    {historyForm, u"Show Lesson History"_s, u"history"_s},
-    {registerForm, u"Open Register..."_s, u"register"_s},
+const WindowCommand windowCommands[] = {
+    {.window = ToolWindow::Search, .caption = u"Search Plans..."_s, .icon = u"search"_s},
+    {.window = ToolWindow::History, .caption = u"Show Lesson History"_s, .icon = u"history"_s},
+    {.window = ToolWindow::Classes, .caption = u"Open Register..."_s, .icon = u"register"_s},
 };
 
 } // namespace
@@ -38,7 +32,7 @@ const FormCommand formCommands[] = {
 SheetCommands::SheetCommands(Session& session, FormatTools& tools, QWidget& window)
     : QObject(&window), m_session(session), m_tools(tools) {
     makePlanningMenu(window);
-    makeFormActions();
+    makeWindowActions();
     makePeriodMenu(window);
     makeToolbar(window);
     addEvents();
@@ -60,18 +54,18 @@ void SheetCommands::makePlanningMenu(QWidget& window) {
     m_delete = add(u"delete"_s, u"Delete selected Sheet"_s, &SheetCommands::deleteWanted);
 }
 
-void SheetCommands::makeFormActions() {
-    for (const FormCommand& command : formCommands) {
-        if (!findWindow(windowTable(), command.form))
+void SheetCommands::makeWindowActions() {
+    for (const WindowCommand& command : windowCommands) {
+        if (!m_session.GetWindows().has(command.window))
             continue;
         auto* action = new QAction(icon(command.icon), command.caption, this);
-        connect(action, &QAction::triggered, this, [this, form = command.form] {
-            if (form == registerForm)
+        connect(action, &QAction::triggered, this, [this, window = command.window] {
+            if (window == ToolWindow::Classes)
                 emit registerWanted();
-            else if (MainFrame* frame = m_session.Frame())
-                frame->OpenForm(form);
+            else
+                m_session.GetWindows().open(window);
         });
-        m_formActions.insert(command.form, action);
+        m_windowActions.insert(command.window, action);
     }
 }
 
@@ -84,10 +78,10 @@ void SheetCommands::makePeriodMenu(QWidget& window) {
     m_maximise->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     window.addAction(m_maximise);
     m_periodMenu->addSeparator();
-    if (QAction* history = m_formActions.value(historyForm))
+    if (QAction* history = m_windowActions.value(ToolWindow::History))
         m_periodMenu->addAction(history);
     m_periodMenu->addMenu(m_tools.insertMenu());
-    if (QAction* lessonRegister = m_formActions.value(registerForm))
+    if (QAction* lessonRegister = m_windowActions.value(ToolWindow::Classes))
         m_periodMenu->addAction(lessonRegister);
 }
 
@@ -99,10 +93,10 @@ void SheetCommands::makeToolbar(QWidget& window) {
         QMenu* menu;
     };
     QList<Button> buttons;
-    if (QAction* search = m_formActions.value(searchForm))
+    if (QAction* search = m_windowActions.value(ToolWindow::Search))
         buttons += {u"Search Plans."_s, u"search"_s, search, nullptr};
     buttons += {u"Delete this Plan."_s, u"delete"_s, m_delete, nullptr};
-    if (QAction* history = m_formActions.value(historyForm))
+    if (QAction* history = m_windowActions.value(ToolWindow::History))
         buttons += {u"History Viewer."_s, u"history"_s, history, nullptr};
     buttons += {u"Insert Object."_s, u"insert_object"_s, nullptr, m_tools.insertMenu()};
     QStringList tips;

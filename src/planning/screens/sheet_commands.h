@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/tool_windows.h"
 #include "planning/upkeep.h"
 
 #include <QHash>
@@ -45,7 +46,7 @@ private:
     void makePeriodMenu(QWidget& window);
     void makeToolbar(QWidget& window);
     void addEvents();
-    void makeFormActions();
+    void makeWindowActions();
 
     Session& m_session;
     FormatTools& m_tools;
@@ -55,5 +56,5 @@ private:
     QAction* m_maximise = nullptr;
     QAction* m_delete = nullptr;
     QAction* m_deleteButton = nullptr;
-    QHash<QString, QAction*> m_formActions; ///< by the window that they open
+    QHash<ToolWindow, QAction*> m_windowActions; ///< by the window that they open
 };

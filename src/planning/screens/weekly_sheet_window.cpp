@@ -9,8 +9,6 @@
 #include "controls/rich_text_box.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "frame/main_frame.h"
-#include "frame/screens/frame_menus.h"
 #include "planning/daily_sheets.h"
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
@@ -36,7 +34,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int WeeklySaveTimer = 20487;
 constexpr QSize WeeklySheetSize(900, 600);
 
 const QString maximiseLessonTip = u"Maximise Lesson"_s;
@@ -48,24 +45,22 @@ WeeklySheetWindow::WeeklySheetWindow(Session& session)
     : m_session(session)
     , m_sheets(session)
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
-    , m_delayedSave(session.GetSeams().clock, WeeklySaveTimer, [this] { save(); }) {
+    , m_writing(
+          *this, session.GetSeams(),
+          {.what = u"The weekly planning sheet"_s, .save = [this] { return Update_Records(); }}) {
     setObjectName(u"ORVA2frm"_s);
     setWindowTitle(u"Weekly Planning Sheet"_s);
-    // The two planning sheets are never open at once. What the other one has yet to write, it
-    // writes before this one reads.
-    if (MainFrame* frame = session.Frame())
-        frame->CloseForm(u"ORVAfrm"_s);
     makeParts();
     makeMenus();
     m_sheets.load();
     fillLists();
-    keepWhatIsWritten();
+    for (auto notice : {&Notices::classesChanged, &Notices::sheetsChanged})
+        connect(&session.GetNotices(), notice, this, &WeeklySheetWindow::showClassesAgain);
     Show_Week(m_sheets.currentWeek());
 }
 
 WeeklySheetWindow::~WeeklySheetWindow() {
-    save();
-    disconnect(qApp, nullptr, this, nullptr);
+    m_writing.end();
     // The boxes tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_scroll;
 }
@@ -176,7 +171,6 @@ void WeeklySheetWindow::makeMenus() {
     addAction(m_maximise);
     m_slotMenu->addMenu(m_tools->insertMenu());
     auto* bar = new QMenuBar;
-    addFrameMenus(*bar, m_session.Frame());
     bar->addMenu(m_slotMenu);
     bar->addMenu(m_tools->editMenu());
     layout()->setMenuBar(bar);
@@ -202,18 +196,6 @@ void WeeklySheetWindow::fillLists() {
     }
 }
 
-/// Beyond the timer: when the focus goes to another window, when another program comes to the
-/// front, and when the desktop's session or the program ends.
-void WeeklySheetWindow::keepWhatIsWritten() {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
-        if (from && isAncestorOf(from) && !(to && isAncestorOf(to)))
-            save();
-    });
-    connect(qApp, &QGuiApplication::applicationStateChanged, this, &WeeklySheetWindow::save);
-    connect(qApp, &QGuiApplication::commitDataRequest, this, &WeeklySheetWindow::save);
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &WeeklySheetWindow::save);
-}
-
 void WeeklySheetWindow::showClassesAgain() {
     const QString shown = m_class->itemText(m_shownClass);
     if (!m_sheets.load())
@@ -228,7 +210,7 @@ void WeeklySheetWindow::Reload_Records() {
 }
 
 void WeeklySheetWindow::Show_Week(int week) {
-    if (!Update_Records() || !m_sheets.Show_Week(week, m_class->currentText()))
+    if (!m_writing.leave() || !m_sheets.Show_Week(week, m_class->currentText()))
         return selectEntries(m_shownWeek, m_shownClass);
     m_shownWeek = week;
     m_shownClass = m_class->currentIndex();
@@ -274,7 +256,7 @@ void WeeklySheetWindow::addSlot(int element, const LessonSlot& slot) {
     }
     connect(widget, &LessonSlotWidget::selected, this,
             [this, element] { Highlight_Caption(element); });
-    connect(widget, &LessonSlotWidget::edited, this, [this] { m_delayedSave.soon(); });
+    connect(widget, &LessonSlotWidget::edited, this, [this] { m_writing.typed(); });
     connect(widget, &LessonSlotWidget::menuWanted, m_slotMenu,
             [this](const QPoint& place) { m_slotMenu->popup(place); });
 }
@@ -335,21 +317,9 @@ bool WeeklySheetWindow::Update_Records() {
     return true;
 }
 
-bool WeeklySheetWindow::isTyped() const {
-    return std::any_of(m_slots.begin(), m_slots.end(), [](const LessonSlotWidget* slot) {
-        return slot->lesson().dataChanged() || slot->homework().dataChanged();
-    });
-}
-
-void WeeklySheetWindow::save() {
-    m_delayedSave.stop();
-    if (isTyped())
-        Update_Records();
-}
-
 void WeeklySheetWindow::closeEvent(QCloseEvent* event) {
     // A text that could not be written stays where it can be seen.
-    event->setAccepted(Update_Records());
+    event->setAccepted(m_writing.mayGo());
 }
 
 void WeeklySheetWindow::toggleMaximised() {

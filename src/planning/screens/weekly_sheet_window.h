@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/delayed_save.h"
+#include "controls/kept_writing.h"
 #include "planning/weekly_sheets.h"
 
 #include <QWidget>
@@ -37,12 +37,10 @@ public:
     /// Writes the slots back and shows those of the selected class in a week, counted from 0.
     /// Where what was typed can't be written, everything stays as it is.
     void Show_Week(int week);
-    /// Shows the classes and the week anew, after classes have come or gone.
-    void showClassesAgain();
     /// The same with the week that is shown.
     void Reload_Records();
-    /// Writes all slots back. Answers false where something typed could not be written, which the
-    /// person has been told.
+    /// Writes what was typed. Answers false where something could not be written, which the person
+    /// has been told.
     bool Update_Records();
 
 protected:
@@ -58,8 +56,7 @@ private:
     void makeMenus();
     void makeMaximiseButton();
     void fillLists();
-    void keepWhatIsWritten();
-
+    void showClassesAgain();
     void showSlots();
     void addSlot(int element, const LessonSlot& slot);
     void addNotice(const QString& notice);
@@ -68,8 +65,6 @@ private:
     void SetDefaultFont();
     void Highlight_Caption(int element);
     void GetFileLinks();
-    bool isTyped() const;
-    void save();
     void toggleMaximised();
     void restore();
     void placeMaximiseButton();
@@ -93,5 +88,5 @@ private:
     int m_shownClass = -1;
     int m_selected = -1; ///< the element of the selected slot
     bool m_isMaximised = false;
-    DelayedSave m_delayedSave;
+    KeptWriting m_writing; ///< last
 };

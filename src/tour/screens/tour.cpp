@@ -55,7 +55,7 @@ void makeYear(Session& session, const YearAnswers& answers, const QString& path)
 
 /// The wizard on its first page, and each of its other pages filled with the sample's answers.
 void visitWizard(MainWindow& frame, const YearAnswers& answers, TourPictures& pictures) {
-    frame.ShowStartupWizard();
+    frame.open(ToolWindow::StartupWizard);
     auto* wizard = frame.findChild<StartupWizard*>();
     pictures.save(*wizard, u"StartupWiz"_s);
     fillWizard(*wizard, answers,
@@ -140,7 +140,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     for (const WindowEntry& entry : windowTable()) {
         if (!entry.make || !entry.needsDatabase)
             continue;
-        frame.OpenForm(entry.name);
+        frame.open(entry.window);
         pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }

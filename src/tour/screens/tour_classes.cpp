@@ -178,7 +178,7 @@ void visitClasses(Session& session, MainWindow& frame, TourPictures& pictures) {
         ClassView view;
         QString name;
     };
-    frame.OpenFormOn(u"RegisterFrm"_s, firstClass(session));
+    frame.open(ToolWindow::Classes, firstClass(session));
     auto* window = frame.findChild<ClassWindow*>();
     for (const View& each :
          {View{RegisterView, u"register"_s}, View{GradesView, u"grades"_s},

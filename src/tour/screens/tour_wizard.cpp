@@ -84,7 +84,7 @@ void fillPage(StartupWizard& wizard, const YearAnswers& answers, int frame) {
 
 void fillWizard(StartupWizard& wizard, const YearAnswers& answers,
                 const std::function<void(int frame)>& onPage) {
-    wizard.startSetup();
+    wizard.startSetup(u"0"_s);
     for (int frame = TeacherFrame;; frame = nextFrame(frame, answers.twoWeeks)) {
         fillPage(wizard, answers, frame);
         onPage(frame);

@@ -3,7 +3,6 @@
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/version.h"
-#include "frame/main_frame.h"
 #include "store/engine/error.h"
 #include "year/backup.h"
 #include "year/restore.h"
@@ -128,9 +127,9 @@ QLayout* StartupWizard::makeButtons() {
     return row;
 }
 
-void StartupWizard::startSetup() {
+void StartupWizard::startSetup(const QString& frame) {
     m_actions->setAction(SetupAction);
-    NextInSetup(u"0"_s);
+    NextInSetup(frame);
 }
 
 void StartupWizard::NextInSetup(const QString& page) {
@@ -291,8 +290,7 @@ bool StartupWizard::openDatabase(const QString& path, FailureBox failureBox) {
 void StartupWizard::openAndLeave(const QString& path, FailureBox failureBox) {
     if (!openDatabase(path, failureBox))
         return;
-    m_session.Frame()->EnableInput(true);
-    RunCurrentStartup(m_session);
+    m_session.GetWindows().RunCurrentStartup();
     leave();
 }
 
@@ -310,7 +308,6 @@ void StartupWizard::finishSetup() {
     }
     if (!createDatabase(path, existing) || !openDatabase(path, chosenFileFailure))
         return m_file->setFocus();
-    m_session.Frame()->EnableInput(true);
     leave();
 }
 

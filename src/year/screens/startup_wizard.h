@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/year_roads.h"
+#include "core/session.h"
 #include "year/wizard_rules.h"
 #include "year/year_answers.h"
 #include "year/year_creation.h"
@@ -33,8 +33,8 @@ public:
     /// `engineVersion` decides which actions there are: only "3.5" has a repair of its own.
     StartupWizard(Session& session, const QString& engineVersion);
 
-    /// Goes straight to the first page of the set-up.
-    void startSetup();
+    /// Goes straight to a page of the set-up, by the number of its frame: "0" is where it begins.
+    void startSetup(const QString& frame);
     /// Leaves the page that is shown for the next one, if its answers pass the checks; behind the
     /// last one the file is made. A text names the frame to go to instead, without checks: "0" is
     /// where the set-up begins.

@@ -1,6 +1,7 @@
 #include "year/screens/startup_wizard_lists.h"
 
 #include "calendar/term_weeks.h"
+#include "classes/class_code.h"
 #include "controls/date_field.h"
 #include "controls/restricted_edit.h"
 #include "core/dates.h"

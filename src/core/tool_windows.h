@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include <variant>
+
+/// The windows that can be asked for, by what they are. The frame's table of windows says which of
+/// them the program has, and everything about each.
+enum class ToolWindow {
+    StartupWizard,
+    Help,
+    DailySheet,
+    WeeklySheet,
+    Timetable,
+    Classes,
+    CalendarOfEvents,
+    Search,
+    History,
+    Settings,
+    Postits,
+    Reminders,
+    SeatingPlans,
+    Incidents,
+    UserTools,
+    AddressBook,
+    Archive,
+};
+
+/// One thing of all that a window can show: the sheet of a date, the register of a class's code,
+/// the row of an `ID`. None: what the window shows by itself.
+using WindowSubject = std::variant<std::monostate, QDate, QString, qint64>;
+
+/// How rules and windows reach other windows. This class itself is a program without windows.
+class ToolWindows {
+public:
+    virtual ~ToolWindows() = default;
+
+    /// Whether the program has the window; what leads to one that it lacks is left out everywhere.
+    virtual bool has(ToolWindow) const { return false; }
+    /// Loads and shows a window, or brings it to the front, and lets it show the subject.
+    virtual void open(ToolWindow, const WindowSubject& = {}) {}
+    /// Unloads a window, if it is loaded. Answers false where it stays, for what is written in it.
+    virtual bool close(ToolWindow) { return true; }
+    /// Opens the windows of the last run, after a year came open.
+    virtual void RunCurrentStartup() {}
+};

@@ -1,0 +1,48 @@
+#include "year/year_opening.h"
+
+#include "calendar/class_colours.h"
+#include "store/data_helpers.h"
+#include "store/table_names.h"
+#include "year/sheet_upgrades.h"
+
+namespace {
+
+void readAdmin(Session& session) {
+    const dao::Recordset admin = session.CurrentDB.OpenRecordset(AdminTable);
+    session.AcademicYear = admin.Collect(u"Year").toText();
+    session.PeriodsPerDay = static_cast<qint16>(admin.Collect(u"PeriodsPerDay").toInteger());
+    session.TeacherName = admin.Collect(u"Teacher").toText();
+    session.TTweekly = static_cast<qint16>(admin.Collect(u"TTweekly").toInteger());
+    session.StartWeek =
+        session.TTweekly == 1 ? admin.Collect(u"StartWeek").toText() : QString();
+}
+
+void countTerms(Session& session) {
+    dao::Recordset terms = session.CurrentDB.OpenRecordset(TermDatesTable);
+    terms.MoveLast();
+    session.TermCount = static_cast<qint16>(dao::Value(terms.RecordCount() / 2.0).toInteger());
+}
+
+/// What makes a file a year's: it has all these tables with these fields.
+void readYear(Session& session) {
+    readAdmin(session);
+    session.CurrentDB.OpenRecordset(PlanningTable);
+    countTerms(session);
+    session.CurrentDB.OpenRecordset(CalendarTable);
+    LoadClassColours(session);
+    session.CurrentDB.OpenRecordset(ExtraTTinfoTable);
+}
+
+/// Older files lack what later ones have; each step does nothing to a file that has it.
+void bringUpToDate(Session& session) {
+    AddWeekField(session.CurrentDB);
+    AddABWeekField(session.CurrentDB, session.TTweekly, session.StartWeek);
+    if (!TableExists(session.CurrentDB, LessonNotesTable))
+        CreateLessonNotesTable(session.CurrentDB);
+}
+
+} // namespace
+
+YearOpening yearOpening() {
+    return {.read = readYear, .bringUpToDate = bringUpToDate};
+}
