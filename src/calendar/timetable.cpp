@@ -2,9 +2,9 @@
 
 #include "core/dates.h"
 #include "core/session.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 

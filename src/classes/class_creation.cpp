@@ -2,9 +2,9 @@
 
 #include "calendar/term_weeks.h"
 #include "core/prompts.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
 
 using namespace Qt::StringLiterals;

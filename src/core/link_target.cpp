@@ -4,9 +4,9 @@
 #include "core/prompts.h"
 #include "core/shell.h"
 #include "core/shell_services.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <QUrl>
 

@@ -1,13 +1,14 @@
 #include "core/session.h"
 
 #include "core/core_settings.h"
+#include "core/database_closing.h"
 #include "core/password_retry.h"
 #include "core/prompts.h"
 #include "core/settings.h"
 #include "frame/main_frame.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 #include "year/sheet_upgrades.h"
 
 #include <QDir>

@@ -1,10 +1,12 @@
 #include "planning/file_links.h"
 
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 #include <functional>

@@ -3,8 +3,8 @@
 #include "classes/class_creation.h"
 #include "classes/class_list.h"
 #include "classes/class_removal.h"
-#include "store/data_helpers.h"
 #include "store/schema.h"
+#include "store/table_structure.h"
 #include "support/class_file.h"
 #include "year/year_builder.h"
 

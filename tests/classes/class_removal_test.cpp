@@ -1,8 +1,8 @@
 // Classes and pupils removed, and what has to stay.
 
 #include "classes/class_removal.h"
-#include "store/data_helpers.h"
 #include "store/schema.h"
+#include "store/table_structure.h"
 #include "support/class_file.h"
 
 #include <gtest/gtest.h>

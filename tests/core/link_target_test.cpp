@@ -4,7 +4,7 @@
 #include "core/file_state.h"
 #include "core/settings.h"
 #include "core/shell_services.h"
-#include "store/data_helpers.h"
+#include "store/table_structure.h"
 #include "support/recording_seams.h"
 
 #include <gtest/gtest.h>
