@@ -29,7 +29,8 @@ class QuietSession {
 public:
     explicit QuietSession(const QString& folder)
         : m_settings(folder + QStringLiteral("/settings.ini"))
-        , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock}, yearOpening()) {}
+        , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock},
+                    yearOpening()) {}
 
     Session& session() { return m_session; }
 

@@ -3,9 +3,9 @@
 #include "calendar/class_colours.h"
 #include "core/dates.h"
 #include "core/session.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 

@@ -31,8 +31,8 @@ AnswerCheck checkClassCode(const QString& code, const QStringList& inUse) {
         return codeFault(u"Invalid Character"_s,
                          u"Sorry but you can't use that character in a Classcode!"_s);
     if (code.size() > MaximumClassCode)
-        return codeFault(
-            title, u"A classcode may be at most %1 characters long."_s.arg(MaximumClassCode));
+        return codeFault(title,
+                         u"A classcode may be at most %1 characters long."_s.arg(MaximumClassCode));
     if (code != code.toUpper())
         return codeFault(title, u"A classcode must be in upper case."_s);
     const bool isInUse = std::any_of(inUse.begin(), inUse.end(), [&code](const QString& used) {

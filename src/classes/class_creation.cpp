@@ -1,11 +1,11 @@
 #include "classes/class_creation.h"
 
-#include "core/class_colour.h"
 #include "calendar/term_weeks.h"
+#include "core/class_colour.h"
 #include "core/prompts.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
 
 using namespace Qt::StringLiterals;

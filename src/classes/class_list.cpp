@@ -2,10 +2,10 @@
 
 #include "classes/class_tables.h"
 #include "core/prompts.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/schema.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 

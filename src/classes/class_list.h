@@ -12,8 +12,8 @@ class Prompts;
 
 /// Brings the tables of an older file up to date: `Photo` and `PID` in every table of pupils that
 /// lacks them, and the spare table `Class_Temp`. Whole or not at all; does nothing to a file that
-/// has everything. Raises what the engine raises. The class window does so each time it loads: a class made a moment ago gets its
-/// `PID` there.
+/// has everything. Raises what the engine raises. The class window does so each time it loads: a
+/// class made a moment ago gets its `PID` there.
 void UpdateClassTables(const dao::Database& database);
 
 /// Where a class stands among those listed, for a window that is asked to open on it; -1 for a code

@@ -1,8 +1,8 @@
 #include "classes/class_photos.h"
 
 #include "classes/picture_file.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 

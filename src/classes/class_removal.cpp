@@ -1,8 +1,8 @@
 #include "classes/class_removal.h"
 
 #include "classes/class_tables.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"

@@ -7,10 +7,10 @@
 #include "core/new_field.h"
 #include "core/prompts.h"
 #include "core/settings.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 using namespace Qt::StringLiterals;
 

@@ -19,8 +19,8 @@ inline constexpr std::chrono::seconds SaveDelay{2};
 /// How a window writes what is typed in it. Each answers whether all of it is on disk; the person
 /// has been told where it is not.
 struct Writer {
-    QString what;               ///< for the person: "The daily planning sheet"
-    std::function<bool()> save; ///< the boxes go on showing what they show
+    QString what;                     ///< for the person: "The daily planning sheet"
+    std::function<bool()> save;       ///< the boxes go on showing what they show
     std::function<bool()> leave = {}; ///< before the boxes show something else; as `save` if empty
 };
 

@@ -4,9 +4,6 @@
 #include "core/prompts.h"
 #include "core/shell.h"
 #include "core/shell_services.h"
-#include "store/data_helpers.h"
-#include "store/engine/names.h"
-#include "store/table_names.h"
 
 #include <QUrl>
 
@@ -24,19 +21,6 @@ bool isWellFormed(const QString& address) {
 }
 
 } // namespace
-
-QList<FileLink> ReadFileLinks(const dao::Database& database, const QString& planDate) {
-    QList<FileLink> links;
-    if (!TableExists(database, FileLinksTable))
-        return links;
-    QString query = u"SELECT * FROM "_s + FileLinksTable;
-    if (!planDate.isEmpty())
-        query += u" WHERE PlanDate = "_s + dao::writeText(planDate);
-    dao::Recordset rows = database.OpenRecordset(query, dao::RecordsetType::Snapshot);
-    for (; !rows.EOF_(); rows.MoveNext())
-        links += {rows[u"PlanDate"].text(), rows[u"LinkName"].text(), rows[u"FilePath"].text()};
-    return links;
-}
 
 LinkFault linkFault(const QString& name, const QString& path) {
     if (isWebAddress(path) ? !isWellFormed(path) : !FileExists(path))

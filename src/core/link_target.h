@@ -1,8 +1,5 @@
 #pragma once
 
-#include "store/engine/database.h"
-
-#include <QList>
 #include <QString>
 
 class Prompts;
@@ -18,10 +15,6 @@ struct FileLink {
 
 /// The characters that a link's name or path has room for.
 inline constexpr int FileLinkSize = 255;
-
-/// The links of a year in the order of its table, or those of one sheet where its date is given.
-/// None in a year that has never had a link, and so has no table for them.
-QList<FileLink> ReadFileLinks(const dao::Database& database, const QString& planDate = {});
 
 enum class LinkFault { None, Path, Name };
 

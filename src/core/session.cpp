@@ -1,10 +1,10 @@
 #include "core/session.h"
 
 #include "core/core_settings.h"
+#include "core/database_closing.h"
 #include "core/password_retry.h"
 #include "core/prompts.h"
 #include "core/settings.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 
 #include <QDir>
@@ -45,8 +45,7 @@ bool isInUse(int error) {
 
 } // namespace
 
-Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams,
-                 YearOpening opening)
+Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams, YearOpening opening)
     : m_engine(engine), m_settings(settings), m_seams(seams), m_opening(std::move(opening)) {}
 
 void Session::Start(const QString& appPath) {

@@ -2,13 +2,15 @@
 
 #include "core/clock.h"
 #include "core/dates.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "richtext/plain_text.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <QLocale>
 

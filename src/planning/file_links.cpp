@@ -1,10 +1,12 @@
 #include "planning/file_links.h"
 
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 #include <functional>
@@ -49,6 +51,19 @@ void append(const dao::Database& database, int period, const FileLink& link) {
 }
 
 } // namespace
+
+QList<FileLink> ReadFileLinks(const dao::Database& database, const QString& planDate) {
+    QList<FileLink> links;
+    if (!TableExists(database, FileLinksTable))
+        return links;
+    QString query = u"SELECT * FROM "_s + FileLinksTable;
+    if (!planDate.isEmpty())
+        query += u" WHERE PlanDate = "_s + dao::writeText(planDate);
+    dao::Recordset rows = database.OpenRecordset(query, dao::RecordsetType::Snapshot);
+    for (; !rows.EOF_(); rows.MoveNext())
+        links += {rows[u"PlanDate"].text(), rows[u"LinkName"].text(), rows[u"FilePath"].text()};
+    return links;
+}
 
 QList<FileLink> GetFileLinks(const Session& session, const QString& planDate, int period) {
     QList<FileLink> links;

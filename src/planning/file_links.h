@@ -1,8 +1,15 @@
 #pragma once
 
 #include "core/link_target.h"
+#include "store/engine/database.h"
+
+#include <QList>
 
 class Session;
+
+/// The links of a year in the order of its table, or those of one sheet where its date is given.
+/// None in a year that has never had a link, and so has no table for them.
+QList<FileLink> ReadFileLinks(const dao::Database& database, const QString& planDate = {});
 
 /// The links from a period of a planning sheet to files and web addresses, for the panel of links
 /// of the sheets' windows. A period is its number as text, as the table has it. Each tells a

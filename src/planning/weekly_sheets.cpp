@@ -99,9 +99,8 @@ bool WeeklySheets::Show_Week(int week, const QString& classCode) {
             readLessons(i, classCode, found);
         }
         if (hasSheets())
-            heading = m_session.TTweekly == 1
-                          ? u"Week "_s + textOf(m_records.first(), u"ABWeek")
-                          : u"Weekly Plan %1"_s.arg(week + 1);
+            heading = m_session.TTweekly == 1 ? u"Week "_s + textOf(m_records.first(), u"ABWeek")
+                                              : u"Weekly Plan %1"_s.arg(week + 1);
     } catch (const dao::EngineError& error) {
         m_records = records;
         tell(u"Weekly Plan Error"_s, u"The lessons of the week could not be read."_s, error);

@@ -1,10 +1,10 @@
 #include "year/sheet_upgrades.h"
 
 #include "calendar/term_weeks.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/schema.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 #include "core/paths.h"
 #include "core/prompts.h"
 #include "core/typed_date.h"
-#include "store/data_helpers.h"
 #include "store/engine/engine.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "year/year_builder.h"
 
-#include "core/class_colour.h"
 #include "calendar/term_weeks.h"
+#include "core/class_colour.h"
 #include "core/progress.h"
 #include "core/prompts.h"
 #include "store/schema.h"

@@ -1,8 +1,8 @@
 #include "year/year_opening.h"
 
 #include "calendar/class_colours.h"
-#include "store/data_helpers.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 #include "year/sheet_upgrades.h"
 
 namespace {
@@ -13,8 +13,7 @@ void readAdmin(Session& session) {
     session.PeriodsPerDay = static_cast<qint16>(admin.Collect(u"PeriodsPerDay").toInteger());
     session.TeacherName = admin.Collect(u"Teacher").toText();
     session.TTweekly = static_cast<qint16>(admin.Collect(u"TTweekly").toInteger());
-    session.StartWeek =
-        session.TTweekly == 1 ? admin.Collect(u"StartWeek").toText() : QString();
+    session.StartWeek = session.TTweekly == 1 ? admin.Collect(u"StartWeek").toText() : QString();
 }
 
 void countTerms(Session& session) {

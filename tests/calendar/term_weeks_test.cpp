@@ -1,6 +1,5 @@
 #include "calendar/term_weeks.h"
 
-#include "store/data_helpers.h"
 #include "support/year_file.h"
 
 #include <gtest/gtest.h>

@@ -3,11 +3,12 @@
 #include "calendar/timetable_picture.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
-#include "year/year_opening.h"
+#include "store/table_structure.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <QFile>
 #include <QImage>

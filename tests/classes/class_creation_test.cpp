@@ -1,10 +1,10 @@
 // A class made in a year that exists, against the year's own creation.
 
-#include "classes/class_creation.h"
 #include "calendar/class_colours.h"
+#include "classes/class_creation.h"
 #include "classes/class_removal.h"
-#include "store/data_helpers.h"
 #include "store/schema.h"
+#include "store/table_structure.h"
 #include "support/class_file.h"
 #include "year/year_builder.h"
 

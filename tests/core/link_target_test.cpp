@@ -4,7 +4,6 @@
 #include "core/file_state.h"
 #include "core/settings.h"
 #include "core/shell_services.h"
-#include "store/data_helpers.h"
 #include "support/recording_seams.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class FileLinksTest : public testing::Test {
+class LinkTargetTest : public testing::Test {
 protected:
     QString write(const QString& name) {
         QFile file(m_folder.filePath(name));
@@ -36,29 +35,7 @@ protected:
 
 } // namespace
 
-TEST_F(FileLinksTest, AreReadWithAndWithoutADate) {
-    const dao::DBEngine engine;
-    dao::Database year =
-        engine.CreateDatabase(m_folder.filePath(u"year.mdb"_s), dao::GeneralLocale.toString());
-    EXPECT_TRUE(ReadFileLinks(year).isEmpty());
-    CreateFileLinksTable(year);
-    dao::Recordset rows = year.OpenRecordset(u"FileLinks"_s);
-    for (const auto& [date, name] : {std::pair{u"24-09-05"_s, u"Map"_s}, {u"24-09-06"_s, u"A"_s}}) {
-        rows.AddNew();
-        rows[u"PlanDate"] = date;
-        rows[u"Period"] = u"1"_s;
-        rows[u"LinkName"] = name;
-        rows[u"FilePath"] = u"/maps"_s;
-        rows.Update();
-    }
-    EXPECT_EQ(ReadFileLinks(year).size(), 2);
-    const QList<FileLink> links = ReadFileLinks(year, u"24-09-05"_s);
-    ASSERT_EQ(links.size(), 1);
-    EXPECT_EQ(links[0].name, u"Map"_s);
-    EXPECT_TRUE(ReadFileLinks(year, u"' OR '1'='1"_s).isEmpty());
-}
-
-TEST_F(FileLinksTest, ThePathIsCheckedBeforeTheName) {
+TEST_F(LinkTargetTest, ThePathIsCheckedBeforeTheName) {
     const QString file = write(u"map.png"_s);
     const struct {
         QString name;
@@ -79,7 +56,7 @@ TEST_F(FileLinksTest, ThePathIsCheckedBeforeTheName) {
         EXPECT_EQ(linkFault(name, path), fault) << path.toStdString();
 }
 
-TEST_F(FileLinksTest, EachKindOfLinkGoesItsWay) {
+TEST_F(LinkTargetTest, EachKindOfLinkGoesItsWay) {
     const QString file = write(u"map.png"_s);
     const QString board = write(u"Board.GWB"_s);
     open(u"http://example.org"_s);
@@ -103,7 +80,7 @@ TEST_F(FileLinksTest, EachKindOfLinkGoesItsWay) {
     EXPECT_EQ(opened, (QStringList{u"http://example.org"_s, file, board, u"sh"_s}));
 }
 
-TEST_F(FileLinksTest, AFileIsLockedWhileAnybodyHasIt) {
+TEST_F(LinkTargetTest, AFileIsLockedWhileAnybodyHasIt) {
     const QString path = write(u"plan.doc"_s);
     EXPECT_FALSE(FileExists({}));
     EXPECT_TRUE(FileExists(path));

@@ -8,10 +8,10 @@
 #include "frame/year_roads.h"
 #include "store/engine/error.h"
 #include "store/table_names.h"
-#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/scripted_frame.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -29,10 +29,11 @@ class SessionTest : public testing::Test {
 protected:
     SessionTest() {
         // As the main window does.
-        QObject::connect(&session.GetNotices(), &Notices::yearOpened, &session.GetNotices(), [this] {
-            frame.SetCaption(mainCaption(session.CurrentDB.Name()));
-            frame.EnableInput(true);
-        });
+        QObject::connect(&session.GetNotices(), &Notices::yearOpened, &session.GetNotices(),
+                         [this] {
+                             frame.SetCaption(mainCaption(session.CurrentDB.Name()));
+                             frame.EnableInput(true);
+                         });
     }
 
     QString path(const char* name) const { return folder.filePath(u(name)); }

@@ -5,9 +5,9 @@
 #include "frame/frame_commands.h"
 #include "frame/toolbar_side.h"
 #include "incidents/security_warning.h"
-#include "year/year_opening.h"
 #include "support/recording_seams.h"
 #include "support/scripted_frame.h"
+#include "year/year_opening.h"
 
 #include <QTemporaryDir>
 

@@ -7,9 +7,9 @@
 #include "core/settings.h"
 #include "richtext/plain_text.h"
 #include "store/schema.h"
-#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <gtest/gtest.h>
 

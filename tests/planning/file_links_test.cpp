@@ -4,9 +4,9 @@
 
 #include "core/session.h"
 #include "core/settings.h"
-#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <gtest/gtest.h>
 
@@ -71,4 +71,27 @@ TEST_F(PeriodLinksTest, OpensByDateAndRemovesByNameAlone) {
     RemoveFileLink(session, u"site"_s);
     EXPECT_EQ(names(monday, 1), QStringList());
     EXPECT_EQ(names(tuesday, 1), (QStringList{u"site"_s, u"gone"_s}));
+}
+
+TEST(ReadFileLinks, WithAndWithoutADate) {
+    const QTemporaryDir folder;
+    const dao::DBEngine engine;
+    dao::Database year =
+        engine.CreateDatabase(folder.filePath(u"year.mdb"_s), dao::GeneralLocale.toString());
+    EXPECT_TRUE(ReadFileLinks(year).isEmpty());
+    CreateFileLinksTable(year);
+    dao::Recordset rows = year.OpenRecordset(u"FileLinks"_s);
+    for (const auto& [date, name] : {std::pair{u"24-09-05"_s, u"Map"_s}, {u"24-09-06"_s, u"A"_s}}) {
+        rows.AddNew();
+        rows[u"PlanDate"] = date;
+        rows[u"Period"] = u"1"_s;
+        rows[u"LinkName"] = name;
+        rows[u"FilePath"] = u"/maps"_s;
+        rows.Update();
+    }
+    EXPECT_EQ(ReadFileLinks(year).size(), 2);
+    const QList<FileLink> links = ReadFileLinks(year, u"24-09-05"_s);
+    ASSERT_EQ(links.size(), 1);
+    EXPECT_EQ(links[0].name, u"Map"_s);
+    EXPECT_TRUE(ReadFileLinks(year, u"' OR '1'='1"_s).isEmpty());
 }

@@ -5,9 +5,9 @@
 
 #include "core/session.h"
 #include "core/settings.h"
-#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <gtest/gtest.h>
 

@@ -14,10 +14,10 @@
 #include "planning/screens/daily_sheet_window.h"
 #include "richtext/plain_text.h"
 #include "store/engine/names.h"
-#include "year/year_opening.h"
 #include "support/engine_files.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <QAction>
 #include <QLabel>

@@ -15,9 +15,9 @@
 #include "richtext/object_files.h"
 #include "richtext/objects.h"
 #include "store/engine/engine.h"
-#include "year/year_opening.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
+#include "year/year_opening.h"
 
 #include <gtest/gtest.h>
 

@@ -10,10 +10,10 @@
 #include "help/screens/help_panes.h"
 #include "help/screens/help_viewer.h"
 #include "help/screens/help_window.h"
-#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
+#include "year/year_opening.h"
 
 #include <QAction>
 #include <QApplication>

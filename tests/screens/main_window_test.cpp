@@ -9,9 +9,9 @@
 #include "frame/screens/window_table.h"
 #include "frame/year_roads.h"
 #include "help/screens/context_help.h"
-#include "year/year_opening.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
+#include "year/year_opening.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -60,23 +60,27 @@ protected:
     FrameTest() {
         session.Start(path(u"app"_s));
         const std::pair<ToolWindow, QStringView> named[] = {
-            {ToolWindow::DailySheet, u"ORVAfrm"},          {ToolWindow::WeeklySheet, u"ORVA2frm"},
-            {ToolWindow::Timetable, u"TTfrm"},             {ToolWindow::Classes, u"RegisterFrm"},
-            {ToolWindow::CalendarOfEvents, u"COEfrm"},     {ToolWindow::Reminders, u"Schedulefrm"},
-            {ToolWindow::Incidents, u"IncidentFrm"},       {ToolWindow::SeatingPlans, u"SeatingPlanFrm"},
+            {ToolWindow::DailySheet, u"ORVAfrm"},
+            {ToolWindow::WeeklySheet, u"ORVA2frm"},
+            {ToolWindow::Timetable, u"TTfrm"},
+            {ToolWindow::Classes, u"RegisterFrm"},
+            {ToolWindow::CalendarOfEvents, u"COEfrm"},
+            {ToolWindow::Reminders, u"Schedulefrm"},
+            {ToolWindow::Incidents, u"IncidentFrm"},
+            {ToolWindow::SeatingPlans, u"SeatingPlanFrm"},
             {ToolWindow::AddressBook, u"ContactsFrm"}};
         for (const auto& [window, nameView] : named) {
             const QString name = nameView.toString();
-            windows.push_back({.window = window,
-                               .name = name,
-                               .placementKey = name + u"Place"_s,
-                               .minimisedKey = name + u"Minimised"_s,
-                               .make = [this, name](Session&) { return new PlainWindow(name, closed); }});
+            windows.push_back(
+                {.window = window,
+                 .name = name,
+                 .placementKey = name + u"Place"_s,
+                 .minimisedKey = name + u"Minimised"_s,
+                 .make = [this, name](Session&) { return new PlainWindow(name, closed); }});
         }
         for (const ToolWindow window : {ToolWindow::Postits, ToolWindow::Settings})
-            windows.push_back({.window = window, .run = [this](Session&, FrameCommand command) {
-                                   ran += command;
-                               }});
+            windows.push_back({.window = window,
+                               .run = [this](Session&, FrameCommand command) { ran += command; }});
         windows.push_back({.window = ToolWindow::UserTools, .fill = [](Session&, QMenu& menu) {
                                menu.clear();
                                menu.addAction(u"Archive Class..."_s);
@@ -241,9 +245,10 @@ TEST_F(FrameTest, ManyWindowsOfAKindAreToldApartByTheirSubjects) {
                        .name = u"Note"_s,
                        .kind = WindowKind::FloatingMany,
                        .make = [this](Session&) { return new PlainWindow(u"Note"_s, closed); },
-                       .show = [](QWidget& window, const WindowSubject& subject) {
-                           window.setWindowTitle(QString::number(std::get<qint64>(subject)));
-                       }});
+                       .show =
+                           [](QWidget& window, const WindowSubject& subject) {
+                               window.setWindowTitle(QString::number(std::get<qint64>(subject)));
+                           }});
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
     for (int round = 0; round < 2; ++round) {
         for (qint64 note = 1; note <= 20; ++note)

@@ -340,11 +340,12 @@ TEST_F(PupilScreenTest, TheWizardMakesAClass) {
         checkScreen(wizard, u"NewClassFrm_timetable"_s);
         next.click();
     });
+    const QSignalSpy changes(&session.GetNotices(), &Notices::classesChanged);
     runTask(1);
     EXPECT_EQ(window->desk().classCode(), u"X1"_s);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT Mon,Fri FROM Classcodes WHERE Classcode = 'X1'"_s),
               QStringList{u"1|1"_s});
-    EXPECT_TRUE(frame.log.contains(u"refresh TTfrm"_s));
+    EXPECT_EQ(changes.size(), 1);
     EXPECT_TRUE(session.CurrentDB.TableDefs()[u"Class_X1"_s].Fields().Contains(u"PID"));
     whenAsked([this](QWidget& wizard) {
         seams.prompts.expect(PromptKind::Plain, u"Cancel"_s, AnswerYes);

@@ -3,10 +3,10 @@
 #include "calendar/term_weeks.h"
 #include "core/core_settings.h"
 #include "frame/screens/frame_menus.h"
-#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"
 #include "year/wizard_rules.h"
+#include "year/year_opening.h"
 
 #include <QAction>
 #include <QComboBox>

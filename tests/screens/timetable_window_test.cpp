@@ -7,11 +7,11 @@
 #include "frame/screens/window_table.h"
 #include "frame/year_roads.h"
 #include "store/table_names.h"
-#include "year/year_opening.h"
 #include "support/engine_places.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
 #include "year/year_answers_json.h"
+#include "year/year_opening.h"
 
 #include <QAction>
 #include <QApplication>

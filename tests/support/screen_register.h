@@ -4,10 +4,10 @@
 #include "classes/screens/class_window.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "year/year_opening.h"
 #include "support/class_file.h"
 #include "support/screen_checks.h"
 #include "support/scripted_frame.h"
+#include "year/year_opening.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -3,10 +3,10 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
-#include "year/year_opening.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
 #include "year/screens/startup_wizard.h"
+#include "year/year_opening.h"
 
 #include <gtest/gtest.h>
 

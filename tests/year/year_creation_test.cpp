@@ -2,11 +2,11 @@
 #include "year/year_creation.h"
 
 #include "calendar/term_weeks.h"
-#include "store/data_helpers.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
+#include "store/table_structure.h"
 #include "support/year_file.h"
 
 #include <gtest/gtest.h>

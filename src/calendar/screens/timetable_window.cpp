@@ -79,7 +79,8 @@ void TimetableWindow::make(const TimetableYear& year) {
             [this](QPoint place) { m_popup->popup(place); });
     connect(m_editor, &TimetableEditor::accepted, this, &TimetableWindow::HideEditBox);
     connect(m_editor, &TimetableEditor::cancelled, this, &TimetableWindow::dismissEditBox);
-    connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this, &TimetableWindow::chooseWeek);
+    connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this,
+            &TimetableWindow::chooseWeek);
 }
 
 /// The buttons that have something behind them; a group begins with a separator.
@@ -91,7 +92,8 @@ LayoutToolbar* TimetableWindow::makeToolbar() {
         std::function<void()> act;
     };
     const QList<Button> buttons{
-        {1, u"Save Settings."_s, u"save"_s, [this] {
+        {1, u"Save Settings."_s, u"save"_s,
+         [this] {
              m_failure.reset();
              save();
          }},

@@ -61,7 +61,7 @@ private:
     TimetableEditor* m_editor = nullptr;
     QMenu* m_popup = nullptr;
     QAction* m_paste = nullptr;
-    int m_shownWeek = 0;      ///< an element of the list of weeks
+    int m_shownWeek = 0; ///< an element of the list of weeks
     bool m_isSaving = false;
     bool m_isChanged = false; ///< since it was saved or shown last
     ToldOnce m_failure;

@@ -41,6 +41,6 @@ private:
     QLineEdit* m_firstname = nullptr;
     QLineEdit* m_surname = nullptr;
     QLineEdit* m_email = nullptr;
-    PupilName m_name; ///< of the pupil, as the list of names has it
+    PupilName m_name;      ///< of the pupil, as the list of names has it
     KeptWriting m_writing; ///< last
 };

@@ -40,6 +40,6 @@ private:
     BoundRichText m_bound;
     std::unique_ptr<RowBinding> m_binding; ///< of the category that shows; null for none
     dao::Recordset m_pupil;
-    QString m_shown; ///< the category that shows
+    QString m_shown;       ///< the category that shows
     KeptWriting m_writing; ///< last
 };

@@ -215,8 +215,7 @@ PlacedWidget MainWindow::placed(const Loaded& loaded) const {
     return {*loaded.holder, loaded.entry->name, isInside ? m_client->viewport() : nullptr};
 }
 
-const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry,
-                                           const WindowSubject& subject) {
+const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const WindowSubject& subject) {
     QWidget* window = entry.make(m_session);
     QWidget* holder = hold(entry, *window);
     m_loaded.append({&entry, subject, holder, window});

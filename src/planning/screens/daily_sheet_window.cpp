@@ -169,8 +169,7 @@ void DailySheetWindow::connectCommands() {
 
 /// On the class of the period, where it has one.
 void DailySheetWindow::openRegister() {
-    m_session.GetWindows().open(ToolWindow::Classes,
-                                m_sheets.classOf(m_periods->selectedPeriod()));
+    m_session.GetWindows().open(ToolWindow::Classes, m_sheets.classOf(m_periods->selectedPeriod()));
 }
 
 /// What other windows have written is shown when the focus comes back, what they have changed of
@@ -180,8 +179,9 @@ void DailySheetWindow::followTheYear() {
     const Notices& notices = m_session.GetNotices();
     connect(&notices, &Notices::classesChanged, this, &DailySheetWindow::showClassesAgain);
     connect(&notices, &Notices::sheetsChanged, this, &DailySheetWindow::showClassesAgain);
-    connect(&notices, &Notices::eventsChanged, this,
-            [this] { m_bottom->showEvents(m_sheets.isEmpty() ? QString() : m_sheets.GetCOEinfo()); });
+    connect(&notices, &Notices::eventsChanged, this, [this] {
+        m_bottom->showEvents(m_sheets.isEmpty() ? QString() : m_sheets.GetCOEinfo());
+    });
 }
 
 void DailySheetWindow::closeEvent(QCloseEvent* event) {

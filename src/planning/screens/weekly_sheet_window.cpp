@@ -45,9 +45,9 @@ WeeklySheetWindow::WeeklySheetWindow(Session& session)
     : m_session(session)
     , m_sheets(session)
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
-    , m_writing(
-          *this, session.GetSeams(),
-          {.what = u"The weekly planning sheet"_s, .save = [this] { return Update_Records(); }}) {
+    , m_writing(*this, session.GetSeams(), {.what = u"The weekly planning sheet"_s, .save = [this] {
+                                                return Update_Records();
+                                            }}) {
     setObjectName(u"ORVA2frm"_s);
     setWindowTitle(u"Weekly Planning Sheet"_s);
     makeParts();

@@ -6,8 +6,8 @@
 #include "planning/upkeep.h"
 #include "planning/weekly_sheets.h"
 #include "richtext/rtf_writer.h"
-#include "store/data_helpers.h"
 #include "store/engine/names.h"
+#include "store/record_steps.h"
 #include "store/table_names.h"
 
 #include <QTextDocument>

@@ -1,0 +1,56 @@
+#include "store/table_structure.h"
+
+#include "store/table_names.h"
+#include "support/year_file.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class TableStructure : public testing::Test {
+protected:
+    YearFile m_file{oneWeekAnswers()};
+    dao::Database m_database = m_file.open();
+};
+
+TEST_F(TableStructure, TablesMatchExactlyAndFieldsByAnyCase) {
+    EXPECT_TRUE(TableExists(m_database, QStringLiteral("TermDates")));
+    EXPECT_FALSE(TableExists(m_database, QStringLiteral("termdates")));
+    EXPECT_TRUE(FieldInRecordset(m_database.OpenRecordset(TermDatesTable), QStringLiteral("TERM")));
+    EXPECT_FALSE(FieldInTableDef(m_database.TableDefs()[TermDatesTable], QStringLiteral("Terms")));
+}
+
+TEST_F(TableStructure, AddFieldComesLastWithItsFlag) {
+    using enum dao::DataType;
+    struct Case {
+        const char* name;
+        dao::DataType type;
+        int size;
+        ZeroLengthFlag flag;
+        bool allowed;
+    };
+    const Case cases[] = {
+        {"A", Text, 7, ZeroLengthFlag::On, true},   {"B", Memo, 0, ZeroLengthFlag::On, true},
+        {"C", Text, 7, ZeroLengthFlag::Off, false}, {"D", Memo, 0, ZeroLengthFlag::NotGiven, false},
+        {"E", Long, 0, ZeroLengthFlag::On, false},
+    };
+    for (const Case& each : cases) {
+        AddField(m_database, TermDatesTable, QLatin1String(each.name), each.type, each.size,
+                 each.flag);
+        const dao::FieldCollection fields = m_database.TableDefs()[TermDatesTable].Fields();
+        const dao::Field last = fields[fields.Count() - 1];
+        EXPECT_EQ(last.Name, QLatin1String(each.name));
+        EXPECT_EQ(last.AllowZeroLength, each.allowed) << each.name;
+    }
+}
+
+TEST_F(TableStructure, TablesOnDemand) {
+    CreateFileLinksTable(m_database);
+    CreateLessonNotesTable(m_database);
+    CreateRoomIDTable(m_database);
+    CreateClassTempTable(m_database);
+    for (const QString& table : {FileLinksTable, LessonNotesTable, RoomIDTable, ClassTempTable})
+        EXPECT_TRUE(TableExists(m_database, table)) << table.toStdString();
+}
+
+} // namespace
