@@ -10,8 +10,8 @@ class Prompts;
 /// The first sheet of a spreadsheet file (.xls), as texts.
 class Spreadsheet {
 public:
-    /// Reads a file; none where it can't be read as a spreadsheet. Of a sheet beyond
-    /// LargestRow rows or LargestColumn columns the rest is left out.
+    /// Reads a file, whatever its bytes; none where it can't be read as a spreadsheet. Of a sheet
+    /// beyond LargestRow rows or LargestColumn columns the rest is left out.
     static std::optional<Spreadsheet> read(const QString& path);
 
     int rowCount() const { return static_cast<int>(m_rows.size()); }
@@ -23,6 +23,8 @@ public:
     static constexpr int LargestColumn = 256;
 
 private:
+    static std::optional<Spreadsheet> unpack(const QByteArray& bytes);
+
     QList<QStringList> m_rows;
     int m_columnCount = 0;
 };

@@ -1,8 +1,10 @@
 #include "richtext/speller.h"
 
+#include "store/engine/late_library.h"
+
 #include <QFile>
 
-#include <hunspell.hxx>
+#include <hunspell.h>
 
 #include <algorithm>
 #include <utility>
@@ -59,8 +61,21 @@ QString plainForm(QStringView word) {
     return word.toString().replace(QChar(0x2019), u'\'');
 }
 
-std::string encoded(const QString& word) {
-    return word.toUtf8().toStdString();
+struct HunspellLibrary : dao::LateLibrary {
+    HunspellLibrary() : LateLibrary(ORVA_HUNSPELL) {}
+
+    decltype(&Hunspell_create) create = function("Hunspell_create");
+    decltype(&Hunspell_destroy) destroy = function("Hunspell_destroy");
+    decltype(&Hunspell_get_dic_encoding) encoding = function("Hunspell_get_dic_encoding");
+    decltype(&Hunspell_spell) spell = function("Hunspell_spell");
+    decltype(&Hunspell_suggest) suggest = function("Hunspell_suggest");
+    decltype(&Hunspell_free_list) freeList = function("Hunspell_free_list");
+    decltype(&Hunspell_add) add = function("Hunspell_add");
+};
+
+const HunspellLibrary& hunspell() {
+    static const HunspellLibrary library;
+    return library;
 }
 
 } // namespace
@@ -78,7 +93,8 @@ QList<TextRange> wordsToCheck(QStringView text) {
     return words;
 }
 
-Speller::Speller(QString dictionary) : m_path(std::move(dictionary)) {}
+Speller::Speller(QString dictionary)
+    : m_path(std::move(dictionary)), m_dictionary(nullptr, nullptr) {}
 
 Speller::~Speller() = default;
 
@@ -93,10 +109,10 @@ void Speller::load() {
     const QByteArray aff = QFile::encodeName(m_path + QStringLiteral(".aff"));
     const QByteArray dic = QFile::encodeName(m_path + QStringLiteral(".dic"));
     if (!QFile::exists(m_path + QStringLiteral(".aff")) ||
-        !QFile::exists(m_path + QStringLiteral(".dic")))
+        !QFile::exists(m_path + QStringLiteral(".dic")) || !hunspell().isWhole())
         return;
-    m_dictionary = std::make_unique<Hunspell>(aff.constData(), dic.constData());
-    if (m_dictionary->get_dict_encoding() != "UTF-8")
+    m_dictionary = {hunspell().create(aff.constData(), dic.constData()), hunspell().destroy};
+    if (qstrcmp(hunspell().encoding(m_dictionary.get()), "UTF-8") != 0)
         m_dictionary.reset(); // the British one is in UTF-8 wherever it is installed
 }
 
@@ -112,7 +128,7 @@ bool Speller::isRight(QStringView word) {
 
 bool Speller::lookUp(const QString& word) {
     load();
-    return !m_dictionary || m_dictionary->spell(encoded(word));
+    return !m_dictionary || hunspell().spell(m_dictionary.get(), word.toUtf8().constData());
 }
 
 QList<TextRange> Speller::mistakes(QStringView text) {
@@ -129,17 +145,19 @@ QStringList Speller::suggestions(const QString& word, qsizetype most) {
     QStringList found;
     if (!m_dictionary)
         return found;
-    for (const std::string& suggestion : m_dictionary->suggest(encoded(plainForm(word)))) {
-        if (found.size() < most)
-            found += QString::fromStdString(suggestion);
-    }
+    char** list = nullptr;
+    const int count =
+        hunspell().suggest(m_dictionary.get(), &list, plainForm(word).toUtf8().constData());
+    for (int i = 0; i < std::min<qsizetype>(count, most); ++i)
+        found += QString::fromUtf8(list[i]);
+    hunspell().freeList(m_dictionary.get(), &list, count);
     return found;
 }
 
 void Speller::accept(const QString& word) {
     load();
     if (m_dictionary)
-        m_dictionary->add(encoded(plainForm(word)));
+        hunspell().add(m_dictionary.get(), plainForm(word).toUtf8().constData());
     m_known.remove(plainForm(word));
 }
 

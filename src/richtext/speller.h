@@ -7,7 +7,7 @@
 
 #include <memory>
 
-class Hunspell;
+struct Hunhandle; // hunspell.h
 
 namespace richtext {
 
@@ -25,7 +25,7 @@ struct TextRange {
 QList<TextRange> wordsToCheck(QStringView text);
 
 /// British English spelling, by the dictionary that is installed on the computer. Without one
-/// every word is right. The dictionary is loaded when the first word is asked for.
+/// every word is right. Hunspell and its dictionary are loaded when the first word is asked for.
 class Speller {
 public:
     /// `dictionary` is the path of its two files without their endings: ".aff" and ".dic".
@@ -51,7 +51,7 @@ private:
 
     QString m_path;
     bool m_isLoaded = false;
-    std::unique_ptr<Hunspell> m_dictionary; ///< none where none is installed
+    std::unique_ptr<Hunhandle, void (*)(Hunhandle*)> m_dictionary; ///< none where none is installed
     QHash<QString, bool> m_known;
 };
 

@@ -2,6 +2,7 @@
 
 #include "calendar/class_colours.h"
 #include "classes/class_creation.h"
+#include "classes/class_list.h"
 #include "classes/class_removal.h"
 #include "store/schema.h"
 #include "store/table_structure.h"

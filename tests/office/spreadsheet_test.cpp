@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,6 +51,36 @@ TEST(SpreadsheetTest, WhatIsNoneIsRefused) {
         cut.close();
         EXPECT_FALSE(Spreadsheet::read(path)) << length;
     }
+}
+
+/// Bytes changed where the structures are dense: in the container's header and tables, and in the
+/// records of the sheet.
+TEST(SpreadsheetTest, AnyBytesEndInASheetOrInNone) {
+    const QTemporaryDir folder;
+    QFile whole(workbook(u"class_list.xls"_s));
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const QByteArray bytes = whole.readAll();
+    const QString path = folder.filePath(u"damaged.xls"_s);
+    std::minstd_rand random(20030903);
+    constexpr int rounds = 60;
+    int refused = 0;
+    for (int round = 0; round < rounds; ++round) {
+        QByteArray damaged = bytes;
+        for (unsigned change = 1 + random() % 40; change > 0; --change) {
+            const auto area = change % 4 == 0 ? 512u : static_cast<unsigned>(bytes.size());
+            damaged[static_cast<qsizetype>(random() % area)] = static_cast<char>(random());
+        }
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(damaged);
+        file.close();
+        const std::optional<Spreadsheet> sheet = Spreadsheet::read(path);
+        refused += !sheet;
+        EXPECT_TRUE(!sheet || (sheet->rowCount() <= Spreadsheet::LargestRow &&
+                               sheet->columnCount() <= Spreadsheet::LargestColumn));
+    }
+    EXPECT_GT(refused, 0);
+    EXPECT_LT(refused, rounds);
 }
 
 TEST(SpreadsheetTest, ColumnsHaveLetters) {

@@ -28,6 +28,8 @@ public:
                QWidget* splash = nullptr);
     ~MainWindow() override;
 
+    using QMainWindow::close;
+
     bool has(ToolWindow window) const override;
     void open(ToolWindow window, const WindowSubject& subject = {}) override;
     bool close(ToolWindow window) override;

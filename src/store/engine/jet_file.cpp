@@ -1,5 +1,8 @@
 #include "store/engine/jet_file.h"
 
+#include "store/engine/error.h"
+#include "store/engine/late_library.h"
+
 #include <QSet>
 
 // In front of libmdb's header, which would give GLib's templates the linkage of C.
@@ -19,6 +22,28 @@ constexpr quint16 SlotOffset = 0x1FFF;
 constexpr quint32 InlineLongValue = 0x80000000;
 constexpr quint32 OnePieceLongValue = 0x40000000;
 constexpr int LongValueHead = 12;
+
+struct Libmdb : LateLibrary {
+    Libmdb() : LateLibrary(ORVA_LIBMDB) {}
+
+    decltype(&mdb_open_buffer) openBuffer = function("mdb_open_buffer");
+    decltype(&mdb_close) close = function("mdb_close");
+    decltype(&mdb_read_pg) readPage = function("mdb_read_pg");
+    decltype(&mdb_read_alt_pg) readOtherPage = function("mdb_read_alt_pg");
+    decltype(&mdb_read_table) readTable = function("mdb_read_table");
+    decltype(&mdb_free_tabledef) freeTable = function("mdb_free_tabledef");
+    decltype(&mdb_read_columns) readColumns = function("mdb_read_columns");
+    decltype(&mdb_read_indices) readIndexes = function("mdb_read_indices");
+    decltype(&mdb_map_find_next) findNextInMap = function("mdb_map_find_next");
+    decltype(&mdb_crack_row) crackRow = function("mdb_crack_row");
+    decltype(&mdb_numeric_to_string) numericText = function("mdb_numeric_to_string");
+    decltype(&g_free) freeText = function("g_free"); // GLib's, which it brings along
+};
+
+const Libmdb& libmdb() {
+    static const Libmdb library;
+    return library;
+}
 
 template<typename Item>
 const Item& itemAt(const GPtrArray* array, int position) {
@@ -81,9 +106,9 @@ int sizeOf(DataType type, int columnBytes, JetFormat format) {
 
 } // namespace
 
-struct JetFile::Library {
+struct JetFile::Handle {
     struct Close {
-        void operator()(MdbHandle* mdb) const { mdb_close(mdb); }
+        void operator()(MdbHandle* mdb) const { libmdb().close(mdb); }
     };
     std::unique_ptr<MdbHandle, Close> mdb;
 };
@@ -97,7 +122,7 @@ struct JetFile::Place {
 
 struct JetFile::Shape {
     struct Free {
-        void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
+        void operator()(MdbTableDef* table) const { libmdb().freeTable(table); }
     };
     MdbCatalogEntry entry{};
     std::unique_ptr<MdbTableDef, Free> table;
@@ -109,35 +134,43 @@ struct JetFile::Shape {
 };
 
 JetFile::JetFile(const QByteArray& file, qint64 limit)
-    : m_library(std::make_unique<Library>()), m_fileSize(file.size()), m_left(limit) {
+    : m_handle(std::make_unique<Handle>()), m_fileSize(file.size()), m_left(limit) {
+    loadLibrary();
     if (!isJetHeader(file))
         raiseDamaged();
     // Opened without the flag for writing, the buffer is only read.
-    m_library->mdb.reset(mdb_open_buffer(const_cast<char*>(file.constData()),
-                                         static_cast<size_t>(file.size()), MDB_NOFLAGS));
-    if (!m_library->mdb)
+    m_handle->mdb.reset(libmdb().openBuffer(const_cast<char*>(file.constData()),
+                                            static_cast<size_t>(file.size()), MDB_NOFLAGS));
+    if (!m_handle->mdb)
         raiseDamaged();
     constexpr int fewestPages = 3; // the header, the map of pages, the catalogue
-    const auto pageSize = m_library->mdb->fmt->pg_size;
+    const auto pageSize = m_handle->mdb->fmt->pg_size;
     if (m_fileSize % pageSize != 0 || m_fileSize < fewestPages * pageSize)
         raiseDamaged();
-    m_format = m_library->mdb->f->jet_version == MDB_VER_JET3 ? JetFormat::Jet3 : JetFormat::Jet4;
+    m_format = m_handle->mdb->f->jet_version == MDB_VER_JET3 ? JetFormat::Jet3 : JetFormat::Jet4;
 }
 
 JetFile::~JetFile() = default;
+
+void JetFile::loadLibrary() {
+    if (!libmdb().isWhole())
+        throw EngineError(CannotOpenFile,
+                          QStringLiteral("Files of this kind can't be read here: the library "
+                                         "libmdb is not installed."));
+}
 
 JetTable JetFile::readTable(const QString& name, quint32 page, const JetTableRules& rules) {
     checkDefinition(page);
 
     Shape shape;
-    shape.entry.mdb = m_library->mdb.get();
+    shape.entry.mdb = m_handle->mdb.get();
     shape.entry.object_type = MDB_TABLE;
     shape.entry.table_pg = page;
-    shape.table.reset(mdb_read_table(&shape.entry));
-    if (!shape.table || !mdb_read_columns(shape.table.get()))
+    shape.table.reset(libmdb().readTable(&shape.entry));
+    if (!shape.table || !libmdb().readColumns(shape.table.get()))
         raiseDamaged();
     // At once: it goes on from the page on which reading the columns ended.
-    mdb_read_indices(shape.table.get());
+    libmdb().readIndexes(shape.table.get());
 
     shape.order.resize(shape.table->num_cols);
     std::iota(shape.order.begin(), shape.order.end(), 0);
@@ -193,12 +226,12 @@ JetTable JetFile::readTable(const QString& name, quint32 page, const JetTableRul
 
 /// Reads a page into one of libmdb's two buffers; valid until the next one goes there.
 JetBytes JetFile::page(quint32 number, Buffer buffer) {
-    MdbHandle* mdb = m_library->mdb.get();
+    MdbHandle* mdb = m_handle->mdb.get();
     const auto size = mdb->fmt->pg_size;
     if (number >= m_fileSize / size)
         raiseDamaged();
-    const auto read =
-        buffer == Buffer::Row ? mdb_read_pg(mdb, number) : mdb_read_alt_pg(mdb, number);
+    const auto read = buffer == Buffer::Row ? libmdb().readPage(mdb, number)
+                                            : libmdb().readOtherPage(mdb, number);
     if (read != size)
         raiseDamaged();
     return {buffer == Buffer::Row ? mdb->pg_buf : mdb->alt_pg_buf, size};
@@ -207,7 +240,7 @@ JetBytes JetFile::page(quint32 number, Buffer buffer) {
 /// Makes sure of what libmdb takes on trust: that a definition's pages are all there, each once,
 /// and hold what its counts promise.
 void JetFile::checkDefinition(quint32 first) {
-    const MdbFormatConstants& format = *m_library->mdb->fmt;
+    const MdbFormatConstants& format = *m_handle->mdb->fmt;
     const JetBytes head = page(first);
     const qint64 length = head.number<quint32>(8);
     const qint64 columns = head.number<quint16>(format.tab_num_cols_offset);
@@ -246,8 +279,8 @@ std::vector<quint32> JetFile::dataPages(const Shape& shape) {
         raiseDamaged();
     std::vector<quint32> pages;
     for (quint32 last = 0;;) {
-        const gint32 next = mdb_map_find_next(m_library->mdb.get(), table->usage_map,
-                                              static_cast<unsigned>(table->map_sz), last);
+        const gint32 next = libmdb().findNextInMap(m_handle->mdb.get(), table->usage_map,
+                                                   static_cast<unsigned>(table->map_sz), last);
         if (next == 0)
             return pages;
         if (next < 0 || static_cast<quint32>(next) <= last)
@@ -262,7 +295,7 @@ std::vector<quint32> JetFile::dataPages(const Shape& shape) {
 
 /// Where the row of a slot stands. Rows lie from the end of the page towards its start.
 JetFile::Place JetFile::place(JetBytes page, quint32 pageNumber, int slot) const {
-    const int counter = m_library->mdb->fmt->row_count_offset;
+    const int counter = m_handle->mdb->fmt->row_count_offset;
     if (page.number<quint8>(0) != MDB_PAGE_DATA || slot >= page.number<quint16>(counter))
         raiseDamaged();
     const quint16 entry = page.number<quint16>(counter + 2 + slot * 2);
@@ -293,7 +326,7 @@ QList<QList<Value>> JetFile::readRows(const Shape& shape) {
     const qsizetype promised = shape.table->num_rows;
     QList<QList<Value>> rows;
     for (const quint32 number : dataPages(shape)) {
-        const int slotCount = page(number).number<quint16>(m_library->mdb->fmt->row_count_offset);
+        const int slotCount = page(number).number<quint16>(m_handle->mdb->fmt->row_count_offset);
         for (int slot = 0; slot < slotCount; ++slot) {
             if (place(page(number), number, slot).flags & DeletedSlot)
                 continue;
@@ -315,8 +348,8 @@ QList<Value> JetFile::readRow(const Shape& shape, const Place& place) {
     const int stored = counter == 2 ? row.number<quint16>(0) : row.number<quint8>(0);
     row.from(counter + (stored + 7) / 8); // the count of fields and the bits of Null fit in
     std::vector<MdbField> fields(shape.table->num_cols);
-    if (mdb_crack_row(shape.table.get(), place.start, static_cast<size_t>(place.length),
-                      fields.data()) < 0)
+    if (libmdb().crackRow(shape.table.get(), place.start, static_cast<size_t>(place.length),
+                          fields.data()) < 0)
         raiseDamaged();
 
     QList<Value> values;
@@ -368,12 +401,12 @@ Value JetFile::readValue(int type, int scale, int precision, JetBytes bytes) {
         return readLongValue(bytes);
     default: {
         constexpr int numericSize = 17;
-        const MdbHandle* mdb = m_library->mdb.get();
+        const MdbHandle* mdb = m_handle->mdb.get();
         bytes.mid(0, numericSize);
         const auto start = bytes.data() - bytesOf(*mdb).data();
         const std::unique_ptr<char, decltype(&g_free)> text(
-            mdb_numeric_to_string(m_library->mdb.get(), static_cast<int>(start), scale, precision),
-            &g_free);
+            libmdb().numericText(m_handle->mdb.get(), static_cast<int>(start), scale, precision),
+            libmdb().freeText);
         return QByteArray(text.get()).toDouble();
     }
     }

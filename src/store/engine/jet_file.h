@@ -30,15 +30,18 @@ public:
     JetFile(const JetFile&) = delete;
     JetFile& operator=(const JetFile&) = delete;
 
+    /// Loads libmdb, which otherwise the first object does; either raises 3051 where it is missing.
+    static void loadLibrary();
+
     JetFormat format() const { return m_format; }
     /// Reads the table whose definition starts at a page: its fields and indexes, and its rows in
     /// the order of their slots, page by page. Its relations stand in a table of their own.
     JetTable readTable(const QString& name, quint32 page, const JetTableRules& rules = {});
 
 private:
-    struct Library; ///< keeps libmdb's header out of this one
-    struct Place;   ///< where a row stands
-    struct Shape;   ///< a table's definition as libmdb gives it
+    struct Handle; ///< keeps libmdb's header out of this one
+    struct Place;  ///< where a row stands
+    struct Shape;  ///< a table's definition as libmdb gives it
 
     enum class Buffer { Row, LongValue };
     JetBytes page(quint32 number, Buffer buffer = Buffer::Row);
@@ -53,7 +56,7 @@ private:
     JetBytes longValuePiece(quint32 pointer);
     void spend(qint64 bytes);
 
-    std::unique_ptr<Library> m_library;
+    std::unique_ptr<Handle> m_handle;
     JetFormat m_format;
     qint64 m_fileSize;
     qint64 m_left; ///< of the limit

@@ -1,34 +1,16 @@
 #include "store/engine/jet_reader.h"
 
-#include "store/engine/error.h"
+#include "store/engine/confined_reader.h"
 #include "store/engine/jet_bytes.h"
 #include "store/engine/jet_content.h"
+#include "store/engine/jet_file.h"
 #include "store/engine/jet_wire.h"
 
-#include <QDeadlineTimer>
-#include <QFile>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <csignal>
 #include <cstdlib>
 #include <numeric>
-
-#if defined(__SANITIZE_ADDRESS__)
-#define ORVA_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ORVA_ADDRESS_SANITIZER 1
-#endif
-#endif
+#include <optional>
 
 namespace dao {
 namespace {
@@ -60,98 +42,12 @@ QByteArray clearHeader(QByteArray start, JetFormat format) {
     return start;
 }
 
-// libmdb follows much of what a file says without a check: a made-up file can have it read beyond
-// its buffers, end the process, run for ever or take all memory, and which file does so differs
-// from one of its versions to the next. All that could be checked beforehand would amount to
-// reading the file without it. Therefore it runs in a child process, with a bound on time and
-// memory, that can write nowhere but into the pipe through which the content comes back. Whatever
-// becomes of the child, the worst that comes of it here is that the content is not whole.
-
-/// Seconds of computing for a file; many times what a whole one takes.
-int timeLimit(const QByteArray& file) {
-    constexpr qsizetype bytesASecond = 2 << 20;
-    return 5 + static_cast<int>(file.size() / bytesASecond);
-}
-
-void limit(int resource, rlim_t most) {
-    const rlimit value{most, most};
-    setrlimit(static_cast<__rlimit_resource_t>(resource), &value);
-}
-
-void limitMemory(const QByteArray& file) {
-#ifdef ORVA_ADDRESS_SANITIZER
-    Q_UNUSED(file) // its shadow alone takes more address space than any limit could name
-#else
-    QFile pages(QStringLiteral("/proc/self/statm"));
-    if (!pages.open(QIODevice::ReadOnly))
-        return;
-    const rlim_t mapped = pages.readAll().split(' ').first().toULongLong() *
-                          static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
-    constexpr rlim_t slack = 512 << 20;
-    limit(RLIMIT_AS, mapped + slack + 64 * static_cast<rlim_t>(file.size()));
-#endif
-}
-
-/// Takes from the child process what it does not need for its work, and could do harm with.
-void confine(const QByteArray& file, pid_t parent) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent)
-        _exit(EXIT_FAILURE);
-    prctl(PR_SET_DUMPABLE, 0); // no image of the file's content is left behind by a crash
-    for (const int signal : {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGTRAP, SIGXCPU, SIGXFSZ})
-        std::signal(signal, SIG_DFL);
-    // Nor does any message of libmdb's, which may name what it read.
-    const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        dup2(nowhere, stream);
+/// What the child process does.
+QByteArray readAndPack(const QByteArray& file) {
     // With these a person's environment would change what libmdb reads and in which encoding.
     for (const char* variable : {"MDBOPTS", "MDBICONV", "MDB_JET3_CHARSET"})
         unsetenv(variable);
-    limitMemory(file);
-    limit(RLIMIT_FSIZE, 0);
-    limit(RLIMIT_CPU, static_cast<rlim_t>(timeLimit(file)));
-}
-
-void writeAll(int pipe, const QByteArray& bytes) {
-    for (qsizetype written = 0; written < bytes.size();) {
-        const ssize_t count =
-            write(pipe, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
-        if (count < 0 && errno != EINTR)
-            return;
-        written += std::max<ssize_t>(count, 0);
-    }
-}
-
-[[noreturn]] void runChild(const QByteArray& file, pid_t parent, int pipe) {
-    try {
-        confine(file, parent);
-        writeAll(pipe, packContent(readJetContent(file)));
-    } catch (...) {
-        _exit(EXIT_FAILURE); // the parent misses the content
-    }
-    _exit(EXIT_SUCCESS);
-}
-
-/// All that comes through the pipe until its other end closes, or time or measure is over.
-QByteArray readAll(int pipe, qsizetype most, QDeadlineTimer deadline) {
-    QByteArray bytes;
-    QByteArray piece(1 << 16, Qt::Uninitialized);
-    while (bytes.size() <= most) {
-        pollfd ready{pipe, POLLIN, 0};
-        const int left = static_cast<int>(deadline.remainingTime());
-        const int state = poll(&ready, 1, left);
-        if (state < 0 && errno == EINTR)
-            continue;
-        if (state <= 0)
-            break;
-        const ssize_t count = read(pipe, piece.data(), static_cast<size_t>(piece.size()));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            break;
-        bytes.append(piece.constData(), count);
-    }
-    return bytes;
+    return packContent(readJetContent(file));
 }
 
 } // namespace
@@ -195,30 +91,12 @@ QString jetPassword(const QByteArray& start) {
 }
 
 JetContent readJetFile(const QByteArray& file) {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file can't be read: the system refuses a pipe."));
-    const pid_t parent = getpid();
-    const pid_t child = fork();
-    if (child == 0)
-        runChild(file, parent, ends[1]);
-    close(ends[1]);
-    QByteArray bytes;
-    if (child > 0) {
-        constexpr qsizetype slack = 128 << 20;
-        constexpr int waiting = 10; // times its computing time a child may wait for its turn
-        bytes = readAll(ends[0], 16 * file.size() + slack,
-                        QDeadlineTimer(qint64(1000) * waiting * timeLimit(file)));
-        kill(child, SIGKILL);
-        while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-        }
-    }
-    close(ends[0]);
-    if (child < 0)
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file can't be read: the system refuses a process."));
-    return unpackContent(bytes);
+    JetFile::loadLibrary();
+    const std::optional<QByteArray> content =
+        readConfined(boundsForInput(file.size()), [&file] { return readAndPack(file); });
+    if (!content)
+        raiseDamaged();
+    return unpackContent(*content);
 }
 
 } // namespace dao

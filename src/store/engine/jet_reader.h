@@ -28,7 +28,7 @@ QString jetPassword(const QByteArray& start);
 
 /// Reads a genuine Jet file whole. Date fields come as texts "yyyy-mm-dd hh:mm:ss", truth values as
 /// -1 and 0, currencies as numbers. Raises 3343 for a damaged or truncated file: whatever its
-/// bytes, it ends in content or in that error.
+/// bytes, it ends in content or in that error. Raises 3051 where the computer lacks what it needs.
 JetContent readJetFile(const QByteArray& file);
 
 } // namespace dao

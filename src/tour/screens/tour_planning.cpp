@@ -106,7 +106,7 @@ void fillTodaysWeek(Session& session) {
     QList<SlotTexts> texts;
     for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
         const PlannedPeriod& planned = sequence[i % std::size(sequence)];
-        texts += {rtfOf(planned.lesson), rtfOf(planned.homework), true};
+        texts += SlotTexts{rtfOf(planned.lesson), rtfOf(planned.homework)};
     }
     sheets.Update_Records(texts);
 }
