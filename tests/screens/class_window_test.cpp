@@ -123,7 +123,7 @@ TEST_F(RegisterScreenTest, ClassesWithoutPupilsOrLessonsSayWhatIsMissing) {
 
 TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     show();
-    seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, AnswerYes + CheckBoxTicked);
+    seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, BoxAnswer{AnswerYes, true});
     auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
     tasks.setCurrentRow(tasks.count() - 1);
     tasks.setFocus();

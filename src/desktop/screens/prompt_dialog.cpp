@@ -82,7 +82,7 @@ QStringList withAccessKeys(const QStringList& captions) {
 
 /// In the set of three a caption of its own can turn Cancel into an action; No is then what does
 /// nothing.
-int escapeAnswer(int flags, const QStringList& ownCaptions) {
+PromptAnswer escapeAnswer(int flags, const QStringList& ownCaptions) {
     constexpr int cancelOfThree = 2;
     const bool cancelIsAction = promptButtons(flags).size() > cancelOfThree &&
                                 decliningAnswer(flags) == AnswerCancel &&
@@ -122,14 +122,14 @@ PromptDialog::PromptDialog(QWidget* parent)
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-int PromptDialog::msg_Box(const QString& text, int flags, const QString& title,
-                          const BoxLook& look) {
+BoxAnswer PromptDialog::msg_Box(const QString& text, int flags, const QString& title,
+                                const BoxLook& look) {
     prepare(text, flags, title, look);
     return answer();
 }
 
-int PromptDialog::MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                              const BoxLook& look, Clock& clock) {
+BoxAnswer PromptDialog::MsgAuto_box(const QString& text, int flags, const QString& title,
+                                    int seconds, const BoxLook& look, Clock& clock) {
     prepare(text, flags, title, look);
     clock.startTimer(AutoCloseTimer, std::chrono::seconds(seconds), [this] { m_default->click(); });
     const auto stop = qScopeGuard([&clock] { clock.stopTimer(AutoCloseTimer); });
@@ -165,14 +165,17 @@ std::optional<DatePeriod> PromptDialog::Date_Box(const QString& title, const Dat
     return answer() == AnswerOk ? page->period() : std::nullopt;
 }
 
-QString PromptDialog::File_Link(const QString& title, const QString& text, const QString& name,
-                                const QString& path, Prompts& prompts) {
+std::optional<LinkAnswer> PromptDialog::File_Link(const QString& title, const QString& text,
+                                                  const QString& name, const QString& path,
+                                                  Prompts& prompts) {
     auto* page = new LinkPage(name, path, prompts);
     addPage(page);
     m_mayAccept = [page] { return page->check(); };
     prepare(text, OkCancelButtons, title, {});
     page->setFocus();
-    return answer() == AnswerOk ? page->name() + FileLinkSeparator + page->path() : QString();
+    if (answer() != AnswerOk)
+        return std::nullopt;
+    return LinkAnswer{page->name(), page->path()};
 }
 
 void PromptDialog::ALL_File_Links(const QString& title, const QString& text,
@@ -283,14 +286,14 @@ void PromptDialog::SetDefaultButton(int flags) {
     m_default->setFocus();
 }
 
-void PromptDialog::press(int answer) {
+void PromptDialog::press(PromptAnswer answer) {
     if (answer != AnswerOk || !m_mayAccept || m_mayAccept())
         done(answer);
 }
 
-int PromptDialog::answer() {
+BoxAnswer PromptDialog::answer() {
     const int pressed = exec();
-    return pressed + (m_checkBox->isChecked() ? CheckBoxTicked : 0);
+    return {static_cast<PromptAnswer>(pressed), m_checkBox->isChecked()};
 }
 
 void PromptDialog::reject() {
