@@ -136,14 +136,15 @@ QImage pictureNamed(const QString& grade, const QHash<QString, QString>& files) 
 
 QString askFileNameColumn(const dao::Database& database, const QString& classCode,
                           Prompts& prompts) {
-    SelectorRequest request{.page = SelectorPage::OneItem};
+    OneItemRequest request;
     request.text =
         u"One of the Grade Columns for this class should identify the file names each pupils "
         "picture file. (*.bmp) .Please select which grades column contains this information. :"_s;
     request.title = u"Grade column titles for "_s + classCode;
     for (const dao::Field& field : database.TableDefs()[marksTable(classCode)].Fields())
         request.items += field.Name;
-    return prompts.ReturnString(request);
+    const std::optional<int> item = prompts.ReturnString(request);
+    return item ? request.items[*item] : QString();
 }
 
 /// Gives all pupils their photos; answers how many files are missing.

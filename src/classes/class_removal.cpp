@@ -141,7 +141,7 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
     if (mayArchive)
         look.captions = {u"Yes"_s, u"No"_s, u"Archive"_s};
     look.checkBox = DontAskCaption;
-    int answer = prompts.msg_Box(
+    const BoxAnswer answer = prompts.msg_Box(
         u"Deleting the class "_s + classCode +
             u" will result in the Register,\nMarks and Seating Plan being deleted also!"
             "\n\nYOU WILL NOT BE ABLE TO UNDO THESE CHANGES"
@@ -149,10 +149,7 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
             "\n\nAre you sure you want to delete this class?"_s,
         (mayArchive ? YesNoCancelButtons : YesNoButtons) | WarningIcon | SecondButtonDefault,
         u"Delete Class:"_s, look);
-    if (answer > CheckBoxTicked) {
-        dontAsk = true;
-        answer -= CheckBoxTicked;
-    }
+    dontAsk = answer.ticked;
     if (answer == AnswerYes)
         return DeleteClassAnswer::Yes;
     return answer == AnswerCancel ? DeleteClassAnswer::Archive : DeleteClassAnswer::No;
@@ -178,15 +175,12 @@ bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint6
     if (!dontAsk) {
         BoxLook look;
         look.checkBox = DontAskCaption;
-        int answer = prompts.msg_Box(
+        const BoxAnswer answer = prompts.msg_Box(
             u"Deleting a pupil from a class list will remove the registration and mark sheet data "
             "also.\n\nAre you sure you wish to remove "_s +
                 name.firstname + u' ' + name.surname + u" from this class?\n"_s,
             YesNoButtons | QuestionIcon | SecondButtonDefault, title, look);
-        if (answer > CheckBoxTicked) {
-            dontAsk = true;
-            answer -= CheckBoxTicked;
-        }
+        dontAsk = answer.ticked;
         if (answer != AnswerYes)
             return false;
     }
@@ -196,7 +190,7 @@ bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint6
 bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
                        const QList<qint64>& pupils, Prompts& prompts) {
     const QString title = u"Remove ALL Pupils"_s;
-    const int answer = prompts.msg_Box(
+    const BoxAnswer answer = prompts.msg_Box(
         u"Deleting All PUPILs from this class list will remove the registration and mark sheet "
         "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
         YesNoButtons | QuestionIcon, title);

@@ -88,12 +88,12 @@ ColumnCommands gradeColumnCommands(const QList<int>& selected, int columnCount) 
 }
 
 std::optional<NewField> askGradeColumn(Prompts& prompts) {
-    SelectorRequest request{.page = SelectorPage::NewField};
+    NewFieldRequest request;
     request.title = u"Create New Field"_s;
     request.text = u"Here you can create a new data field ready to hold the data you want to enter "
                    "or import."_s;
     request.label = u"If this field is a grades column, enter the date that the work was set:"_s;
-    return readNewField(prompts.ReturnString(request));
+    return prompts.ReturnString(request);
 }
 
 bool addGradeColumn(const dao::Database& database, const QString& classCode, const NewField& field,
@@ -140,14 +140,14 @@ bool MoveColumn(const dao::Database& database, const QString& classCode, const Q
 }
 
 QString askColumnTitle(const QString& title, Prompts& prompts) {
-    SelectorRequest request{.page = SelectorPage::NewField};
+    NewFieldRequest request;
     request.title = u"Rename Column"_s;
     request.text = u"Here you can rename the selected column:\n"_s + title;
     request.label = u"Change the title of the selected column below:"_s;
     request.name = title;
     request.showTypes = false;
     request.showCalendar = false;
-    const std::optional<NewField> field = readNewField(prompts.ReturnString(request));
+    const std::optional<NewField> field = prompts.ReturnString(request);
     return field ? field->name : QString();
 }
 

@@ -50,13 +50,13 @@ QStringList noteCategories(const dao::Database& database, const QString& classCo
 }
 
 QString askNotesCategory(Prompts& prompts) {
-    SelectorRequest request{.page = SelectorPage::NewField};
+    NewFieldRequest request;
     request.title = u"Create Notes Category"_s;
     request.text = u"Here you can create a Note Category ready to hold the data you want to enter "
                    "or import."_s;
     request.memoOnly = true;
     request.showCalendar = false;
-    const std::optional<NewField> field = readNewField(prompts.ReturnString(request));
+    const std::optional<NewField> field = prompts.ReturnString(request);
     return field ? field->name : QString();
 }
 

@@ -18,14 +18,15 @@ PromptAnswer ConsolePrompts::PlainBox(const QString& text, int flags, const QStr
     return decliningAnswer(flags);
 }
 
-int ConsolePrompts::msg_Box(const QString& text, int flags, const QString& title, const BoxLook&) {
-    return PlainBox(text, flags, title);
+BoxAnswer ConsolePrompts::msg_Box(const QString& text, int flags, const QString& title,
+                                  const BoxLook&) {
+    return {PlainBox(text, flags, title)};
 }
 
-int ConsolePrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
-                                const BoxLook&) {
+BoxAnswer ConsolePrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
+                                      const BoxLook&) {
     print(title, text);
-    return defaultAnswer(flags);
+    return {defaultAnswer(flags)};
 }
 
 QString ConsolePrompts::input_box(const QString& text, int, const QString& title, const QString&,
@@ -38,8 +39,9 @@ std::optional<DatePeriod> ConsolePrompts::Date_Box(const QString&, const DatePer
     return std::nullopt;
 }
 
-QString ConsolePrompts::File_Link(const QString&, const QString&, const QString&, const QString&) {
-    return {};
+std::optional<LinkAnswer> ConsolePrompts::File_Link(const QString&, const QString&, const QString&,
+                                                    const QString&) {
+    return std::nullopt;
 }
 
 QString ConsolePrompts::OpenFileDialog(const QString&, const QList<FileFilter>&, const QString&,
@@ -59,8 +61,20 @@ std::optional<FontRecord> ConsolePrompts::ChooseFont(const FontRecord&) {
     return std::nullopt;
 }
 
-QString ConsolePrompts::ReturnString(const SelectorRequest&) {
+std::optional<int> ConsolePrompts::ReturnString(const OneItemRequest&) {
+    return std::nullopt;
+}
+
+QList<int> ConsolePrompts::ReturnString(const SeveralItemsRequest&) {
     return {};
+}
+
+std::optional<SpreadsheetChoice> ConsolePrompts::ReturnString(const SpreadsheetRequest&) {
+    return std::nullopt;
+}
+
+std::optional<NewField> ConsolePrompts::ReturnString(const NewFieldRequest&) {
+    return std::nullopt;
 }
 
 QString ConsolePrompts::PromptForPassword() {

@@ -8,19 +8,23 @@
 class ConsolePrompts : public Prompts {
 public:
     PromptAnswer PlainBox(const QString& text, int flags, const QString& title) override;
-    int msg_Box(const QString& text, int flags, const QString& title, const BoxLook& look) override;
-    int MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                    const BoxLook& look) override;
+    BoxAnswer msg_Box(const QString& text, int flags, const QString& title,
+                      const BoxLook& look) override;
+    BoxAnswer MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                          const BoxLook& look) override;
     QString input_box(const QString& text, int flags, const QString& title, const QString& proposal,
                       qint32 colour) override;
     std::optional<DatePeriod> Date_Box(const QString& title, const DatePeriod& limits) override;
-    QString File_Link(const QString& title, const QString& text, const QString& name,
-                      const QString& path) override;
+    std::optional<LinkAnswer> File_Link(const QString& title, const QString& text,
+                                        const QString& name, const QString& path) override;
     QString OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
                            const QString& startFolder, int flags, bool save) override;
     QString ChooseFolder(const QString& title) override;
     std::optional<qint32> ChooseColour(qint32 colour) override;
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
-    QString ReturnString(const SelectorRequest& request) override;
+    std::optional<int> ReturnString(const OneItemRequest& request) override;
+    QList<int> ReturnString(const SeveralItemsRequest& request) override;
+    std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) override;
+    std::optional<NewField> ReturnString(const NewFieldRequest& request) override;
     QString PromptForPassword() override;
 };

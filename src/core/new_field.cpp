@@ -69,22 +69,3 @@ bool showNameRefused(Prompts& prompts, const dao::EngineError& error, const QStr
     }
     return false;
 }
-
-QString newFieldText(const NewField& field) {
-    const int size = field.type == dao::DataType::Text ? field.size : LargestText;
-    return QStringList{field.name, QString::number(static_cast<int>(field.type)),
-                       QString::number(size), field.date.toString(Qt::ISODate)}
-        .join(u',');
-}
-
-std::optional<NewField> readNewField(const QString& answer) {
-    if (answer.isEmpty())
-        return std::nullopt;
-    const QStringList parts = answer.split(u',');
-    NewField field;
-    field.name = parts.value(0);
-    field.type = static_cast<dao::DataType>(parts.value(1).toShort());
-    field.size = parts.value(2).toInt();
-    field.date = QDate::fromString(parts.value(3), Qt::ISODate);
-    return field;
-}

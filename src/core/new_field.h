@@ -6,8 +6,6 @@
 #include <QList>
 #include <QString>
 
-#include <optional>
-
 class Prompts;
 
 namespace dao {
@@ -32,12 +30,14 @@ inline constexpr int NewFieldSizeLength = 3;  ///< digits
 struct NewField {
     QString name;
     dao::DataType type = UsualNewFieldType;
-    int size = UsualNewFieldSize; ///< characters of a Text
-    QDate date;                   ///< of the work, where the field holds grades; may be invalid
+    int size = UsualNewFieldSize; ///< characters of a Text; says nothing of other types
+    QDate date = {};              ///< of the work, where the field holds grades; may be invalid
+
+    bool operator==(const NewField&) const = default;
 };
 
 /// Whether a key can stand in the name. If not it is told. What is pasted is the engine's to
-/// refuse, but for a comma, which would part the answer.
+/// refuse.
 bool checkNewFieldKey(QChar key, Prompts& prompts);
 /// Whether the field can be made: it has a name and, a Text, a size from 1 to 255. If not it is
 /// told.
@@ -47,9 +47,3 @@ bool checkNewField(const NewField& field, Prompts& prompts);
 /// (3125): `things` must have different titles. False, with nothing shown, for every other failure.
 bool showNameRefused(Prompts& prompts, const dao::EngineError& error, const QString& things,
                      const QString& takenTitle, const QString& invalidTitle);
-
-/// The answer of the page: name "," type code "," size "," date; the size of all but a Text is 255,
-/// the date is empty or YYYY-MM-DD.
-QString newFieldText(const NewField& field);
-/// Reads that back; none for an empty answer.
-std::optional<NewField> readNewField(const QString& answer);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/font_record.h"
+#include "core/new_field.h"
 #include "core/selector.h"
 
 #include <QDate>
@@ -11,7 +12,7 @@
 
 #include <optional>
 
-/// What a box answers: the value of the button that closed it. Callers know the values by number.
+/// The button that closed a box.
 enum PromptAnswer {
     AnswerOk = 1,
     AnswerCancel = 2,
@@ -22,8 +23,14 @@ enum PromptAnswer {
     AnswerNo = 7,
 };
 
-/// Added to the answer of msg_Box when its check box was ticked: No with the box ticked is 107.
-inline constexpr int CheckBoxTicked = 100;
+/// What msg_Box and MsgAuto_box answer.
+struct BoxAnswer {
+    PromptAnswer button = AnswerCancel;
+    bool ticked = false; ///< the check box, where there is one
+
+    bool operator==(const BoxAnswer&) const = default;
+    bool operator==(PromptAnswer other) const { return button == other; }
+};
 
 /// The word of flags of a box: one set of buttons, at most one icon, and the default button.
 enum PromptFlag {
@@ -86,8 +93,13 @@ struct DatePeriod {
     bool operator==(const DatePeriod&) const = default;
 };
 
-/// Joins the name and the path in the answer of File_Link: the character 172.
-inline constexpr QChar FileLinkSeparator = QChar(172);
+/// What File_Link answers.
+struct LinkAnswer {
+    QString name;
+    QString path; ///< of a file, or a web address
+
+    bool operator==(const LinkAnswer&) const = default;
+};
 
 /// How the rules ask the person. Every operation shows one dialog, waits for it and answers what
 /// the person did; none changes anything else. Tests and tools without a window put others in its
@@ -99,24 +111,22 @@ public:
     /// The system's plain message box. `flags` is made of PromptFlag.
     virtual PromptAnswer PlainBox(const QString& text, int flags, const QString& title) = 0;
 
-    /// The program's own message box. Answers a PromptAnswer, plus CheckBoxTicked when the look
-    /// has a check box and it was ticked.
-    virtual int msg_Box(const QString& text, int flags, const QString& title,
-                        const BoxLook& look = {}) = 0;
+    /// The program's own message box.
+    virtual BoxAnswer msg_Box(const QString& text, int flags, const QString& title,
+                              const BoxLook& look = {}) = 0;
     /// A message box that closes by itself after so many seconds and then reports the default
     /// button.
-    virtual int MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                            const BoxLook& look = {}) = 0;
+    virtual BoxAnswer MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                                  const BoxLook& look = {}) = 0;
     /// Asks for a line of text; empty when it was cancelled.
     virtual QString input_box(const QString& text, int flags, const QString& title,
                               const QString& proposal = {}, qint32 colour = 0) = 0;
     /// Asks for a period within the limits, the first day not behind the last; nothing when it was
     /// cancelled.
     virtual std::optional<DatePeriod> Date_Box(const QString& title, const DatePeriod& limits) = 0;
-    /// Asks for a file or web address and a name for it. Answers the name and the path joined by
-    /// FileLinkSeparator, empty when it was cancelled.
-    virtual QString File_Link(const QString& title, const QString& text, const QString& name,
-                              const QString& path) = 0;
+    /// Asks for a file or web address and a name for it. Nothing when it was cancelled.
+    virtual std::optional<LinkAnswer> File_Link(const QString& title, const QString& text,
+                                                const QString& name, const QString& path) = 0;
 
     /// Asks for the path of a file to open, or to save when `save`; empty when it was cancelled.
     /// `flags` is made of FileDialogFlag. To replace a file that exists is the caller's question.
@@ -128,11 +138,12 @@ public:
     virtual std::optional<qint32> ChooseColour(qint32 colour) = 0;
     virtual std::optional<FontRecord> ChooseFont(const FontRecord& font) = 0;
 
-    /// Asks by a page of the selector. Answers what was chosen as one text, its parts separated by
-    /// commas, empty when it was cancelled: OneItem the item; Spreadsheet row "," column A ","
-    /// column B "," column C (letters, a column not asked for is empty); SeveralItems each item
-    /// followed by ","; NewField as newFieldText (new_field.h) puts it together.
-    virtual QString ReturnString(const SelectorRequest& request) = 0;
+    /// Asks by a page of the selector, one a request. Answers the place of an item in the list, the
+    /// places of several in order, or what was chosen; nothing, or no place, when it was cancelled.
+    virtual std::optional<int> ReturnString(const OneItemRequest& request) = 0;
+    virtual QList<int> ReturnString(const SeveralItemsRequest& request) = 0;
+    virtual std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) = 0;
+    virtual std::optional<NewField> ReturnString(const NewFieldRequest& request) = 0;
 
     /// Asks for the password of a database; empty when it was cancelled.
     virtual QString PromptForPassword() = 0;

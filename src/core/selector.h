@@ -3,36 +3,48 @@
 #include <QString>
 #include <QStringList>
 
-/// The pages of the selector, by their numbers.
-enum class SelectorPage {
-    OneItem,      ///< one item of a list
-    Spreadsheet,  ///< a row and up to three columns of a workbook's first sheet
-    SeveralItems, ///< any items of a list
-    NewField,     ///< the name, type, size and date of a new field
+/// What a page of the selector is asked to show and, where that is not one plain value, what it
+/// answers (core/prompts.h, ReturnString).
+
+/// What every page shows.
+struct SelectorRequest {
+    QString title; ///< the caption of the window
+    QString text;  ///< what the person reads above
+    QString label; ///< a line above the list, the preview or the calendar
 };
 
-/// What the selector shows. What a page does not name is not looked at.
-struct SelectorRequest {
-    SelectorPage page;
-    QString title = {}; ///< the caption of the window
-    QString text = {};  ///< what the person reads above
-    QString label = {}; ///< a line above the list, the preview or the calendar
+/// One item of a list.
+struct OneItemRequest : SelectorRequest {
+    QStringList items;
+};
 
-    QStringList items = {}; ///< OneItem, SeveralItems
+/// Any items of a list.
+struct SeveralItemsRequest : SelectorRequest {
+    QStringList items;
+};
 
-    /// Spreadsheet: the path of the file; the labels of the columns to choose, up to three, and
-    /// what stands in each first ("A"); the columns that are offered, and whether "None" is, for
-    /// the third; the label of the row and what stands there first.
-    QString workbook = {};
-    QStringList columnLabels = {};
-    QStringList columns = {};
-    QStringList columnChoices = {};
+/// A row and up to three columns of a workbook's first sheet.
+struct SpreadsheetRequest : SelectorRequest {
+    QString workbook;          ///< the path of the file
+    QStringList columnLabels;  ///< of the columns to choose, up to three
+    QStringList columns;       ///< what stands in each first ("A")
+    QStringList columnChoices; ///< the columns that are offered
     bool thirdMayBeNone = false;
-    QString rowLabel = {};
-    int row = 1;
+    QString rowLabel;
+    int row = 1; ///< what stands there first
+};
 
-    QString name = {};        ///< NewField: the name that stands in the box
-    bool showTypes = true;    ///< NewField: whether the type can be chosen
-    bool memoOnly = false;    ///< NewField: of the types only Memo is offered, and set
-    bool showCalendar = true; ///< NewField: whether a date can be picked
+struct SpreadsheetChoice {
+    int row = 1;         ///< from 1
+    QStringList columns; ///< letters, one for each label; empty where None was chosen
+
+    bool operator==(const SpreadsheetChoice&) const = default;
+};
+
+/// The name, type, size and date of a new field.
+struct NewFieldRequest : SelectorRequest {
+    QString name;             ///< what stands in the box
+    bool showTypes = true;    ///< whether the type can be chosen
+    bool memoOnly = false;    ///< of the types only Memo is offered, and set
+    bool showCalendar = true; ///< whether a date can be picked
 };

@@ -97,7 +97,7 @@ OpenResult Session::openOnce(const QString& path, const QString& password) {
 OpenResult Session::openConverted(const QString& path, const QString& password) {
     CurrentDB.Close();
     const QString copy = convertedName(path);
-    const int answer = m_seams.prompts.msg_Box(
+    const BoxAnswer answer = m_seams.prompts.msg_Box(
         QStringLiteral("The database :\n\n%1\n\nis in the older Jet format.\n\nA converted copy "
                        "will be made beside it and opened:\n\n%2\n\nThe original file stays as it "
                        "is. Do you wish to continue ?")

@@ -30,15 +30,14 @@ enum ClosingBackup {
 bool wantsBackup(Session& session) {
     BoxLook look;
     look.checkBox = QStringLiteral("Don't show this prompt again (Use Automatic Backups)");
-    int answer = session.GetSeams().prompts.msg_Box(
+    const BoxAnswer answer = session.GetSeams().prompts.msg_Box(
         QStringLiteral("ORVA is closing!,\nDo you wish to Backup and Compress the database?"),
         YesNoButtons | QuestionIcon | SecondButtonDefault,
         QStringLiteral("Backup/Compress Database"), look);
-    if (answer > CheckBoxTicked) {
+    if (answer.ticked) {
         session.GetSettings().CreateRegistryKey(setting::Root);
         session.GetSettings().WriteRegistryValue(setting::Root, setting::AutoBackup,
                                                  CompactAndBackup);
-        answer -= CheckBoxTicked;
     }
     return answer == AnswerYes;
 }

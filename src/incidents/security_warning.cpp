@@ -11,13 +11,13 @@ bool MayShowIncidents(Settings& settings, Prompts& prompts) {
         return true;
     BoxLook look;
     look.checkBox = u"Do not show this dialog again:"_s;
-    int answer = prompts.msg_Box(u"This utility may contain sensitive and private information, are "
-                                 "you sure you wish to display this information now?"_s,
-                                 YesNoButtons | WarningIcon, u"Security warning"_s, look);
-    if (answer > CheckBoxTicked) {
+    const BoxAnswer answer =
+        prompts.msg_Box(u"This utility may contain sensitive and private information, are "
+                        "you sure you wish to display this information now?"_s,
+                        YesNoButtons | WarningIcon, u"Security warning"_s, look);
+    if (answer.ticked) {
         settings.CreateRegistryKey(key);
         settings.WriteRegistryValue(key, setting::ShowSecurityDialog, 1);
-        answer -= CheckBoxTicked;
     }
     return answer == AnswerYes;
 }

@@ -133,7 +133,7 @@ void DailySheets::Activate_1st() {
             BoxLook look;
             look.colour = GreenPanel;
             look.captions = {u"Yes please"_s, u"No thanks"_s};
-            const int answer =
+            const BoxAnswer answer =
                 prompts.msg_Box(u"There does not appear to be a current planning sheet for today!\n"
                                 "Would you like to create one now?"_s,
                                 YesNoButtons | QuestionIcon, u"Today"_s, look);
@@ -222,7 +222,7 @@ bool DailySheets::pickDate(QDate date) {
         dao::Recordset clone = m_data.Clone();
         if (FindInRecordset(clone, criteriaFor(sheetDateText(date))))
             return ShowPlan(date);
-        const int answer = m_session.GetSeams().prompts.msg_Box(
+        const BoxAnswer answer = m_session.GetSeams().prompts.msg_Box(
             u"A Plan for the date : %1 does not exist!\n\nWould you like to create one?"_s.arg(
                 shortHeading(date)),
             YesNoButtons | QuestionIcon, u"Create Plan"_s);
@@ -321,7 +321,7 @@ void DailySheets::deleteSheet() {
     if (isEmpty())
         return;
     Prompts& prompts = m_session.GetSeams().prompts;
-    const int answer = prompts.msg_Box(
+    const BoxAnswer answer = prompts.msg_Box(
         u"You are about to delete the record for %1\n"
         "You will not be able to recover this record! are you sure you wish to continue?"_s.arg(
             heading()),

@@ -80,12 +80,11 @@ QList<FileLink> AllFileLinks(const Session& session) {
 
 bool AddFileLink(const Session& session, const QString& planDate, int period) {
     Prompts& prompts = session.GetSeams().prompts;
-    const QString answer =
+    const std::optional<LinkAnswer> answer =
         prompts.File_Link(u"Create a File Link"_s, u"Enter the information"_s, {}, {});
-    if (answer.isEmpty())
+    if (!answer)
         return false;
-    const FileLink link{planDate, answer.section(FileLinkSeparator, 0, 0),
-                        answer.section(FileLinkSeparator, 1)};
+    const FileLink link{planDate, answer->name, answer->path};
     bool isAdded = false;
     telling(session, u"Add File Link Error"_s, [&] {
         if (hasName(readLinks(session.CurrentDB, planDate, period), link.name)) {

@@ -37,7 +37,7 @@ QString chooseTarget(const BackupContext& context, const QString& backup) {
                                   restoredName(backup, context.folders[OpenFolder].folder));
     if (!QFile::exists(usual))
         return usual;
-    const int answer =
+    const BoxAnswer answer =
         context.seams.prompts.msg_Box(u"Do you wish to replace the file "_s + usual,
                                       YesNoButtons | QuestionIcon, u"Restore File"_s);
     if (answer == AnswerYes)
@@ -112,7 +112,7 @@ QString RestoreBackupFile(const BackupContext& context) {
 
 bool RepairDatabaseFile(const BackupContext& context, const QString& path) {
     Prompts& prompts = context.seams.prompts;
-    const int answer =
+    const BoxAnswer answer =
         prompts.msg_Box(u"The opperation will attempt to repair a selected database.\n"
                         "You should only run this opperation if you are experiencing \n"
                         "problems with accessing data in the current database.\n"

@@ -106,7 +106,7 @@ TEST_F(ClassRemovalTest, TheQuestionCanBeSwitchedOff) {
     EXPECT_FALSE(dontAsk);
     seams.prompts.expect(PromptKind::Message, title, int(AnswerCancel));
     EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Archive);
-    seams.prompts.expect(PromptKind::Message, title, AnswerYes + CheckBoxTicked);
+    seams.prompts.expect(PromptKind::Message, title, BoxAnswer{AnswerYes, true});
     EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Yes);
     EXPECT_EQ(askDeleteClass(seams.prompts, u"7A"_s, true, dontAsk), DeleteClassAnswer::Yes);
 }

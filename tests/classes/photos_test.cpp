@@ -182,7 +182,7 @@ TEST_F(PhotosTest, PhotosComeFromTheFilesThatAColumnNames) {
     put(u"photos/zoe\u0308.gif.png"_s, bytesOf(coloured(Qt::cyan), "PNG")); // the accent by itself
     loadByGrades({u"ann"_s, u"../secret"_s, u"ED"_s, u"Zoë.gif"_s}, place);
     EXPECT_TRUE(seams.prompts.last().text.startsWith(u"1 files could not be found, "_s));
-    EXPECT_EQ(seams.prompts.selectors().last().items, (QStringList{u"ID"_s, u"File [a]"_s}));
+    EXPECT_EQ(seams.prompts.seen().at(0).items, (QStringList{u"ID"_s, u"File [a]"_s}));
     EXPECT_EQ(colour(1), QColor(Qt::red)); // the very name comes first
     EXPECT_TRUE(photo(2).isNull());
     EXPECT_EQ(colour(3), QColor(Qt::blue)); // a bitmap comes before other formats

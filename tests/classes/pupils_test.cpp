@@ -48,7 +48,7 @@ TEST_F(PupilsTest, APupilGetsHisRowsEverywhere) {
     EXPECT_EQ(rows(u"SELECT Caption,Width,Height,Visible FROM sPlan_7A WHERE ID = 1"_s),
               QStringList{u"Zoë\r\nO'Brien|855|600|True"_s});
     bool dontAsk = false;
-    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, AnswerNo + CheckBoxTicked);
+    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, BoxAnswer{AnswerNo, true});
     EXPECT_FALSE(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts));
     EXPECT_TRUE(dontAsk);
     EXPECT_TRUE(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts));

@@ -350,7 +350,8 @@ TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
     makeYear("year.mdb");
     for (const Case& end :
          {Case{0, {}, false, 0}, Case{1, AnswerNo, false, 1}, Case{1, AnswerYes, true, 1},
-          Case{1, AnswerNo + 100, false, 2}, Case{2, {}, true, 2}, Case{3, {}, true, 3}}) {
+          Case{1, BoxAnswer{AnswerNo, true}, false, 2}, Case{2, {}, true, 2},
+          Case{3, {}, true, 3}}) {
         QFile::remove(path("year.001"));
         session.FolderDefaults[BackupFolder].folder = folder.path() + u'/';
         settings.CreateRegistryKey(setting::Root);

@@ -139,14 +139,14 @@ TEST(FrameCommands, APopupStandsBesideItsButton) {
 
 TEST_F(CommandTest, TheIncidentReportsWarn) {
     const struct {
-        int answer;
+        BoxAnswer answer;
         bool opens;
         bool asksAgain;
     } cases[] = {
-        {AnswerNo, false, true},
-        {AnswerYes, true, true},
-        {AnswerNo + CheckBoxTicked, false, false},
-        {AnswerYes + CheckBoxTicked, true, false},
+        {{AnswerNo, false}, false, true},
+        {{AnswerYes, false}, true, true},
+        {{AnswerNo, true}, false, false},
+        {{AnswerYes, true}, true, false},
     };
     for (const auto& [answer, opens, asksAgain] : cases) {
         settings.DeleteRegistryKey(setting::keyOf(setting::Incidents));

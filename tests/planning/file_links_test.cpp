@@ -22,8 +22,7 @@ protected:
     }
 
     bool add(const QString& date, int period, const QString& name, const QString& path) {
-        seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
-                             name + FileLinkSeparator + path);
+        seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s, LinkAnswer{name, path});
         return AddFileLink(session, date, period);
     }
     QStringList names(const QString& date, int period) {
@@ -48,7 +47,7 @@ TEST_F(PeriodLinksTest, ANameIsUniqueInItsPeriod) {
     EXPECT_EQ(names(monday, 1), QStringList());
     EXPECT_TRUE(add(monday, 1, u"Dad's maths"_s, u"http://example.org/1"_s));
     seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
-                         u"dad's maths"_s + FileLinkSeparator + u"http://example.org/2"_s);
+                         LinkAnswer{u"dad's maths"_s, u"http://example.org/2"_s});
     seams.prompts.expect(PromptKind::Message, u"Duplicate name"_s, AnswerOk);
     EXPECT_FALSE(AddFileLink(session, monday, 1));
     EXPECT_TRUE(add(monday, 2, u"Dad's maths"_s, u"http://example.org/3"_s));

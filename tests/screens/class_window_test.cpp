@@ -125,7 +125,7 @@ TEST_F(RegisterScreenTest, ClassesWithoutPupilsOrLessonsSayWhatIsMissing) {
 TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     show();
     const QSignalSpy changes(&session.GetNotices(), &Notices::classesChanged);
-    seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, AnswerYes + CheckBoxTicked);
+    seams.prompts.expect(PromptKind::Message, u"Delete Class:"_s, BoxAnswer{AnswerYes, true});
     auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
     tasks.setCurrentRow(tasks.count() - 1);
     tasks.setFocus();

@@ -347,7 +347,7 @@ TEST_F(DailySheetTest, KeepsLinksOfAPeriod) {
     open();
     box("Text1(1)").setFocus();
     seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
-                         u"Maths' site"_s + FileLinkSeparator + u"http://example.org/a"_s);
+                         LinkAnswer{u"Maths' site"_s, u"http://example.org/a"_s});
     QTest::mouseClick(&control<QPushButton>(*sheet, u"cmdAddLink"_s), Qt::LeftButton);
     EXPECT_EQ(control<QComboBox>(*sheet, u"Combo1"_s).currentText(), u"Maths' site"_s);
     QTest::mouseClick(&control<QPushButton>(*sheet, u"cmdOpenLink"_s), Qt::LeftButton);

@@ -25,7 +25,7 @@ protected:
         window->Show_View(GradesView);
     }
     QTableView& grades() { return control<QTableView>(*window, u"GradesGrid"_s); }
-    void addColumn(const QString& answer, const QString& refusal = {}) {
+    void addColumn(const NewField& answer, const QString& refusal = {}) {
         seams.prompts.expect(PromptKind::Selector, u"Create New Field"_s, answer);
         if (!refusal.isEmpty())
             seams.prompts.expect(PromptKind::Plain, refusal, AnswerOk);
@@ -60,16 +60,16 @@ protected:
 TEST_F(GradesScreenTest, ColumnsComeMoveChangeTheirNamesAndGo) {
     showGrades();
     EXPECT_EQ(columns(), QStringList());
-    addColumn(u"Essay,10,50,"_s);
-    addColumn(u"Test 1,4,255,"_s);
-    addColumn(u"Remark,12,255,"_s);
+    addColumn({u"Essay"_s});
+    addColumn({u"Test 1"_s, dao::DataType::Long});
+    addColumn({u"Remark"_s, dao::DataType::Memo});
     EXPECT_EQ(columns(), (QStringList{u"Essay"_s, u"Test 1"_s, u"Remark"_s}));
-    addColumn(u"essay,10,50,"_s, u"Grade Error"_s); // taken
+    addColumn({u"essay"_s}, u"Grade Error"_s); // taken
     select(u"Test 1"_s);
     menuItem(u"Move Left"_s).trigger();
     EXPECT_EQ(columns().first(), u"Test 1"_s);
     EXPECT_EQ(grades().selectionModel()->selectedColumns().first().column(), 4);
-    seams.prompts.expect(PromptKind::Selector, u"Rename Column"_s, u"Spelling,10,255,"_s);
+    seams.prompts.expect(PromptKind::Selector, u"Rename Column"_s, NewField{u"Spelling"_s});
     menuItem(u"Rename selected Column..."_s).trigger();
     EXPECT_EQ(columns().first(), u"Spelling"_s);
     type(1, u"Spelling"_s, u"17"_s);
@@ -88,8 +88,8 @@ TEST_F(GradesScreenTest, ColumnsComeMoveChangeTheirNamesAndGo) {
 
 TEST_F(GradesScreenTest, KeysLeadOutOfACell) {
     showGrades();
-    addColumn(u"Essay,12,255,"_s);
-    addColumn(u"Test,4,255,"_s);
+    addColumn({u"Essay"_s, dao::DataType::Memo});
+    addColumn({u"Test"_s, dao::DataType::Long});
     const auto typeKeys = [this](const QString& text, Qt::Key last) {
         auto* editor = grades().findChild<QPlainTextEdit*>(u"GradeEditor"_s);
         if (!editor) {
@@ -121,9 +121,9 @@ TEST_F(GradesScreenTest, KeysLeadOutOfACell) {
 
 TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
     showGrades();
-    addColumn(u"Tutor,10,50,"_s, u"Grade Error"_s); // would be taken for the pupil's own
-    addColumn(u"Essay,10,50,"_s);
-    addColumn(u"Test,4,255,"_s);
+    addColumn({u"Tutor"_s}, u"Grade Error"_s); // would be taken for the pupil's own
+    addColumn({u"Essay"_s});
+    addColumn({u"Test"_s, dao::DataType::Long});
     const auto picked = [this] {
         const ColumnCommands can =
             gradeColumnCommands(static_cast<PupilGrid&>(grades()).selectedColumns(),
@@ -151,8 +151,8 @@ TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
 
 TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {
     showGrades();
-    addColumn(u"Essay,10,50,"_s);
-    addColumn(u"Test,4,255,"_s);
+    addColumn({u"Essay"_s});
+    addColumn({u"Test"_s, dao::DataType::Long});
     const int essay = window->desk().sheet().columnOf(u"Essay"_s);
     grades().setColumnWidth(essay, 140);
     select(u"Test"_s);
@@ -175,8 +175,8 @@ TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {
 
 TEST_F(GradesScreenTest, CopiesWhatIsShown) {
     showGrades();
-    addColumn(u"Essay,10,50,"_s);
-    addColumn(u"Test,4,255,"_s);
+    addColumn({u"Essay"_s});
+    addColumn({u"Test"_s, dao::DataType::Long});
     type(0, u"Test"_s, u"9"_s);
     select(u"Essay"_s);
     menuItem(u"Hide the selected Column(s)"_s).trigger();
@@ -190,7 +190,7 @@ TEST_F(GradesScreenTest, CopiesWhatIsShown) {
 
 TEST_F(GradesScreenTest, SortsAndPicksByThePanel) {
     showGrades();
-    addColumn(u"Test,4,255,"_s);
+    addColumn({u"Test"_s, dao::DataType::Long});
     type(0, u"Test"_s, u"9"_s);
     type(1, u"Test"_s, u"12"_s);
     menuItem(u"Sort Data..."_s).trigger();

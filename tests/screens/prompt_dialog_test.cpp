@@ -37,7 +37,7 @@ protected:
     PromptDialogs() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
     ~PromptDialogs() override { QLocale::setDefault(QLocale::c()); }
 
-    int askBox(int flags, const BoxLook& look, const std::function<void(QWidget&)>& act) {
+    BoxAnswer askBox(int flags, const BoxLook& look, const std::function<void(QWidget&)>& act) {
         whenAsked(act);
         return PromptDialog().msg_Box(u"Are you sure?"_s, flags, title, look);
     }
@@ -192,7 +192,7 @@ TEST_F(PromptDialogs, ALinkNeedsAPathAndAName) {
     });
     EXPECT_EQ(PromptDialog().File_Link(u"Create a File Link"_s, u"Enter the information"_s, {}, {},
                                        m_seams.prompts),
-              u"Essay  list¬"_s + file.fileName());
+              (LinkAnswer{u"Essay ¬ list"_s, file.fileName()}));
 }
 
 TEST_F(PromptDialogs, TheGridOfLinksOpensARowAndStays) {

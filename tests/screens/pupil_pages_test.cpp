@@ -227,7 +227,7 @@ TEST_F(PupilScreenTest, NotesHaveCategoriesOfTheTeachersOwn) {
     EXPECT_FALSE(note.isEnabled());
     const auto add = [this](const QString& title, const QString& refusal = {}) {
         seams.prompts.expect(PromptKind::Selector, u"Create Notes Category"_s,
-                             title + u",12,255,"_s);
+                             NewField{title, dao::DataType::Memo});
         if (!refusal.isEmpty())
             seams.prompts.expect(PromptKind::Plain, refusal, AnswerOk);
         control<QToolButton>(*window, u"cmdAddNotes"_s).click();
@@ -301,7 +301,7 @@ TEST_F(PupilScreenTest, PupilsComeAndGoByTheTaskList) {
         seams.prompts.expect(PromptKind::Plain, u"Invalid Name:"_s, AnswerOk);
         runTask(0);
     }
-    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, AnswerYes + CheckBoxTicked);
+    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, BoxAnswer{AnswerYes, true});
     runTask(2);
     EXPECT_EQ(names().model()->rowCount(), 3);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM Marks_D WHERE ID = 4"_s), QStringList());

@@ -26,9 +26,10 @@ namespace {
 class SelectorTest : public testing::Test {
 protected:
     /// What the selector answers after `act` on it.
-    QString answer(const SelectorRequest& request, const std::function<void(QWidget&)>& act) {
+    template<typename Request>
+    auto answer(const Request& request, const std::function<void(QWidget&)>& act) {
         whenAsked(act);
-        return SelectorDialog(request, prompts).ReturnString();
+        return SelectorDialog(prompts).ReturnString(request);
     }
     static void ok(QWidget& form) { control<QPushButton>(form, u"cmdOK"_s).click(); }
     static void cancel(QWidget& form) { control<QPushButton>(form, u"cmdCancel"_s).click(); }
@@ -39,7 +40,7 @@ protected:
 } // namespace
 
 TEST_F(SelectorTest, OneItemOrSeveral) {
-    SelectorRequest request{.page = SelectorPage::OneItem};
+    OneItemRequest request;
     request.title = u"Classes in year.mdb"_s;
     request.text = u"Please select which class list you would like to import:"_s;
     request.items = {u"7A"_s, u"8B"_s, u"9C"_s};
@@ -49,28 +50,29 @@ TEST_F(SelectorTest, OneItemOrSeveral) {
                          press(form, Qt::Key_Down);
                          press(form, Qt::Key_Return);
                      }),
-              u"8B"_s);
-    EXPECT_EQ(answer(request, cancel), QString());
-    request.page = SelectorPage::SeveralItems;
-    EXPECT_EQ(answer(request,
+              1);
+    EXPECT_EQ(answer(request, cancel), std::nullopt);
+    const SeveralItemsRequest several{request, request.items};
+    EXPECT_EQ(answer(several, cancel), QList<int>());
+    EXPECT_EQ(answer(several,
                      [](QWidget& form) {
                          auto& list = control<QListWidget>(form, u"List1"_s);
                          list.item(0)->setSelected(true);
                          list.item(2)->setSelected(true);
                          ok(form);
                      }),
-              u"7A,9C,"_s);
-    EXPECT_EQ(answer(request,
+              (QList<int>{0, 2}));
+    EXPECT_EQ(answer(several,
                      [](QWidget& form) {
                          control<QPushButton>(form, u"cmdAll"_s).click();
                          checkScreen(form, u"SelectorFrm_several"_s);
                          ok(form);
                      }),
-              u"7A,8B,9C,"_s);
+              (QList<int>{0, 1, 2}));
 }
 
 TEST_F(SelectorTest, ASheetItsColumnsAndItsRow) {
-    SelectorRequest request{.page = SelectorPage::Spreadsheet};
+    SpreadsheetRequest request;
     request.title = u"Importing from Excel"_s;
     request.text = u"You may change this import settings if needed:"_s;
     request.workbook = test::testData(u"spreadsheets/class_list.xls"_s);
@@ -88,7 +90,7 @@ TEST_F(SelectorTest, ASheetItsColumnsAndItsRow) {
                          checkScreen(form, u"SelectorFrm_sheet"_s);
                          ok(form);
                      }),
-              u"3,A,B,C"_s);
+              (SpreadsheetChoice{3, {u"A"_s, u"B"_s, u"C"_s}}));
     prompts.expect(PromptKind::Plain, u"Invalid Column"_s, AnswerOk);
     EXPECT_EQ(answer(request,
                      [](QWidget& form) {
@@ -101,11 +103,11 @@ TEST_F(SelectorTest, ASheetItsColumnsAndItsRow) {
                          control<QComboBox>(form, u"cboRow"_s).lineEdit()->clear();
                          ok(form);
                      }),
-              u"1,H,B,None"_s);
+              (SpreadsheetChoice{1, {u"H"_s, u"B"_s, QString()}}));
 }
 
 TEST_F(SelectorTest, ANewField) {
-    SelectorRequest request{.page = SelectorPage::NewField};
+    NewFieldRequest request;
     request.title = u"Create New Field"_s;
     request.text = u"Here you can create a new data field."_s;
     request.label = u"If this field is a grades column, enter the date:"_s;
@@ -127,19 +129,20 @@ TEST_F(SelectorTest, ANewField) {
                          size.setText(u"20"_s);
                          press(form, Qt::Key_Return);
                      }),
-              u"Essay,10,20,"_s);
+              (NewField{u"Essay"_s, dao::DataType::Text, 20}));
     EXPECT_EQ(
         answer(
             request,
             [](QWidget& form) {
                 QGuiApplication::clipboard()->setText(u"Te,st"_s);
-                control<QLineEdit>(form, u"TxtName"_s).paste(); // a comma would part the answer
+                control<QLineEdit>(form, u"TxtName"_s)
+                    .paste(); // what is not typed is not refused here
                 control<QRadioButton>(form, u"OptType(5)"_s).click();
                 EXPECT_FALSE(control<QLineEdit>(form, u"TxtSize"_s).isEnabled());
                 control<QCalendarWidget>(form, u"Calendar1"_s).setSelectedDate(QDate(2024, 9, 2));
                 ok(form);
             }),
-        u"Test,4,255,2024-09-02"_s);
+        (NewField{u"Te,st"_s, dao::DataType::Long, 50, QDate(2024, 9, 2)}));
     request.memoOnly = true;
     request.showCalendar = false;
     EXPECT_EQ(answer(request,
@@ -148,5 +151,5 @@ TEST_F(SelectorTest, ANewField) {
                          EXPECT_FALSE(control<QRadioButton>(form, u"OptType(1)"_s).isVisible());
                          press(form, Qt::Key_Return);
                      }),
-              u"Report,12,255,"_s);
+              (NewField{u"Report"_s, dao::DataType::Memo}));
 }

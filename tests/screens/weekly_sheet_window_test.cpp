@@ -217,7 +217,7 @@ TEST_F(WeeklySheetTest, SelectsASlotAndItsLinks) {
     EXPECT_TRUE(box("RTF(2)").hasFocus());
     EXPECT_EQ(caption.backgroundRole(), QPalette::Highlight);
     seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
-                         u"Slides"_s + FileLinkSeparator + u"/tmp/a.odp"_s);
+                         LinkAnswer{u"Slides"_s, u"/tmp/a.odp"_s});
     add.click();
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT PlanDate, Period, LinkName FROM FileLinks"_s),
               QStringList(u"24-09-13|2|Slides"_s));

@@ -13,6 +13,24 @@ std::string described(PromptKind kind, const QString& title) {
     return std::string(names[static_cast<int>(kind)]) + " '" + title.toStdString() + "'";
 }
 
+SeenPrompt seenSelector(const SelectorRequest& request, const QStringList& items = {}) {
+    return {
+        .kind = PromptKind::Selector, .title = request.title, .text = request.text, .items = items};
+}
+
+/// Fails the test where one is not offered.
+QList<int> placesOf(const QStringList& chosen, const QStringList& offered) {
+    QList<int> places;
+    for (const QString& item : chosen) {
+        const auto place = offered.indexOf(item);
+        if (place < 0)
+            ADD_FAILURE() << "not offered: " << item.toStdString();
+        else
+            places += static_cast<int>(place);
+    }
+    return places;
+}
+
 } // namespace
 
 ScriptedPrompts::~ScriptedPrompts() {
@@ -21,6 +39,9 @@ ScriptedPrompts::~ScriptedPrompts() {
 }
 
 void ScriptedPrompts::expect(PromptKind kind, const QString& title, PromptReply reply) {
+    const bool isBox = kind == PromptKind::Message || kind == PromptKind::AutoMessage;
+    if (const int* button = std::get_if<int>(&reply); button && isBox)
+        reply = BoxAnswer{static_cast<PromptAnswer>(*button)};
     m_expected.append({kind, title, std::move(reply)});
 }
 
@@ -56,14 +77,15 @@ PromptAnswer ScriptedPrompts::PlainBox(const QString& text, int flags, const QSt
         reply<int>({PromptKind::Plain, title, text, flags}).value_or(AnswerCancel));
 }
 
-int ScriptedPrompts::msg_Box(const QString& text, int flags, const QString& title,
-                             const BoxLook& look) {
-    return reply<int>({PromptKind::Message, title, text, flags, look}).value_or(AnswerCancel);
+BoxAnswer ScriptedPrompts::msg_Box(const QString& text, int flags, const QString& title,
+                                   const BoxLook& look) {
+    return reply<BoxAnswer>({PromptKind::Message, title, text, flags, look}).value_or(BoxAnswer());
 }
 
-int ScriptedPrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
-                                 const BoxLook& look) {
-    return reply<int>({PromptKind::AutoMessage, title, text, flags, look}).value_or(AnswerCancel);
+BoxAnswer ScriptedPrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
+                                       const BoxLook& look) {
+    return reply<BoxAnswer>({PromptKind::AutoMessage, title, text, flags, look})
+        .value_or(BoxAnswer());
 }
 
 QString ScriptedPrompts::input_box(const QString& text, int flags, const QString& title,
@@ -76,9 +98,9 @@ std::optional<DatePeriod> ScriptedPrompts::Date_Box(const QString& title, const 
     return reply<DatePeriod>({PromptKind::Dates, title, {}});
 }
 
-QString ScriptedPrompts::File_Link(const QString& title, const QString& text, const QString&,
-                                   const QString& path) {
-    return reply<QString>({PromptKind::Link, title, text, 0, {}, path}).value_or(QString());
+std::optional<LinkAnswer> ScriptedPrompts::File_Link(const QString& title, const QString& text,
+                                                     const QString&, const QString& path) {
+    return reply<LinkAnswer>({PromptKind::Link, title, text, 0, {}, path});
 }
 
 QString ScriptedPrompts::OpenFileDialog(const QString& title, const QList<FileFilter>&,
@@ -99,10 +121,28 @@ std::optional<FontRecord> ScriptedPrompts::ChooseFont(const FontRecord&) {
     return reply<FontRecord>({PromptKind::Font, {}, {}});
 }
 
-QString ScriptedPrompts::ReturnString(const SelectorRequest& request) {
-    m_selectors.append(request);
-    return reply<QString>({PromptKind::Selector, request.title, request.text, 0, {}, request.name})
-        .value_or(QString());
+std::optional<int> ScriptedPrompts::ReturnString(const OneItemRequest& request) {
+    const auto item = reply<QString>(seenSelector(request, request.items));
+    if (!item)
+        return std::nullopt;
+    const QList<int> places = placesOf({*item}, request.items);
+    return places.isEmpty() ? std::nullopt : std::optional(places.first());
+}
+
+QList<int> ScriptedPrompts::ReturnString(const SeveralItemsRequest& request) {
+    return placesOf(
+        reply<QStringList>(seenSelector(request, request.items)).value_or(QStringList()),
+        request.items);
+}
+
+std::optional<SpreadsheetChoice> ScriptedPrompts::ReturnString(const SpreadsheetRequest& request) {
+    return reply<SpreadsheetChoice>(seenSelector(request));
+}
+
+std::optional<NewField> ScriptedPrompts::ReturnString(const NewFieldRequest& request) {
+    SeenPrompt seen = seenSelector(request);
+    seen.proposal = request.name;
+    return reply<NewField>(seen);
 }
 
 QString ScriptedPrompts::PromptForPassword() {

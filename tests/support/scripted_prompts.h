@@ -23,8 +23,9 @@ enum class PromptKind {
 };
 
 /// What the person does: nothing is Cancel; a number is the button (or the colour), a text what was
-/// typed or chosen.
-using PromptReply = std::variant<std::monostate, int, QString, DatePeriod, FontRecord>;
+/// typed, or the item that was chosen of a list, several texts several items.
+using PromptReply = std::variant<std::monostate, int, BoxAnswer, QString, QStringList, DatePeriod,
+                                 LinkAnswer, FontRecord, SpreadsheetChoice, NewField>;
 
 /// One dialog as the person saw it.
 struct SeenPrompt {
@@ -33,7 +34,8 @@ struct SeenPrompt {
     QString text;
     int flags = 0;
     BoxLook look = {};
-    QString proposal = {}; ///< what stood in it: a proposed text, a path, a start folder
+    QString proposal = {};  ///< what stood in it: a proposed text, a path, a start folder
+    QStringList items = {}; ///< of a list
 };
 
 /// Prompts that a test answers beforehand, in the order of asking. A dialog that the test did not
@@ -49,26 +51,28 @@ public:
     void expect(PromptKind kind, const QString& title, PromptReply reply = {});
 
     const QList<SeenPrompt>& seen() const { return m_seen; }
-    /// What the selector was asked to show, in the order of asking.
-    const QList<SelectorRequest>& selectors() const { return m_selectors; }
     /// The last dialog; fails the test when there was none.
     SeenPrompt last() const;
 
     PromptAnswer PlainBox(const QString& text, int flags, const QString& title) override;
-    int msg_Box(const QString& text, int flags, const QString& title, const BoxLook& look) override;
-    int MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                    const BoxLook& look) override;
+    BoxAnswer msg_Box(const QString& text, int flags, const QString& title,
+                      const BoxLook& look) override;
+    BoxAnswer MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                          const BoxLook& look) override;
     QString input_box(const QString& text, int flags, const QString& title, const QString& proposal,
                       qint32 colour) override;
     std::optional<DatePeriod> Date_Box(const QString& title, const DatePeriod& limits) override;
-    QString File_Link(const QString& title, const QString& text, const QString& name,
-                      const QString& path) override;
+    std::optional<LinkAnswer> File_Link(const QString& title, const QString& text,
+                                        const QString& name, const QString& path) override;
     QString OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
                            const QString& startFolder, int flags, bool save) override;
     QString ChooseFolder(const QString& title) override;
     std::optional<qint32> ChooseColour(qint32 colour) override;
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
-    QString ReturnString(const SelectorRequest& request) override;
+    std::optional<int> ReturnString(const OneItemRequest& request) override;
+    QList<int> ReturnString(const SeveralItemsRequest& request) override;
+    std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) override;
+    std::optional<NewField> ReturnString(const NewFieldRequest& request) override;
     QString PromptForPassword() override;
 
 private:
@@ -79,7 +83,6 @@ private:
     };
     QList<Expected> m_expected;
     QList<SeenPrompt> m_seen;
-    QList<SelectorRequest> m_selectors;
 
     template<typename Reply>
     std::optional<Reply> reply(const SeenPrompt& prompt);

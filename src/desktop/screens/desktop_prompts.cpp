@@ -99,13 +99,13 @@ PromptAnswer DesktopPrompts::PlainBox(const QString& text, int flags, const QStr
     return decliningAnswer(flags);
 }
 
-int DesktopPrompts::msg_Box(const QString& text, int flags, const QString& title,
-                            const BoxLook& look) {
+BoxAnswer DesktopPrompts::msg_Box(const QString& text, int flags, const QString& title,
+                                  const BoxLook& look) {
     return PromptDialog(owner()).msg_Box(text, flags, title, look);
 }
 
-int DesktopPrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                                const BoxLook& look) {
+BoxAnswer DesktopPrompts::MsgAuto_box(const QString& text, int flags, const QString& title,
+                                      int seconds, const BoxLook& look) {
     return PromptDialog(owner()).MsgAuto_box(text, flags, title, seconds, look, m_clock);
 }
 
@@ -118,8 +118,8 @@ std::optional<DatePeriod> DesktopPrompts::Date_Box(const QString& title, const D
     return PromptDialog(owner()).Date_Box(title, limits, m_clock.today(), *this);
 }
 
-QString DesktopPrompts::File_Link(const QString& title, const QString& text, const QString& name,
-                                  const QString& path) {
+std::optional<LinkAnswer> DesktopPrompts::File_Link(const QString& title, const QString& text,
+                                                    const QString& name, const QString& path) {
     return PromptDialog(owner()).File_Link(title, text, name, path, *this);
 }
 
@@ -159,8 +159,20 @@ std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
     return toFontRecord(dialog.selectedFont(), colour);
 }
 
-QString DesktopPrompts::ReturnString(const SelectorRequest& request) {
-    return SelectorDialog(request, *this, owner()).ReturnString();
+std::optional<int> DesktopPrompts::ReturnString(const OneItemRequest& request) {
+    return SelectorDialog(*this, owner()).ReturnString(request);
+}
+
+QList<int> DesktopPrompts::ReturnString(const SeveralItemsRequest& request) {
+    return SelectorDialog(*this, owner()).ReturnString(request);
+}
+
+std::optional<SpreadsheetChoice> DesktopPrompts::ReturnString(const SpreadsheetRequest& request) {
+    return SelectorDialog(*this, owner()).ReturnString(request);
+}
+
+std::optional<NewField> DesktopPrompts::ReturnString(const NewFieldRequest& request) {
+    return SelectorDialog(*this, owner()).ReturnString(request);
 }
 
 QString DesktopPrompts::PromptForPassword() {

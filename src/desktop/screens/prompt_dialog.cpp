@@ -80,7 +80,7 @@ QStringList withAccessKeys(const QStringList& captions) {
 
 /// In the set of three a caption of its own can turn Cancel into an action; No is then what does
 /// nothing.
-int escapeAnswer(int flags, const QStringList& ownCaptions) {
+PromptAnswer escapeAnswer(int flags, const QStringList& ownCaptions) {
     constexpr int cancelOfThree = 2;
     const bool cancelIsAction = promptButtons(flags).size() > cancelOfThree &&
                                 decliningAnswer(flags) == AnswerCancel &&
@@ -120,14 +120,14 @@ PromptDialog::PromptDialog(QWidget* parent)
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-int PromptDialog::msg_Box(const QString& text, int flags, const QString& title,
-                          const BoxLook& look) {
+BoxAnswer PromptDialog::msg_Box(const QString& text, int flags, const QString& title,
+                                const BoxLook& look) {
     prepare(text, flags, title, look);
     return answer();
 }
 
-int PromptDialog::MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                              const BoxLook& look, Clock& clock) {
+BoxAnswer PromptDialog::MsgAuto_box(const QString& text, int flags, const QString& title,
+                                    int seconds, const BoxLook& look, Clock& clock) {
     prepare(text, flags, title, look);
     const auto timer = clock.after(std::chrono::seconds(seconds), [this] { m_default->click(); });
     return answer();
@@ -162,14 +162,17 @@ std::optional<DatePeriod> PromptDialog::Date_Box(const QString& title, const Dat
     return answer() == AnswerOk ? page->period() : std::nullopt;
 }
 
-QString PromptDialog::File_Link(const QString& title, const QString& text, const QString& name,
-                                const QString& path, Prompts& prompts) {
+std::optional<LinkAnswer> PromptDialog::File_Link(const QString& title, const QString& text,
+                                                  const QString& name, const QString& path,
+                                                  Prompts& prompts) {
     auto* page = new LinkPage(name, path, prompts);
     addPage(page);
     m_mayAccept = [page] { return page->check(); };
     prepare(text, OkCancelButtons, title, {});
     page->setFocus();
-    return answer() == AnswerOk ? page->name() + FileLinkSeparator + page->path() : QString();
+    if (answer() != AnswerOk)
+        return std::nullopt;
+    return LinkAnswer{page->name(), page->path()};
 }
 
 void PromptDialog::ALL_File_Links(const QString& title, const QString& text,
@@ -280,14 +283,14 @@ void PromptDialog::SetDefaultButton(int flags) {
     m_default->setFocus();
 }
 
-void PromptDialog::press(int answer) {
+void PromptDialog::press(PromptAnswer answer) {
     if (answer != AnswerOk || !m_mayAccept || m_mayAccept())
         done(answer);
 }
 
-int PromptDialog::answer() {
+BoxAnswer PromptDialog::answer() {
     const int pressed = exec();
-    return pressed + (m_checkBox->isChecked() ? CheckBoxTicked : 0);
+    return {static_cast<PromptAnswer>(pressed), m_checkBox->isChecked()};
 }
 
 void PromptDialog::reject() {

@@ -27,17 +27,17 @@ class PromptDialog : public QDialog {
 public:
     explicit PromptDialog(QWidget* parent = nullptr);
 
-    int msg_Box(const QString& text, int flags, const QString& title, const BoxLook& look);
-    int MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
-                    const BoxLook& look, Clock& clock);
+    BoxAnswer msg_Box(const QString& text, int flags, const QString& title, const BoxLook& look);
+    BoxAnswer MsgAuto_box(const QString& text, int flags, const QString& title, int seconds,
+                          const BoxLook& look, Clock& clock);
     QString input_box(const QString& text, int flags, const QString& title, const QString& proposal,
                       qint32 colour);
     /// Starts with the limits themselves, or with `today` where there is none. `prompts` shows what
     /// is wrong with the dates.
     std::optional<DatePeriod> Date_Box(const QString& title, const DatePeriod& limits, QDate today,
                                        Prompts& prompts);
-    QString File_Link(const QString& title, const QString& text, const QString& name,
-                      const QString& path, Prompts& prompts);
+    std::optional<LinkAnswer> File_Link(const QString& title, const QString& text,
+                                        const QString& name, const QString& path, Prompts& prompts);
     /// Shows links in a grid; a double click or Enter opens one by `open`, and the form stays.
     void ALL_File_Links(const QString& title, const QString& text, const QList<FileLink>& links,
                         const std::function<void(const FileLink&)>& open);
@@ -57,8 +57,8 @@ private:
     void addPage(QWidget* page);
     void SetupButtons(int flags, const QStringList& ownCaptions);
     void SetDefaultButton(int flags);
-    void press(int answer);
-    int answer();
+    void press(PromptAnswer answer);
+    BoxAnswer answer();
 
     QWidget* m_balloon;
     QLabel* m_icon;
@@ -69,5 +69,5 @@ private:
     QList<QPushButton*> m_buttons;
     QPushButton* m_default = nullptr;
     std::function<bool()> m_mayAccept; ///< whether OK may close the form; empty: always
-    int m_escapeAnswer = AnswerCancel;
+    PromptAnswer m_escapeAnswer = AnswerCancel;
 };

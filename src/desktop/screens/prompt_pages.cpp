@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QShortcut>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -85,9 +84,6 @@ LinkPage::LinkPage(const QString& name, const QString& path, Prompts& prompts)
     m_name->setObjectName(u"txtName"_s);
     m_name->setAccessibleName(inWords(nameCaption));
     m_name->setMaxLength(FileLinkSize);
-    // The answer is cut at its first separator, so a name can't hold one.
-    const QRegularExpression nameForm(u"[^%1]*"_s.arg(FileLinkSeparator));
-    m_name->setValidator(new QRegularExpressionValidator(nameForm, m_name));
     auto* button = new QPushButton(u"&Browse..."_s);
     button->setObjectName(u"cmdBrowse"_s);
     button->setAutoDefault(false);

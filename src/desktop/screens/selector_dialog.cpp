@@ -8,9 +8,34 @@
 
 using namespace Qt::StringLiterals;
 
-SelectorDialog::SelectorDialog(const SelectorRequest& request, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), m_content(makeSelectorContent(request, prompts)) {
+SelectorDialog::SelectorDialog(Prompts& prompts, QWidget* parent)
+    : QDialog(parent), m_prompts(prompts) {
     setObjectName(u"SelectorFrm"_s);
+}
+
+std::optional<int> SelectorDialog::ReturnString(const OneItemRequest& request) {
+    auto* content = new OneItemContent(request);
+    return isChosen(request, content) ? content->item() : std::nullopt;
+}
+
+QList<int> SelectorDialog::ReturnString(const SeveralItemsRequest& request) {
+    auto* content = new SeveralItemsContent(request);
+    return isChosen(request, content) ? content->items() : QList<int>();
+}
+
+std::optional<SpreadsheetChoice> SelectorDialog::ReturnString(const SpreadsheetRequest& request) {
+    auto* content = new SpreadsheetContent(request, m_prompts);
+    return isChosen(request, content) ? std::optional(content->choice()) : std::nullopt;
+}
+
+std::optional<NewField> SelectorDialog::ReturnString(const NewFieldRequest& request) {
+    auto* content = new NewFieldContent(request, m_prompts);
+    return isChosen(request, content) ? std::optional(content->field()) : std::nullopt;
+}
+
+/// Shows the form with the page; whether the person chose and did not cancel.
+bool SelectorDialog::isChosen(const SelectorRequest& request, SelectorContent* content) {
+    m_content = content;
     setWindowTitle(request.title);
     auto* text = new QLabel(request.text);
     text->setObjectName(u"Label1"_s);
@@ -23,6 +48,7 @@ SelectorDialog::SelectorDialog(const SelectorRequest& request, Prompts& prompts,
     layout->addWidget(m_content, 1);
     layout->addWidget(makeButtons());
     connect(m_content, &SelectorContent::finished, this, &SelectorDialog::accept);
+    return exec() == Accepted;
 }
 
 QWidget* SelectorDialog::makeButtons() {
@@ -40,10 +66,6 @@ QWidget* SelectorDialog::makeButtons() {
     connect(ok, &QPushButton::clicked, this, &SelectorDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &SelectorDialog::reject);
     return row;
-}
-
-QString SelectorDialog::ReturnString() {
-    return exec() == Accepted ? m_content->answer() : QString();
 }
 
 void SelectorDialog::accept() {

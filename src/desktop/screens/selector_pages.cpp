@@ -1,7 +1,6 @@
 #include "desktop/screens/selector_pages.h"
 
 #include "controls/date_calendar.h"
-#include "controls/restricted_edit.h"
 #include "core/prompts.h"
 #include "office/spreadsheet.h"
 
@@ -25,6 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString NoColumn = u"None"_s;
+
 QLabel* makeLine(const QString& text, QLayout& layout) {
     auto* label = new QLabel(text);
     label->setObjectName(u"Label2"_s);
@@ -34,54 +35,36 @@ QLabel* makeLine(const QString& text, QLayout& layout) {
     return label;
 }
 
-QListWidget* makeList(const SelectorRequest& request, QLayout& layout) {
+QListWidget* makeList(const SelectorRequest& request, const QStringList& items, QLayout& layout) {
     auto* list = new QListWidget;
     list->setObjectName(u"List1"_s);
     list->setAccessibleName(request.label.isEmpty() ? request.text : request.label);
-    list->addItems(request.items);
+    list->addItems(items);
     layout.addWidget(list);
     return list;
 }
 
-bool isNoComma(char32_t character) {
-    return character != U',';
-}
-
 } // namespace
 
-SelectorContent* makeSelectorContent(const SelectorRequest& request, Prompts& prompts) {
-    switch (request.page) {
-    case SelectorPage::OneItem:
-        break;
-    case SelectorPage::Spreadsheet:
-        return new SpreadsheetContent(request, prompts);
-    case SelectorPage::SeveralItems:
-        return new SeveralItemsContent(request);
-    case SelectorPage::NewField:
-        return new NewFieldContent(request, prompts);
-    }
-    return new OneItemContent(request);
-}
-
-OneItemContent::OneItemContent(const SelectorRequest& request) {
+OneItemContent::OneItemContent(const OneItemRequest& request) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     makeLine(request.label, *layout);
-    m_list = makeList(request, *layout);
+    m_list = makeList(request, request.items, *layout);
     m_list->setCurrentRow(0);
     setFocusProxy(m_list);
     connect(m_list, &QListWidget::itemDoubleClicked, this, &SelectorContent::finished);
 }
 
-QString OneItemContent::answer() const {
-    return m_list->currentItem() ? m_list->currentItem()->text() : QString();
+std::optional<int> OneItemContent::item() const {
+    return m_list->currentItem() ? std::optional(m_list->currentRow()) : std::nullopt;
 }
 
-SeveralItemsContent::SeveralItemsContent(const SelectorRequest& request) {
+SeveralItemsContent::SeveralItemsContent(const SeveralItemsRequest& request) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     makeLine(request.label, *layout);
-    m_list = makeList(request, *layout);
+    m_list = makeList(request, request.items, *layout);
     m_list->setSelectionMode(QAbstractItemView::MultiSelection);
     setFocusProxy(m_list);
     auto* all = new QPushButton(u"Select &All"_s);
@@ -91,16 +74,16 @@ SeveralItemsContent::SeveralItemsContent(const SelectorRequest& request) {
     connect(all, &QPushButton::clicked, m_list, &QListWidget::selectAll);
 }
 
-QString SeveralItemsContent::answer() const {
-    QString text;
+QList<int> SeveralItemsContent::items() const {
+    QList<int> chosen;
     for (int row = 0; row < m_list->count(); ++row) {
         if (m_list->item(row)->isSelected())
-            text += m_list->item(row)->text() + u',';
+            chosen += row;
     }
-    return text;
+    return chosen;
 }
 
-SpreadsheetContent::SpreadsheetContent(const SelectorRequest& request, Prompts& prompts)
+SpreadsheetContent::SpreadsheetContent(const SpreadsheetRequest& request, Prompts& prompts)
     : m_prompts(prompts), m_row(makeRow(request)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -117,7 +100,7 @@ SpreadsheetContent::SpreadsheetContent(const SelectorRequest& request, Prompts& 
     layout->addLayout(form);
 }
 
-QWidget* SpreadsheetContent::makePreview(const SelectorRequest& request) {
+QWidget* SpreadsheetContent::makePreview(const SpreadsheetRequest& request) {
     constexpr int mostRows = 60; // as many as help to find one's way
     const Spreadsheet sheet = Spreadsheet::read(request.workbook).value_or(Spreadsheet());
     const int rows = qMin(sheet.rowCount(), mostRows);
@@ -137,7 +120,7 @@ QWidget* SpreadsheetContent::makePreview(const SelectorRequest& request) {
     return preview;
 }
 
-QComboBox* SpreadsheetContent::makeColumn(const SelectorRequest& request, int index) {
+QComboBox* SpreadsheetContent::makeColumn(const SpreadsheetRequest& request, int index) {
     static const QStringList names{u"CboA"_s, u"CboB"_s, u"CboC"_s};
     constexpr int third = 2;
     auto* box = new QComboBox;
@@ -146,7 +129,7 @@ QComboBox* SpreadsheetContent::makeColumn(const SelectorRequest& request, int in
     box->setEditable(true);
     box->addItems(request.columnChoices);
     if (index == third && request.thirdMayBeNone)
-        box->addItem(u"None"_s);
+        box->addItem(NoColumn);
     box->setCurrentText(request.columns.value(index));
     static const QRegularExpression letters(u"[A-Za-z]*"_s);
     box->lineEdit()->setValidator(new QRegularExpressionValidator(letters, box));
@@ -158,7 +141,7 @@ QComboBox* SpreadsheetContent::makeColumn(const SelectorRequest& request, int in
     return box;
 }
 
-QComboBox* SpreadsheetContent::makeRow(const SelectorRequest& request) {
+QComboBox* SpreadsheetContent::makeRow(const SpreadsheetRequest& request) {
     constexpr int offered = 5;
     constexpr int highest = 65536;
     auto* box = new QComboBox;
@@ -186,21 +169,24 @@ bool SpreadsheetContent::check() {
     return true;
 }
 
-QString SpreadsheetContent::answer() const {
-    QStringList parts{m_row->currentText()};
-    constexpr int columns = 3;
-    for (int i = 0; i < columns; ++i)
-        parts += i < m_columns.size() ? m_columns[i]->currentText() : QString();
-    return parts.join(u',');
+SpreadsheetChoice SpreadsheetContent::choice() const {
+    SpreadsheetChoice choice{m_row->currentText().toInt(), {}};
+    for (const QComboBox* column : m_columns) {
+        const QString letters = column->currentText(); // typed ones are capitals
+        const bool isNone = letters.compare(NoColumn, Qt::CaseInsensitive) == 0;
+        choice.columns += isNone ? QString() : letters;
+    }
+    return choice;
 }
 
-NewFieldContent::NewFieldContent(const SelectorRequest& request, Prompts& prompts)
-    : m_prompts(prompts), m_name(new RestrictedEdit(u"Name"_s, isNoComma)), m_size(new QLineEdit) {
+NewFieldContent::NewFieldContent(const NewFieldRequest& request, Prompts& prompts)
+    : m_prompts(prompts), m_name(new QLineEdit), m_size(new QLineEdit) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     if (!request.showCalendar)
         makeLine(request.label, *layout);
     m_name->setObjectName(u"TxtName"_s);
+    m_name->setAccessibleName(u"Name"_s);
     m_name->setMaxLength(NewFieldNameLength);
     m_name->setText(request.name);
     m_name->installEventFilter(this);
@@ -224,7 +210,7 @@ NewFieldContent::NewFieldContent(const SelectorRequest& request, Prompts& prompt
     enableSize();
 }
 
-QWidget* NewFieldContent::makeTypes(const SelectorRequest& request) {
+QWidget* NewFieldContent::makeTypes(const NewFieldRequest& request) {
     auto* group = new QGroupBox(u"Type"_s);
     auto* layout = new QVBoxLayout(group);
     m_size->setObjectName(u"TxtSize"_s);
@@ -273,10 +259,6 @@ NewField NewFieldContent::field() const {
 
 bool NewFieldContent::check() {
     return checkNewField(field(), m_prompts);
-}
-
-QString NewFieldContent::answer() const {
-    return newFieldText(field());
 }
 
 bool NewFieldContent::eventFilter(QObject* watched, QEvent* event) {

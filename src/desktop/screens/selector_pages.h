@@ -3,7 +3,10 @@
 #include "core/new_field.h"
 #include "core/selector.h"
 
+#include <QList>
 #include <QWidget>
+
+#include <optional>
 
 class DateCalendar;
 class Prompts;
@@ -19,23 +22,18 @@ class SelectorContent : public QWidget {
 public:
     /// Whether the answer can be taken; if not the person is told why, and the dialog stays.
     virtual bool check() { return true; }
-    /// The answer as one text (Prompts::ReturnString).
-    virtual QString answer() const = 0;
 
 signals:
     void finished(); ///< the person has chosen, as if by OK
 };
-
-/// The page of a request.
-SelectorContent* makeSelectorContent(const SelectorRequest& request, Prompts& prompts);
 
 /// One list, of which one item is chosen.
 class OneItemContent : public SelectorContent {
     Q_OBJECT
 
 public:
-    explicit OneItemContent(const SelectorRequest& request);
-    QString answer() const override;
+    explicit OneItemContent(const OneItemRequest& request);
+    std::optional<int> item() const; ///< nothing where there is none
 
 private:
     QListWidget* m_list;
@@ -46,8 +44,8 @@ class SeveralItemsContent : public SelectorContent {
     Q_OBJECT
 
 public:
-    explicit SeveralItemsContent(const SelectorRequest& request);
-    QString answer() const override;
+    explicit SeveralItemsContent(const SeveralItemsRequest& request);
+    QList<int> items() const;
 
 private:
     QListWidget* m_list;
@@ -58,14 +56,14 @@ class SpreadsheetContent : public SelectorContent {
     Q_OBJECT
 
 public:
-    SpreadsheetContent(const SelectorRequest& request, Prompts& prompts);
+    SpreadsheetContent(const SpreadsheetRequest& request, Prompts& prompts);
     bool check() override;
-    QString answer() const override;
+    SpreadsheetChoice choice() const;
 
 private:
-    QWidget* makePreview(const SelectorRequest& request);
-    QComboBox* makeColumn(const SelectorRequest& request, int index);
-    QComboBox* makeRow(const SelectorRequest& request);
+    QWidget* makePreview(const SpreadsheetRequest& request);
+    QComboBox* makeColumn(const SpreadsheetRequest& request, int index);
+    QComboBox* makeRow(const SpreadsheetRequest& request);
 
     Prompts& m_prompts;
     QList<QComboBox*> m_columns;
@@ -77,16 +75,15 @@ class NewFieldContent : public SelectorContent {
     Q_OBJECT
 
 public:
-    NewFieldContent(const SelectorRequest& request, Prompts& prompts);
+    NewFieldContent(const NewFieldRequest& request, Prompts& prompts);
     bool check() override;
-    QString answer() const override;
+    NewField field() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QWidget* makeTypes(const SelectorRequest& request);
-    NewField field() const;
+    QWidget* makeTypes(const NewFieldRequest& request);
     dao::DataType type() const;
     bool nameKey(const QString& typed);
     void enableSize();

@@ -151,7 +151,7 @@ void visitNewClass(Session& session, TourPictures& pictures) {
 void visitSelector(Session& session, const QString& classCode, TourPictures& pictures) {
     Prompts& prompts = session.GetSeams().prompts;
     pictures.saveAsked(u"SelectorFrm_field"_s, [&] { askGradeColumn(prompts); });
-    SelectorRequest request{.page = SelectorPage::OneItem};
+    OneItemRequest request;
     request.title = u"Grade column titles for "_s + classCode;
     request.text = u"Please select which grades column contains this information. :"_s;
     request.items = {u"Test 1"_s, u"Essay"_s};
