@@ -1,9 +1,12 @@
 #include "frame/frame_commands.h"
 
+#include "calendar/timetable_settings.h"
+#include "classes/class_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "frame/year_roads.h"
 #include "incidents/security_warning.h"
+#include "planning/planning_settings.h"
 
 #include <algorithm>
 #include <array>
@@ -56,13 +59,13 @@ const std::array commands{
                  {},
                  NeedsDatabase},
     CommandEntry{DailyPlanning, u"mnuPlanning(0)", u"&Daily Planning Sheets..."_s, u"daily",
-                 u"ORVAfrm", u"Planning", u"Alt+1", NeedsDatabase},
+                 u"ORVAfrm", setting::Planning, u"Alt+1", NeedsDatabase},
     CommandEntry{WeeklyPlanning, u"mnuPlanning(1)", u"&Weekly Planning Sheets..."_s, u"weekly",
-                 u"ORVA2frm", u"Planning", u"Alt+2", NeedsDatabase},
+                 u"ORVA2frm", setting::Planning, u"Alt+2", NeedsDatabase},
     CommandEntry{Timetable, u"mnuSettingsItem(1)", u"Personal Timetable..."_s, u"timetable",
-                 u"TTfrm", u"Timetable", u"Alt+3", NeedsDatabase},
+                 u"TTfrm", setting::Timetable, u"Alt+3", NeedsDatabase},
     CommandEntry{Register, u"mnuSettingsItem(2)", u"Register, Grades && Classes..."_s, u"register",
-                 u"RegisterFrm", u"Register", u"Alt+4", NeedsDatabase},
+                 u"RegisterFrm", setting::Register, u"Alt+4", NeedsDatabase},
     CommandEntry{CalendarOfEvents, u"mnuSettingsItem(3)", u"Calendar of Events..."_s, u"calendar",
                  u"COEfrm", u"COE", u"Alt+5", NeedsDatabase},
     CommandEntry{ShowToolbar, u"mnuSettingsItem(5)", u"Toolbar"_s, {}, {}, {}, {}, NeedsNone},

@@ -3,6 +3,7 @@
 #include "core/core_settings.h"
 #include "core/prompts.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "year/backup.h"
@@ -11,13 +12,14 @@
 #include <QFileInfo>
 
 #include <array>
+#include <optional>
 
 namespace {
 
 /// A window that is opened again at the next start, in the order of opening. Windows to come add
 /// their line here and in the frame's own table.
 struct StartupWindow {
-    QStringView value;
+    setting::OpenAtStart isOpen;
     QStringView form;
 };
 constexpr std::array<StartupWindow, 3> windowsBeforePostits{{
@@ -30,14 +32,6 @@ constexpr std::array<StartupWindow, 2> windowsAfterPostits{{
     {setting::Open_Planning, u"ORVAfrm"},
 }};
 
-/// What happens to the database when the program closes, by its number in the settings.
-enum ClosingBackup {
-    NoBackup = 0,
-    AskForBackup = 1,
-    CompactAndBackup = 2,
-    BackupWithoutCompacting = 3
-};
-
 /// Asks whether to back up; with the box ticked it is done without asking from then on.
 bool wantsBackup(Session& session) {
     BoxLook look;
@@ -47,19 +41,18 @@ bool wantsBackup(Session& session) {
         YesNoButtons | QuestionIcon | SecondButtonDefault,
         QStringLiteral("Backup/Compress Database"), look);
     if (answer > CheckBoxTicked) {
-        session.GetSettings().CreateRegistryKey(setting::Root);
-        session.GetSettings().WriteRegistryValue(setting::Root, setting::AutoBackup,
-                                                 CompactAndBackup);
+        session.GetSettings().set(setting::AutoBackup, ClosingBackup::CompactAndBackUp);
         answer -= CheckBoxTicked;
     }
     return answer == AnswerYes;
 }
 
 void backUpAtClose(Session& session, const QString& path, const QString& password) {
-    const int kind = session.GetSettings().readNumber(setting::Root, setting::AutoBackup);
-    if (kind == CompactAndBackup || (kind == AskForBackup && wantsBackup(session)))
+    const ClosingBackup kind = session.GetSettings().get(setting::AutoBackup);
+    if (kind == ClosingBackup::CompactAndBackUp ||
+        (kind == ClosingBackup::Ask && wantsBackup(session)))
         BackupAndCompact(backupContext(session), path, true, password);
-    else if (kind == BackupWithoutCompacting)
+    else if (kind == ClosingBackup::BackUpOnly)
         BackupOnly(backupContext(session), path, password);
 }
 
@@ -80,26 +73,24 @@ void backToWizard(Session& session) {
     session.Frame()->ShowStartupWizard();
 }
 
-/// Opens the windows whose value exists: that it exists is its meaning, whatever it holds.
 template<size_t Count>
 void openWindows(Session& session, const std::array<StartupWindow, Count>& windows) {
-    const QString key = setting::keyOf(setting::Startup);
     for (const StartupWindow& window : windows) {
-        if (session.GetSettings().ReadRegistryValue(key, window.value) == SettingFound)
+        if (session.GetSettings().get(window.isOpen))
             session.Frame()->OpenForm(window.form.toString());
     }
 }
 
-QStringView valueOf(const QString& form) {
+std::optional<setting::OpenAtStart> startSetting(const QString& form) {
     for (const auto& window : windowsBeforePostits) {
         if (window.form == form)
-            return window.value;
+            return window.isOpen;
     }
     for (const auto& window : windowsAfterPostits) {
         if (window.form == form)
-            return window.value;
+            return window.isOpen;
     }
-    return {};
+    return std::nullopt;
 }
 
 /// Opens a database with its windows; where it does not open, tells why and shows the wizard.
@@ -126,8 +117,7 @@ BackupContext backupContext(Session& session) {
 }
 
 void LoadMainWindow(Session& session) {
-    session.DatabasePath =
-        session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
+    session.DatabasePath = session.GetSettings().get(setting::DefaultDatabasePath);
     recoverInterruptedBackups(session);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
@@ -137,8 +127,7 @@ void LoadMainWindow(Session& session) {
 }
 
 void ActivateMainWindow(Session& session) {
-    const bool skipsWizard =
-        session.GetSettings().readFlag(setting::Root, setting::DontShowStartup);
+    const bool skipsWizard = session.GetSettings().get(setting::DontShowStartup);
     if (session.DatabasePath.isEmpty() || !skipsWizard)
         return session.Frame()->ShowStartupWizard();
     openOrShowWizard(session, session.DatabasePath, {});
@@ -211,20 +200,18 @@ void RestoreBackupCommand(Session& session) {
 void RunCurrentStartup(Session& session) {
     openWindows(session, windowsBeforePostits);
     openWindows(session, windowsAfterPostits);
-    if (session.GetSettings().readFlag(setting::Root, setting::CheckForUpgrade) &&
-        hasUpgradeAddress(session))
+    if (session.GetSettings().get(setting::CheckForUpgrade) && hasUpgradeAddress(session))
         GetUpgradeInfo(session);
 }
 
 void SaveCurrentStartup(Session& session) {
     Settings& settings = session.GetSettings();
-    const QString key = setting::keyOf(setting::Startup);
     const Settings::Batch whole(settings);
-    settings.ClearRegistryKey(key);
+    settings.ClearRegistryKey(setting::keyOf(setting::Startup));
     const QStringList forms = session.Frame()->visibleForms();
     for (auto form = forms.crbegin(); form != forms.crend(); ++form) {
-        if (const QStringView value = valueOf(*form); !value.isEmpty())
-            settings.WriteRegistryValue(key, value, 1);
+        if (const auto isOpen = startSetting(*form))
+            settings.set(*isOpen, true);
     }
     session.Frame()->CloseOpenForms();
 }

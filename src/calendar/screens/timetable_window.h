@@ -13,11 +13,6 @@ class Session;
 class TimetableEditor;
 class TimetablePanel;
 
-namespace setting {
-/// The key with the place of the timetable's window and the font of its grid.
-inline constexpr QStringView Timetable = u"Timetable";
-} // namespace setting
-
 /// The personal timetable. It is saved on its button and whenever it closes, with what the grid
 /// holds: what stands in an open editor is not taken over first, and another week is shown without
 /// saving the one that stood.

@@ -1,8 +1,10 @@
 #include "frame/screens/window_table.h"
 
 #include "calendar/screens/timetable_window.h"
+#include "calendar/timetable_settings.h"
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "year/screens/startup_wizard.h"

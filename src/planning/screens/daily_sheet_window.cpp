@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "frame/main_frame.h"
 #include "frame/screens/frame_menus.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/bottom_blocks.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/links_panel.h"
@@ -44,8 +45,7 @@ const QString restoreTip = u"Restore"_s;
 DailySheetWindow::DailySheetWindow(Session& session)
     : m_session(session)
     , m_sheets(session)
-    , m_showsCoding(session.GetSettings().readFlag(setting::keyOf(setting::Planning),
-                                                   setting::ShowClassCoding))
+    , m_showsCoding(session.GetSettings().get(setting::ShowClassCoding))
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
     , m_commands(new SheetCommands(session, *m_tools, *this))
     , m_delayedSave(session.GetSeams().clock, DailySaveTimer, [this] { save(); }) {

@@ -11,7 +11,7 @@
 #include "core/settings.h"
 #include "frame/main_frame.h"
 #include "frame/screens/frame_menus.h"
-#include "planning/daily_sheets.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
 #include "planning/screens/maximise_button.h"
