@@ -1,8 +1,11 @@
 #include "classes/grade_layout.h"
 
+#include "classes/class_settings.h"
 #include "classes/pupil_sheet.h"
 #include "core/prompts.h"
 #include "core/settings.h"
+
+#include <QStringBuilder>
 
 #include <array>
 
@@ -13,68 +16,72 @@ namespace {
 const QString HiddenPrefix = u"Hide_"_s;
 const QString LineEnd = u"\r\n"_s;
 
-QString layoutKey(const QString& classCode) {
-    return setting::keyOf(u"Register\\GradeCols\\"_s + classCode);
-}
+/// What is kept of a class's grades, in the key of the class.
+class KeptLayout {
+public:
+    explicit KeptLayout(const QString& classCode) : m_key(setting::GradeCols % classCode) {}
 
-QStringView heightName(LayoutKind kind) {
-    return kind == LayoutKind::Grades ? u"GridCellHeight" : u"NotesCellHeight";
-}
+    QString key() const { return setting::keyOf(m_key); }
+    Setting<qint32, setting::NumberTextForm> rowHeight(LayoutKind kind) const {
+        const bool isGrades = kind == LayoutKind::Grades;
+        return {m_key, isGrades ? u"GridCellHeight" : u"NotesCellHeight", LowestRow};
+    }
+    Setting<qint32, setting::NumberTextForm> width(QStringView field) const {
+        return {m_key, field, 0};
+    }
+    Setting<bool, setting::ExistenceForm> isHidden(QStringView hideName) const {
+        return {m_key, hideName};
+    }
+
+private:
+    QString m_key;
+};
 
 bool isName(const QString& field) {
     return field == u"ID" || field == u"Firstname" || field == u"Surname";
-}
-
-bool hasValue(Settings& settings, const QString& key, const QString& name) {
-    return settings.ReadRegistryValue(key, name) == SettingFound;
-}
-
-void writeHeight(Settings& settings, const QString& key, LayoutKind kind, int height) {
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, heightName(kind), QString::number(height));
 }
 
 } // namespace
 
 void saveColumns(Settings& settings, const QString& classCode, const QList<ColumnLayout>& columns) {
     const Settings::Batch batch(settings);
-    const QString key = layoutKey(classCode);
+    const KeptLayout kept(classCode);
     // The rows' heights are kept apart from the columns, though in the same key.
-    const std::array heights{settings.readNumber(key, heightName(LayoutKind::Grades)),
-                             settings.readNumber(key, heightName(LayoutKind::Notes))};
-    settings.ClearRegistryKey(key);
+    const std::array heights{settings.find(kept.rowHeight(LayoutKind::Grades)),
+                             settings.find(kept.rowHeight(LayoutKind::Notes))};
+    settings.ClearRegistryKey(kept.key());
     for (const LayoutKind kind : {LayoutKind::Grades, LayoutKind::Notes}) {
-        if (const int height = heights.at(static_cast<size_t>(kind)); height > 0)
-            writeHeight(settings, key, kind, height);
+        if (const int height = heights.at(static_cast<size_t>(kind)).value_or(0); height > 0)
+            settings.set(kept.rowHeight(kind), height);
     }
     for (const ColumnLayout& column : columns) {
         if (!isName(column.field))
-            settings.WriteRegistryValue(key, column.field, QString::number(column.width));
+            settings.set(kept.width(column.field), column.width);
     }
     for (const ColumnLayout& column : columns) {
         if (!isName(column.field) && column.isHidden)
-            settings.WriteRegistryValue(key, HiddenPrefix + column.field, 1);
+            settings.set(kept.isHidden(HiddenPrefix + column.field), true);
     }
 }
 
-QList<ColumnLayout> loadColumns(Settings& settings, const QString& classCode,
+QList<ColumnLayout> loadColumns(const Settings& settings, const QString& classCode,
                                 const QStringList& fields) {
-    const QString key = layoutKey(classCode);
+    const KeptLayout kept(classCode);
     QList<ColumnLayout> columns;
     for (const QString& field : fields)
-        columns.append({field, settings.readNumber(key, field),
-                        hasValue(settings, key, HiddenPrefix + field)});
+        columns.append({field, settings.get(kept.width(field)),
+                        settings.get(kept.isHidden(HiddenPrefix + field))});
     return columns;
 }
 
-int loadRowHeight(Settings& settings, const QString& classCode, LayoutKind kind) {
-    return qMax(LowestRow, settings.readNumber(layoutKey(classCode), heightName(kind), LowestRow));
+int loadRowHeight(const Settings& settings, const QString& classCode, LayoutKind kind) {
+    return qMax(LowestRow, settings.get(KeptLayout(classCode).rowHeight(kind)));
 }
 
 int saveRowHeight(Settings& settings, const QString& classCode, LayoutKind kind, int height) {
-    const int kept = qMax(LowestRow, height);
-    writeHeight(settings, layoutKey(classCode), kind, kept);
-    return kept;
+    const int raised = qMax(LowestRow, height);
+    settings.set(KeptLayout(classCode).rowHeight(kind), raised);
+    return raised;
 }
 
 QString studentNames(const PupilSheet& sheet) {

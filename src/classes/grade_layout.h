@@ -10,8 +10,8 @@ class Prompts;
 class PupilSheet;
 class Settings;
 
-/// How a class's grades are laid out, kept in the settings under
-/// `Register\GradeCols\` and the class code; and the same columns as text for the clipboard.
+/// How a class's grades are laid out, kept in the settings under a key
+/// of the class; and the same columns as text for the clipboard.
 
 /// Which grid a row height belongs to, by number.
 enum class LayoutKind { Grades = 0, Notes = 1 };
@@ -29,11 +29,11 @@ struct ColumnLayout {
 /// goes. Names and `ID` are left out.
 void saveColumns(Settings& settings, const QString& classCode, const QList<ColumnLayout>& columns);
 /// What is kept of the columns of these fields, in their order.
-QList<ColumnLayout> loadColumns(Settings& settings, const QString& classCode,
+QList<ColumnLayout> loadColumns(const Settings& settings, const QString& classCode,
                                 const QStringList& fields);
 
 /// The height of the rows, in twips, at least LowestRow.
-int loadRowHeight(Settings& settings, const QString& classCode, LayoutKind kind);
+int loadRowHeight(const Settings& settings, const QString& classCode, LayoutKind kind);
 /// Keeps a height, raised to LowestRow; answers what is kept.
 int saveRowHeight(Settings& settings, const QString& classCode, LayoutKind kind, int height);
 

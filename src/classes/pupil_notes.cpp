@@ -141,8 +141,8 @@ void storeLessonNote(const dao::Database& database, const LessonNotePlace& place
     transaction.commit();
 }
 
-bool lessonNotesAreOff(Settings& settings) {
-    return settings.readFlag(setting::keyOf(setting::Register), setting::DontUsePupilNotes);
+bool lessonNotesAreOff(const Settings& settings) {
+    return settings.get(setting::DontUsePupilNotes);
 }
 
 QString lessonNotesOffText() {

@@ -50,7 +50,7 @@ QString lessonNote(const dao::Database& database, const LessonNotePlace& place);
 void storeLessonNote(const dao::Database& database, const LessonNotePlace& place,
                      const QString& note);
 /// Whether the teacher has turned lesson notes off, and what their frame then says.
-bool lessonNotesAreOff(Settings& settings);
+bool lessonNotesAreOff(const Settings& settings);
 QString lessonNotesOffText();
 /// The box for a failure while a lesson note is read or kept.
 void showGetNotesError(Prompts& prompts, int number, const QString& description);

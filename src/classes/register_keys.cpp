@@ -11,7 +11,6 @@ namespace {
 
 constexpr QChar Escape = u'\x1B';
 constexpr QChar Backspace = u'\b';
-constexpr int DefaultPreviousDates = 1;
 
 } // namespace
 
@@ -43,9 +42,4 @@ KeyEffect registerKey(const KeyArray& keys, const QString& key, QString& mark) {
         return KeyEffect::Discard;
     mark = capital;
     return KeyEffect::Mark;
-}
-
-int previousDates(Settings& settings) {
-    return settings.readNumber(setting::keyOf(setting::Register), setting::PreviousDates,
-                               DefaultPreviousDates);
 }

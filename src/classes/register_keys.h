@@ -31,6 +31,3 @@ enum class KeyEffect {
 };
 /// `key` is what the key types. For a mark, `mark` is set to the capital.
 KeyEffect registerKey(const KeyArray& keys, const QString& key, QString& mark);
-
-/// How many lessons before the current one are in view on opening; 1 unless the settings say.
-int previousDates(Settings& settings);

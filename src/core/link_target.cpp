@@ -28,7 +28,7 @@ LinkFault linkFault(const QString& name, const QString& path) {
     return name.trimmed().isEmpty() ? LinkFault::Name : LinkFault::None;
 }
 
-void OpenFileLink(const QString& path, Settings& settings, Shell& shell, Prompts& prompts) {
+void OpenFileLink(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts) {
     if (isWebAddress(path))
         shell.OpenUrl(path);
     else if (!FileExists(path))

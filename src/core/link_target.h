@@ -24,4 +24,4 @@ LinkFault linkFault(const QString& name, const QString& path);
 
 /// Opens what a link leads to: a web address (it begins in lower case) and a file by the shell, a
 /// whiteboard file by OpenGwbFile. Of a file that is gone the person is told.
-void OpenFileLink(const QString& path, Settings& settings, Shell& shell, Prompts& prompts);
+void OpenFileLink(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts);

@@ -24,9 +24,9 @@ QString ShortenPath(const QString& path, int limit) {
     return trimmed.left(headLength) + ellipsis + trimmed.mid(tail);
 }
 
-FolderDefaults ReadFolderDefaults(Settings& settings, const QString& appPath) {
-    const auto row = [&](const QString& label, QStringView name) -> FolderDefault {
-        QString folder = settings.readText(setting::Root, name);
+FolderDefaults ReadFolderDefaults(const Settings& settings, const QString& appPath) {
+    const auto row = [&](const QString& label, const Setting<QString>& kept) -> FolderDefault {
+        QString folder = settings.get(kept);
         if (folder.isEmpty())
             folder = appPath;
         return {label, folder, ShortenPath(folder.toLower())};

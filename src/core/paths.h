@@ -23,4 +23,4 @@ enum FolderRow { OpenFolder = 0, SaveFolder = 1, BackupFolder = 2 };
 using FolderDefaults = std::array<FolderDefault, 3>;
 
 /// Reads the three default folders from the settings; each is `appPath` where none was set.
-FolderDefaults ReadFolderDefaults(Settings& settings, const QString& appPath);
+FolderDefaults ReadFolderDefaults(const Settings& settings, const QString& appPath);

@@ -53,7 +53,7 @@ void Session::Start(const QString& appPath) {
     AppPath = withSeparator(QDir::toNativeSeparators(appPath));
     WindowsPath = withSeparator(QDir::toNativeSeparators(QDir::homePath()));
     GradientsAvailable = true;
-    GradientsEnabled = m_settings.readNumber(setting::Root, setting::DisableGradients) != 1;
+    GradientsEnabled = !m_settings.get(setting::DisableGradients);
     FolderDefaults = ReadFolderDefaults(m_settings, AppPath);
     ShortDateFormat = QLocale().dateFormat(QLocale::ShortFormat);
     DateSeparator = separatorOf(ShortDateFormat);
@@ -121,9 +121,8 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
     }
     const OpenResult result = openOnce(copy, password);
     DatabasePath = copy;
-    if (QFileInfo(m_settings.readText(setting::Root, setting::DefaultDatabasePath)) ==
-        QFileInfo(path))
-        m_settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, copy);
+    if (QFileInfo(m_settings.get(setting::DefaultDatabasePath)) == QFileInfo(path))
+        m_settings.set(setting::DefaultDatabasePath, copy);
     return result;
 }
 

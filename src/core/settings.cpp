@@ -1,5 +1,6 @@
 #include "core/settings.h"
 
+#include "core/setting_notices.h"
 #include "core/settings_format.h"
 #include "store/engine/names.h"
 
@@ -7,7 +8,6 @@
 #include <QStringBuilder>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -24,13 +24,6 @@ constexpr QStringView EmptyName = u"%";
 constexpr QStringView NameEscapes = u"%/=[\r\n";
 constexpr QStringView NumberPrefix = u"dword:";
 constexpr QStringView TextPrefix = u"text:";
-
-constexpr QStringView FontName = u"FontName";
-constexpr QStringView FontBold = u"FontBold";
-constexpr QStringView FontItalic = u"FontItalic";
-constexpr QStringView FontUnderline = u"FontUnderline";
-constexpr QStringView FontSize = u"FontSize";
-constexpr QStringView FontColor = u"FontColor";
 
 QString writtenName(QStringView name) {
     if (name.isEmpty())
@@ -61,7 +54,7 @@ QString storedNumber(qint32 number) {
 }
 
 /// A text or a number; Null for what is neither.
-dao::Value contentOf(const QString& text) {
+dao::Value parsed(const QString& text) {
     if (text.startsWith(TextPrefix, Qt::CaseInsensitive))
         return text.mid(TextPrefix.size());
     if (!text.startsWith(NumberPrefix, Qt::CaseInsensitive))
@@ -96,22 +89,31 @@ QStringList namesIn(QSettings& store, const QString& section) {
     return names;
 }
 
-bool isTrue(const QString& text) {
-    return text.compare(u"True", Qt::CaseInsensitive) == 0;
-}
+/// The settings that make up a font, in its key.
+struct FontSettings {
+    Setting<QString> name;
+    Setting<bool, setting::TruthTextForm> bold;
+    Setting<bool, setting::TruthTextForm> italic;
+    Setting<bool, setting::TruthTextForm> underline;
+    Setting<qint32> size;
+    Setting<qint32> colour;
+};
 
-QString truthText(bool value) {
-    return value ? u"True"_s : u"False"_s;
+FontSettings fontSettings(QStringView key) {
+    static const FontRecord usual;
+    return {.name = {key, u"FontName", usual.name},
+            .bold = {key, u"FontBold", usual.bold},
+            .italic = {key, u"FontItalic", usual.italic},
+            .underline = {key, u"FontUnderline", usual.underline},
+            .size = {key, u"FontSize", usual.size},
+            .colour = {key, u"FontColor", usual.colour}};
 }
 
 } // namespace
 
-QString setting::keyOf(QStringView name) {
-    return Root % name;
-}
-
 Settings::Settings(const QString& file)
-    : m_store(std::make_unique<QSettings>(file, settingsFormat())) {}
+    : m_store(std::make_unique<QSettings>(file, settingsFormat()))
+    , m_notices(std::make_unique<SettingNotices>()) {}
 
 Settings::~Settings() = default;
 
@@ -123,10 +125,9 @@ QString Settings::defaultFile() {
 SettingStatus Settings::ReadRegistryValue(QStringView key, QStringView name) {
     m_regValue = {};
     const std::optional<QString> section = sectionOf(key);
-    const std::optional<QString> stored = section ? storedName(*section, name) : std::nullopt;
-    if (!stored)
+    if (!section || !storedName(*section, name))
         return SettingMissing;
-    const dao::Value content = contentOf(m_store->value(inSection(*section, *stored)).toString());
+    const dao::Value content = contentOf(key, name);
     if (content.isNull())
         return SettingUnreadable;
     m_regValue = content.isText() ? dao::Value(content.toText() + StoredNull) : content;
@@ -142,14 +143,7 @@ SettingStatus Settings::WriteRegistryValue(QStringView key, QStringView name, qi
 }
 
 SettingStatus Settings::CreateRegistryKey(QStringView key) {
-    QString path;
-    for (const QString& part : writtenPath(key).split(KeySeparator)) {
-        path = path.isEmpty() ? part : path % KeySeparator % part;
-        if (const std::optional<QString> section = sectionOf(percentUnescaped(path)))
-            path = *section;
-        else
-            m_store->setValue(inSection(path, KeyItself), QString());
-    }
+    makeKey(key);
     return save();
 }
 
@@ -158,6 +152,7 @@ SettingStatus Settings::DeleteRegistryValue(QStringView key, QStringView name) {
     const std::optional<QString> stored = section ? storedName(*section, name) : std::nullopt;
     if (!stored)
         return SettingMissing;
+    noteChange(*section, *stored);
     m_store->remove(inSection(*section, *stored));
     return save();
 }
@@ -168,8 +163,8 @@ SettingStatus Settings::DeleteRegistryKey(QStringView key) {
         return SettingMissing;
     const QStringList below = CollectRegistrySubkeys(key);
     std::for_each(below.rbegin(), below.rend(),
-                  [this](const QString& path) { m_store->remove(writtenPath(path)); });
-    m_store->remove(*section);
+                  [this](const QString& path) { removeSection(writtenPath(path)); });
+    removeSection(*section);
     return save();
 }
 
@@ -215,50 +210,32 @@ bool Settings::EnumRegistryValues(QStringView key, QList<SettingEntry>& values) 
     for (const QString& stored : namesIn(*m_store, *section)) {
         if (stored == KeyItself)
             continue;
-        dao::Value content = contentOf(m_store->value(inSection(*section, stored)).toString());
+        dao::Value content = parsed(m_store->value(inSection(*section, stored)).toString());
         if (!content.isNull())
             values.append({readName(stored), std::move(content)});
     }
     return true;
 }
 
-QString Settings::readText(QStringView key, QStringView name, const QString& absent) {
-    if (ReadRegistryValue(key, name) != SettingFound)
-        return absent;
-    return m_regValue.toText().chopped(1);
+FontRecord Settings::ReadFontRecord(QStringView key) const {
+    const FontSettings font = fontSettings(key);
+    return {.name = get(font.name),
+            .bold = get(font.bold),
+            .italic = get(font.italic),
+            .underline = get(font.underline),
+            .size = get(font.size),
+            .colour = get(font.colour)};
 }
 
-qint32 Settings::readNumber(QStringView key, QStringView name, qint32 absent) {
-    if (ReadRegistryValue(key, name) != SettingFound)
-        return absent;
-    using Limits = std::numeric_limits<qint32>;
-    return static_cast<qint32>(
-        std::clamp<qint64>(m_regValue.toInteger(), Limits::min(), Limits::max()));
-}
-
-bool Settings::readFlag(QStringView key, QStringView name) {
-    return readNumber(key, name) == 1;
-}
-
-FontRecord Settings::ReadFontRecord(QStringView key) {
-    const FontRecord usual;
-    return {.name = readText(key, FontName, usual.name),
-            .bold = isTrue(readText(key, FontBold)),
-            .italic = isTrue(readText(key, FontItalic)),
-            .underline = isTrue(readText(key, FontUnderline)),
-            .size = readNumber(key, FontSize, usual.size),
-            .colour = readNumber(key, FontColor, usual.colour)};
-}
-
-void Settings::WriteFontRecord(QStringView key, const FontRecord& font) {
+void Settings::WriteFontRecord(QStringView key, const FontRecord& record) {
+    const FontSettings font = fontSettings(key);
     const Batch together(*this);
-    CreateRegistryKey(key);
-    WriteRegistryValue(key, FontName, font.name);
-    WriteRegistryValue(key, FontBold, truthText(font.bold));
-    WriteRegistryValue(key, FontItalic, truthText(font.italic));
-    WriteRegistryValue(key, FontUnderline, truthText(font.underline));
-    WriteRegistryValue(key, FontSize, font.size);
-    WriteRegistryValue(key, FontColor, font.colour);
+    set(font.name, record.name);
+    set(font.bold, record.bold);
+    set(font.italic, record.italic);
+    set(font.underline, record.underline);
+    set(font.size, record.size);
+    set(font.colour, record.colour);
 }
 
 Settings::Batch::Batch(Settings& settings) : m_settings(settings) {
@@ -287,15 +264,75 @@ std::optional<QString> Settings::storedName(const QString& section, QStringView 
     return nameAmong(namesIn(*m_store, section), stored);
 }
 
+/// What stands there, a text without the stored null; Null where nothing does that can be read.
+dao::Value Settings::contentOf(QStringView key, QStringView name) const {
+    const std::optional<QString> section = sectionOf(key);
+    const std::optional<QString> stored = section ? storedName(*section, name) : std::nullopt;
+    return stored ? parsed(m_store->value(inSection(*section, *stored)).toString()) : dao::Value();
+}
+
+/// Writes a number or a text into a key that is made where it is missing; Null deletes the value.
+SettingStatus Settings::store(QStringView key, QStringView name, const dao::Value& value) {
+    const QString path = setting::keyOf(key);
+    if (value.isNull()) {
+        const SettingStatus status = DeleteRegistryValue(path, name);
+        return status == SettingMissing ? SettingFound : status;
+    }
+    makeKey(path);
+    return write(path, name,
+                 value.isText() ? storedText(value.toText())
+                                : storedNumber(static_cast<qint32>(value.toInteger())));
+}
+
 SettingStatus Settings::write(QStringView key, QStringView name, const QString& stored) {
     const std::optional<QString> section = sectionOf(key);
     if (!section)
         return SettingMissing;
     const QString kept = storedName(*section, name).value_or(writtenName(name));
+    noteChange(*section, kept);
     m_store->setValue(inSection(*section, kept), stored);
     return save();
 }
 
+void Settings::makeKey(QStringView key) {
+    QString path;
+    for (const QString& part : writtenPath(key).split(KeySeparator)) {
+        path = path.isEmpty() ? part : path % KeySeparator % part;
+        if (const std::optional<QString> section = sectionOf(percentUnescaped(path)))
+            path = *section;
+        else
+            m_store->setValue(inSection(path, KeyItself), QString());
+    }
+}
+
+void Settings::removeSection(const QString& section) {
+    for (const QString& stored : namesIn(*m_store, section)) {
+        if (stored != KeyItself)
+            noteChange(section, stored);
+    }
+    m_store->remove(section);
+}
+
+/// Remembers what a value is before it changes for the first time since the last notices.
+void Settings::noteChange(const QString& section, const QString& stored) {
+    const QString place = dao::folded(inSection(section, stored));
+    if (m_changes.contains(place))
+        return;
+    const QString key = percentUnescaped(section);
+    const QString name = readName(stored);
+    m_changes.insert(place, {.key = key, .name = name, .before = contentOf(key, name)});
+}
+
+/// Those who are told may change settings in their turn.
+void Settings::tellChanges() {
+    const QMap<QString, Change> changes = std::exchange(m_changes, {});
+    for (const Change& change : changes) {
+        if (contentOf(change.key, change.name) != change.before)
+            emit m_notices->changed(change.key, change.name);
+    }
+}
+
+/// Changes that do not reach the disk are told when they do.
 SettingStatus Settings::save() {
     if (m_batches > 0)
         return SettingFound;
@@ -306,5 +343,8 @@ SettingStatus Settings::save() {
         m_store = std::make_unique<QSettings>(m_store->fileName(), settingsFormat());
         m_store->sync();
     }
-    return m_store->status() == QSettings::NoError ? SettingFound : SettingNotWritten;
+    if (m_store->status() != QSettings::NoError)
+        return SettingNotWritten;
+    tellChanges();
+    return SettingFound;
 }

@@ -1,27 +1,20 @@
 #pragma once
 
 #include "core/font_record.h"
+#include "core/setting.h"
 #include "store/engine/value.h"
 
 #include <QList>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
+#include <type_traits>
 
 class QSettings;
-
-/// The names under which settings are kept. A subsystem adds those it owns in a header of its own.
-namespace setting {
-
-/// The key above all others, with the separator that joins it to a name.
-inline constexpr QStringView Root = u"Software\\Q.R.L.\\ORVA\\";
-
-/// The key of a name under the root: `keyOf(u"Register\\Key")`.
-QString keyOf(QStringView name);
-
-} // namespace setting
+class SettingNotices;
 
 /// What an operation of the settings answers; 0 is success. Known by number.
 enum SettingStatus {
@@ -39,7 +32,10 @@ struct SettingEntry {
 /// The person's settings: a tree of keys with named values, each a text or a 32-bit number. Key
 /// paths are joined by backslashes. Names of keys and values match without regard to case and may
 /// hold any character, a key's name all but the backslash. A value that was never written is
-/// absent; no reader ever fails for it, and each has its own default.
+/// absent; no reader ever fails for it.
+///
+/// The program's own settings are declared with type and default (setting.h); get(), find() and
+/// set() are the way to them. Below those stand the operations on keys and values as such.
 ///
 /// The tree is one file (settings_format.h). A number is written as dword:0000002a, a text as
 /// itself; a text that begins with "dword:" or "text:" has "text:" in front. `.=` stands for the
@@ -56,6 +52,32 @@ public:
 
     /// The file in the person's own configuration folder.
     static QString defaultFile();
+
+    /// What a setting is set to: its default where it is absent or can't be read. Reading in this
+    /// way leaves RegValue as it is.
+    template<class T, class Form>
+    T get(const Setting<T, Form>& setting) const {
+        return find(setting).value_or(setting.absentValue());
+    }
+    /// The same, but nothing in place of the default: for those that have none.
+    template<class T, class Form>
+    std::optional<T> find(const Setting<T, Form>& setting) const {
+        const dao::Value stored = contentOf(setting::keyOf(setting.key), setting.name);
+        return stored.isNull() ? std::nullopt : Form::read(stored);
+    }
+    /// Stores a setting, in its key, which is made where it is missing.
+    template<class T, class Form>
+    SettingStatus set(const Setting<T, Form>& setting, const std::type_identity_t<T>& value) {
+        return store(setting.key, setting.name, Form::written(value));
+    }
+    /// Leaves a setting absent, also where it was so before.
+    template<class T, class Form>
+    SettingStatus remove(const Setting<T, Form>& setting) {
+        return store(setting.key, setting.name, {});
+    }
+
+    /// Where to hear of changes.
+    SettingNotices& notices() const { return *m_notices; }
 
     /// Reads a value into RegValue. When the answer is not 0, RegValue is empty.
     SettingStatus ReadRegistryValue(QStringView key, QStringView name);
@@ -85,15 +107,8 @@ public:
     /// Fills `values` with what a key holds; false when there is no such key.
     bool EnumRegistryValues(QStringView key, QList<SettingEntry>& values) const;
 
-    /// The usual ways to read a value, each through ReadRegistryValue. A text loses its last
-    /// character, the stored null; the number of a text is what it begins with, 0 if no number; a
-    /// flag is set when its number is 1.
-    QString readText(QStringView key, QStringView name, const QString& absent = {});
-    qint32 readNumber(QStringView key, QStringView name, qint32 absent = 0);
-    bool readFlag(QStringView key, QStringView name);
-
     /// The font kept in a key; what is absent is as in a new FontRecord.
-    FontRecord ReadFontRecord(QStringView key);
+    FontRecord ReadFontRecord(QStringView key) const;
     /// Writes the font into a key, made where missing. The three flags are texts.
     void WriteFontRecord(QStringView key, const FontRecord& font);
 
@@ -112,13 +127,28 @@ public:
     };
 
 private:
+    /// A value that has been written or deleted since the last notices.
+    struct Change {
+        QString key;
+        QString name;
+        dao::Value before;
+    };
+
     std::unique_ptr<QSettings> m_store;
+    std::unique_ptr<SettingNotices> m_notices;
     int m_batches = 0;
+    QMap<QString, Change> m_changes; ///< by their folded place in the store
     dao::Value m_regValue;
     QStringList m_registrySubkeys;
 
     std::optional<QString> sectionOf(QStringView key) const;
     std::optional<QString> storedName(const QString& section, QStringView name) const;
+    dao::Value contentOf(QStringView key, QStringView name) const;
+    SettingStatus store(QStringView key, QStringView name, const dao::Value& value);
     SettingStatus write(QStringView key, QStringView name, const QString& stored);
+    void makeKey(QStringView key);
+    void removeSection(const QString& section);
+    void noteChange(const QString& section, const QString& stored);
+    void tellChanges();
     SettingStatus save();
 };

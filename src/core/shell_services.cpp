@@ -64,9 +64,9 @@ bool isGwbFile(const QString& path) {
     return path.endsWith(u"gwb"_s, Qt::CaseInsensitive);
 }
 
-void OpenGwbFile(const QString& path, Settings& settings, Shell& shell, Prompts& prompts) {
+void OpenGwbFile(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts) {
     const QString verb = u"Open"_s;
-    const QString viewer = settings.readText(setting::Root, setting::GwbViewer);
+    const QString viewer = settings.get(setting::GwbViewer);
     if (viewer.isEmpty())
         shell.ShellRun(verb, path);
     else if (QStandardPaths::findExecutable(viewer).isEmpty())

@@ -11,7 +11,7 @@ void ShowShellError(int code, Prompts& prompts);
 
 /// Opens a whiteboard file, in the program that the setting `GwbViewer` names or else in the one
 /// that the desktop has for it.
-void OpenGwbFile(const QString& path, Settings& settings, Shell& shell, Prompts& prompts);
+void OpenGwbFile(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts);
 
 /// Whether a path is one for OpenGwbFile: it ends in "gwb", in whatever case.
 bool isGwbFile(const QString& path);

@@ -3,14 +3,25 @@
 #include "core/settings.h"
 
 #include <cmath>
+#include <optional>
 
 namespace {
 
-constexpr QStringView WindowStateValue = u"WindowState";
-constexpr QStringView TopValue = u"Top";
-constexpr QStringView LeftValue = u"Left";
-constexpr QStringView WidthValue = u"Width";
-constexpr QStringView HeightValue = u"Height";
+/// The settings that make up a window's placement, in its key.
+struct PlacementSettings {
+    explicit PlacementSettings(QStringView key)
+        : state{key, u"WindowState"}
+        , top{key, u"Top"}
+        , left{key, u"Left"}
+        , width{key, u"Width"}
+        , height{key, u"Height"} {}
+
+    Setting<qint32> state;
+    Setting<qint32> top; ///< in twips, as all that follow
+    Setting<qint32> left;
+    Setting<qint32> width;
+    Setting<qint32> height;
+};
 
 /// The one window that stands in the middle of the screen before it has a place of its own.
 constexpr QStringView CentredWindow = u"CPlanFrm";
@@ -19,15 +30,14 @@ qint32 stored(float twips) {
     return static_cast<qint32>(std::lround(twips));
 }
 
-float readTwips(Settings& settings, QStringView key, QStringView name) {
-    return static_cast<float>(settings.readNumber(key, name));
-}
-
-Placement readPlacement(Settings& settings, QStringView key) {
-    return {.Top = readTwips(settings, key, TopValue),
-            .Left = readTwips(settings, key, LeftValue),
-            .Width = readTwips(settings, key, WidthValue),
-            .Height = readTwips(settings, key, HeightValue)};
+Placement readPlacement(const Settings& settings, const PlacementSettings& kept) {
+    const auto twips = [&settings](const Setting<qint32>& length) {
+        return static_cast<float>(settings.get(length));
+    };
+    return {.Top = twips(kept.top),
+            .Left = twips(kept.left),
+            .Width = twips(kept.width),
+            .Height = twips(kept.height)};
 }
 
 void placeByDefault(PlacedWindow& window) {
@@ -59,41 +69,37 @@ private:
 } // namespace
 
 void SaveWindowPlacement(Settings& settings, const PlacedWindow& window, QStringView keyName) {
+    const PlacementSettings kept(keyName);
     const Settings::Batch together(settings);
-    const QString key = setting::keyOf(keyName);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, WindowStateValue, window.windowState());
+    settings.set(kept.state, window.windowState());
     if (window.windowState() != WindowNormal)
         return;
     const Placement place = window.placement();
-    settings.WriteRegistryValue(key, TopValue, stored(place.Top));
-    settings.WriteRegistryValue(key, LeftValue, stored(place.Left));
-    settings.WriteRegistryValue(key, WidthValue, stored(place.Width));
-    settings.WriteRegistryValue(key, HeightValue, stored(place.Height));
+    settings.set(kept.top, stored(place.Top));
+    settings.set(kept.left, stored(place.Left));
+    settings.set(kept.width, stored(place.Width));
+    settings.set(kept.height, stored(place.Height));
 }
 
-void RestoreWindowPlacement(Settings& settings, PlacedWindow& window, QStringView keyName) {
-    const QString key = setting::keyOf(keyName);
-    if (settings.ReadRegistryValue(key, WindowStateValue) != SettingFound) {
+void RestoreWindowPlacement(const Settings& settings, PlacedWindow& window, QStringView keyName) {
+    const PlacementSettings kept(keyName);
+    const std::optional<qint32> state = settings.find(kept.state);
+    if (!state)
         placeByDefault(window);
-        return;
-    }
-    const qint32 state = settings.readNumber(key, WindowStateValue);
-    if (state == WindowNormal) {
-        window.setPlacement(readPlacement(settings, key));
-    } else if (state == WindowMinimised || state == WindowMaximised) {
-        window.setWindowState(state);
-    }
+    else if (*state == WindowNormal)
+        window.setPlacement(readPlacement(settings, kept));
+    else if (*state == WindowMinimised || *state == WindowMaximised)
+        window.setWindowState(*state);
 }
 
-void RestoreChildPlacement(Settings& settings, PlacedWindow& window, QStringView keyName) {
+void RestoreChildPlacement(const Settings& settings, PlacedWindow& window, QStringView keyName) {
     const MainWindowLock lock(window);
     if (window.windowState() == WindowMaximised)
         return;
-    const QString key = setting::keyOf(keyName);
-    for (QStringView name : {TopValue, LeftValue, HeightValue, WidthValue}) {
-        if (settings.ReadRegistryValue(key, name) != SettingFound)
+    const PlacementSettings kept(keyName);
+    for (const Setting<qint32>& length : {kept.top, kept.left, kept.height, kept.width}) {
+        if (!settings.find(length))
             return;
     }
-    window.setPlacement(readPlacement(settings, key));
+    window.setPlacement(readPlacement(settings, kept));
 }

@@ -41,8 +41,8 @@ void SaveWindowPlacement(Settings& settings, const PlacedWindow& window, QString
 
 /// Gives the window the state and place kept under that name. A window that was never kept goes to
 /// the top left of the main window; `CPlanFrm` to the middle of the screen.
-void RestoreWindowPlacement(Settings& settings, PlacedWindow& window, QStringView keyName);
+void RestoreWindowPlacement(const Settings& settings, PlacedWindow& window, QStringView keyName);
 
 /// Moves the window to the place kept under that name, if all of it is there and the window is not
 /// maximised. Its state stays.
-void RestoreChildPlacement(Settings& settings, PlacedWindow& window, QStringView keyName);
+void RestoreChildPlacement(const Settings& settings, PlacedWindow& window, QStringView keyName);

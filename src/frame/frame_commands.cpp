@@ -1,9 +1,12 @@
 #include "frame/frame_commands.h"
 
+#include "calendar/timetable_settings.h"
+#include "classes/class_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "frame/year_roads.h"
 #include "incidents/security_warning.h"
+#include "planning/planning_settings.h"
 
 #include <algorithm>
 #include <array>

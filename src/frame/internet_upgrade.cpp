@@ -1,18 +1,18 @@
 #include "frame/internet_upgrade.h"
 
-#include "core/core_settings.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/shell.h"
 #include "core/version.h"
+#include "frame/frame_settings.h"
 
 #include <optional>
 
 namespace {
 
 QString address(Session& session) {
-    return session.GetSettings().readText(setting::Root, setting::UpgradeAddress);
+    return session.GetSettings().get(setting::UpgradeAddress);
 }
 
 /// The number of the newest build; nothing when it can't be had.

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "core/tool_windows.h"
+#include "frame/frame_settings.h"
 
 #include <QList>
 
 enum class FrameCommand;
 
-/// A window that is opened again at the next start where it was open at the end, and the value of
-/// the settings by which that is noted.
+/// A window that is opened again at the next start where it was open at the end, and the setting
+/// by which that is noted.
 struct StartupWindow {
-    QStringView value;
+    setting::OpenAtStart isOpen;
     ToolWindow window;
 };
 

@@ -1,11 +1,5 @@
 #include "frame/toolbar_side.h"
 
-ToolbarSide toolbarSide(qint32 alignment) {
-    const bool isSide = alignment >= static_cast<qint32>(ToolbarSide::Left) &&
-                        alignment <= static_cast<qint32>(ToolbarSide::Bottom);
-    return isSide ? static_cast<ToolbarSide>(alignment) : ToolbarSide::Left;
-}
-
 QPoint popupPlace(ToolbarSide side, const QRect& button, QSize popup) {
     const int middleX = button.x() + (button.width() - popup.width()) / 2;
     const int middleY = button.y() + (button.height() - popup.height()) / 2;

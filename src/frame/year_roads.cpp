@@ -4,6 +4,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "year/backup.h"
@@ -18,14 +19,6 @@ namespace {
 /// Where the wizard begins with a new year, by its own number.
 const QString FirstSetupPage = u"0"_s;
 
-/// What happens to the database when the program closes, by its number in the settings.
-enum ClosingBackup {
-    NoBackup = 0,
-    AskForBackup = 1,
-    CompactAndBackup = 2,
-    BackupWithoutCompacting = 3
-};
-
 /// Asks whether to back up; with the box ticked it is done without asking from then on.
 bool wantsBackup(Session& session) {
     BoxLook look;
@@ -34,19 +27,17 @@ bool wantsBackup(Session& session) {
         QStringLiteral("ORVA is closing!,\nDo you wish to Backup and Compress the database?"),
         YesNoButtons | QuestionIcon | SecondButtonDefault,
         QStringLiteral("Backup/Compress Database"), look);
-    if (answer.ticked) {
-        session.GetSettings().CreateRegistryKey(setting::Root);
-        session.GetSettings().WriteRegistryValue(setting::Root, setting::AutoBackup,
-                                                 CompactAndBackup);
-    }
+    if (answer.ticked)
+        session.GetSettings().set(setting::AutoBackup, ClosingBackup::CompactAndBackUp);
     return answer == AnswerYes;
 }
 
 void backUpAtClose(Session& session, const QString& path, const QString& password) {
-    const int kind = session.GetSettings().readNumber(setting::Root, setting::AutoBackup);
-    if (kind == CompactAndBackup || (kind == AskForBackup && wantsBackup(session)))
+    const ClosingBackup kind = session.GetSettings().get(setting::AutoBackup);
+    if (kind == ClosingBackup::CompactAndBackUp ||
+        (kind == ClosingBackup::Ask && wantsBackup(session)))
         BackupAndCompact(backupContext(session), path, true, password);
-    else if (kind == BackupWithoutCompacting)
+    else if (kind == ClosingBackup::BackUpOnly)
         BackupOnly(backupContext(session), path, password);
 }
 
@@ -86,8 +77,7 @@ void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
 } // namespace
 
 void LoadMainWindow(Session& session, MainFrame& frame) {
-    session.DatabasePath =
-        session.GetSettings().readText(setting::Root, setting::DefaultDatabasePath);
+    session.DatabasePath = session.GetSettings().get(setting::DefaultDatabasePath);
     recoverInterruptedBackups(session);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
@@ -97,8 +87,7 @@ void LoadMainWindow(Session& session, MainFrame& frame) {
 }
 
 void ActivateMainWindow(Session& session, MainFrame& frame) {
-    const bool skipsWizard =
-        session.GetSettings().readFlag(setting::Root, setting::DontShowStartup);
+    const bool skipsWizard = session.GetSettings().get(setting::DontShowStartup);
     if (session.DatabasePath.isEmpty() || !skipsWizard)
         return frame.open(ToolWindow::StartupWizard);
     openOrShowWizard(session, frame, session.DatabasePath, {});
@@ -164,26 +153,22 @@ void RestoreBackupCommand(Session& session, MainFrame& frame) {
 }
 
 void RunCurrentStartup(Session& session, MainFrame& frame) {
-    const QString key = setting::keyOf(setting::Startup);
     for (const StartupWindow& noted : frame.startupWindows()) {
-        // That the value exists is its meaning, whatever it holds.
-        if (session.GetSettings().ReadRegistryValue(key, noted.value) == SettingFound)
+        if (session.GetSettings().get(noted.isOpen))
             frame.open(noted.window);
     }
-    if (session.GetSettings().readFlag(setting::Root, setting::CheckForUpgrade) &&
-        hasUpgradeAddress(session))
+    if (session.GetSettings().get(setting::CheckForUpgrade) && hasUpgradeAddress(session))
         GetUpgradeInfo(session);
 }
 
 void SaveCurrentStartup(Session& session, MainFrame& frame) {
     Settings& settings = session.GetSettings();
-    const QString key = setting::keyOf(setting::Startup);
     const Settings::Batch whole(settings);
-    settings.ClearRegistryKey(key);
+    settings.ClearRegistryKey(setting::keyOf(setting::Startup));
     const QList<ToolWindow> visible = frame.visible();
     for (const StartupWindow& noted : frame.startupWindows()) {
         if (visible.contains(noted.window))
-            settings.WriteRegistryValue(key, noted.value, 1);
+            settings.set(noted.isOpen, true);
     }
     frame.CloseOpenForms();
 }

@@ -16,12 +16,6 @@ namespace dao {
 class EngineError;
 }
 
-namespace setting {
-/// The key of the planning sheets: the window's place and the font for new text among other things.
-inline constexpr QStringView Planning = u"Planning";
-inline constexpr QStringView ShowClassCoding = u"ShowClassCoding"; ///< 1: classes in their colours
-} // namespace setting
-
 /// A date as the heading of a sheet gives it: "Monday  -  Sep 09 2024", in the person's language,
 /// the month in three letters.
 QString sheetHeading(QDate date);

@@ -1,12 +1,12 @@
 #include "year/backup.h"
 
-#include "core/core_settings.h"
 #include "core/password_retry.h"
 #include "core/progress.h"
 #include "core/prompts.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
+#include "year/backup_settings.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,13 +37,12 @@ void tellFailure(Prompts& prompts, const BackupNames& names, const dao::EngineEr
 }
 
 void noteInterruption(const BackupContext& context, const QString& database) {
-    context.settings.CreateRegistryKey(setting::Root);
-    context.settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, database);
+    context.settings.set(setting::BackupInProgress, database);
 }
 
 void forgetInterruption(const BackupContext& context, const BackupNames& names) {
     if (QFile::exists(names.database) && InterruptedBackup(context) == names.database)
-        context.settings.DeleteRegistryValue(setting::Root, setting::BackupInProgress);
+        context.settings.remove(setting::BackupInProgress);
 }
 
 /// Gives a file that is no backup's, but has the name of the compacted file, another that is free.
@@ -270,7 +269,7 @@ QString compactedPercent(qint64 formerSize, qint64 compactedSize) {
 }
 
 QString InterruptedBackup(const BackupContext& context) {
-    return context.settings.readText(setting::Root, setting::BackupInProgress);
+    return context.settings.get(setting::BackupInProgress);
 }
 
 BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QString& databasePath) {

@@ -32,9 +32,8 @@ QString restoredName(const QString& backup, const QString& folder) {
 
 /// Where the backup goes, as the teacher wants it; empty when it should go nowhere.
 QString chooseTarget(const BackupContext& context, const QString& backup) {
-    const QString usual =
-        context.settings.readText(setting::Root, setting::DefaultDatabasePath,
-                                  restoredName(backup, context.folders[OpenFolder].folder));
+    const QString usual = context.settings.find(setting::DefaultDatabasePath)
+                              .value_or(restoredName(backup, context.folders[OpenFolder].folder));
     if (!QFile::exists(usual))
         return usual;
     const BoxAnswer answer =

@@ -1,5 +1,6 @@
 // The register: its records, marks, and what is counted from them.
 
+#include "classes/class_settings.h"
 #include "classes/class_views.h"
 #include "classes/pupil_photo.h"
 #include "classes/register_keys.h"
@@ -113,10 +114,8 @@ TEST_F(RegisterTest, LessonsHaveTheirPeriods) {
 TEST_F(RegisterTest, KeysMarkOrNot) {
     QTemporaryDir folder;
     Settings settings(folder.filePath(u"settings"_s));
-    const QString key = setting::keyOf(u"Register\\Key");
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, u"L", u"late"_s);
-    settings.WriteRegistryValue(key, u"m", u"at music"_s);
+    settings.set(Setting<QString>{setting::RegisterKey, u"L"}, u"late"_s);
+    settings.set(Setting<QString>{setting::RegisterKey, u"m"}, u"at music"_s);
     const KeyArray keys = Populate_KeyArray(settings);
     EXPECT_EQ(keys.lines, (QStringList{u"L=late"_s, u"m=at music"_s}));
     struct Case {

@@ -65,13 +65,12 @@ TEST_F(LinkTargetTest, EachKindOfLinkGoesItsWay) {
     m_seams.prompts.expect(PromptKind::Plain, u"File doesn't exist"_s, AnswerOk);
     open(u"/no/such/file"_s);
 
-    ASSERT_EQ(m_settings.CreateRegistryKey(setting::Root), SettingFound);
-    m_settings.WriteRegistryValue(setting::Root, setting::GwbViewer, u"no-such-viewer"_s);
+    ASSERT_EQ(m_settings.set(setting::GwbViewer, u"no-such-viewer"_s), SettingFound);
     m_seams.prompts.expect(PromptKind::Plain, u"ShellExecute Error"_s, AnswerOk);
     open(board);
     EXPECT_EQ(m_seams.prompts.last().text,
               u"There is no application associated with the given file name extension."_s);
-    m_settings.WriteRegistryValue(setting::Root, setting::GwbViewer, u"sh"_s);
+    m_settings.set(setting::GwbViewer, u"sh"_s);
     open(board);
 
     QStringList opened;

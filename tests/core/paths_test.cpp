@@ -50,8 +50,7 @@ TEST(FolderDefaults, AreTheProgramFolderUntilSet) {
     }
 
     const QString backups = u"/Media/A very long name/of folders/below/each other/Backups/"_s;
-    settings.CreateRegistryKey(setting::Root);
-    settings.WriteRegistryValue(setting::Root, setting::DefaultBackupFolder, backups);
+    settings.set(setting::DefaultBackupFolder, backups);
     const FolderDefaults set = ReadFolderDefaults(settings, appPath);
     EXPECT_EQ(set.at(OpenFolder).folder, appPath);
     EXPECT_EQ(set.at(BackupFolder).folder, backups);

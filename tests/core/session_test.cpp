@@ -4,6 +4,7 @@
 #include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/year_roads.h"
 #include "store/engine/error.h"
@@ -11,6 +12,7 @@
 #include "support/engine_places.h"
 #include "support/scripted_frame.h"
 #include "support/year_file.h"
+#include "year/backup_settings.h"
 #include "year/year_opening.h"
 
 #include <QCryptographicHash>
@@ -47,10 +49,9 @@ protected:
         database.Close();
     }
     /// Sets the default database and whether it is opened at the start.
-    void setDefault(const QString& file, int dontShowStartup) {
-        settings.CreateRegistryKey(setting::Root);
-        settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, file);
-        settings.WriteRegistryValue(setting::Root, setting::DontShowStartup, dontShowStartup);
+    void setDefault(const QString& file, bool dontShowStartup) {
+        settings.set(setting::DefaultDatabasePath, file);
+        settings.set(setting::DontShowStartup, dontShowStartup);
     }
     void start() {
         frame.log.clear();
@@ -185,8 +186,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerOk);
         ASSERT_EQ(session.OpenDatabaseFile(original, {}), OpenDone);
         EXPECT_EQ(session.DatabasePath, path("old (converted).mdb"));
-        EXPECT_EQ(settings.readText(setting::Root, setting::DefaultDatabasePath),
-                  session.DatabasePath);
+        EXPECT_EQ(settings.get(setting::DefaultDatabasePath), session.DatabasePath);
         EXPECT_EQ(contentOf(original), before) << "the original is untouched";
 
         const dao::Database jet = engine.OpenDatabase(original);
@@ -283,7 +283,6 @@ TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
 }
 
 TEST_F(SessionTest, TheWindowsOfTheLastRunOpenAgainInTheirOrder) {
-    const QString key = setting::keyOf(setting::Startup);
     frame.windows = {ToolWindow::DailySheet, ToolWindow::AddressBook, ToolWindow::Classes};
     SaveCurrentStartup(session, frame);
     EXPECT_TRUE(frame.windows.isEmpty());
@@ -293,7 +292,7 @@ TEST_F(SessionTest, TheWindowsOfTheLastRunOpenAgainInTheirOrder) {
     SaveCurrentStartup(session, frame);
     RunCurrentStartup(session, frame);
     EXPECT_TRUE(frame.windows.isEmpty()) << "with no window the next start opens nothing";
-    settings.WriteRegistryValue(key, setting::Open_COE, 0);
+    settings.set(Setting<qint32>{setting::Startup, setting::Open_COE.name}, 0);
     RunCurrentStartup(session, frame);
     EXPECT_EQ(frame.windows, QList{ToolWindow::CalendarOfEvents})
         << "that the value exists is its meaning";
@@ -314,7 +313,7 @@ TEST_F(SessionTest, AnInterruptedBackupIsMendedWhicheverFileOpensByDefault) {
     QFile::rename(path("year.mdb"), path("year.new"));
     for (const QString& standard : {QString(), path("other.mdb"), path("year.mdb")}) {
         setDefault(standard, 0);
-        settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, path("year.mdb"));
+        settings.set(setting::BackupInProgress, path("year.mdb"));
         seams.prompts.expect(PromptKind::Plain, u("Backup interrupted"), AnswerOk);
         start();
         EXPECT_EQ(session.DatabasePath, standard);
@@ -341,28 +340,30 @@ TEST_F(SessionTest, TheOlderRestoreLeavesTheRestoredYearOpen) {
 }
 
 TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
+    using enum ClosingBackup;
     struct Case {
-        int autoBackup;
+        ClosingBackup autoBackup;
         PromptReply reply; ///< of the question, where there is one
         bool backedUp;
-        int autoBackupLater;
+        ClosingBackup autoBackupLater;
     };
     makeYear("year.mdb");
-    for (const Case& end :
-         {Case{0, {}, false, 0}, Case{1, AnswerNo, false, 1}, Case{1, AnswerYes, true, 1},
-          Case{1, BoxAnswer{AnswerNo, true}, false, 2}, Case{2, {}, true, 2},
-          Case{3, {}, true, 3}}) {
+    for (const Case& end : {Case{None, {}, false, None}, Case{Ask, AnswerNo, false, Ask},
+                            Case{Ask, AnswerYes, true, Ask},
+                            Case{Ask, BoxAnswer{AnswerNo, true}, false, CompactAndBackUp},
+                            Case{CompactAndBackUp, {}, true, CompactAndBackUp},
+                            Case{BackUpOnly, {}, true, BackUpOnly}}) {
         QFile::remove(path("year.001"));
         session.FolderDefaults[BackupFolder].folder = folder.path() + u'/';
-        settings.CreateRegistryKey(setting::Root);
-        settings.WriteRegistryValue(setting::Root, setting::AutoBackup, end.autoBackup);
+        settings.set(setting::AutoBackup, end.autoBackup);
         ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
-        if (end.autoBackup == 1)
+        if (end.autoBackup == Ask)
             seams.prompts.expect(PromptKind::Message, u("Backup/Compress Database"), end.reply);
         ShutDown(session);
         EXPECT_FALSE(session.CurrentDB.isOpen());
-        EXPECT_EQ(QFile::exists(path("year.001")), end.backedUp) << end.autoBackup;
-        EXPECT_EQ(settings.readNumber(setting::Root, setting::AutoBackup), end.autoBackupLater);
+        EXPECT_EQ(QFile::exists(path("year.001")), end.backedUp)
+            << static_cast<int>(end.autoBackup);
+        EXPECT_EQ(settings.get(setting::AutoBackup), end.autoBackupLater);
     }
     ShutDown(session); // with nothing open nothing is asked
 }
@@ -372,8 +373,7 @@ TEST_F(SessionTest, ANewerVersionIsOfferedWhereAnAddressIsConfigured) {
         QByteArray build;
         const char* text;
     };
-    settings.CreateRegistryKey(setting::Root);
-    settings.WriteRegistryValue(setting::Root, setting::UpgradeAddress, u("https://example.org"));
+    settings.set(setting::UpgradeAddress, u("https://example.org"));
     for (const Case& found :
          {Case{{}, "could not be reached"}, Case{"<html>", "could not be reached"},
           Case{"1\r\n", "already have the latest"}, Case{"999", "newer version"}}) {

@@ -1,6 +1,8 @@
 #include "core/settings.h"
 
 #include "core/core_settings.h"
+#include "core/setting_notices.h"
+#include "frame/frame_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +43,120 @@ QStringList namesOf(const QList<SettingEntry>& entries) {
     return names;
 }
 
+QString textAt(const Settings& settings, QStringView key, QStringView name) {
+    return settings.get(Setting<QString>{key, name});
+}
+
+qint32 numberAt(const Settings& settings, QStringView key, QStringView name) {
+    return settings.get(Setting<qint32>{key, name});
+}
+
 } // namespace
+
+TEST_F(SettingsTest, EachTypeHasItsStoredForm) {
+    using namespace setting;
+    const Setting<bool> flag{u"Types", u"flag", true};
+    const Setting<bool, TruthTextForm> truth{u"Types", u"truth", true};
+    const Setting<bool, ExistenceForm> existence{u"Types", u"existence"};
+    const Setting<qint32> number{u"Types", u"number", 7};
+    const Setting<qint32, NumberTextForm> width{u"Types", u"width", 225};
+    const Setting<QString> text{u"Types", u"text", u"usual"};
+    Settings settings(m_file);
+    EXPECT_TRUE(settings.get(flag));
+    EXPECT_TRUE(settings.get(truth));
+    EXPECT_FALSE(settings.get(existence));
+    EXPECT_EQ(settings.get(number), 7);
+    EXPECT_EQ(settings.get(width), 225);
+    EXPECT_EQ(settings.get(text), u"usual"_s);
+    EXPECT_EQ(settings.find(text), std::nullopt);
+
+    EXPECT_EQ(settings.set(flag, false), SettingFound) << "its key is made";
+    settings.set(truth, false);
+    settings.set(existence, true);
+    settings.set(number, -1);
+    settings.set(width, 600);
+    settings.set(text, {});
+    EXPECT_TRUE(content().contains("existence=dword:00000001\nflag=dword:00000000\n"
+                                   "number=dword:ffffffff\ntext=\ntruth=False\nwidth=600\n"))
+        << content().constData();
+    EXPECT_FALSE(settings.get(flag));
+    EXPECT_FALSE(settings.get(truth));
+    EXPECT_TRUE(settings.get(existence));
+    EXPECT_EQ(settings.get(number), -1);
+    EXPECT_EQ(settings.get(width), 600);
+    EXPECT_EQ(settings.find(text), QString());
+
+    settings.set(existence, false);
+    EXPECT_EQ(settings.remove(text), SettingFound);
+    EXPECT_EQ(settings.remove(text), SettingFound) << "absent as it was to be";
+    EXPECT_FALSE(settings.get(existence));
+    EXPECT_EQ(settings.get(text), u"usual"_s);
+}
+
+TEST_F(SettingsTest, ANumberThatIsNoChoiceReadsAsTheDefault) {
+    Settings settings(m_file);
+    const Setting<qint32> stored{setting::Root, setting::ToolbarAlignment.name};
+    for (const qint32 number : {-1, 0, 5}) {
+        settings.set(stored, number);
+        EXPECT_EQ(settings.get(setting::ToolbarAlignment), ToolbarSide::Left) << number;
+    }
+    settings.set(setting::ToolbarAlignment, ToolbarSide::Bottom);
+    EXPECT_EQ(settings.get(stored), 4);
+    EXPECT_EQ(settings.get(setting::ToolbarAlignment), ToolbarSide::Bottom);
+}
+
+TEST_F(SettingsTest, TypedReadersLeaveRegValueAlone) {
+    Settings settings(m_file);
+    settings.set(setting::GwbViewer, u"viewer"_s);
+    ASSERT_EQ(settings.ReadRegistryValue(setting::Root, setting::GwbViewer.name), SettingFound);
+    settings.get(setting::DisableGradients);
+    settings.ReadFontRecord(m_key);
+    EXPECT_EQ(settings.RegValue(), dao::Value(u"viewer\0"_s));
+}
+
+TEST_F(SettingsTest, NoticesComeForRealChangesAndAfterTheDisk) {
+    Settings settings(m_file);
+    QObject receiver;
+    QStringList told;
+    settings.notices().onChange(setting::GwbViewer, &receiver, [&] {
+        const QString viewer = settings.get(setting::GwbViewer);
+        EXPECT_TRUE(content().contains("GwbViewer=" + viewer.toUtf8() + '\n') || viewer.isEmpty());
+        told += viewer.isEmpty() ? u"none"_s : viewer;
+    });
+    settings.set(setting::GwbViewer, u"a"_s);
+    settings.set(setting::GwbViewer, u"a"_s);
+    settings.set(setting::DefaultOpenFolder, u"b"_s);
+    settings.WriteRegistryValue(u"software\\q.r.l.\\orva", u"GWBVIEWER", u"c"_s);
+    EXPECT_EQ(told, (QStringList{u"a"_s, u"c"_s}));
+    {
+        const Settings::Batch together(settings);
+        settings.set(setting::GwbViewer, u"d"_s);
+        settings.ClearRegistryKey(setting::Root);
+        settings.set(setting::GwbViewer, u"e"_s);
+        EXPECT_EQ(told.size(), 2);
+    }
+    {
+        const Settings::Batch together(settings);
+        settings.DeleteRegistryKey(setting::Root);
+        settings.set(setting::GwbViewer, u"e"_s);
+    }
+    EXPECT_EQ(told.mid(2), QStringList{u"e"_s}) << "once a batch, and not for what is as it was";
+    settings.DeleteRegistryKey(setting::Root);
+    EXPECT_EQ(told.mid(3), QStringList{u"none"_s});
+}
+
+TEST_F(SettingsTest, AChangeThatIsNotWrittenYetIsToldWhenItIs) {
+    ASSERT_TRUE(QDir().mkdir(m_file));
+    Settings settings(m_file);
+    QObject receiver;
+    int told = 0;
+    settings.notices().onChange(setting::DisableGradients, &receiver, [&told] { ++told; });
+    EXPECT_EQ(settings.set(setting::DisableGradients, true), SettingNotWritten);
+    EXPECT_EQ(told, 0);
+    ASSERT_TRUE(QDir().rmdir(m_file));
+    settings.FlushRegistryKey(setting::Root);
+    EXPECT_EQ(told, 1);
+}
 
 TEST_F(SettingsTest, TextsComeBackFromDiskAsTheyWent) {
     const QStringList texts{u""_s,
@@ -69,7 +184,7 @@ TEST_F(SettingsTest, TextsComeBackFromDiskAsTheyWent) {
     for (int i = 0; i < texts.size(); ++i) {
         ASSERT_EQ(reader.ReadRegistryValue(m_key, QString::number(i)), 0) << i;
         EXPECT_EQ(reader.RegValue(), dao::Value(texts.at(i) + QChar(QChar::Null))) << i;
-        EXPECT_EQ(reader.readText(m_key, QString::number(i)), texts.at(i));
+        EXPECT_EQ(textAt(reader, m_key, QString::number(i)), texts.at(i));
     }
 }
 
@@ -90,7 +205,7 @@ TEST_F(SettingsTest, NamesMayHoldAnyCharacter) {
         ASSERT_TRUE(QFile::copy(m_file, copy));
         Settings reader(copy);
         for (const QString& name : names)
-            EXPECT_EQ(reader.readText(key, name), name + u"!"_s) << keyName.toStdString();
+            EXPECT_EQ(textAt(reader, key, name), name + u"!"_s) << keyName.toStdString();
         QList<SettingEntry> entries;
         ASSERT_TRUE(reader.EnumRegistryValues(key, entries));
         QStringList found = namesOf(entries);
@@ -109,7 +224,6 @@ TEST_F(SettingsTest, NumbersKeepTheirTypeAndSign) {
         ASSERT_EQ(settings.WriteRegistryValue(m_key, u"n", number), 0);
         ASSERT_EQ(settings.ReadRegistryValue(m_key, u"n"), 0);
         EXPECT_EQ(settings.RegValue(), dao::Value(number));
-        EXPECT_EQ(settings.readNumber(m_key, u"n"), number);
     }
     settings.WriteRegistryValue(m_key, u"n", 42);
     EXPECT_TRUE(content().contains("n=dword:0000002a\n")) << content().constData();
@@ -120,7 +234,7 @@ TEST_F(SettingsTest, NamesMatchWithoutRegardToCase) {
     settings.CreateRegistryKey(setting::keyOf(u"Über\\Été"));
     ASSERT_EQ(settings.WriteRegistryValue(setting::keyOf(u"ÜBER\\ÉTÉ"), u"Ωmega", 1), 0);
     ASSERT_EQ(settings.WriteRegistryValue(setting::keyOf(u"über\\été"), u"ωMEGA", 2), 0);
-    EXPECT_EQ(settings.readNumber(u"SOFTWARE\\q.r.l.\\orva\\üBER\\éTÉ\\", u"ΩMEGA"), 2);
+    EXPECT_EQ(numberAt(settings, u"SOFTWARE\\q.r.l.\\orva\\üBER\\éTÉ\\", u"ΩMEGA"), 2);
 
     QList<SettingEntry> entries;
     ASSERT_TRUE(settings.EnumRegistryValues(setting::keyOf(u"ÜBER\\été"), entries));
@@ -141,10 +255,6 @@ TEST_F(SettingsTest, AbsentValuesLeaveRegValueEmpty) {
     settings.ReadRegistryValue(m_key, u"n");
     EXPECT_NE(settings.ReadRegistryValue(m_key, u"other"), 0);
     EXPECT_TRUE(settings.RegValue().isNull());
-    EXPECT_EQ(settings.readText(m_key, u"other", u"x"_s), u"x"_s);
-    EXPECT_EQ(settings.readNumber(m_key, u"other"), 0);
-    EXPECT_EQ(settings.readNumber(m_key, u"other", 7), 7);
-    EXPECT_FALSE(settings.readFlag(m_key, u"other"));
 }
 
 TEST_F(SettingsTest, ANumberIsWhatATextBeginsWith) {
@@ -161,8 +271,8 @@ TEST_F(SettingsTest, ANumberIsWhatATextBeginsWith) {
                           {u"-3"_s, -3},
                           {u"99999999999"_s, 2147483647}}) {
         settings.WriteRegistryValue(m_key, u"n", c.text);
-        EXPECT_EQ(settings.readNumber(m_key, u"n"), c.number) << c.text.toStdString();
-        EXPECT_EQ(settings.readFlag(m_key, u"n"), c.number == 1);
+        EXPECT_EQ(numberAt(settings, m_key, u"n"), c.number) << c.text.toStdString();
+        EXPECT_EQ(settings.get(Setting<bool>{m_key, u"n"}), c.number == 1);
     }
 }
 
@@ -193,10 +303,10 @@ TEST_F(SettingsTest, AValueAndAKeyMayShareTheirName) {
     settings.WriteRegistryValue(m_key, u"Key", 1);
     settings.WriteRegistryValue(below, u"L", u"Late"_s);
     settings.DeleteRegistryValue(m_key, u"Key");
-    EXPECT_EQ(settings.readText(below, u"L"), u"Late"_s);
+    EXPECT_EQ(textAt(settings, below, u"L"), u"Late"_s);
     settings.WriteRegistryValue(m_key, u"Key", 1);
     settings.DeleteRegistryKey(below);
-    EXPECT_EQ(settings.readNumber(m_key, u"Key"), 1);
+    EXPECT_EQ(numberAt(settings, m_key, u"Key"), 1);
 }
 
 TEST_F(SettingsTest, SubkeysComeDepthFirstAndGoWithTheirKey) {
@@ -236,13 +346,12 @@ TEST_F(SettingsTest, DamagedFilesReadAsFarAsTheyCan) {
         SCOPED_TRACE(c.what);
         fill(c.content);
         Settings settings(m_file);
-        EXPECT_EQ(settings.readNumber(setting::Root, u"good"), c.good);
-        EXPECT_EQ(settings.readText(setting::Root, setting::DefaultOpenFolder, u"none"_s),
-                  u"none"_s);
+        EXPECT_EQ(numberAt(settings, setting::Root, u"good"), c.good);
+        EXPECT_EQ(settings.find(setting::DefaultOpenFolder), std::nullopt);
         EXPECT_NE(settings.ReadRegistryValue(setting::Root, u"n"), 0);
         EXPECT_EQ(settings.CreateRegistryKey(setting::Root), 0);
         EXPECT_EQ(settings.WriteRegistryValue(setting::Root, u"new", 3), 0);
-        EXPECT_EQ(Settings(m_file).readNumber(setting::Root, u"new"), 3);
+        EXPECT_EQ(numberAt(Settings(m_file), setting::Root, u"new"), 3);
         QFile::remove(m_file);
     }
 }
@@ -282,7 +391,7 @@ TEST_F(SettingsTest, ABatchReachesTheDiskWhole) {
         const Settings::Batch together(settings);
         settings.ClearRegistryKey(m_key);
         settings.WriteRegistryValue(m_key, u"L", u"Late"_s);
-        EXPECT_EQ(settings.readText(m_key, u"L"), u"Late"_s);
+        EXPECT_EQ(textAt(settings, m_key, u"L"), u"Late"_s);
         EXPECT_EQ(content(), before);
     }
     EXPECT_TRUE(content().contains("L=Late\n"));
@@ -299,7 +408,7 @@ TEST_F(SettingsTest, FontsComeBackAndHaveDefaults) {
                           .colour = 0xFF8000};
     settings.WriteFontRecord(m_key, font);
     EXPECT_EQ(Settings(m_file).ReadFontRecord(m_key), font);
-    EXPECT_EQ(settings.readText(m_key, u"FontBold"), u"True"_s);
+    EXPECT_EQ(textAt(settings, m_key, u"FontBold"), u"True"_s);
     // One window spells the name so.
     settings.WriteRegistryValue(m_key, u"Fontname", u"Serif"_s);
     settings.DeleteRegistryValue(m_key, u"FontSize");

@@ -58,7 +58,7 @@ TEST_F(WindowPlacementTest, OtherStatesKeepTheLastNormalPlace) {
         window.state = state;
         window.place = {};
         SaveWindowPlacement(m_settings, window, u"Timetable");
-        EXPECT_EQ(m_settings.readNumber(m_key, u"Width"), 6000);
+        EXPECT_EQ(m_settings.get(Setting<qint32>{m_key, u"Width"}), 6000);
 
         FakeWindow next;
         RestoreWindowPlacement(m_settings, next, u"Timetable");
@@ -88,8 +88,7 @@ TEST_F(WindowPlacementTest, AWindowWithoutHistoryTakesItsDefaultPlace) {
 }
 
 TEST_F(WindowPlacementTest, AStateThatDoesNotExistChangesNothing) {
-    m_settings.CreateRegistryKey(m_key);
-    m_settings.WriteRegistryValue(m_key, u"WindowState", 3);
+    m_settings.set(Setting<qint32>{m_key, u"WindowState"}, 3);
     FakeWindow window;
     RestoreWindowPlacement(m_settings, window, u"Timetable");
     EXPECT_EQ(window.state, WindowNormal);

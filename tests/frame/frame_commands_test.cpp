@@ -4,6 +4,7 @@
 #include "core/settings.h"
 #include "frame/frame_commands.h"
 #include "frame/toolbar_side.h"
+#include "incidents/incident_settings.h"
 #include "incidents/security_warning.h"
 #include "support/recording_seams.h"
 #include "support/scripted_frame.h"
@@ -125,16 +126,16 @@ TEST(FrameCommands, KeysAndNamesAreEachGivenOnce) {
 TEST(FrameCommands, APopupStandsBesideItsButton) {
     const QRect button(100, 200, 40, 30);
     const struct {
-        qint32 alignment;
+        ToolbarSide side;
         QSize popup;
         QPoint place;
     } cases[] = {
-        {1, {120, 60}, {140, 185}}, {2, {120, 60}, {-20, 185}}, {3, {120, 60}, {60, 230}},
-        {4, {120, 60}, {60, 140}},  {0, {120, 60}, {140, 185}}, {5, {120, 60}, {140, 185}},
-        {-1, {40, 30}, {140, 200}}, {3, {20, 10}, {110, 230}},
+        {ToolbarSide::Left, {120, 60}, {140, 185}}, {ToolbarSide::Right, {120, 60}, {-20, 185}},
+        {ToolbarSide::Top, {120, 60}, {60, 230}},   {ToolbarSide::Bottom, {120, 60}, {60, 140}},
+        {ToolbarSide::Left, {40, 30}, {140, 200}},  {ToolbarSide::Top, {20, 10}, {110, 230}},
     };
-    for (const auto& [alignment, popup, place] : cases)
-        EXPECT_EQ(popupPlace(toolbarSide(alignment), button, popup), place) << alignment;
+    for (const auto& [side, popup, place] : cases)
+        EXPECT_EQ(popupPlace(side, button, popup), place) << static_cast<int>(side);
 }
 
 TEST_F(CommandTest, TheIncidentReportsWarn) {

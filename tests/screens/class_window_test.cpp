@@ -148,10 +148,10 @@ TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
 TEST_F(RegisterScreenTest, KeepsItsPanel) {
     showRegister();
     menuItem(u"Display Panel"_s).trigger();
-    EXPECT_TRUE(settings.readFlag(setting::keyOf(setting::Register), setting::DisplayKey));
+    EXPECT_TRUE(settings.get(setting::DisplayKey));
     EXPECT_TRUE(control<QListWidget>(*window, u"List1"_s).isVisible());
     EXPECT_TRUE(window->close());
-    EXPECT_GT(settings.readNumber(setting::keyOf(setting::Register), setting::DisplayPnlLeft), 0);
+    EXPECT_GT(settings.get(setting::DisplayPnlLeft), 0);
     showRegister();
     EXPECT_TRUE(control<QListWidget>(*window, u"List1"_s).isVisible());
 }

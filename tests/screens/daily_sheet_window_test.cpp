@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/window_table.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "richtext/plain_text.h"
@@ -361,9 +362,7 @@ TEST_F(DailySheetTest, KeepsLinksOfAPeriod) {
 }
 
 TEST_F(DailySheetTest, ReadsInBothSchemesAtEverySize) {
-    const QString key = setting::keyOf(setting::Planning);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, setting::ShowClassCoding, 1);
+    settings.set(setting::ShowClassCoding, true);
     open();
     type("Text1(0)", u"Starter: recap fractions"_s);
     EXPECT_EQ(classBox(0).palette().color(QPalette::Base), QColor(0, 128, 255));

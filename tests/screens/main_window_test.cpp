@@ -1,8 +1,10 @@
 // The frame, driven through its own menus: what it shows and allows in each state of the session.
 
+#include "calendar/timetable_settings.h"
 #include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"
 #include "frame/screens/main_window.h"
@@ -130,10 +132,8 @@ TEST_F(FrameTest, StartsWithoutAYear) {
 
 TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
     createYear(twoWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
-    settings.CreateRegistryKey(setting::Root);
-    settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath,
-                                path(QStringLiteral("year.mdb")));
-    settings.WriteRegistryValue(setting::Root, setting::DontShowStartup, 1);
+    settings.set(setting::DefaultDatabasePath, path(QStringLiteral("year.mdb")));
+    settings.set(setting::DontShowStartup, true);
     MainWindow frame(session, windowTable());
     EXPECT_FALSE(session.CurrentDB.isOpen());
     start(frame);
@@ -141,8 +141,7 @@ TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
     EXPECT_TRUE(frame.windowTitle().endsWith(QStringLiteral("year.mdb")));
     frame.close();
     EXPECT_FALSE(session.CurrentDB.isOpen());
-    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(setting::Options), u"WindowState"),
-              SettingFound);
+    EXPECT_TRUE(settings.find(Setting<qint32>{setting::Options, u"WindowState"}));
 }
 
 TEST_F(FrameTest, TheMenuOpensAYear) {
@@ -210,14 +209,12 @@ TEST_F(FrameTest, InputReachesTheVisibleWindowsOnlyWhileItIsAllowed) {
 
 TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
-    const QString place = setting::keyOf(u"TTfrmMinimised");
-    settings.CreateRegistryKey(place);
     const struct {
         QStringView name;
         int twips;
     } values[] = {{u"Top", 600}, {u"Left", 900}, {u"Width", 6000}, {u"Height", 4500}};
     for (const auto& [name, twips] : values)
-        settings.WriteRegistryValue(place, name, twips);
+        settings.set(Setting<qint32>{u"TTfrmMinimised", name}, twips);
 
     action(*frame, "mnuSettingsItem(1)")->trigger();
     action(*frame, "mnuPlanning(1)")->trigger();
@@ -270,9 +267,8 @@ TEST_F(FrameTest, AWindowThatClosesKeepsItsPlace) {
     frame->CloseOpenForms();
     EXPECT_EQ(closed, QStringList({u"COEfrm"_s, u"TTfrm"_s}));
     EXPECT_TRUE(frame->visible().isEmpty());
-    EXPECT_EQ(settings.readNumber(setting::keyOf(u"TTfrmPlace"), u"Left"), 600);
-    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(u"COEfrmPlace"), u"WindowState"),
-              SettingFound);
+    EXPECT_EQ(settings.get(Setting<qint32>{u"TTfrmPlace", u"Left"}), 600);
+    EXPECT_TRUE(settings.find(Setting<qint32>{u"COEfrmPlace", u"WindowState"}));
     frame->open(ToolWindow::Timetable);
     EXPECT_EQ(form(*frame, u"TTfrm"_s).geometry(), QRect(40, 60, 300, 200));
 }
@@ -290,10 +286,9 @@ TEST_F(FrameTest, TheToolbarStandsInTheMiddleOfEachSide) {
         {3, Qt::TopToolBarArea, u"top"_s},
         {4, Qt::BottomToolBarArea, u"bottom"_s},
     };
-    settings.CreateRegistryKey(setting::Root);
+    const Setting<qint32> stored{setting::Root, setting::ToolbarAlignment.name};
     for (const auto& [alignment, area, picture] : sides) {
-        settings.WriteRegistryValue(setting::Root, setting::ToolbarAlignment, alignment);
-        frame->ToolbarAlign();
+        settings.set(stored, alignment);
         QCoreApplication::processEvents();
         EXPECT_EQ(frame->toolBarArea(&toolbar), area);
         const QRect first = toolbar.buttonOf(FrameCommand::OpenDatabase)->geometry();
@@ -430,24 +425,25 @@ TEST_F(FrameTest, TheBackgroundIsShadedAsTheSettingsSay) {
         return image.pixelColor(qRound(ratio * (x < 0 ? client.viewport()->width() - 1 : x)),
                                 qRound(ratio * (y < 0 ? client.viewport()->height() - 1 : y)));
     };
-    settings.CreateRegistryKey(setting::Root);
-    settings.WriteRegistryValue(setting::Root, setting::FadeStartColor, 0x0000FF);
-    settings.WriteRegistryValue(setting::Root, setting::FadeEndColor, 0xFF0000);
+    settings.set(setting::FadeStartColor, 0x0000FF);
+    settings.set(setting::FadeEndColor, 0xFF0000);
     const struct {
-        int style;
+        FadeDirection style;
         bool right; ///< whether the far end of a side has the colour of the end
         bool below;
-    } styles[] = {{0, false, false}, {1, true, false}, {2, false, true}};
+    } styles[] = {{FadeDirection::Diagonal, false, false},
+                  {FadeDirection::Horizontal, true, false},
+                  {FadeDirection::Vertical, false, true}};
     const auto isNear = [](const QColor& a, const QColor& b) {
         return std::abs(a.red() - b.red()) + std::abs(a.blue() - b.blue()) < 16;
     };
     for (const auto& [style, right, below] : styles) {
-        settings.WriteRegistryValue(setting::Root, setting::FadeStyle, style);
-        frame->ShadeMDI();
-        EXPECT_TRUE(isNear(colourAt(0, 0), Qt::red)) << style;
-        EXPECT_TRUE(isNear(colourAt(-1, -1), Qt::blue)) << style;
-        EXPECT_EQ(isNear(colourAt(-1, 0), Qt::blue), right) << style;
-        EXPECT_EQ(isNear(colourAt(0, -1), Qt::blue), below) << style;
+        SCOPED_TRACE(static_cast<int>(style));
+        settings.set(setting::FadeStyle, style);
+        EXPECT_TRUE(isNear(colourAt(0, 0), Qt::red));
+        EXPECT_TRUE(isNear(colourAt(-1, -1), Qt::blue));
+        EXPECT_EQ(isNear(colourAt(-1, 0), Qt::blue), right);
+        EXPECT_EQ(isNear(colourAt(0, -1), Qt::blue), below);
     }
     frame->resize(600, 500);
     QCoreApplication::processEvents();

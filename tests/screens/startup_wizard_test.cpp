@@ -1,7 +1,6 @@
 // The start-up wizard in the frame, driven through its own controls.
 
 #include "calendar/term_weeks.h"
-#include "core/core_settings.h"
 #include "frame/screens/frame_menus.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"

@@ -1,6 +1,7 @@
 // The timetable, driven by mouse and keys over a year with two timetables.
 
 #include "calendar/screens/timetable_window.h"
+#include "calendar/timetable_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
@@ -224,8 +225,7 @@ TEST_F(TimetableScreenTest, LeavingTheDatabaseSavesItAndKeepsItsPlace) {
     QTest::mouseClick(&control<QLabel>(frame, u"T1(0)"_s), Qt::LeftButton);
     EXPECT_TRUE(LeaveDatabase(session, frame));
     EXPECT_EQ(frame.findChild<TimetableWindow*>(), nullptr);
-    EXPECT_EQ(settings.ReadRegistryValue(setting::keyOf(setting::Timetable), u"Width"),
-              SettingFound);
+    EXPECT_TRUE(settings.find(Setting<qint32>{setting::Timetable, u"Width"}));
     ASSERT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
     EXPECT_EQ(stored(0).at(1, 3).caption, u"Free"_s);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/core_settings.h"
+#include "frame/frame_settings.h"
 #include "frame/main_frame.h"
 
 #include <QStringList>

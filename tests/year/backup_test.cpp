@@ -1,8 +1,8 @@
 #include "year/backup.h"
 
-#include "core/core_settings.h"
 #include "store/engine/files.h"
 #include "year/backup_fixture.h"
+#include "year/backup_settings.h"
 
 #include <QRandomGenerator>
 #include <QStorageInfo>
@@ -420,8 +420,7 @@ TEST_F(BackupTest, AFailureOfTheLastStepPutsTheDatabaseBack) {
 TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
     const QString compacted = path(u"year/Year.new"_s);
     write(compacted, "half");
-    settings.CreateRegistryKey(setting::Root);
-    settings.WriteRegistryValue(setting::Root, setting::BackupInProgress, database);
+    settings.set(setting::BackupInProgress, database);
     int started[2];
     int ending[2];
     ASSERT_EQ(pipe(started) + pipe(ending), 0);

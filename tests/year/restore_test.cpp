@@ -20,10 +20,7 @@ protected:
         addRecord(engine.OpenDatabase(backup(1)), u"Pupils"_s, {u"Baker"_s, 1});
     }
 
-    void setDefault(const QString& file) {
-        settings.CreateRegistryKey(setting::Root);
-        settings.WriteRegistryValue(setting::Root, setting::DefaultDatabasePath, file);
-    }
+    void setDefault(const QString& file) { settings.set(setting::DefaultDatabasePath, file); }
 
     void choose(const QString& file) { test.prompts.expect(PromptKind::File, chooseTitle, file); }
 
@@ -67,7 +64,7 @@ TEST_F(RestoreTest, WhereABackupGoes) {
         const QString restored = QLatin1StringView(c.restored);
         QFile::remove(path(u"backups/Year.mdb"_s));
         QFile::remove(path(u"open/Year.mdb"_s));
-        settings.ClearRegistryKey(setting::Root);
+        settings.remove(setting::DefaultDatabasePath);
         if (*c.setDefault)
             setDefault(path(QLatin1StringView(c.setDefault)));
         if (*c.existing)

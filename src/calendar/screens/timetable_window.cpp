@@ -5,6 +5,7 @@
 #include "calendar/screens/timetable_panel.h"
 #include "calendar/term_weeks.h"
 #include "calendar/timetable_picture.h"
+#include "calendar/timetable_settings.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
 #include "core/prompts.h"

@@ -15,11 +15,6 @@ class Session;
 class TimetableEditor;
 class TimetablePanel;
 
-namespace setting {
-/// The key with the place of the timetable's window and the font of its grid.
-inline constexpr QStringView Timetable = u"Timetable";
-} // namespace setting
-
 /// The personal timetable. What is changed on it is kept like all that is typed, and whenever it
 /// closes or shows something else the whole grid is saved, with what stands in an open editor.
 class TimetableWindow : public QWidget {

@@ -42,8 +42,7 @@ GradesPage::GradesPage(Session& session, ClassDesk& desk)
     connect(m_grid, &PupilGrid::menuWanted, this, &GradesPage::openMenu);
     connect(m_grid->horizontalHeader(), &QHeaderView::sectionClicked, this, &GradesPage::fitColumn);
     connect(m_sort, &SortPanel::queryWanted, this, &GradesPage::runQuery);
-    const bool isShown =
-        session.GetSettings().readFlag(setting::keyOf(setting::Register), setting::SortPanel);
+    const bool isShown = session.GetSettings().get(setting::SortPanel);
     m_sort->setVisible(isShown);
     m_sortAction->setChecked(isShown);
     m_sortButton->setChecked(isShown);
@@ -281,10 +280,7 @@ void GradesPage::copyAllData() {
 }
 
 void GradesPage::setPanelShown(bool shown) {
-    Settings& settings = session().GetSettings();
-    const QString key = setting::keyOf(setting::Register);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, setting::SortPanel, shown ? 1 : 0);
+    session().GetSettings().set(setting::SortPanel, shown);
     m_sort->setVisible(shown);
     m_sortAction->setChecked(shown);
     m_sortButton->setChecked(shown);

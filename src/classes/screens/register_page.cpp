@@ -72,8 +72,7 @@ QWidget* RegisterPage::makeSheet() {
 void RegisterPage::makeMenu() {
     QAction* shows = m_menu->addAction(u"Display Panel"_s);
     shows->setCheckable(true);
-    const bool isShown =
-        session().GetSettings().readFlag(setting::keyOf(setting::Register), setting::DisplayKey);
+    const bool isShown = session().GetSettings().get(setting::DisplayKey);
     shows->setChecked(isShown);
     m_panel->setVisible(isShown);
     connect(shows, &QAction::toggled, this, &RegisterPage::setPanelShown);
@@ -119,7 +118,8 @@ void RegisterPage::showLessons() {
         m_grid->setColumnWidth(lesson, MarkColumnWidth / TwipsPerPixel);
     if (current) {
         m_grid->setColumnWidth(*current, CurrentLessonWidth / TwipsPerPixel);
-        m_grid->setLeftColumn(firstColumnInView(*current, previousDates(session().GetSettings())));
+        m_grid->setLeftColumn(
+            firstColumnInView(*current, session().GetSettings().get(setting::PreviousDates)));
     }
     const int column = current.value_or(PupilSheet::TutorColumn);
     m_grid->setCurrentIndex(desk().records().index(desk().currentRow(), column));
@@ -221,10 +221,7 @@ void RegisterPage::showPlanning() {
 }
 
 void RegisterPage::setPanelShown(bool shown) {
-    Settings& settings = session().GetSettings();
-    const QString key = setting::keyOf(setting::Register);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, setting::DisplayKey, shown ? 1 : 0);
+    session().GetSettings().set(setting::DisplayKey, shown);
     m_panel->setVisible(shown);
     placeSplitter();
 }
@@ -239,8 +236,7 @@ void RegisterPage::placeSplitter() {
     if (m_isSplitterPlaced || !isVisible() || m_panel->isHidden())
         return;
     m_isSplitterPlaced = true;
-    const qint32 left = session().GetSettings().readNumber(setting::keyOf(setting::Register),
-                                                           setting::DisplayPnlLeft);
+    const qint32 left = session().GetSettings().get(setting::DisplayPnlLeft);
     constexpr int usualPanelWidth = 200;
     const int width = m_splitter->width();
     const int sheet = left > 0 ? left / TwipsPerPixel : width - usualPanelWidth;
@@ -251,9 +247,6 @@ void RegisterPage::saveLook() {
     m_panel->saveLook();
     if (!m_isSplitterPlaced || m_panel->isHidden())
         return;
-    Settings& settings = session().GetSettings();
-    const QString key = setting::keyOf(setting::Register);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, setting::DisplayPnlLeft,
+    session().GetSettings().set(setting::DisplayPnlLeft,
                                 m_splitter->sizes().value(0) * TwipsPerPixel);
 }

@@ -28,8 +28,7 @@ SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
     : m_session(session)
     , m_desk(desk)
     , m_photo(new PhotoBox)
-    , m_showsPhoto(session.GetSettings().readFlag(setting::keyOf(setting::Register),
-                                                  setting::DisplayKeyPicture))
+    , m_showsPhoto(session.GetSettings().get(setting::DisplayKeyPicture))
     , m_writing(*this, session.GetSeams(),
                 {.what = u"The note on the lesson"_s, .save = [this] { return writeNote(); }}) {
     m_photo->setVisible(m_showsPhoto);
@@ -67,8 +66,7 @@ QWidget* SidePanel::makeNotes() {
     m_note->setTabChangesFocus(true);
     layout->addWidget(m_showNotes);
     layout->addWidget(m_note, 1);
-    const bool isShown =
-        m_session.GetSettings().readFlag(setting::keyOf(setting::Register), setting::PupilNotes);
+    const bool isShown = m_session.GetSettings().get(setting::PupilNotes);
     m_showNotes->setChecked(isShown);
     m_note->setVisible(isShown);
     connect(m_showNotes, &QCheckBox::toggled, m_note, &QWidget::setVisible);
@@ -127,8 +125,5 @@ void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
 }
 
 void SidePanel::saveLook() {
-    Settings& settings = m_session.GetSettings();
-    const QString key = setting::keyOf(setting::Register);
-    settings.CreateRegistryKey(key);
-    settings.WriteRegistryValue(key, setting::PupilNotes, m_showNotes->isChecked() ? 1 : 0);
+    m_session.GetSettings().set(setting::PupilNotes, m_showNotes->isChecked());
 }

@@ -2,9 +2,10 @@
 
 #include "controls/kept_writing.h"
 #include "controls/placed_widget.h"
-#include "core/core_settings.h"
 #include "core/session.h"
+#include "core/setting_notices.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 #include "frame/screens/about_dialog.h"
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"
@@ -93,13 +94,13 @@ void MainWindow::makeToolbar() {
     });
     auto* toToolbar = new QShortcut(Qt::Key_F6, this);
     connect(toToolbar, &QShortcut::activated, this, &MainWindow::switchFocus);
+    m_session.GetSettings().notices().onChange(setting::ToolbarAlignment, this,
+                                               [this] { ToolbarAlign(); });
     ToolbarAlign();
 }
 
 void MainWindow::ToolbarAlign() {
-    const qint32 alignment =
-        m_session.GetSettings().readNumber(setting::Root, setting::ToolbarAlignment);
-    m_toolbar->dock(*this, toolbarSide(alignment));
+    m_toolbar->dock(*this, m_session.GetSettings().get(setting::ToolbarAlignment));
     m_toolbar->setVisible(m_menus->action(FrameCommand::ShowToolbar).isChecked());
 }
 
@@ -289,8 +290,8 @@ QList<ToolWindow> MainWindow::visible() const {
 QList<StartupWindow> MainWindow::startupWindows() const {
     QList<StartupWindow> noted;
     for (const WindowEntry& entry : m_windows) {
-        if (!entry.startupValue.isEmpty())
-            noted += {entry.startupValue, entry.window};
+        if (entry.openAtStart)
+            noted += {*entry.openAtStart, entry.window};
     }
     return noted;
 }

@@ -1,23 +1,21 @@
 #include "frame/screens/mdi_background.h"
 
 #include "controls/colours.h"
-#include "core/core_settings.h"
 #include "core/session.h"
+#include "core/setting_notices.h"
 #include "core/settings.h"
+#include "frame/frame_settings.h"
 
 #include <QLinearGradient>
 #include <QResizeEvent>
 
 namespace {
 
-/// How the shading runs, by its number in the settings.
-enum FadeDirection { Diagonal = 0, Horizontal = 1, Vertical = 2 };
-
-QPointF fadeEnd(QSizeF size, int style) {
-    switch (style) {
-    case Horizontal:
+QPointF fadeEnd(QSizeF size, FadeDirection direction) {
+    switch (direction) {
+    case FadeDirection::Horizontal:
         return {size.width(), 0};
-    case Vertical:
+    case FadeDirection::Vertical:
         return {0, size.height()};
     default:
         return {size.width(), size.height()};
@@ -33,19 +31,22 @@ MdiBackground::MdiBackground(Session& session, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    SettingNotices& notices = session.GetSettings().notices();
+    const auto shade = [this] { ShadeMDI(); };
+    notices.onChange(setting::FadeStartColor, this, shade);
+    notices.onChange(setting::FadeEndColor, this, shade);
+    notices.onChange(setting::FadeStyle, this, shade);
 }
 
 void MdiBackground::ShadeMDI() {
-    Settings& settings = m_session.GetSettings();
+    const Settings& settings = m_session.GetSettings();
     const QColor workspace = palette().color(QPalette::Dark);
     const QColor end =
-        toColour(settings.readNumber(setting::Root, setting::FadeEndColor, fromColour(workspace)));
+        toColour(settings.find(setting::FadeEndColor).value_or(fromColour(workspace)));
     if (!m_session.GradientsEnabled)
         return setBackground(end);
-    QLinearGradient gradient(
-        {0, 0}, fadeEnd(size(), settings.readNumber(setting::Root, setting::FadeStyle)));
-    gradient.setColorAt(
-        0, toColour(settings.readNumber(setting::Root, setting::FadeStartColor, 0xFFFFFF)));
+    QLinearGradient gradient({0, 0}, fadeEnd(size(), settings.get(setting::FadeStyle)));
+    gradient.setColorAt(0, toColour(settings.get(setting::FadeStartColor)));
     gradient.setColorAt(1, end);
     setBackground(gradient);
 }

@@ -1,9 +1,11 @@
 #include "frame/screens/window_table.h"
 
 #include "calendar/screens/timetable_window.h"
+#include "calendar/timetable_settings.h"
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
-#include "core/core_settings.h"
+#include "frame/frame_settings.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "year/screens/startup_wizard.h"
@@ -47,27 +49,27 @@ WindowTable windowTable() {
                     .name = u"RegisterFrm"_s,
                     .placementKey = setting::Register.toString(),
                     .minimisedKey = setting::Register.toString(),
-                    .startupValue = setting::Open_Register,
+                    .openAtStart = setting::Open_Register,
                     .make = make<ClassWindow>,
                     .show = shows(&ClassWindow::AutoRegistration)},
         WindowEntry{.window = ToolWindow::Timetable,
                     .name = u"TTfrm"_s,
                     .placementKey = setting::Timetable.toString(),
                     .minimisedKey = setting::Timetable.toString(),
-                    .startupValue = setting::Open_Timetable,
+                    .openAtStart = setting::Open_Timetable,
                     .make = make<TimetableWindow>},
         WindowEntry{.window = ToolWindow::WeeklySheet,
                     .name = u"ORVA2frm"_s,
                     .placementKey = setting::Planning.toString(),
                     .minimisedKey = setting::Planning.toString(),
-                    .startupValue = setting::Open_WeeklyPlan,
+                    .openAtStart = setting::Open_WeeklyPlan,
                     .insteadOf = ToolWindow::DailySheet,
                     .make = make<WeeklySheetWindow>},
         WindowEntry{.window = ToolWindow::DailySheet,
                     .name = u"ORVAfrm"_s,
                     .placementKey = setting::Planning.toString(),
                     .minimisedKey = setting::Planning.toString(),
-                    .startupValue = setting::Open_Planning,
+                    .openAtStart = setting::Open_Planning,
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan)},

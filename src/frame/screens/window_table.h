@@ -2,6 +2,7 @@
 
 #include "core/tool_windows.h"
 #include "frame/frame_commands.h"
+#include "frame/frame_settings.h"
 
 #include <QString>
 
@@ -29,9 +30,9 @@ struct WindowEntry {
     QString placementKey = {};
     /// From which it takes its place when it is asked for while it is minimised; empty for none.
     QString minimisedKey = {};
-    /// By which the settings note that it is open at the end of the program; empty for a window
-    /// that is not opened again. They open in the order of the table.
-    QStringView startupValue = {};
+    /// By which it is noted that it is open at the end of the program; none for a window that is
+    /// not opened again. They open in the order of the table.
+    std::optional<setting::OpenAtStart> openAtStart = {};
     /// Whether it works on the open year. Where it does not, it takes input without one, and goes
     /// with no question when all windows are unloaded.
     bool needsDatabase = true;

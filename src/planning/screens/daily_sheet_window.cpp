@@ -8,6 +8,7 @@
 #include "controls/layout_toolbar.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/bottom_blocks.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/links_panel.h"
@@ -41,8 +42,7 @@ const QString restoreTip = u"Restore"_s;
 DailySheetWindow::DailySheetWindow(Session& session)
     : m_session(session)
     , m_sheets(session)
-    , m_showsCoding(session.GetSettings().readFlag(setting::keyOf(setting::Planning),
-                                                   setting::ShowClassCoding))
+    , m_showsCoding(session.GetSettings().get(setting::ShowClassCoding))
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
     , m_commands(new SheetCommands(session, *m_tools, *this))
     , m_writing(*this, session.GetSeams(),

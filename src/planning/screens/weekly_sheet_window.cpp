@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "planning/daily_sheets.h"
+#include "planning/planning_settings.h"
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
 #include "planning/screens/maximise_button.h"

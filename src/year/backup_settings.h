@@ -1,0 +1,10 @@
+#pragma once
+
+#include "core/setting.h"
+
+namespace setting {
+
+/// The database that a backup is at work on. Still there at a start: the backup was cut off.
+inline constexpr Setting<QString> BackupInProgress{Root, u"BackupInProgress"};
+
+} // namespace setting
