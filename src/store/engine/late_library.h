@@ -22,10 +22,11 @@ protected:
     /// `name`: what programs that link the library find it by, as "libfreexl.so.1".
     explicit LateLibrary(const char* name);
 
+    /// Becomes the pointer that it initialises, whatever the function's type.
     struct Address {
         QFunctionPointer function;
         template<typename Function>
-        operator Function*() const { // NOLINT(google-explicit-constructor): that is its purpose
+        operator Function*() const {
             return reinterpret_cast<Function*>(function);
         }
     };
