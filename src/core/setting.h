@@ -99,7 +99,6 @@ struct UsualFormOf<QString> {
 /// texts of both and must not outlive them.
 template<class T, class Form = typename setting::UsualFormOf<T>::Form>
 struct Setting {
-    using Type = T;
     using Absent = std::conditional_t<std::same_as<T, QString>, QStringView, T>;
 
     QStringView key; ///< Root, or a name below it
