@@ -85,7 +85,6 @@ private:
     void readLessons(int record, const QString& classCode, QList<LessonSlot>& found) const;
     void writeSlot(const LessonSlot& slot, const SlotTexts& texts);
     void putRowBack(Record& record, const LessonSlot& slot, const SlotTexts& texts) const;
-    void tell(const QString& title, const QString& task, const dao::EngineError& error) const;
 
     Session& m_session;
     QList<QDate> m_weeks;

@@ -1,5 +1,6 @@
 #include "store/row_binding.h"
 
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
@@ -85,7 +86,7 @@ bool RowBinding::write(Way way) {
     } catch (const dao::EngineError& error) {
         if (m_data.EditMode() != dao::EditMode::None)
             m_data.CancelUpdate();
-        tellFailure(error);
+        tellOnce(error);
         return false;
     }
     m_failureTold = false;
@@ -93,12 +94,10 @@ bool RowBinding::write(Way way) {
 }
 
 /// Noted before it is shown: while a box stands on the screen another write may be due.
-void RowBinding::tellFailure(const dao::EngineError& error) {
+void RowBinding::tellOnce(const dao::EngineError& error) {
     if (std::exchange(m_failureTold, true))
         return;
-    m_prompts.PlainBox(
-        u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
-        OkButton | CriticalIcon, u"Validate Data Error"_s);
+    tellFailure(m_prompts, {u"Validate Data Error", u"validate data error : %2  %1"}, error);
 }
 
 QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {

@@ -72,7 +72,7 @@ private:
     enum class Way { Staying, Leaving };
 
     bool write(Way way);
-    void tellFailure(const dao::EngineError& error);
+    void tellOnce(const dao::EngineError& error);
     QList<const Bound*> writableBoxes(Way way) const;
     void writeRow(const QList<const Bound*>& changed);
     void putRowBack(const QList<const Bound*>& changed);

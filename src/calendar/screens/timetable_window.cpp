@@ -7,6 +7,7 @@
 #include "calendar/timetable_picture.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
@@ -25,6 +26,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr FailureBox timetableUnread{u"Load Timetable Error",
+                                     u"An error occured whilst loading the Timetable.\n\nPlease "
+                                     u"report the error to the author.\n\nError number: %2"};
+constexpr FailureBox timetableUnsaved{
+    u"Save Timetable Error", u"The timetable could not be saved:\n\n%1\n\nError number: %2"};
+
+} // namespace
+
 TimetableWindow::TimetableWindow(Session& session) : m_session(session) {
     setObjectName(u"TTfrm"_s);
     load();
@@ -38,7 +49,7 @@ void TimetableWindow::load() {
     } catch (const dao::EngineError& error) {
         if (!m_panel)
             make(m_year);
-        tellLoadFailure(error.number());
+        tellFailure(m_session.GetSeams().prompts, timetableUnread, error);
     }
 }
 
@@ -132,16 +143,9 @@ void TimetableWindow::showWeek(int index) {
     try {
         LoadTT(m_session.CurrentDB, index, m_grid);
     } catch (const dao::EngineError& error) {
-        tellLoadFailure(error.number());
+        tellFailure(m_session.GetSeams().prompts, timetableUnread, error);
     }
     m_panel->showGrid(m_grid);
-}
-
-void TimetableWindow::tellLoadFailure(int number) {
-    m_session.GetSeams().prompts.PlainBox(
-        u"An error occured whilst loading the Timetable.\n\nPlease report the error to the "
-        "author.\n\nError number: %1"_s.arg(number),
-        OkButton | CriticalIcon, u"Load Timetable Error"_s);
 }
 
 void TimetableWindow::select(int day, int period) {
@@ -193,11 +197,7 @@ bool TimetableWindow::save() {
         SaveTTinfo(m_session, m_panel->weekList().currentIndex(), m_grid);
         return true;
     } catch (const dao::EngineError& error) {
-        m_session.GetSeams().prompts.PlainBox(
-            u"The timetable could not be saved:\n\n%1\n\nError number: %2"_s
-                .arg(error.description())
-                .arg(error.number()),
-            OkButton | CriticalIcon, u"Save Timetable Error"_s);
+        tellFailure(m_session.GetSeams().prompts, timetableUnsaved, error);
     }
     return false;
 }

@@ -49,7 +49,6 @@ private:
     void paste();
     bool save();
     void savePicture();
-    void tellLoadFailure(int number);
 
     Session& m_session;
     TimetableYear m_year;

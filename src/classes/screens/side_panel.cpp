@@ -98,7 +98,7 @@ bool SidePanel::storeNote() {
         m_note->document()->setModified(false);
         return true;
     } catch (const dao::EngineError& error) {
-        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        tellFailure(m_session.GetSeams().prompts, GetNotesFailure, error);
         return false;
     }
 }
@@ -112,7 +112,7 @@ void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
         if (place && !isOff)
             note = lessonNote(m_session.CurrentDB, *place);
     } catch (const dao::EngineError& error) {
-        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        tellFailure(m_session.GetSeams().prompts, GetNotesFailure, error);
         place.reset();
     }
     m_note->setPlainText(note);
