@@ -2,6 +2,7 @@
 
 #include "calendar/term_weeks.h"
 #include "core/class_colour.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
@@ -103,9 +104,9 @@ bool Create_NEW_CLASS(const dao::Database& database, const NewClass& answers, Pr
         if (error.number() == dao::TooManyFields)
             showTooManyLessons(prompts, lessons.size());
         else
-            prompts.PlainBox(u"Error Creating Class : \nError number : %1\n%2"_s.arg(error.number())
-                                 .arg(error.description()),
-                             OkButton | CriticalIcon, u"Create Class Error"_s);
+            tellFailure(prompts,
+                        {u"Create Class Error", u"Error Creating Class : \nError number : %2\n%1"},
+                        error);
         return false;
     }
     if (exceedsRegister(lessons))

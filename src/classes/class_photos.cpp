@@ -52,7 +52,7 @@ void writePhoto(const dao::Database& database, const QString& classCode, qint64 
 /// Does work over photos whole or not at all; a failure is told, under the title of the work.
 bool changePhotos(const dao::Database& database, const QString& title, Prompts& prompts,
                   const std::function<void()>& work) {
-    return tryTelling(prompts, title, [&] {
+    return tryTelling(prompts, {title}, [&] {
         dao::Transaction transaction(database);
         work();
         transaction.commit();

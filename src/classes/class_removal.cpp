@@ -131,6 +131,10 @@ void deletePupils(const dao::Database& database, const QString& classCode,
     transaction.commit();
 }
 
+constexpr FailureBox classUndeleted{u"Delete Class Error",
+                                    u"Error number %2\n%1\nThis opperation will be undone! Please "
+                                    u"restart the application to return to the previous state."};
+
 } // namespace
 
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
@@ -156,17 +160,10 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
 }
 
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts) {
-    try {
+    return tryTelling(prompts, classUndeleted, [&] {
         closeRecordsetsOf(database, classCode);
         deleteClass(database, classCode);
-        return true;
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error number %1\n%2\nThis opperation will be undone! Please restart the "
-                         "application to return to the previous state."_s.arg(error.number())
-                             .arg(error.description()),
-                         OkButton | CriticalIcon, u"Delete Class Error"_s);
-        return false;
-    }
+    });
 }
 
 bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint64 pupil,
@@ -184,7 +181,7 @@ bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint6
         if (answer != AnswerYes)
             return false;
     }
-    return tryTelling(prompts, title, [&] { deletePupils(database, classCode, {pupil}); });
+    return tryTelling(prompts, {title}, [&] { deletePupils(database, classCode, {pupil}); });
 }
 
 bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
@@ -195,7 +192,7 @@ bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
         "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
         YesNoButtons | QuestionIcon, title);
     return answer == AnswerYes &&
-           tryTelling(prompts, title, [&] { deletePupils(database, classCode, pupils); });
+           tryTelling(prompts, {title}, [&] { deletePupils(database, classCode, pupils); });
 }
 
 void showNothingToDelete(Prompts& prompts) {

@@ -115,8 +115,3 @@ int rowOfPupil(const PupilSheet& sheet, const PupilName& name) {
     }
     return 0;
 }
-
-void showLoadingError(Prompts& prompts, int number, const QString& description) {
-    prompts.PlainBox(u"Error %1\nError number = %2"_s.arg(description, QString::number(number)),
-                     OkButton | WarningIcon, u"Error Loading Register"_s);
-}

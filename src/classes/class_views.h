@@ -1,13 +1,12 @@
 #pragma once
 
+#include "core/engine_failure.h"
 #include "store/engine/database.h"
 
 #include <QList>
 #include <QString>
 
 #include <optional>
-
-class Prompts;
 class PupilSheet;
 
 /// The views of the class window share one set of records; here is which they are, and which pupils
@@ -79,4 +78,5 @@ std::optional<PupilSheet> openRegister(const dao::Database& database, const QStr
 int rowOfPupil(const PupilSheet& sheet, const PupilName& name);
 
 /// The box for a failure while the class window loads.
-void showLoadingError(Prompts& prompts, int number, const QString& description);
+inline constexpr FailureBox LoadingFailure{u"Error Loading Register",
+                                           u"Error %1\nError number = %2", OkButton | WarningIcon};

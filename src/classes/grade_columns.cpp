@@ -65,9 +65,7 @@ void markAbsentees(const dao::Database& database, const QString& classCode, cons
 void showGradeError(const dao::EngineError& error, Prompts& prompts) {
     const QString title = u"Grade Error"_s;
     if (!showNameRefused(prompts, error, u"column"_s, title, u"Invalid Characters"_s))
-        prompts.PlainBox(
-            u"Error %1\nError number : %2"_s.arg(error.description()).arg(error.number()),
-            OkButton | CriticalIcon, title);
+        tellFailure(prompts, {title, u"Error %1\nError number : %2"}, error);
 }
 
 } // namespace
@@ -205,9 +203,4 @@ void showNothingToHide(Prompts& prompts) {
     prompts.PlainBox(u"You must select a column or columns to Hide\n"
                      "Please select a column by clicking on the column heading."_s,
                      OkButton, u"Hide Column(s)"_s);
-}
-
-void showAfterUpdateError(Prompts& prompts, int number) {
-    prompts.PlainBox(u"Error Number %1"_s.arg(number), OkButton | WarningIcon,
-                     u"After Update Error"_s);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/engine_failure.h"
 #include "core/new_field.h"
 #include "store/engine/database.h"
 
@@ -7,8 +8,6 @@
 #include <QLocale>
 #include <QString>
 #include <QStringList>
-
-class Prompts;
 
 /// The columns of a class's grades: fields of `Marks_`C, in their order, behind `ID`. A column's
 /// title is the field's name.
@@ -67,4 +66,5 @@ dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& lo
 /// The box for "Hide the selected Column(s)" with none selected.
 void showNothingToHide(Prompts& prompts);
 /// The box for a failure while a grade is stored.
-void showAfterUpdateError(Prompts& prompts, int number);
+inline constexpr FailureBox AfterUpdateFailure{u"After Update Error", u"Error Number %2",
+                                               OkButton | WarningIcon};

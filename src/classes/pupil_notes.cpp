@@ -23,8 +23,7 @@ dao::FieldCollection pupilFields(const dao::Database& database, const QString& c
 void showCategoryError(const dao::EngineError& error, Prompts& prompts) {
     if (!showNameRefused(prompts, error, u"category"_s, u"Category already exist"_s,
                          u"Invalid Category Name"_s))
-        prompts.PlainBox(u"Error Number %1"_s.arg(error.number()), OkButton | CriticalIcon,
-                         u"Error Adding Notes Category"_s);
+        tellFailure(prompts, {u"Error Adding Notes Category", u"Error Number %2"}, error);
 }
 
 dao::Recordset openNote(const dao::Database& database, const LessonNotePlace& place) {
@@ -83,19 +82,8 @@ bool askDeleteCategory(const QString& category, Prompts& prompts) {
 
 bool NOTES_Delete(const dao::Database& database, const QString& classCode, const QString& category,
                   Prompts& prompts) {
-    try {
-        pupilFields(database, classCode).Delete(noteField(category));
-        return true;
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(u"Error Number %1"_s.arg(error.number()), OkButton | CriticalIcon,
-                         u"Delete Category error"_s);
-        return false;
-    }
-}
-
-void showBindNotesError(Prompts& prompts, int number) {
-    prompts.PlainBox(u"Error numnber %1"_s.arg(number), OkButton | WarningIcon,
-                     u"Bind Notes Error"_s);
+    return tryTelling(prompts, {u"Delete Category error", u"Error Number %2"},
+                      [&] { pupilFields(database, classCode).Delete(noteField(category)); });
 }
 
 std::optional<LessonNotePlace> lessonNotePlace(const PupilSheet& sheet, const QString& classCode,
@@ -147,11 +135,4 @@ bool lessonNotesAreOff(const Settings& settings) {
 
 QString lessonNotesOffText() {
     return u"Lesson notes have been turned off in the settings panel\n"_s;
-}
-
-void showGetNotesError(Prompts& prompts, int number, const QString& description) {
-    prompts.PlainBox(u"An error occurred whilst getting pupil notes for this lesson:\n"
-                     "The error is %1\nError Number %2"_s.arg(description)
-                         .arg(number),
-                     OkButton | WarningIcon, u"Get Notes Error"_s);
 }

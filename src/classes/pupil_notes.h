@@ -1,13 +1,12 @@
 #pragma once
 
+#include "core/engine_failure.h"
 #include "store/engine/database.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-class Prompts;
 class PupilSheet;
 class Settings;
 
@@ -31,7 +30,8 @@ bool askDeleteCategory(const QString& category, Prompts& prompts);
 bool NOTES_Delete(const dao::Database& database, const QString& classCode, const QString& category,
                   Prompts& prompts);
 /// The box for a failure while a category is shown.
-void showBindNotesError(Prompts& prompts, int number);
+inline constexpr FailureBox BindNotesFailure{u"Bind Notes Error", u"Error numnber %2",
+                                             OkButton | WarningIcon};
 
 /// What a lesson note is for. Two lessons of one day have one note.
 struct LessonNotePlace {
@@ -53,4 +53,7 @@ void storeLessonNote(const dao::Database& database, const LessonNotePlace& place
 bool lessonNotesAreOff(const Settings& settings);
 QString lessonNotesOffText();
 /// The box for a failure while a lesson note is read or kept.
-void showGetNotesError(Prompts& prompts, int number, const QString& description);
+inline constexpr FailureBox GetNotesFailure{u"Get Notes Error",
+                                            u"An error occurred whilst getting pupil notes for "
+                                            u"this lesson:\nThe error is %1\nError Number %2",
+                                            OkButton | WarningIcon};

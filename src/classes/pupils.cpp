@@ -83,7 +83,7 @@ std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString
     if (!name)
         return std::nullopt;
     std::optional<qint64> pupil;
-    tryTelling(prompts, PupilNameTitle, [&] { pupil = addPupil(database, classCode, *name); });
+    tryTelling(prompts, {PupilNameTitle}, [&] { pupil = addPupil(database, classCode, *name); });
     return pupil;
 }
 

@@ -69,14 +69,3 @@ void fillRegister(PupilSheetModel& model, int column, RegisterFill what) {
                                                         : QString();
     model.fill(rows, column, mark);
 }
-
-void showColumnUpdateError(Prompts& prompts, int number) {
-    prompts.PlainBox(u"Err number %1"_s.arg(number), OkButton | WarningIcon,
-                     u"Column Update Error"_s);
-}
-
-void showKeyPressError(Prompts& prompts, int number, const QString& description) {
-    prompts.PlainBox(u"Error %1\nPlease report error number %2 to the author."_s.arg(
-                         description, QString::number(number)),
-                     OkButton | WarningIcon, u"KeyPress error"_s);
-}

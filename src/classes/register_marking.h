@@ -1,13 +1,12 @@
 #pragma once
 
 #include "classes/pupil_sheet_model.h"
+#include "core/engine_failure.h"
 
 #include <QRect>
 #include <QString>
 
 #include <optional>
-
-class Prompts;
 
 /// How marks get into a register, each to the disk at once.
 
@@ -39,5 +38,8 @@ bool canFill(int column);
 void fillRegister(PupilSheetModel& model, int column, RegisterFill what);
 
 /// The boxes for a failure of the engine while a cell is stored and while a key is handled.
-void showColumnUpdateError(Prompts& prompts, int number);
-void showKeyPressError(Prompts& prompts, int number, const QString& description);
+inline constexpr FailureBox ColumnUpdateFailure{u"Column Update Error", u"Err number %2",
+                                                OkButton | WarningIcon};
+inline constexpr FailureBox KeyPressFailure{
+    u"KeyPress error", u"Error %1\nPlease report error number %2 to the author.",
+    OkButton | WarningIcon};

@@ -135,11 +135,6 @@ QStringList fieldValues(const PupilSheet& sheet, const QString& field) {
     return values;
 }
 
-void showQueryError(Prompts& prompts, const QString& description) {
-    prompts.PlainBox(u"There was an error with this query:\nError: "_s + description,
-                     OkButton | WarningIcon, u"Query"_s);
-}
-
 bool checkQuery(const dao::Database& database, const QString& built, Prompts& prompts) {
     if (built.isEmpty()) {
         prompts.PlainBox(u"There is no current Query!"_s, OkButton, u"No Query!"_s);
@@ -153,7 +148,7 @@ bool checkQuery(const dao::Database& database, const QString& built, Prompts& pr
             prompts.PlainBox(u"There are no records for this Query!"_s, OkButton, u"No Records"_s);
         return isAny;
     } catch (const dao::EngineError& error) {
-        showQueryError(prompts, error.description());
+        tellFailure(prompts, QueryFailure, error);
         return false;
     }
 }

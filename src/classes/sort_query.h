@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/engine_failure.h"
 #include "store/engine/database.h"
 
 #include <QList>
@@ -7,8 +8,6 @@
 #include <QStringList>
 
 #include <optional>
-
-class Prompts;
 class PupilSheet;
 
 /// The sort and query panel of the grades. Queries are texts of Jet SQL: the one that is built is
@@ -61,6 +60,7 @@ bool checkValueKey(const std::optional<QueryField>& field, QChar key, Prompts& p
 QStringList fieldValues(const PupilSheet& sheet, const QString& field);
 
 /// The box of a query that the engine refuses.
-void showQueryError(Prompts& prompts, const QString& description);
+inline constexpr FailureBox QueryFailure{
+    u"Query", u"There was an error with this query:\nError: %1", OkButton | WarningIcon};
 /// Tries a query. False, which is told, where it is empty, broken, or nobody fits it.
 bool checkQuery(const dao::Database& database, const QString& built, Prompts& prompts);

@@ -1,33 +1,26 @@
 #include "core/database_closing.h"
 
-#include "core/prompts.h"
+#include "core/engine_failure.h"
 #include "store/engine/engine.h"
-#include "store/engine/error.h"
 
 namespace {
 
-QString errorNumberText(const dao::EngineError& error) {
-    return QStringLiteral("Error Number : ") + QString::number(error.number());
-}
+constexpr FailureBox recordsetsUnclosed{u"Close ALL Recordsets(s) Error", u"Error Number : %2",
+                                        OkButton};
+constexpr FailureBox databasesUnclosed{u"Close Database(s) Error", u"Error Number : %2", OkButton};
 
 } // namespace
 
 void CloseRecordsets(const dao::Database& database, Prompts& prompts) {
-    try {
+    tryTelling(prompts, recordsetsUnclosed, [&] {
         for (dao::Recordset recordset : database.Recordsets())
             recordset.Close();
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(errorNumberText(error), OkButton,
-                         QStringLiteral("Close ALL Recordsets(s) Error"));
-    }
+    });
 }
 
 void CloseAllDatabases(const dao::Workspace& workspace, Prompts& prompts) {
-    try {
+    tryTelling(prompts, databasesUnclosed, [&] {
         for (dao::Database database : workspace.Databases())
             database.Close();
-    } catch (const dao::EngineError& error) {
-        prompts.PlainBox(errorNumberText(error), OkButton,
-                         QStringLiteral("Close Database(s) Error"));
-    }
+    });
 }

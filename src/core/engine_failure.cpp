@@ -1,21 +1,22 @@
 #include "core/engine_failure.h"
 
-#include "core/prompts.h"
 #include "store/engine/error.h"
 
-void showEngineError(Prompts& prompts, const QString& title, const dao::EngineError& error,
-                     int flags) {
-    prompts.PlainBox(
-        QStringLiteral("Error : %1\nError number %2").arg(error.description()).arg(error.number()),
-        flags, title);
+using namespace Qt::StringLiterals;
+
+void tellFailure(Prompts& prompts, const FailureBox& box, const dao::EngineError& error) {
+    QString text = box.text.toString();
+    text.replace(u"%2"_s, QString::number(error.number()));
+    text.replace(u"%1"_s, error.description()); // last: it names fields, and so may hold a "%2"
+    prompts.PlainBox(text, box.flags, box.title.toString());
 }
 
-bool tryTelling(Prompts& prompts, const QString& title, const std::function<void()>& work) {
+bool tryTelling(Prompts& prompts, const FailureBox& box, const std::function<void()>& work) {
     try {
         work();
         return true;
     } catch (const dao::EngineError& error) {
-        showEngineError(prompts, title, error, OkButton | CriticalIcon);
+        tellFailure(prompts, box, error);
         return false;
     }
 }

@@ -66,7 +66,7 @@ void DailySheets::close() {
 }
 
 void DailySheets::tell(const QString& title, const dao::EngineError& error) const {
-    showEngineError(m_session.GetSeams().prompts, title, error, OkButton | CriticalIcon);
+    tellFailure(m_session.GetSeams().prompts, {title}, error);
 }
 
 /// The boxes must never show another row than the one that they would be written to. So where

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void telling(const Session& session, const QString& title, const std::function<void()>& work) {
-    tryTelling(session.GetSeams().prompts, title, work);
+    tryTelling(session.GetSeams().prompts, {title}, work);
 }
 
 QList<FileLink> readLinks(const dao::Database& database, const QString& planDate, int period) {

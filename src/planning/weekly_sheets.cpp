@@ -4,6 +4,7 @@
 #include "calendar/term_weeks.h"
 #include "core/clock.h"
 #include "core/dates.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "planning/upkeep.h"
@@ -43,6 +44,16 @@ bool isTyped(const SlotTexts& texts) {
     return texts.lesson || texts.homework;
 }
 
+constexpr FailureBox weeksUnread{
+    u"Weekly Plan Error",
+    u"The weeks and classes could not be read.\n\nError : %1\nError number %2"};
+constexpr FailureBox lessonsUnread{
+    u"Weekly Plan Error",
+    u"The lessons of the week could not be read.\n\nError : %1\nError number %2"};
+constexpr FailureBox lessonsUnsaved{
+    u"Weekly Plan Error",
+    u"The lessons of the week could not be saved.\n\nError : %1\nError number %2"};
+
 } // namespace
 
 int captionPeriod(QStringView caption) {
@@ -57,20 +68,13 @@ QString weekEntry(QDate firstDay) {
     return QLocale().dayName(firstDay.dayOfWeek()) + firstDay.toString(u" dd/MM/yyyy"_s);
 }
 
-void WeeklySheets::tell(const QString& title, const QString& task,
-                        const dao::EngineError& error) const {
-    m_session.GetSeams().prompts.PlainBox(
-        u"%1\n\nError : %2\nError number %3"_s.arg(task, error.description()).arg(error.number()),
-        OkButton | CriticalIcon, title);
-}
-
 bool WeeklySheets::load() {
     try {
         m_weeks = firstDays(GetTermDays(m_session.CurrentDB).days);
         m_classes = readClasses(m_session.CurrentDB);
         return true;
     } catch (const dao::EngineError& error) {
-        tell(u"Weekly Plan Error"_s, u"The weeks and classes could not be read."_s, error);
+        tellFailure(m_session.GetSeams().prompts, weeksUnread, error);
         return false;
     }
 }
@@ -103,7 +107,7 @@ bool WeeklySheets::Show_Week(int week, const QString& classCode) {
                                               : u"Weekly Plan %1"_s.arg(week + 1);
     } catch (const dao::EngineError& error) {
         m_records = records;
-        tell(u"Weekly Plan Error"_s, u"The lessons of the week could not be read."_s, error);
+        tellFailure(m_session.GetSeams().prompts, lessonsUnread, error);
         return false;
     }
     m_slots = found;
@@ -145,7 +149,7 @@ bool WeeklySheets::Update_Records(const QList<SlotTexts>& texts) {
         if (std::none_of(texts.begin(), texts.end(), isTyped))
             return true; // the file holds all that the boxes do
         if (m_failure.first())
-            tell(u"Weekly Plan Error"_s, u"The lessons of the week could not be saved."_s, error);
+            tellFailure(m_session.GetSeams().prompts, lessonsUnsaved, error);
         return false;
     }
 }

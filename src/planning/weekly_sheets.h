@@ -78,7 +78,6 @@ public:
 private:
     void readLessons(int record, const QString& classCode, QList<LessonSlot>& found) const;
     QList<KeptRow::Change> changesOf(const LessonSlot& slot, const SlotTexts& texts) const;
-    void tell(const QString& title, const QString& task, const dao::EngineError& error) const;
 
     Session& m_session;
     QList<QDate> m_weeks;

@@ -1,8 +1,6 @@
 #include "store/record_steps.h"
 
 #include "core/engine_failure.h"
-#include "core/prompts.h"
-#include "store/engine/error.h"
 
 bool FindInRecordset(dao::Recordset& recordset, const QString& criteria) {
     if (recordset.RecordCount() == 0)
@@ -57,10 +55,8 @@ bool DataDelete(dao::Recordset& data) {
 }
 
 void DeleteAllRecords(dao::Recordset& recordset, Prompts& prompts) {
-    try {
+    tryTelling(prompts, {.title = u"Delete All Records error", .flags = OkButton}, [&] {
         for (recordset.MoveFirst(); !recordset.EOF_(); recordset.MoveNext())
             recordset.Delete();
-    } catch (const dao::EngineError& error) {
-        showEngineError(prompts, QStringLiteral("Delete All Records error"), error, OkButton);
-    }
+    });
 }

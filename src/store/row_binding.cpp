@@ -1,5 +1,6 @@
 #include "store/row_binding.h"
 
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "store/engine/error.h"
 
@@ -54,18 +55,16 @@ bool RowBinding::write(Way way) {
         if (!changed.isEmpty())
             writeRow(changed);
     } catch (const dao::EngineError& error) {
-        tellFailure(error);
+        tellOnce(error);
         return false;
     }
     m_failure.reset();
     return true;
 }
 
-void RowBinding::tellFailure(const dao::EngineError& error) {
+void RowBinding::tellOnce(const dao::EngineError& error) {
     if (m_failure.first())
-        m_prompts.PlainBox(
-            u"validate data error : %1  %2"_s.arg(error.number()).arg(error.description()),
-            OkButton | CriticalIcon, u"Validate Data Error"_s);
+        tellFailure(m_prompts, {u"Validate Data Error", u"validate data error : %2  %1"}, error);
 }
 
 QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {

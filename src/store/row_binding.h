@@ -71,7 +71,7 @@ private:
     enum class Way { Staying, Leaving };
 
     bool write(Way way);
-    void tellFailure(const dao::EngineError& error);
+    void tellOnce(const dao::EngineError& error);
     QList<const Bound*> writableBoxes(Way way) const;
     void writeRow(const QList<const Bound*>& changed);
 

@@ -1,5 +1,6 @@
 #include "year/backup.h"
 
+#include "core/engine_failure.h"
 #include "core/password_retry.h"
 #include "core/progress.h"
 #include "core/prompts.h"
@@ -25,8 +26,11 @@ constexpr int reportSeconds = 10;
 /// Where the bar stands at each step, in percent. Compacting takes nearly all of the time.
 enum BarAt { Acquiring = 0, Compacting = 10, Rotating = 70, Creating = 85, Renaming = 90 };
 constexpr int barEnd = 100;
+constexpr FailureBox compactingFailure{u"Compacting Error",
+                                       u"Error compacting database, Please try again.\n\n%1",
+                                       OkButton | WarningIcon};
 
-void tellFailure(Prompts& prompts, const BackupNames& names, const dao::EngineError& error) {
+void tellBackupFailure(Prompts& prompts, const BackupNames& names, const dao::EngineError& error) {
     QString text = u"The database could not be backed up:\n%1\n\n%2"_s.arg(names.database,
                                                                            error.description());
     if (QFile::exists(names.database))
@@ -122,10 +126,7 @@ bool compact(const BackupContext& context, const BackupNames& names, const QStri
             return true;
         } catch (const dao::EngineError& error) {
             if (error.number() != dao::WrongPassword) {
-                context.seams.prompts.PlainBox(
-                    u"Error compacting database, Please try again.\n\n%1"_s.arg(
-                        error.description()),
-                    OkButton | WarningIcon, u"Compacting Error"_s);
+                tellFailure(context.seams.prompts, compactingFailure, error);
                 return false;
             }
         }
@@ -225,7 +226,7 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
         dao::replaceFile(copy, names.backup(1));
         return true;
     } catch (const dao::EngineError& error) {
-        tellFailure(context.seams.prompts, names, error);
+        tellBackupFailure(context.seams.prompts, names, error);
         return false;
     }
 }
@@ -243,7 +244,7 @@ bool BackupAndCompact(const BackupContext& context, const QString& path, bool si
             if (!compactAndExchange(context, names, password))
                 return false;
         } catch (const dao::EngineError& error) {
-            tellFailure(context.seams.prompts, names, error);
+            tellBackupFailure(context.seams.prompts, names, error);
             return false;
         }
         progress.UpdateProgress(Renaming, u"Finishing Backup Process"_s);

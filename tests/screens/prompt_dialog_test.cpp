@@ -51,7 +51,7 @@ TEST_F(PromptDialogs, EachSetOfButtonsAnswersTheKeyboard) {
     const struct {
         int flags;
         Qt::Key key;
-        int answer;
+        PromptAnswer answer;
     } cases[] = {
         {OkButton, Qt::Key_Return, AnswerOk},
         {OkButton, Qt::Key_Escape, AnswerOk},
@@ -73,17 +73,17 @@ TEST_F(PromptDialogs, EachSetOfButtonsAnswersTheKeyboard) {
             << flags << " " << key;
 }
 
-TEST_F(PromptDialogs, ATickedCheckBoxAddsAHundred) {
+TEST_F(PromptDialogs, ATickedCheckBoxIsToldBesideTheButton) {
     BoxLook look;
     look.checkBox = u"Do not show this dialog again:"_s;
-    const int answer = askBox(YesNoButtons | QuestionIcon, look, [](QWidget& box) {
+    const BoxAnswer answer = askBox(YesNoButtons | QuestionIcon, look, [](QWidget& box) {
         auto& check = control<QCheckBox>(box, u"Check1"_s);
         check.setFocus();
         press(box, Qt::Key_Space);
         checkScreen(box, u"msg_box_check"_s);
         press(box, Qt::Key_N);
     });
-    EXPECT_EQ(answer, 107);
+    EXPECT_EQ(answer, (BoxAnswer{AnswerNo, true}));
 }
 
 TEST_F(PromptDialogs, OwnCaptionsKeepTheValuesAndEscapeDoesNothing) {

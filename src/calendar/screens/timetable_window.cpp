@@ -8,6 +8,7 @@
 #include "calendar/timetable_settings.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
+#include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
@@ -26,6 +27,16 @@
 #include <functional>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr FailureBox timetableUnread{u"Load Timetable Error",
+                                     u"An error occured whilst loading the Timetable.\n\nPlease "
+                                     u"report the error to the author.\n\nError number: %2"};
+constexpr FailureBox timetableUnsaved{
+    u"Save Timetable Error", u"The timetable could not be saved:\n\n%1\n\nError number: %2"};
+
+} // namespace
 
 TimetableWindow::TimetableWindow(Session& session)
     : m_session(session)
@@ -54,7 +65,7 @@ void TimetableWindow::load() {
     } catch (const dao::EngineError& error) {
         if (!m_panel)
             make(m_year);
-        tellLoadFailure(error.number());
+        tellFailure(m_session.GetSeams().prompts, timetableUnread, error);
     }
 }
 
@@ -162,16 +173,9 @@ void TimetableWindow::showWeek(int index) {
     try {
         LoadTT(m_session.CurrentDB, index, m_grid);
     } catch (const dao::EngineError& error) {
-        tellLoadFailure(error.number());
+        tellFailure(m_session.GetSeams().prompts, timetableUnread, error);
     }
     m_panel->showGrid(m_grid);
-}
-
-void TimetableWindow::tellLoadFailure(int number) {
-    m_session.GetSeams().prompts.PlainBox(
-        u"An error occured whilst loading the Timetable.\n\nPlease report the error to the "
-        "author.\n\nError number: %1"_s.arg(number),
-        OkButton | CriticalIcon, u"Load Timetable Error"_s);
 }
 
 void TimetableWindow::select(int day, int period) {
@@ -233,13 +237,8 @@ bool TimetableWindow::save() {
         m_failure.reset();
         return true;
     } catch (const dao::EngineError& error) {
-        if (!m_failure.first())
-            return false;
-        m_session.GetSeams().prompts.PlainBox(
-            u"The timetable could not be saved:\n\n%1\n\nError number: %2"_s
-                .arg(error.description())
-                .arg(error.number()),
-            OkButton | CriticalIcon, u"Save Timetable Error"_s);
+        if (m_failure.first())
+            tellFailure(m_session.GetSeams().prompts, timetableUnsaved, error);
     }
     return false;
 }

@@ -46,7 +46,6 @@ private:
     void paste();
     bool save();
     void savePicture();
-    void tellLoadFailure(int number);
 
     Session& m_session;
     TimetableYear m_year;

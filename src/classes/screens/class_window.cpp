@@ -378,13 +378,7 @@ void ClassWindow::deleteClass() {
 
 /// Does what may fail in the file, and tells where it did.
 bool ClassWindow::trying(const std::function<void()>& work) {
-    try {
-        work();
-        return true;
-    } catch (const dao::EngineError& error) {
-        showLoadingError(m_session.GetSeams().prompts, error.number(), error.description());
-        return false;
-    }
+    return tryTelling(m_session.GetSeams().prompts, LoadingFailure, work);
 }
 
 void ClassWindow::closeEvent(QCloseEvent* event) {

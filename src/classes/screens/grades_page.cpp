@@ -153,7 +153,7 @@ void GradesPage::storeCell(const QModelIndex& cell, const QString& text) {
     try {
         desk().records().write(cell.row(), {{cell.column(), gradeValue(text, type, QLocale())}});
     } catch (const dao::EngineError& error) {
-        showAfterUpdateError(session().GetSeams().prompts, error.number());
+        tellFailure(session().GetSeams().prompts, AfterUpdateFailure, error);
     }
 }
 
@@ -293,6 +293,6 @@ void GradesPage::runQuery(const QString& query, bool picks) {
         emit recordsShown();
         showAllColumns();
     } catch (const dao::EngineError& error) {
-        showQueryError(session().GetSeams().prompts, error.description());
+        tellFailure(session().GetSeams().prompts, QueryFailure, error);
     }
 }

@@ -112,7 +112,7 @@ void PupilInformationPage::showPupil(int) {
         m_binding.load();
     } catch (const dao::EngineError& error) {
         close();
-        showLoadingError(session().GetSeams().prompts, error.number(), error.description());
+        tellFailure(session().GetSeams().prompts, LoadingFailure, error);
     }
     m_name = {m_surname->text(), m_firstname->text()};
     setEnabled(m_pupil.isOpen());

@@ -144,7 +144,7 @@ void PupilNotesPage::bindNote() {
     } catch (const dao::EngineError& error) {
         close();
         m_note->setEnabled(false); // what is typed would go nowhere
-        showBindNotesError(session().GetSeams().prompts, error.number());
+        tellFailure(session().GetSeams().prompts, BindNotesFailure, error);
     }
 }
 

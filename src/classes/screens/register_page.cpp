@@ -168,7 +168,7 @@ bool RegisterPage::typeMark(const QString& typed) {
         enterMark(session().CurrentDB, desk().classCode(), desk().records(), cell.row(),
                   cell.column(), mark);
     } catch (const dao::EngineError& error) {
-        showKeyPressError(session().GetSeams().prompts, error.number(), error.description());
+        tellFailure(session().GetSeams().prompts, KeyPressFailure, error);
     }
     return true;
 }
@@ -190,16 +190,13 @@ void RegisterPage::storeCell(const QModelIndex& cell, const QString& text) {
             enterMark(session().CurrentDB, desk().classCode(), desk().records(), cell.row(),
                       cell.column(), mark);
     } catch (const dao::EngineError& error) {
-        showColumnUpdateError(session().GetSeams().prompts, error.number());
+        tellFailure(session().GetSeams().prompts, ColumnUpdateFailure, error);
     }
 }
 
 void RegisterPage::fill(RegisterFill what) {
-    try {
-        fillRegister(desk().records(), m_grid->currentIndex().column(), what);
-    } catch (const dao::EngineError& error) {
-        showColumnUpdateError(session().GetSeams().prompts, error.number());
-    }
+    tryTelling(session().GetSeams().prompts, ColumnUpdateFailure,
+               [&] { fillRegister(desk().records(), m_grid->currentIndex().column(), what); });
 }
 
 void RegisterPage::calculateAttendance() {

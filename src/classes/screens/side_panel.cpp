@@ -97,7 +97,7 @@ bool SidePanel::writeNote() {
         return true;
     } catch (const dao::EngineError& error) {
         if (m_failure.first())
-            showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+            tellFailure(m_session.GetSeams().prompts, GetNotesFailure, error);
         return false;
     }
 }
@@ -112,7 +112,7 @@ void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
         if (place && !isOff)
             note = lessonNote(m_session.CurrentDB, *place);
     } catch (const dao::EngineError& error) {
-        showGetNotesError(m_session.GetSeams().prompts, error.number(), error.description());
+        tellFailure(m_session.GetSeams().prompts, GetNotesFailure, error);
         place.reset();
     }
     m_note->setPlainText(note);
