@@ -5,7 +5,7 @@
 #include "controls/bound_rich_text.h"
 #include "core/session.h"
 #include "figures.h"
-#include "planning/upkeep.h"
+#include "planning/sheet_events.h"
 #include "quiet_session.h"
 #include "raw_library.h"
 #include "richtext/rtf_writer.h"
@@ -179,7 +179,7 @@ public:
                   rows[u"PlanDate"].text(),
                   firstWeek};
     }
-    void run() override { mnuAddPer2weeks(m_year, m_item); }
+    void run() override { addToEveryOtherWeek(m_year, m_item); }
     qint64 finish() override {
         m_year.Close();
         return 1;

@@ -1,4 +1,5 @@
 #include "planning/daily_sheets.h"
+#include "planning/sheet_making.h"
 
 #include "core/clock.h"
 #include "core/dates.h"
@@ -343,11 +344,11 @@ void DailySheets::carryOut(SheetEvent event, const SheetSelection& selection) {
         return;
     try {
         if (event == SheetEvent::AddWeekly)
-            mnuAddPerWeek(m_session.CurrentDB, selection);
+            addToEveryWeek(m_session.CurrentDB, selection);
         else if (event == SheetEvent::AddFortnightly)
-            mnuAddPer2weeks(m_session.CurrentDB, selection);
+            addToEveryOtherWeek(m_session.CurrentDB, selection);
         else
-            mnuRemovePerWeek(m_session.CurrentDB, selection);
+            removeFromEveryWeek(m_session.CurrentDB, selection);
     } catch (const dao::EngineError& error) {
         tell(u"Weekly Event Error"_s, error);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "planning/upkeep.h"
+#include "planning/sheet_events.h"
 #include "store/row_binding.h"
 
 #include <QDate>

@@ -7,7 +7,7 @@
 #include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "planning/upkeep.h"
+#include "planning/sheet_fields.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 

@@ -2,6 +2,7 @@
 // text carried across the year reaches, and what the boxes write.
 
 #include "planning/daily_sheets.h"
+#include "planning/sheet_making.h"
 
 #include "core/session.h"
 #include "core/settings.h"
@@ -308,22 +309,22 @@ TEST_F(SheetsTest, AnEventReachesExactlyItsRows) {
         AddNewPlan(session.CurrentDB, planning, date);
     store(u"24-09-23"_s, u"Homework2"_s, u"{\\rtf1 sheet}"_s);
     SheetSelection item{{SheetBox::Homework, 2}, u"it's"_s, u"{\\rtf1 it's}"_s, u"24-09-09"_s, 2};
-    mnuAddPerWeek(session.CurrentDB, item);
+    addToEveryWeek(session.CurrentDB, item);
     EXPECT_EQ(filled(u"Homework2"_s), (QStringList{u"24-09-16"_s, u"24-09-23"_s, u"24-09-30"_s}));
     EXPECT_EQ(richtext::plainText(stored(u"24-09-23"_s, u"Homework2"_s).toText()), u"sheetit's"_s);
     EXPECT_EQ(stored(u"24-09-16"_s, u"Homework2"_s).toText(), item.rtf);
 
     item.place = {SheetBox::Lesson, 1};
-    mnuAddPer2weeks(session.CurrentDB, item); // from week 2; 3 and -1 are odd
+    addToEveryOtherWeek(session.CurrentDB, item); // from week 2; 3 and -1 are odd
     EXPECT_EQ(filled(u"Lesson1"_s), QStringList());
     item.week = 1;
     item.planDate = u"24-09-02"_s;
-    mnuAddPer2weeks(session.CurrentDB, item);
+    addToEveryOtherWeek(session.CurrentDB, item);
     EXPECT_EQ(filled(u"Lesson1"_s), (QStringList{u"24-09-16"_s, u"24-09-23"_s, u"24-09-30"_s}));
 
     item.place = {SheetBox::Homework, 2};
     store(u"24-09-16"_s, u"Homework2"_s, u"{\\rtf1 it's \\b i\\b0 t's IT'S}"_s);
-    mnuRemovePerWeek(session.CurrentDB, item); // the first occurrence of each
+    removeFromEveryWeek(session.CurrentDB, item); // the first occurrence of each
     EXPECT_EQ(richtext::plainText(stored(u"24-09-16"_s, u"Homework2"_s).toText()), u" it's IT'S"_s);
     EXPECT_EQ(richtext::plainText(stored(u"24-09-23"_s, u"Homework2"_s).toText()), u"sheet"_s);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "planning/upkeep.h"
+#include "planning/sheet_fields.h"
 
 #include <QWidget>
 

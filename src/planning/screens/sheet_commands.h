@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/tool_windows.h"
-#include "planning/upkeep.h"
+#include "planning/sheet_events.h"
 
 #include <QHash>
 #include <QObject>

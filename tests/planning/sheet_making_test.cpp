@@ -1,6 +1,6 @@
 // Which classes a new sheet gets where the timetable is not as it should be.
 
-#include "planning/upkeep.h"
+#include "planning/sheet_making.h"
 
 #include "support/year_file.h"
 
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class UpkeepTest : public testing::Test {
+class SheetMakingTest : public testing::Test {
 protected:
     void set(const QString& source, const QString& field, const QString& text) {
         dao::Recordset row = database.OpenRecordset(source);
@@ -34,17 +34,17 @@ protected:
 
 } // namespace
 
-TEST_F(UpkeepTest, ALaterClassWinsAClashAndPeriodsBeyondTheDayAreNone) {
+TEST_F(SheetMakingTest, ALaterClassWinsAClashAndPeriodsBeyondTheDayAreNone) {
     set(u"SELECT * FROM Classcodes WHERE Classcode = '8X'"_s, u"Mon"_s, u"1790x"_s);
     EXPECT_EQ(classesOfNewSheet(), (QStringList{u"8X"_s, {}, u"7A"_s, {}, {}}));
 }
 
-TEST_F(UpkeepTest, WithoutAStartLetterNoTimetableHolds) {
+TEST_F(SheetMakingTest, WithoutAStartLetterNoTimetableHolds) {
     set(u"Admin"_s, u"StartWeek"_s, u"C"_s);
     EXPECT_EQ(classesOfNewSheet(), (QStringList{{}, {}, {}, {}, {}}));
 }
 
-TEST_F(UpkeepTest, ASheetIsAddedWholeOrNotAtAll) {
+TEST_F(SheetMakingTest, ASheetIsAddedWholeOrNotAtAll) {
     dao::Recordset sheets = database.OpenRecordset(u"SELECT * FROM Planning"_s);
     const int before = sheets.RecordCount();
     database.TableDefs().Delete(u"Classcodes"_s); // fails behind the row's own writing

@@ -1,88 +1,15 @@
-#include "planning/upkeep.h"
+#include "planning/sheet_events.h"
 
-#include "calendar/term_weeks.h"
+#include "core/dates.h"
 #include "core/prompts.h"
 #include "richtext/plain_text.h"
 #include "richtext/work_area.h"
 #include "store/engine/names.h"
-#include "store/table_names.h"
 
 #include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
-
-QString fieldOf(const SheetPlace& place) {
-    switch (place.box) {
-    case SheetBox::Lesson:
-        return u"Lesson"_s + QString::number(place.period);
-    case SheetBox::Homework:
-        return u"Homework"_s + QString::number(place.period);
-    case SheetBox::Dinner:
-        return u"Dinner"_s;
-    case SheetBox::AfterSchool:
-        return u"AfterSchool"_s;
-    case SheetBox::Notes:
-        break;
-    }
-    return u"Notes"_s;
-}
-
-QString classField(int period) {
-    return u"Class"_s + QString::number(period);
-}
-
-QString blockCaption(SheetBox box) {
-    return box == SheetBox::Dinner        ? u"Dinner Time"_s
-           : box == SheetBox::AfterSchool ? u"After School"_s
-                                          : u"Notes"_s;
-}
-
-namespace {
-
-/// The timetable that a week has by what `Admin` says; none where it says nothing of use.
-std::optional<QChar> timetableOf(const dao::Database& database, short week) {
-    const dao::Recordset admin = database.OpenRecordset(AdminTable, dao::RecordsetType::Snapshot);
-    const auto twoWeekly = static_cast<int>(admin[u"TTweekly"].integer());
-    const QString startWeek = twoWeekly == 1 ? admin[u"StartWeek"].text() : QString();
-    return timetableLetter(twoWeekly, startWeek, week);
-}
-
-} // namespace
-
-void AddNewPlan(const dao::Database& database, dao::Recordset& sheets, const QString& planDate) {
-    dao::Transaction whole(database);
-    const QDate date = sheetDate(planDate);
-    const short week = GetWeekNumber(database, date);
-    sheets.AddNew();
-    sheets.SetCollect(u"PlanDate", planDate);
-    sheets.SetCollect(u"Week", week);
-    sheets.Update();
-    sheets.SetBookmark(sheets.LastModified());
-    if (week != -1) {
-        if (const auto letter = timetableOf(database, week))
-            GetClassCaptions(database, sheets, weekdayOf(date), *letter == u'A');
-    }
-    whole.commit();
-}
-
-void GetClassCaptions(const dao::Database& database, dao::Recordset& sheets, int weekday,
-                      bool isTimetableA) {
-    const QString field = timetableField(weekday, isTimetableA ? u'A' : u'B');
-    if (field.isEmpty())
-        return;
-    dao::Recordset classes = database.OpenRecordset(
-        u"SELECT Classcode,%1 FROM Classcodes"_s.arg(field), dao::RecordsetType::Snapshot);
-    sheets.Edit();
-    for (; !classes.EOF_(); classes.MoveNext()) {
-        for (const QChar period : classes.Collect(1).toText()) {
-            const QString target = classField(period.digitValue());
-            if (sheets.HasField(target))
-                sheets.SetCollect(target, classes.Collect(0));
-        }
-    }
-    sheets.Update();
-}
 
 namespace {
 
@@ -169,16 +96,16 @@ void tellNoSelection(Prompts& prompts) {
                     u"Please try again."_s);
 }
 
-void mnuAddPerWeek(const dao::Database& database, const SheetSelection& selection) {
+void addToEveryWeek(const dao::Database& database, const SheetSelection& selection) {
     append(database, selection, [](int) { return true; });
 }
 
-void mnuAddPer2weeks(const dao::Database& database, const SheetSelection& selection) {
+void addToEveryOtherWeek(const dao::Database& database, const SheetSelection& selection) {
     append(database, selection,
            [&](int week) { return parityOf(week) == parityOf(selection.week); });
 }
 
-void mnuRemovePerWeek(const dao::Database& database, const SheetSelection& selection) {
+void removeFromEveryWeek(const dao::Database& database, const SheetSelection& selection) {
     dao::Transaction whole(database);
     WeekdayRows(database, selection)
         .forEach([](const QString&, int) { return true; },

@@ -1,0 +1,29 @@
+#include "planning/sheet_fields.h"
+
+using namespace Qt::StringLiterals;
+
+QString fieldOf(const SheetPlace& place) {
+    switch (place.box) {
+    case SheetBox::Lesson:
+        return u"Lesson"_s + QString::number(place.period);
+    case SheetBox::Homework:
+        return u"Homework"_s + QString::number(place.period);
+    case SheetBox::Dinner:
+        return u"Dinner"_s;
+    case SheetBox::AfterSchool:
+        return u"AfterSchool"_s;
+    case SheetBox::Notes:
+        break;
+    }
+    return u"Notes"_s;
+}
+
+QString classField(int period) {
+    return u"Class"_s + QString::number(period);
+}
+
+QString blockCaption(SheetBox box) {
+    return box == SheetBox::Dinner        ? u"Dinner Time"_s
+           : box == SheetBox::AfterSchool ? u"After School"_s
+                                          : u"Notes"_s;
+}
