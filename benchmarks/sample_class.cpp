@@ -2,6 +2,7 @@
 
 #include "classes/class_tables.h"
 #include "classes/register_columns.h"
+#include "core/class_colour.h"
 #include "store/engine/engine.h"
 #include "store/schema.h"
 #include "store/table_names.h"

@@ -3,6 +3,7 @@
 
 #include "figures.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "quiet_session.h"
 #include "sample_year.h"
 #include "tour/screens/tour_wizard.h"
@@ -20,7 +21,7 @@ class Screen {
 public:
     explicit Screen(const QString& folder) : m_quiet(folder) {
         m_quiet.session().Start(folder);
-        frame = std::make_unique<MainWindow>(m_quiet.session(), false);
+        frame = std::make_unique<MainWindow>(m_quiet.session(), windowTable(), false);
         frame->show();
         QApplication::processEvents();
     }

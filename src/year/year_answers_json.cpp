@@ -1,6 +1,7 @@
 #include "year/year_answers_json.h"
 
 #include "calendar/term_weeks.h"
+#include "classes/class_code.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

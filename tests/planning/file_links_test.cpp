@@ -4,6 +4,7 @@
 
 #include "core/session.h"
 #include "core/settings.h"
+#include "store/table_structure.h"
 #include "support/engine_files.h"
 #include "support/year_file.h"
 #include "year/year_opening.h"

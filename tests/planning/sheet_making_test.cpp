@@ -1,5 +1,6 @@
 // Which classes a new sheet gets where the timetable is not as it should be.
 
+#include "planning/sheet_fields.h"
 #include "planning/sheet_making.h"
 
 #include "support/year_file.h"

@@ -5,6 +5,7 @@
 #include "support/screen_register.h"
 
 #include <QLineEdit>
+#include <QSignalSpy>
 
 TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
     show();

@@ -2,6 +2,7 @@
 
 #include "calendar/term_weeks.h"
 #include "frame/screens/frame_menus.h"
+#include "frame/year_roads.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"
 #include "year/wizard_rules.h"

@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/screens/main_window.h"
+#include "frame/screens/window_table.h"
 #include "support/screen_checks.h"
 #include "support/year_file.h"
 #include "year/screens/startup_wizard.h"
@@ -35,7 +36,7 @@ protected:
 
     /// Shows the frame and waits for the end of its start.
     void start() {
-        frame = std::make_unique<MainWindow>(session);
+        frame = std::make_unique<MainWindow>(session, windowTable());
         QSignalSpy started(frame.get(), &MainWindow::started);
         frame->show();
         ASSERT_TRUE(!started.isEmpty() || started.wait());

@@ -24,7 +24,7 @@ enum class WindowKind {
 /// anywhere; a new window is one entry there.
 struct WindowEntry {
     ToolWindow window;
-    QString name; ///< the system's name, which is its object name: "TTfrm"
+    QString name = {}; ///< the system's name, which is its object name: "TTfrm"
     WindowKind kind = WindowKind::Tool;
     /// Under which its place is kept when it closes and found when it loads; empty for none.
     QString placementKey = {};
