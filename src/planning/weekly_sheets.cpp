@@ -133,6 +133,8 @@ void WeeklySheets::readLessons(int record, const QString& classCode,
 }
 
 bool WeeklySheets::Update_Records(const QList<SlotTexts>& texts) {
+    if (std::none_of(texts.begin(), texts.end(), isTyped))
+        return true;
     const QList<KeptRow> before = m_records;
     try {
         dao::Transaction transaction(m_session.CurrentDB);
@@ -146,8 +148,6 @@ bool WeeklySheets::Update_Records(const QList<SlotTexts>& texts) {
         return true;
     } catch (const dao::EngineError& error) {
         m_records = before;
-        if (std::none_of(texts.begin(), texts.end(), isTyped))
-            return true; // the file holds all that the boxes do
         if (m_failure.first())
             tellFailure(m_session.GetSeams().prompts, lessonsUnsaved, error);
         return false;
