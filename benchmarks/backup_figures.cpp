@@ -14,6 +14,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype fullYearBytes = qsizetype{20} * 1024 * 1024;
@@ -46,19 +48,19 @@ public:
     YearCopyWork(QString original, const QString& folder)
         : m_original(std::move(original))
         , m_folder(folder)
-        , m_path(m_folder.filePath(QStringLiteral("year.mdb"))) {}
+        , m_path(m_folder.filePath(u"year.mdb"_s)) {}
 
     void prepare() override {
         m_folder.removeRecursively();
-        if (!m_folder.mkpath(QStringLiteral("backup")) || !QFile::copy(m_original, m_path))
+        if (!m_folder.mkpath(u"backup"_s) || !QFile::copy(m_original, m_path))
             throw std::runtime_error("The full year could not be copied.");
     }
     qint64 finish() override { return countRows(m_path) + countRows(backupPath()); }
 
 protected:
     const QString& path() const { return m_path; }
-    QString backupFolder() const { return m_folder.filePath(QStringLiteral("backup/")); }
-    QString backupPath() const { return backupFolder() + QStringLiteral("year.001"); }
+    QString backupFolder() const { return m_folder.filePath(u"backup/"_s); }
+    QString backupPath() const { return backupFolder() + u"year.001"_s; }
 
 private:
     QString m_original;
@@ -69,8 +71,7 @@ private:
 class Backup : public YearCopyWork {
 public:
     Backup(QString original, const QString& folder)
-        : YearCopyWork(std::move(original), folder + QStringLiteral("/backed_up"))
-        , m_session(folder) {
+        : YearCopyWork(std::move(original), folder + u"/backed_up"_s), m_session(folder) {
         m_session.session().FolderDefaults[BackupFolder].folder = backupFolder();
     }
 
@@ -86,7 +87,7 @@ private:
 class RawBackup : public YearCopyWork {
 public:
     RawBackup(QString original, const QString& folder)
-        : YearCopyWork(std::move(original), folder + QStringLiteral("/copied")) {}
+        : YearCopyWork(std::move(original), folder + u"/copied"_s) {}
 
     void run() override {
         RawDatabase database(path());
@@ -98,13 +99,12 @@ public:
 } // namespace
 
 std::vector<Figure> backupFigures(const QString& folder) {
-    const QString year = folder + QStringLiteral("/full.mdb");
+    const QString year = folder + u"/full.mdb"_s;
     createSampleYear(year);
     fillSheets(year);
 
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("back up and compact"), 2, 5,
-                       std::make_unique<Backup>(year, folder),
+    figures.push_back({u"back up and compact"_s, 2, 5, std::make_unique<Backup>(year, folder),
                        std::make_unique<RawBackup>(year, folder)});
     return figures;
 }

@@ -9,6 +9,8 @@
 #include "core/console_prompts.h"
 #include "store/engine/engine.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A lesson in the middle of the year, the first of its day.
@@ -84,7 +86,7 @@ public:
     void run() override {
         ++m_marks; // the number of pupils is odd, so each gets another mark in the next pass
         enterMark(m_database, classCode, m_model, m_marks % pupilCount, markColumn,
-                  m_marks % 2 ? QStringLiteral("/") : QStringLiteral("O"));
+                  m_marks % 2 ? u"/"_s : u"O"_s);
     }
     qint64 finish() override { return 1; }
 

@@ -17,6 +17,8 @@
 #include <QStandardItemModel>
 #include <QTableView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QSize windowSize(1000, 700);
@@ -50,7 +52,7 @@ public:
 
 private:
     static QString madeFolder(const QString& path) {
-        const QString folder = path + QStringLiteral(".settings");
+        const QString folder = path + u".settings"_s;
         QDir().mkpath(folder);
         return folder;
     }
@@ -103,7 +105,7 @@ class GradeColumns : public Work {
 public:
     explicit GradeColumns(const QString& path) : m_database(m_engine.OpenDatabase(path)) {}
     void run() override {
-        const QString title = QStringLiteral("New test");
+        const QString title = u"New test"_s;
         addGradeColumn(m_database, SampleClassCode, {title, dao::DataType::Text, 50, {}},
                        m_prompts);
         MoveColumn(m_database, SampleClassCode, title, MoveDirection::Left);

@@ -5,6 +5,8 @@
 #include <limits>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Run {
@@ -44,8 +46,7 @@ Measurement measure(const Figure& figure) {
         const Run first = runOnce(valueFirst ? *figure.value : *figure.floor);
         const Run second = runOnce(valueFirst ? *figure.floor : *figure.value);
         if (first.done != second.done)
-            throw std::runtime_error(QStringLiteral("%1: the two sides differ, %2 and %3")
-                                         .arg(figure.name)
+            throw std::runtime_error(u"%1: the two sides differ, %2 and %3"_s.arg(figure.name)
                                          .arg(first.done)
                                          .arg(second.done)
                                          .toStdString());

@@ -14,6 +14,8 @@
 #include <optional>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Answers the rows of a file that was made, and removes it for the next run.
@@ -113,7 +115,7 @@ private:
     qint64 m_classes = 0;
 };
 
-const QString wideTable = QStringLiteral("Wide");
+const QString wideTable = u"Wide"_s;
 constexpr int wideFields = 200;
 constexpr int wideRows = 30;
 
@@ -124,14 +126,14 @@ void createWideTable(const QString& path) {
     dao::TableDef table(wideTable);
     for (int i = 1; i <= wideFields; ++i)
         table.Fields().Append(
-            dao::TableDef::CreateField(QStringLiteral("Lesson%1").arg(i), dao::DataType::Text, 10));
+            dao::TableDef::CreateField(u"Lesson%1"_s.arg(i), dao::DataType::Text, 10));
     database.TableDefs().Append(table);
     dao::Transaction transaction(database);
     dao::Recordset rows = database.OpenRecordset(wideTable);
     for (int row = 0; row < wideRows; ++row) {
         rows.AddNew();
         for (int i = 0; i < wideFields; ++i)
-            rows.SetCollect(i, (row + i) % 7 ? QStringLiteral("/") : QStringLiteral("O"));
+            rows.SetCollect(i, (row + i) % 7 ? u"/"_s : u"O"_s);
         rows.Update();
     }
     transaction.commit();
@@ -172,7 +174,7 @@ public:
     }
     void run() override {
         m_database.TableDefs()[wideTable].Fields().Append(
-            dao::TableDef::CreateField(QStringLiteral("Added"), dao::DataType::Text, 10));
+            dao::TableDef::CreateField(u"Added"_s, dao::DataType::Text, 10));
     }
     qint64 finish() override {
         m_database.Close();
@@ -214,13 +216,12 @@ std::vector<Figure> fileFigures(const QString& folder) {
     createWideTable(wide);
 
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("create the sample year"), 3, 25,
+    figures.push_back({u"create the sample year"_s, 3, 25,
                        std::make_unique<Creation>(file("created.mdb")),
                        std::make_unique<RawCreation>(file("raw_created.mdb"), year)});
-    figures.push_back({QStringLiteral("open a year"), 3, 200,
-                       std::make_unique<Opening>(year, folder),
+    figures.push_back({u"open a year"_s, 3, 200, std::make_unique<Opening>(year, folder),
                        std::make_unique<RawOpening>(year)});
-    figures.push_back({QStringLiteral("add a field"), 4, 50,
+    figures.push_back({u"add a field"_s, 4, 50,
                        std::make_unique<FieldAddition>(wide, file("added.mdb")),
                        std::make_unique<RawFieldAddition>(wide, file("raw_added.mdb"))});
     return figures;

@@ -12,6 +12,8 @@
 #include <cstdio>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum ExitStatus { Within = 0, Over = 1, NotMeasured = 2 };
@@ -47,8 +49,7 @@ std::vector<Figure> allFigures(const QString& folder) {
 ExitStatus measureAll(const QStringList& words) {
     // Beside the program and not in the system's temporary folder, which may be in memory, where
     // writing through to the disk costs nothing.
-    const QTemporaryDir folder(QCoreApplication::applicationDirPath() +
-                               QStringLiteral("/bench-XXXXXX"));
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s);
     bool within = true;
     for (const Figure& figure : allFigures(folder.path())) {
         if (isAskedFor(figure, words))

@@ -18,6 +18,8 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int periods = 7;
@@ -28,10 +30,9 @@ constexpr int boxes = 2 * periods + 3;
 QString lessonHtml(int number) {
     QString html;
     for (int line = 0; line < 14; ++line)
-        html += QStringLiteral("<p><b>Task %1.%2</b> Work through the examples on page <i>%3</i>, "
-                               "then check with <span style='color:#ff0000'>a partner</span>; "
-                               "fast finishers take the extension sheet.</p>")
-                    .arg(number)
+        html += u"<p><b>Task %1.%2</b> Work through the examples on page <i>%3</i>, "
+                "then check with <span style='color:#ff0000'>a partner</span>; "
+                "fast finishers take the extension sheet.</p>"_s.arg(number)
                     .arg(line)
                     .arg(number + line);
     return html;
@@ -63,7 +64,7 @@ QString makeFullYear(const QString& path, int fullSheets, const QStringList& fie
     createSampleYear(path, longDays());
     dao::Database year = dao::DBEngine().OpenDatabase(path);
     dao::Transaction whole(year);
-    dao::Recordset rows = year.OpenRecordset(QStringLiteral("Planning"));
+    dao::Recordset rows = year.OpenRecordset(u"Planning"_s);
     for (int sheet = 0; sheet < fullSheets && !rows.EOF_(); ++sheet, rows.MoveNext()) {
         rows.Edit();
         for (const QString& field : fields)
@@ -80,7 +81,7 @@ public:
     Boxes() {
         auto* layout = new QVBoxLayout(&m_window);
         for (int i = 0; i < boxes; ++i) {
-            all.push_back(new RichTextBox(QStringLiteral("Lesson")));
+            all.push_back(new RichTextBox(u"Lesson"_s));
             layout->addWidget(all.back());
         }
         m_window.resize(800, 1200);
@@ -108,7 +109,7 @@ public:
             m_bound.push_back(std::make_unique<BoundRichText>(*m_boxes.all[i]));
             m_binding.bind(fields.at(static_cast<qsizetype>(i)), *m_bound.back());
         }
-        m_rows = m_year.OpenRecordset(QStringLiteral("SELECT * FROM Planning ORDER BY PlanDate"));
+        m_rows = m_year.OpenRecordset(u"SELECT * FROM Planning ORDER BY PlanDate"_s);
         m_binding.setData(m_rows);
     }
     void prepare() override {
@@ -164,7 +165,7 @@ protected:
 };
 
 constexpr int firstWeek = 1;
-const QString fortnightlyField = QStringLiteral("Lesson1");
+const QString fortnightlyField = u"Lesson1"_s;
 
 class FortnightlyAdd : public YearWork {
 public:
@@ -172,10 +173,10 @@ public:
     void prepare() override {
         YearWork::prepare();
         m_year = m_engine.OpenDatabase(m_path);
-        dao::Recordset rows = m_year.OpenRecordset(QStringLiteral("Planning"));
+        dao::Recordset rows = m_year.OpenRecordset(u"Planning"_s);
         m_item = {{SheetBox::Lesson, 1},
-                  QStringLiteral("Quiz"),
-                  QStringLiteral("{\\rtf1\\ansi\\pard\\plain\\f0\\fs20\\b Quiz\\par }"),
+                  u"Quiz"_s,
+                  u"{\\rtf1\\ansi\\pard\\plain\\f0\\fs20\\b Quiz\\par }"_s,
                   rows[u"PlanDate"].text(),
                   firstWeek};
     }
@@ -226,8 +227,7 @@ public:
 private:
     /// As the first sheet of the sample year, a Thursday.
     static bool isSameWeekday(const char* planDate) {
-        const QDate date =
-            QDate::fromString(QStringLiteral("20") + QString::fromLatin1(planDate), Qt::ISODate);
+        const QDate date = QDate::fromString(u"20"_s + QString::fromLatin1(planDate), Qt::ISODate);
         return date.dayOfWeek() == Qt::Thursday;
     }
     std::unique_ptr<RawDatabase> m_database;
@@ -239,14 +239,13 @@ std::vector<Figure> planningFigures(const QString& folder) {
     constexpr int rounds = 20;
     constexpr double nextSheetBound = 1.2;
     constexpr double fortnightlyBound = 6;
-    const QString full =
-        makeFullYear(folder + QStringLiteral("/full_year.mdb"), sheets, {fortnightlyField});
+    const QString full = makeFullYear(folder + u"/full_year.mdb"_s, sheets, {fortnightlyField});
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("next sheet"), nextSheetBound, rounds,
-                       std::make_unique<NextSheet>(folder + QStringLiteral("/next_sheet.mdb")),
+    figures.push_back({u"next sheet"_s, nextSheetBound, rounds,
+                       std::make_unique<NextSheet>(folder + u"/next_sheet.mdb"_s),
                        std::make_unique<HtmlSheet>()});
-    figures.push_back({QStringLiteral("fortnightly add"), fortnightlyBound, rounds,
-                       std::make_unique<FortnightlyAdd>(full, folder + QStringLiteral("/add.mdb")),
-                       std::make_unique<RawAdd>(full, folder + QStringLiteral("/raw_add.mdb"))});
+    figures.push_back({u"fortnightly add"_s, fortnightlyBound, rounds,
+                       std::make_unique<FortnightlyAdd>(full, folder + u"/add.mdb"_s),
+                       std::make_unique<RawAdd>(full, folder + u"/raw_add.mdb"_s)});
     return figures;
 }

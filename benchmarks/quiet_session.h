@@ -8,6 +8,8 @@
 #include "core/system_clock.h"
 #include "year/year_opening.h"
 
+using namespace Qt::StringLiterals;
+
 /// Ways out of the rules that lead nowhere: nothing of what is measured is the desktop's.
 class SilentProgress : public Progress {
 public:
@@ -28,7 +30,7 @@ public:
 class QuietSession {
 public:
     explicit QuietSession(const QString& folder)
-        : m_settings(folder + QStringLiteral("/settings.ini"))
+        : m_settings(folder + u"/settings.ini"_s)
         , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock},
                     yearOpening()) {}
 

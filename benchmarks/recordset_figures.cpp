@@ -8,6 +8,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int rowCount = 200;
@@ -15,24 +17,23 @@ constexpr int fieldCount = 25;
 constexpr int wholeNumbers = 5;
 
 QString surname(int row) {
-    return QStringLiteral("Featherstone%1").arg(row * 37 % rowCount);
+    return u"Featherstone%1"_s.arg(row * 37 % rowCount);
 }
 
 /// Pupils with their names, marks and remarks; some of the texts are Null.
 void createPupils(const QString& path) {
     const dao::DBEngine engine;
     const dao::Database database = engine.CreateDatabase(path, dao::GeneralLocale.toString());
-    dao::TableDef table(QStringLiteral("Pupils"));
-    table.Fields().Append(
-        dao::TableDef::CreateField(QStringLiteral("Surname"), dao::DataType::Text, 50));
+    dao::TableDef table(u"Pupils"_s);
+    table.Fields().Append(dao::TableDef::CreateField(u"Surname"_s, dao::DataType::Text, 50));
     for (int i = 1; i < fieldCount; ++i)
         table.Fields().Append(dao::TableDef::CreateField(
-            QStringLiteral("Field%1").arg(i),
-            i <= wholeNumbers ? dao::DataType::Long : dao::DataType::Text, 50));
+            u"Field%1"_s.arg(i), i <= wholeNumbers ? dao::DataType::Long : dao::DataType::Text,
+            50));
     database.TableDefs().Append(table);
 
     dao::Transaction transaction(database);
-    dao::Recordset pupils = database.OpenRecordset(QStringLiteral("Pupils"));
+    dao::Recordset pupils = database.OpenRecordset(u"Pupils"_s);
     for (int row = 0; row < rowCount; ++row) {
         pupils.AddNew();
         pupils.SetCollect(0, surname(row));
@@ -40,7 +41,7 @@ void createPupils(const QString& path) {
             if (i <= wholeNumbers)
                 pupils.SetCollect(i, row * i);
             else if ((row + i) % 5 != 0)
-                pupils.SetCollect(i, QStringLiteral("works well, %1").arg(row));
+                pupils.SetCollect(i, u"works well, %1"_s.arg(row));
         }
         pupils.Update();
     }
@@ -53,7 +54,7 @@ public:
 
     void run() override {
         m_sum = 0;
-        dao::Recordset pupils = m_database.OpenRecordset(QStringLiteral("Pupils"));
+        dao::Recordset pupils = m_database.OpenRecordset(u"Pupils"_s);
         for (; !pupils.EOF_(); pupils.MoveNext()) {
             for (int i = 0; i < fieldCount; ++i) {
                 const dao::Value value = pupils.Collect(i);
@@ -90,10 +91,9 @@ private:
 class Finding : public Work {
 public:
     explicit Finding(const QString& path)
-        : m_database(m_engine.OpenDatabase(path))
-        , m_pupils(m_database.OpenRecordset(QStringLiteral("Pupils"))) {
+        : m_database(m_engine.OpenDatabase(path)), m_pupils(m_database.OpenRecordset(u"Pupils"_s)) {
         for (int row = 0; row < rowCount; ++row)
-            m_criteria += QStringLiteral("Surname = ") + dao::writeText(surname(row));
+            m_criteria += u"Surname = "_s + dao::writeText(surname(row));
     }
 
     void run() override {
@@ -139,12 +139,12 @@ private:
 } // namespace
 
 std::vector<Figure> recordsetFigures(const QString& folder) {
-    const QString file = folder + QStringLiteral("/pupils.mdb");
+    const QString file = folder + u"/pupils.mdb"_s;
     createPupils(file);
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("walk a dynaset"), 3, 500, std::make_unique<Walk>(file),
+    figures.push_back({u"walk a dynaset"_s, 3, 500, std::make_unique<Walk>(file),
                        std::make_unique<RawWalk>(file)});
-    figures.push_back({QStringLiteral("find by text"), 4, 100, std::make_unique<Finding>(file),
+    figures.push_back({u"find by text"_s, 4, 100, std::make_unique<Finding>(file),
                        std::make_unique<RawFinding>(file)});
     return figures;
 }

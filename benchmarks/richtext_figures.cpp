@@ -12,6 +12,8 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype textSize = 50 * 1024;
@@ -20,9 +22,8 @@ constexpr quint32 seed = 20260901;
 /// A text as teachers write it: paragraphs of a few sentences, every few words in another format.
 QString mixedText() {
     static const QString words[] = {
-        QStringLiteral("fractions"), QStringLiteral("the"),   QStringLiteral("worksheet"),
-        QStringLiteral("page"),      QStringLiteral("of"),    QStringLiteral("groups"),
-        QStringLiteral("starter:"),  QStringLiteral("recap"), QStringLiteral("caf\u00e9"),
+        u"fractions"_s, u"the"_s,      u"worksheet"_s, u"page"_s,      u"of"_s,
+        u"groups"_s,    u"starter:"_s, u"recap"_s,     u"caf\u00e9"_s,
     };
     QRandomGenerator random(seed);
     QTextDocument document;
@@ -31,7 +32,7 @@ QString mixedText() {
     while (rtf.size() < textSize) {
         for (int run = 0; run < 40; ++run) {
             QTextCharFormat format;
-            format.setFontFamilies({QStringLiteral("Arial")});
+            format.setFontFamilies({u"Arial"_s});
             format.setFontPointSize(10 + random.bounded(3));
             if (random.bounded(3) == 0)
                 format.setFontWeight(QFont::Bold);
@@ -117,9 +118,9 @@ private:
 std::vector<Figure> richTextFigures(const QString&) {
     const QString rtf = mixedText();
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("rich text to document"), 1.5, 50,
-                       std::make_unique<ReadRichText>(rtf), std::make_unique<ReadHtml>(rtf)});
-    figures.push_back({QStringLiteral("plain text of rich text"), 20, 200,
-                       std::make_unique<PlainText>(rtf), std::make_unique<FindBackslashes>(rtf)});
+    figures.push_back({u"rich text to document"_s, 1.5, 50, std::make_unique<ReadRichText>(rtf),
+                       std::make_unique<ReadHtml>(rtf)});
+    figures.push_back({u"plain text of rich text"_s, 20, 200, std::make_unique<PlainText>(rtf),
+                       std::make_unique<FindBackslashes>(rtf)});
     return figures;
 }

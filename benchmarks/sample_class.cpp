@@ -7,6 +7,8 @@
 #include "store/schema.h"
 #include "store/table_names.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int lessonCount = 250;
@@ -24,8 +26,8 @@ QList<Lesson> lessons() {
 void addGradeColumns(const dao::Database& database) {
     const dao::TableDef marks = database.TableDefs()[marksTable(SampleClassCode)];
     for (int column = 1; column <= SampleClassGrades; ++column)
-        marks.Fields().Append(dao::TableDef::CreateField(QStringLiteral("Test %1").arg(column),
-                                                         dao::DataType::Text, 50));
+        marks.Fields().Append(
+            dao::TableDef::CreateField(u"Test %1"_s.arg(column), dao::DataType::Text, 50));
 }
 
 void addPupils(const dao::Database& database) {
@@ -34,15 +36,14 @@ void addPupils(const dao::Database& database) {
     dao::Recordset grades = database.OpenRecordset(marksTable(SampleClassCode));
     for (int pupil = 1; pupil <= SampleClassPupils; ++pupil) {
         pupils.AddNew();
-        pupils.SetCollect(u"Surname", QStringLiteral("Featherstone%1").arg(pupil * 13 % 35));
-        pupils.SetCollect(u"Firstname", QStringLiteral("Ann"));
-        pupils.SetCollect(u"Tutor", QStringLiteral("7T"));
+        pupils.SetCollect(u"Surname", u"Featherstone%1"_s.arg(pupil * 13 % 35));
+        pupils.SetCollect(u"Firstname", u"Ann"_s);
+        pupils.SetCollect(u"Tutor", u"7T"_s);
         pupils.Update();
         lessonMarks.AddNew();
         lessonMarks.SetCollect(u"ID", pupil);
         for (int lesson = 1; lesson <= SampleClassMarked; ++lesson)
-            lessonMarks.SetCollect(lesson, (pupil + lesson) % 9 ? QStringLiteral("/")
-                                                                : QStringLiteral("O"));
+            lessonMarks.SetCollect(lesson, (pupil + lesson) % 9 ? u"/"_s : u"O"_s);
         lessonMarks.Update();
         grades.AddNew();
         grades.SetCollect(u"ID", pupil);

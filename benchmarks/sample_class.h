@@ -7,10 +7,12 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 /// A year's file with one class alone, in the spring: 35 pupils, 250 lessons, two a day, of which
 /// all before the middle of the year are marked, and twenty grade columns.
 
-inline const QString SampleClassCode = QStringLiteral("7A");
+inline const QString SampleClassCode = u"7A"_s;
 inline constexpr int SampleClassPupils = 35;
 inline constexpr int SampleClassMarked = 124; ///< so many lessons are marked
 inline constexpr int SampleClassGrades = 20;
@@ -24,7 +26,7 @@ template<typename Value, typename Floor>
 Figure sampleClassFigure(const char* name, double bound, int rounds, const QString& folder) {
     std::array<QString, 2> files;
     for (size_t side = 0; side < files.size(); ++side) {
-        files[side] = QStringLiteral("%1/%2-%3.mdb").arg(folder, QLatin1String(name)).arg(side);
+        files[side] = u"%1/%2-%3.mdb"_s.arg(folder, QLatin1String(name)).arg(side);
         createSampleClass(files[side]);
     }
     return {QLatin1String(name), bound, rounds, std::make_unique<Value>(files[0]),

@@ -14,6 +14,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The frame over a folder of its own, as it stands without a year.
@@ -83,9 +85,9 @@ private:
 std::vector<Figure> screenFigures(const QString& folder) {
     constexpr int rounds = 40;
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("resize the main window"), 1, rounds,
-                       std::make_unique<Resize>(folder + QStringLiteral("/resize")), nullptr});
-    figures.push_back({QStringLiteral("wizard page change"), 1, rounds,
-                       std::make_unique<PageChange>(folder + QStringLiteral("/wizard")), nullptr});
+    figures.push_back({u"resize the main window"_s, 1, rounds,
+                       std::make_unique<Resize>(folder + u"/resize"_s), nullptr});
+    figures.push_back({u"wizard page change"_s, 1, rounds,
+                       std::make_unique<PageChange>(folder + u"/wizard"_s), nullptr});
     return figures;
 }

@@ -10,6 +10,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A program run without a screen and with folders of its own in place of the person's.
@@ -17,11 +19,11 @@ class Start : public Work {
 public:
     Start(const QString& program, const QStringList& arguments, const QString& home) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        environment.insert(QStringLiteral("HOME"), home);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        environment.insert(u"HOME"_s, home);
         for (const char* kind :
              {"CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "STATE_HOME", "RUNTIME_DIR"})
-            environment.insert(QStringLiteral("XDG_") + QLatin1StringView(kind), home);
+            environment.insert(u"XDG_"_s + QLatin1StringView(kind), home);
         m_process.setProgram(QCoreApplication::applicationDirPath() + u'/' + program);
         m_process.setArguments(arguments);
         m_process.setProcessEnvironment(environment);
@@ -46,14 +48,13 @@ private:
 } // namespace
 
 std::vector<Figure> startFigures(const QString& folder) {
-    const QString home = folder + QStringLiteral("/home");
+    const QString home = folder + u"/home"_s;
     QDir().mkpath(home);
     QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     std::vector<Figure> figures;
     figures.push_back(
-        {QStringLiteral("start the program"), 1.5, 40,
-         std::make_unique<Start>(QStringLiteral("orva"),
-                                 QStringList{QStringLiteral("--quit-when-shown")}, home),
-         std::make_unique<Start>(QStringLiteral("bare_window"), QStringList(), home)});
+        {u"start the program"_s, 1.5, 40,
+         std::make_unique<Start>(u"orva"_s, QStringList{u"--quit-when-shown"_s}, home),
+         std::make_unique<Start>(u"bare_window"_s, QStringList(), home)});
     return figures;
 }

@@ -12,6 +12,8 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype longestLesson = 65535;
@@ -19,7 +21,7 @@ constexpr qsizetype longestLesson = 65535;
 /// Paragraphs of so many sentences, some words of them misspelled.
 QString longText(int paragraph) {
     const QString sentence =
-        QStringLiteral("Starter: recap fractions, then groups of four work throu the worksheet. ");
+        u"Starter: recap fractions, then groups of four work throu the worksheet. "_s;
     QString text;
     for (int count = 1; text.size() < longestLesson; ++count)
         text += count % paragraph == 0 ? sentence + u'\n' : sentence;
@@ -31,7 +33,7 @@ class KeyPress : public Work {
 public:
     KeyPress(const QString& folder, const QString& text) : m_session(folder) {
         auto* layout = new QVBoxLayout(&m_window);
-        auto* tools = new FormatTools(m_session.session(), QStringLiteral("BBBB|BB|B"), m_window);
+        auto* tools = new FormatTools(m_session.session(), u"BBBB|BB|B"_s, m_window);
         layout->addWidget(tools->toolbar());
         layout->addWidget(m_box);
         tools->serve(*m_box);
@@ -45,7 +47,7 @@ public:
     }
 
     void run() override {
-        press(Qt::Key_A, QStringLiteral("a"));
+        press(Qt::Key_A, u"a"_s);
         m_window.repaint();
     }
     qint64 finish() override {
@@ -62,7 +64,7 @@ private:
 
     QuietSession m_session;
     QWidget m_window;
-    RichTextBox* m_box = new RichTextBox(QStringLiteral("Lesson"));
+    RichTextBox* m_box = new RichTextBox(u"Lesson"_s);
 };
 
 } // namespace
@@ -71,11 +73,11 @@ std::vector<Figure> writingFigures(const QString& folder) {
     constexpr int rounds = 100;
     constexpr int usualParagraph = 6;
     constexpr int endlessParagraph = 10000;
-    const QString place = folder + QStringLiteral("/writing");
+    const QString place = folder + u"/writing"_s;
     std::vector<Figure> figures;
-    figures.push_back({QStringLiteral("key press to painted"), 1, rounds,
+    figures.push_back({u"key press to painted"_s, 1, rounds,
                        std::make_unique<KeyPress>(place, longText(usualParagraph)), nullptr});
-    figures.push_back({QStringLiteral("key press, one paragraph"), 1, rounds,
+    figures.push_back({u"key press, one paragraph"_s, 1, rounds,
                        std::make_unique<KeyPress>(place, longText(endlessParagraph)), nullptr});
     return figures;
 }

@@ -22,12 +22,14 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
     QApplication::setStyle(new FamilyStyle);
     QApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("ORVA"));
+    QCoreApplication::setApplicationName(u"ORVA"_s);
     QCoreApplication::setApplicationVersion(programVersion());
-    QApplication::setWindowIcon(icon(QStringLiteral("orva")));
+    QApplication::setWindowIcon(icon(u"orva"_s));
     const QStringList arguments = QCoreApplication::arguments();
 
     dao::DBEngine engine;

@@ -16,6 +16,8 @@
 #include <iostream>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Arguments {
@@ -45,10 +47,10 @@ void printLine(const QString& line) {
 }
 
 QString escaped(QString text) {
-    text.replace(u'\\', QStringLiteral("\\\\"));
-    text.replace(u'\t', QStringLiteral("\\t"));
-    text.replace(u'\n', QStringLiteral("\\n"));
-    text.replace(u'\r', QStringLiteral("\\r"));
+    text.replace(u'\\', u"\\\\"_s);
+    text.replace(u'\t', u"\\t"_s);
+    text.replace(u'\n', u"\\n"_s);
+    text.replace(u'\r', u"\\r"_s);
     return text;
 }
 
@@ -62,7 +64,7 @@ QString shortest(Number number) {
 
 QString printed(const dao::Value& value, dao::DataType type) {
     if (value.isNull())
-        return QStringLiteral("\\N");
+        return u"\\N"_s;
     if (value.isBinary())
         return u'x' + QString::fromLatin1(value.toBinary().toHex());
     if (value.isReal())
@@ -89,10 +91,9 @@ void printRecords(const dao::Database& database, const QString& statement, bool 
 
 void printFields(const dao::Database& database, const QString& table, bool names) {
     if (names)
-        printLine(QStringLiteral("name\ttype\tsize"));
+        printLine(u"name\ttype\tsize"_s);
     for (const dao::Field& field : database.TableDefs()[table].Fields())
-        printLine(QStringLiteral("%1\t%2\t%3")
-                      .arg(escaped(field.Name))
+        printLine(u"%1\t%2\t%3"_s.arg(escaped(field.Name))
                       .arg(static_cast<int>(field.Type))
                       .arg(field.Size));
 }
@@ -110,8 +111,7 @@ void answer(const dao::Database& database, const QString& statement, bool names)
     } else if (fields.hasMatch()) {
         QString table = fields.captured(1);
         if (table.startsWith(u'['))
-            table =
-                table.mid(1, table.size() - 2).replace(QStringLiteral("]]"), QStringLiteral("]"));
+            table = table.mid(1, table.size() - 2).replace(u"]]"_s, u"]"_s);
         printFields(database, table, names);
     } else {
         printRecords(database, statement, names);
@@ -122,9 +122,9 @@ void answerStandardInput(const dao::Database& database, bool names) {
     for (std::string line; std::getline(std::cin, line);) {
         try {
             answer(database, QString::fromStdString(line), names);
-            printLine(QStringLiteral("."));
+            printLine(u"."_s);
         } catch (const dao::EngineError& error) {
-            printLine(QStringLiteral("! %1 %2").arg(error.number()).arg(error.description()));
+            printLine(u"! %1 %2"_s.arg(error.number()).arg(error.description()));
         }
         std::fflush(stdout);
     }

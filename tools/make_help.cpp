@@ -15,6 +15,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int fail(const QString& sentence) {
@@ -29,16 +31,16 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     if (arguments.size() != 3)
-        return fail(QStringLiteral("make_help PAGES PICTURES FILE"));
-    QFile windows(QDir(arguments[1]).filePath(QStringLiteral("windows.txt")));
+        return fail(u"make_help PAGES PICTURES FILE"_s);
+    QFile windows(QDir(arguments[1]).filePath(u"windows.txt"_s));
     if (!windows.open(QIODevice::ReadOnly))
-        return fail(windows.fileName() + QStringLiteral(" can't be read"));
+        return fail(windows.fileName() + u" can't be read"_s);
     const BuiltHelp built =
         buildHelp(arguments[0], arguments[1],
                   QString::fromUtf8(windows.readAll()).split(u'\n', Qt::SkipEmptyParts));
     if (!built.faults.isEmpty())
         return fail(built.faults.join(u'\n'));
     if (!writeHelpFile(built.book, arguments[2]))
-        return fail(arguments[2] + QStringLiteral(" can't be written"));
+        return fail(arguments[2] + u" can't be written"_s);
     return 0;
 }

@@ -14,6 +14,8 @@
 #include <csignal>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum ExitStatus { Done = 0, Failed = 1, Refused = 2 };
@@ -39,7 +41,7 @@ void say(const QString& text) {
 
 bool readArguments(QStringList words, Arguments& arguments) {
     words.removeFirst();
-    if (words.removeAll(QStringLiteral("--replace")) > 0)
+    if (words.removeAll(u"--replace"_s) > 0)
         arguments.existing = ExistingFile::Replace;
     if (words.size() != 2)
         return false;
@@ -52,12 +54,12 @@ int makeYear(const Arguments& arguments) {
     const QLocale locale = QLocale::c();
     QFile file(arguments.answers);
     if (!file.open(QIODevice::ReadOnly)) {
-        say(QStringLiteral("%1: %2").arg(arguments.answers, file.errorString()));
+        say(u"%1: %2"_s.arg(arguments.answers, file.errorString()));
         return Failed;
     }
     const ReadAnswers read = readYearAnswers(file.readAll(), locale);
     if (read.fault) {
-        say(QStringLiteral("%1: %2").arg(read.fault->field, read.fault->text));
+        say(u"%1: %2"_s.arg(read.fault->field, read.fault->text));
         return Refused;
     }
     SilentProgress progress;
@@ -80,7 +82,7 @@ int main(int argc, char* argv[]) {
     const QCoreApplication application(argc, argv);
     Arguments arguments;
     if (!readArguments(QCoreApplication::arguments(), arguments)) {
-        say(QStringLiteral("usage: make_year [--replace] ANSWERS.json FILE.mdb"));
+        say(u"usage: make_year [--replace] ANSWERS.json FILE.mdb"_s);
         return Refused;
     }
     return makeYear(arguments);

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int fail(const QString& reason) {
@@ -18,7 +20,7 @@ int fail(const QString& reason) {
 
 int main(int argc, char* argv[]) {
     if (argc != 2)
-        return fail(QStringLiteral("usage: schema_doc FILE.md"));
+        return fail(u"usage: schema_doc FILE.md"_s);
     const QString path = QFile::decodeName(argv[1]);
     QFile page(path);
     if (!page.open(QIODevice::ReadOnly))
@@ -27,9 +29,9 @@ int main(int argc, char* argv[]) {
     const qsizetype begin = text.indexOf(SchemaSectionBegin);
     const qsizetype end = text.indexOf(SchemaSectionEnd);
     if (begin < 0 || end < begin)
-        return fail(QStringLiteral("the page lacks its markers"));
+        return fail(u"the page lacks its markers"_s);
     const qsizetype inside = begin + SchemaSectionBegin.size();
-    text.replace(inside, end - inside, QStringLiteral("\n\n") + schemaMarkdown() + u'\n');
+    text.replace(inside, end - inside, u"\n\n"_s + schemaMarkdown() + u'\n');
     QSaveFile written(path);
     if (!written.open(QIODevice::WriteOnly) || written.write(text.toUtf8()) < 0 ||
         !written.commit())

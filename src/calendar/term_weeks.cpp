@@ -4,6 +4,8 @@
 
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 QList<QDate> teachingDays(const QList<QDate>& boundaries) {
     QList<QDate> days;
     for (qsizetype i = 0; i + 1 < boundaries.size(); i += 2) {
@@ -115,8 +117,8 @@ QString timetableField(QDate date, QChar letter) {
 }
 
 QString IsWeek2(const dao::Database& database, QDate today) {
-    dao::Recordset sheets = database.OpenRecordset(
-        QStringLiteral("SELECT * FROM Planning ORDER BY PlanDate"), dao::RecordsetType::Snapshot);
+    dao::Recordset sheets = database.OpenRecordset(u"SELECT * FROM Planning ORDER BY PlanDate"_s,
+                                                   dao::RecordsetType::Snapshot);
     if (!sheets.HasField(u"ABWeek"))
         return {};
     // To look day by day for the next sheet comes to the same as to take the first whose text is

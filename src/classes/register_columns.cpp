@@ -3,6 +3,8 @@
 #include "core/dates.h"
 #include "store/engine/table_def.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype DateLength = 8;
@@ -11,8 +13,7 @@ constexpr qsizetype NumberPosition = DateLength + 1;
 } // namespace
 
 QString registerDateText(QDate date) {
-    return QStringLiteral("%1/%2/%3")
-        .arg(date.day(), 2, 10, QLatin1Char('0'))
+    return u"%1/%2/%3"_s.arg(date.day(), 2, 10, QLatin1Char('0'))
         .arg(date.month(), 2, 10, QLatin1Char('0'))
         .arg(date.year() % 100, 2, 10, QLatin1Char('0'));
 }

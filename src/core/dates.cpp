@@ -1,5 +1,7 @@
 #include "core/dates.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int DaysPerWeek = 7;
@@ -50,8 +52,7 @@ QDate dateFromParts(int year, int month, int day) {
 }
 
 QString sheetDateText(QDate date) {
-    return QStringLiteral("%1-%2-%3")
-        .arg(date.year() % 100, 2, 10, QLatin1Char('0'))
+    return u"%1-%2-%3"_s.arg(date.year() % 100, 2, 10, QLatin1Char('0'))
         .arg(date.month(), 2, 10, QLatin1Char('0'))
         .arg(date.day(), 2, 10, QLatin1Char('0'));
 }
@@ -65,10 +66,8 @@ QDate sheetDate(QStringView text) {
 }
 
 QString DayName(int weekday) {
-    static const QString names[] = {QStringLiteral("Sunday"),   QStringLiteral("Monday"),
-                                    QStringLiteral("Tuesday"),  QStringLiteral("Wednesday"),
-                                    QStringLiteral("Thursday"), QStringLiteral("Friday"),
-                                    QStringLiteral("Saturday")};
+    static const QString names[] = {u"Sunday"_s,   u"Monday"_s, u"Tuesday"_s, u"Wednesday"_s,
+                                    u"Thursday"_s, u"Friday"_s, u"Saturday"_s};
     return weekday >= Sunday && weekday <= Saturday ? names[weekday - 1] : QString();
 }
 

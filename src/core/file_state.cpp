@@ -10,14 +10,15 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Opening and closing a file once more drops the locks that the database library holds on it for
 /// this process, so a file of our own is recognised without touching it.
 bool isOpenHere(const QString& path) {
     const QString wanted = QFileInfo(path).canonicalFilePath();
-    const QFileInfoList open =
-        QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::Files | QDir::System);
+    const QFileInfoList open = QDir(u"/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System);
     return std::any_of(open.begin(), open.end(),
                        [&](const QFileInfo& entry) { return entry.symLinkTarget() == wanted; });
 }

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString withSeparator(const QString& folder) {
@@ -32,9 +34,9 @@ QString separatorOf(const QString& format) {
 QString convertedName(const QString& path) {
     const QFileInfo info(path);
     const QString base = info.absolutePath() + u'/' + info.completeBaseName();
-    QString name = base + QStringLiteral(" (converted).mdb");
+    QString name = base + u" (converted).mdb"_s;
     for (int number = 2; QFileInfo::exists(name); ++number)
-        name = QStringLiteral("%1 (converted %2).mdb").arg(base).arg(number);
+        name = u"%1 (converted %2).mdb"_s.arg(base).arg(number);
     return name;
 }
 
@@ -60,7 +62,7 @@ void Session::Start(const QString& appPath) {
 }
 
 QString Session::helpFile() const {
-    return AppPath + QStringLiteral("ORVA.hlp");
+    return AppPath + u"ORVA.hlp"_s;
 }
 
 OpenResult Session::OpenDatabaseFile(const QString& path, const QString& password) {
@@ -98,11 +100,10 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
     CurrentDB.Close();
     const QString copy = convertedName(path);
     const BoxAnswer answer = m_seams.prompts.msg_Box(
-        QStringLiteral("The database :\n\n%1\n\nis in the older Jet format.\n\nA converted copy "
-                       "will be made beside it and opened:\n\n%2\n\nThe original file stays as it "
-                       "is. Do you wish to continue ?")
-            .arg(ShortenPath(path), ShortenPath(copy)),
-        OkCancelButtons | InformationIcon, QStringLiteral("Older Database"));
+        u"The database :\n\n%1\n\nis in the older Jet format.\n\nA converted copy "
+        "will be made beside it and opened:\n\n%2\n\nThe original file stays as it "
+        "is. Do you wish to continue ?"_s.arg(ShortenPath(path), ShortenPath(copy)),
+        OkCancelButtons | InformationIcon, u"Older Database"_s);
     if (answer != AnswerOk) {
         clear();
         return OpenCancelled;
@@ -113,10 +114,9 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
     } catch (const dao::EngineError& error) {
         clear();
         m_seams.prompts.PlainBox(
-            QStringLiteral("The converted copy could not be made:\n\n%1\n\nThe original file is "
-                           "unchanged.")
-                .arg(error.description()),
-            OkButton | CriticalIcon, QStringLiteral("Older Database"));
+            u"The converted copy could not be made:\n\n%1\n\nThe original file is "
+            "unchanged."_s.arg(error.description()),
+            OkButton | CriticalIcon, u"Older Database"_s);
         return OpenCancelled;
     }
     const OpenResult result = openOnce(copy, password);
@@ -141,9 +141,8 @@ void Session::clear() {
 
 QString Session::ChooseDatabaseFile(const QString& title, int flags) {
     return m_seams.prompts.OpenFileDialog(
-        title.isEmpty() ? QStringLiteral(" Select the database to open:") : title,
-        {{QStringLiteral("*.mdb"), QStringLiteral("*.mdb")}}, FolderDefaults[OpenFolder].folder,
-        flags, false);
+        title.isEmpty() ? u" Select the database to open:"_s : title, {{u"*.mdb"_s, u"*.mdb"_s}},
+        FolderDefaults[OpenFolder].folder, flags, false);
 }
 
 void Session::CloseAllDatabases() {
@@ -159,10 +158,10 @@ bool Session::IsDBOpen() {
     } catch (const dao::EngineError& error) {
         if (error.number() == dao::OpenedExclusively || error.number() == dao::FileInUse) {
             m_seams.prompts.PlainBox(
-                QStringLiteral("The database is already open and couldn't be closed!\n\nThis "
-                               "action has been canceled.\n\nPlease try restarting this "
-                               "application."),
-                OkButton | WarningIcon, QStringLiteral("Action canceled"));
+                u"The database is already open and couldn't be closed!\n\nThis "
+                "action has been canceled.\n\nPlease try restarting this "
+                "application."_s,
+                OkButton | WarningIcon, u"Action canceled"_s);
             return true;
         }
     }
@@ -171,12 +170,10 @@ bool Session::IsDBOpen() {
 
 OpenFailure openFailure(OpenResult result, const QString& path) {
     if (result == OpenInUse)
-        return {QStringLiteral("Database already open"),
-                QStringLiteral("The database : \n\n%1\n\nappears to be already open by another "
-                               "user.\n\nPlease retry later.")
-                    .arg(ShortenPath(path))};
-    return {QStringLiteral("Invalid Database"),
-            QStringLiteral("The database : \n\n%1\n\nappears to be either the wrong format or "
-                           "corrupt!\n\nPlease choose another action.")
-                .arg(ShortenPath(path))};
+        return {u"Database already open"_s,
+                u"The database : \n\n%1\n\nappears to be already open by another "
+                "user.\n\nPlease retry later."_s.arg(ShortenPath(path))};
+    return {u"Invalid Database"_s,
+            u"The database : \n\n%1\n\nappears to be either the wrong format or "
+            "corrupt!\n\nPlease choose another action."_s.arg(ShortenPath(path))};
 }

@@ -22,11 +22,10 @@ const QString FirstSetupPage = u"0"_s;
 /// Asks whether to back up; with the box ticked it is done without asking from then on.
 bool wantsBackup(Session& session) {
     BoxLook look;
-    look.checkBox = QStringLiteral("Don't show this prompt again (Use Automatic Backups)");
+    look.checkBox = u"Don't show this prompt again (Use Automatic Backups)"_s;
     const BoxAnswer answer = session.GetSeams().prompts.msg_Box(
-        QStringLiteral("ORVA is closing!,\nDo you wish to Backup and Compress the database?"),
-        YesNoButtons | QuestionIcon | SecondButtonDefault,
-        QStringLiteral("Backup/Compress Database"), look);
+        u"ORVA is closing!,\nDo you wish to Backup and Compress the database?"_s,
+        YesNoButtons | QuestionIcon | SecondButtonDefault, u"Backup/Compress Database"_s, look);
     if (answer.ticked)
         session.GetSettings().set(setting::AutoBackup, ClosingBackup::CompactAndBackUp);
     return answer == AnswerYes;

@@ -2,29 +2,25 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
 
 const QHash<QString, QChar>& signsByName() {
     static const QHash<QString, QChar> signs = {
-        {QStringLiteral("alpha"), QChar(0x3B1)},   {QStringLiteral("beta"), QChar(0x3B2)},
-        {QStringLiteral("gamma"), QChar(0x3B3)},   {QStringLiteral("delta"), QChar(0x3B4)},
-        {QStringLiteral("epsilon"), QChar(0x3B5)}, {QStringLiteral("eta"), QChar(0x3B7)},
-        {QStringLiteral("theta"), QChar(0x3B8)},   {QStringLiteral("lambda"), QChar(0x3BB)},
-        {QStringLiteral("mu"), QChar(0x3BC)},      {QStringLiteral("pi"), QChar(0x3C0)},
-        {QStringLiteral("rho"), QChar(0x3C1)},     {QStringLiteral("sigma"), QChar(0x3C3)},
-        {QStringLiteral("phi"), QChar(0x3C6)},     {QStringLiteral("omega"), QChar(0x3C9)},
-        {QStringLiteral("Gamma"), QChar(0x393)},   {QStringLiteral("Delta"), QChar(0x394)},
-        {QStringLiteral("Theta"), QChar(0x398)},   {QStringLiteral("Lambda"), QChar(0x39B)},
-        {QStringLiteral("Pi"), QChar(0x3A0)},      {QStringLiteral("Sigma"), QChar(0x3A3)},
-        {QStringLiteral("Phi"), QChar(0x3A6)},     {QStringLiteral("Omega"), QChar(0x3A9)},
-        {QStringLiteral("sqrt"), QChar(0x221A)},   {QStringLiteral("sum"), QChar(0x2211)},
-        {QStringLiteral("int"), QChar(0x222B)},    {QStringLiteral("infinity"), QChar(0x221E)},
-        {QStringLiteral("times"), QChar(0xD7)},    {QStringLiteral("div"), QChar(0xF7)},
-        {QStringLiteral("cdot"), QChar(0x22C5)},   {QStringLiteral("degrees"), QChar(0xB0)},
-        {QStringLiteral("angle"), QChar(0x2220)},  {QStringLiteral("therefore"), QChar(0x2234)},
-        {QStringLiteral("approx"), QChar(0x2248)},
+        {u"alpha"_s, QChar(0x3B1)},  {u"beta"_s, QChar(0x3B2)},       {u"gamma"_s, QChar(0x3B3)},
+        {u"delta"_s, QChar(0x3B4)},  {u"epsilon"_s, QChar(0x3B5)},    {u"eta"_s, QChar(0x3B7)},
+        {u"theta"_s, QChar(0x3B8)},  {u"lambda"_s, QChar(0x3BB)},     {u"mu"_s, QChar(0x3BC)},
+        {u"pi"_s, QChar(0x3C0)},     {u"rho"_s, QChar(0x3C1)},        {u"sigma"_s, QChar(0x3C3)},
+        {u"phi"_s, QChar(0x3C6)},    {u"omega"_s, QChar(0x3C9)},      {u"Gamma"_s, QChar(0x393)},
+        {u"Delta"_s, QChar(0x394)},  {u"Theta"_s, QChar(0x398)},      {u"Lambda"_s, QChar(0x39B)},
+        {u"Pi"_s, QChar(0x3A0)},     {u"Sigma"_s, QChar(0x3A3)},      {u"Phi"_s, QChar(0x3A6)},
+        {u"Omega"_s, QChar(0x3A9)},  {u"sqrt"_s, QChar(0x221A)},      {u"sum"_s, QChar(0x2211)},
+        {u"int"_s, QChar(0x222B)},   {u"infinity"_s, QChar(0x221E)},  {u"times"_s, QChar(0xD7)},
+        {u"div"_s, QChar(0xF7)},     {u"cdot"_s, QChar(0x22C5)},      {u"degrees"_s, QChar(0xB0)},
+        {u"angle"_s, QChar(0x2220)}, {u"therefore"_s, QChar(0x2234)}, {u"approx"_s, QChar(0x2248)},
     };
     return signs;
 }

@@ -6,14 +6,16 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
 
-const QString folderPattern = QStringLiteral("objects-*");
+const QString folderPattern = u"objects-*"_s;
 
 QString lockOf(const QString& folder) {
-    return folder + QStringLiteral("/lock");
+    return folder + u"/lock"_s;
 }
 
 /// The last part of the name, whatever system it comes from, with nothing in it that a file system
@@ -28,7 +30,7 @@ QString safeName(const QString& name) {
         last.remove(0, 1);
     constexpr qsizetype longest = 80; // even where each character takes three bytes
     last = last.right(longest).trimmed();
-    return last.isEmpty() ? QStringLiteral("object") : last;
+    return last.isEmpty() ? u"object"_s : last;
 }
 
 } // namespace
@@ -65,8 +67,7 @@ bool ObjectFiles::makeFolder() {
         return m_folder->isValid();
     QDir().mkpath(m_place);
     removeLeftovers();
-    m_folder =
-        std::make_unique<QTemporaryDir>(QDir(m_place).filePath(QStringLiteral("objects-XXXXXX")));
+    m_folder = std::make_unique<QTemporaryDir>(QDir(m_place).filePath(u"objects-XXXXXX"_s));
     m_lock = std::make_unique<QLockFile>(lockOf(m_folder->path()));
     m_lock->setStaleLockTime(0);
     return m_folder->isValid() && m_lock->tryLock(0);
@@ -77,7 +78,7 @@ QString ObjectFiles::write(const EmbeddedObject& package) {
         return {};
     // A folder a file: two files of one name, and the same one opened again, do not meet.
     const QDir folder(m_folder->filePath(QString::number(++m_count)));
-    if (!folder.mkpath(QStringLiteral(".")))
+    if (!folder.mkpath(u"."_s))
         return {};
     QFile file(folder.filePath(safeName(package.name)));
     if (!file.open(QIODevice::WriteOnly) || file.write(package.content) != package.content.size() ||

@@ -10,12 +10,14 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
 
-const QString packageClass = QStringLiteral("Package");
-const QString equationClass = QStringLiteral("Equation");
+const QString packageClass = u"Package"_s;
+const QString equationClass = u"Equation"_s;
 
 // The place that an object asks for in other programs, in twips.
 constexpr int objectWidth = 1440;
@@ -26,21 +28,20 @@ QString hexLines(const QByteArray& bytes) {
     QString lines;
     lines.reserve(bytes.size() * 2 + bytes.size() / bytesPerLine * 2 + 2);
     for (qsizetype at = 0; at < bytes.size(); at += bytesPerLine)
-        lines += QString::fromLatin1(bytes.mid(at, bytesPerLine).toHex()) + QStringLiteral("\r\n");
+        lines += QString::fromLatin1(bytes.mid(at, bytesPerLine).toHex()) + u"\r\n"_s;
     return lines;
 }
 
 /// The group of an object; programs that cannot open it show its name.
 QString sourceOf(const QString& className, const QByteArray& data, const QString& name) {
-    QString source = QStringLiteral("{\\object\\objemb{\\*\\objclass %1}\\objw%2\\objh%3"
-                                    "{\\*\\objdata\r\n")
-                         .arg(className)
+    QString source = u"{\\object\\objemb{\\*\\objclass %1}\\objw%2\\objh%3"
+                     "{\\*\\objdata\r\n"_s.arg(className)
                          .arg(objectWidth)
                          .arg(objectHeight);
     source += hexLines(writeOleObject({className.toLatin1(), data}));
     source += u"}{\\result{";
     appendText(source, name);
-    return source + QStringLiteral("}}}");
+    return source + u"}}}"_s;
 }
 
 QTextCharFormat formatAt(const QTextDocument& document, int position) {

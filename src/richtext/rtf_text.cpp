@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
@@ -38,9 +40,9 @@ void appendEscape(QString& rtf, char16_t character) {
         break;
     default:
         if (const uchar byte = westernByte(character))
-            rtf += QStringLiteral("\\'%1").arg(byte, 2, 16, QLatin1Char('0'));
+            rtf += u"\\'%1"_s.arg(byte, 2, 16, QLatin1Char('0'));
         else if (character >= 0x7F)
-            rtf += QStringLiteral("\\u%1?").arg(static_cast<qint16>(character));
+            rtf += u"\\u%1?"_s.arg(static_cast<qint16>(character));
     }
 }
 
@@ -86,7 +88,7 @@ QString cleaned(QStringView text) {
 }
 
 QString cleanedLines(QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u"\r\n"_s, u"\n"_s);
     text.replace(u'\r', u'\n');
     QStringList lines = text.split(u'\n');
     for (QString& line : lines) {

@@ -15,6 +15,8 @@
 #include <charconv>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
@@ -95,19 +97,17 @@ QString Writer::write(int from, int to) {
 }
 
 QString Writer::head() const {
-    QString text = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
+    QString text = u"{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl"_s;
     for (qsizetype i = 0; i < m_fonts.size(); ++i) {
-        text += QStringLiteral("{\\f%1\\fnil ").arg(i);
+        text += u"{\\f%1\\fnil "_s.arg(i);
         appendText(text, m_fonts.at(i));
-        text += QStringLiteral(";}");
+        text += u";}"_s;
     }
-    text += QStringLiteral("}\r\n{\\colortbl ;");
+    text += u"}\r\n{\\colortbl ;"_s;
     for (const QRgb colour : m_colours)
-        text += QStringLiteral("\\red%1\\green%2\\blue%3;")
-                    .arg(qRed(colour))
-                    .arg(qGreen(colour))
-                    .arg(qBlue(colour));
-    return text + QStringLiteral("}\r\n");
+        text +=
+            u"\\red%1\\green%2\\blue%3;"_s.arg(qRed(colour)).arg(qGreen(colour)).arg(qBlue(colour));
+    return text + u"}\r\n"_s;
 }
 
 void Writer::writeParagraph(const QTextBlock& block, int from, int to) {
@@ -203,9 +203,8 @@ void Writer::writeListMarker(const QTextList& list) {
         return;
     }
     const int number = ++m_listNumbers[&list];
-    literal(QStringLiteral("{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\%2\\pnstart1\\pnindent360"
-                           "{\\pntxta.}}")
-                .arg(QString::number(number), numbering->word));
+    literal(u"{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\%2\\pnstart1\\pnindent360"
+            "{\\pntxta.}}"_s.arg(QString::number(number), numbering->word));
 }
 
 void Writer::writeRun(const Look& look, QStringView text) {
@@ -307,7 +306,7 @@ CharacterState Writer::makeState(const QTextCharFormat& format) {
 
 /// The family's name, without what would end its entry in the table.
 QString Writer::fontName(const QTextCharFormat& format) const {
-    static const QRegularExpression special(QStringLiteral("[\\\\{};\\x00-\\x1F]"));
+    static const QRegularExpression special(u"[\\\\{};\\x00-\\x1F]"_s);
     const QStringList families = format.fontFamilies().toStringList();
     const QString name =
         families.isEmpty() ? QString() : QString(families.first()).remove(special).trimmed();

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {
@@ -106,10 +108,10 @@ Speller& Speller::shared() {
 void Speller::load() {
     if (std::exchange(m_isLoaded, true))
         return;
-    const QByteArray aff = QFile::encodeName(m_path + QStringLiteral(".aff"));
-    const QByteArray dic = QFile::encodeName(m_path + QStringLiteral(".dic"));
-    if (!QFile::exists(m_path + QStringLiteral(".aff")) ||
-        !QFile::exists(m_path + QStringLiteral(".dic")) || !hunspell().isWhole())
+    const QByteArray aff = QFile::encodeName(m_path + u".aff"_s);
+    const QByteArray dic = QFile::encodeName(m_path + u".dic"_s);
+    if (!QFile::exists(m_path + u".aff"_s) || !QFile::exists(m_path + u".dic"_s) ||
+        !hunspell().isWhole())
         return;
     m_dictionary = {hunspell().create(aff.constData(), dic.constData()), hunspell().destroy};
     if (qstrcmp(hunspell().encoding(m_dictionary.get()), "UTF-8") != 0)

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 dao::Field namedField(const FieldSpec& spec, const QString& name) {
@@ -86,6 +88,6 @@ dao::TableDef schemaTableDef(Table table, const YearShape& shape, const QString&
 
 dao::Relation classRelation(const QString& name, const QString& classCode,
                             const QString& foreignTable) {
-    const QString id = QStringLiteral("ID");
+    const QString id = u"ID"_s;
     return {name, classTable(classCode), foreignTable, ClassRelationAttributes, {{id, id}}};
 }

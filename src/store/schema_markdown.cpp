@@ -4,18 +4,20 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString heading(Made made) {
     switch (made) {
     case Made::AtCreation:
-        return QStringLiteral("Made with the file");
+        return u"Made with the file"_s;
     case Made::PerClass:
-        return QStringLiteral("Made for each class (the class code stands behind the prefix)");
+        return u"Made for each class (the class code stands behind the prefix)"_s;
     case Made::OnDemand:
-        return QStringLiteral("Made by the first window that needs it");
+        return u"Made by the first window that needs it"_s;
     case Made::InAddressBook:
-        return QStringLiteral("In the address book, `AddressBook.mdb`");
+        return u"In the address book, `AddressBook.mdb`"_s;
     }
     return {};
 }
@@ -23,9 +25,9 @@ QString heading(Made made) {
 QString fieldName(const FieldSpec& field) {
     const QString name = QString::fromLatin1(field.name);
     if (field.flags & EachDay)
-        return QStringLiteral("`%1` + 1 to 31").arg(name);
+        return u"`%1` + 1 to 31"_s.arg(name);
     if (field.flags & EachPeriod)
-        return QStringLiteral("`%1` + period").arg(name);
+        return u"`%1` + period"_s.arg(name);
     return u'`' + name + u'`';
 }
 
@@ -41,31 +43,29 @@ QString declaration(const FieldSpec& field) {
 QString rules(const FieldSpec& field) {
     QStringList rules;
     if (field.flags & Key)
-        rules << QStringLiteral("primary key, index `ID_index`");
+        rules << u"primary key, index `ID_index`"_s;
     if (field.flags & AutoNumber)
-        rules << QStringLiteral("numbers itself");
+        rules << u"numbers itself"_s;
     if (field.flags & Required)
-        rules << QStringLiteral("required");
+        rules << u"required"_s;
     const bool isTextual = field.type == dao::DataType::Text || field.type == dao::DataType::Memo;
     if (isTextual && !(field.flags & ZeroLength))
-        rules << QStringLiteral("not empty");
+        rules << u"not empty"_s;
     if (field.flags & TwoWeeksOnly)
-        rules << QStringLiteral("two timetables only");
-    return rules.join(QStringLiteral(", "));
+        rules << u"two timetables only"_s;
+    return rules.join(u", "_s);
 }
 
 QString tableMarkdown(const TableSpec& table) {
     const bool hasPrefix = table.made == Made::PerClass;
-    QString text = QStringLiteral("#### `%1`%2\n\n")
-                       .arg(table.name, hasPrefix ? QStringLiteral(" + class code") : QString());
+    QString text = u"#### `%1`%2\n\n"_s.arg(table.name, hasPrefix ? u" + class code"_s : QString());
     text += QString::fromUtf8(table.meaning);
     if (table.flags & TwoWeeksOnly)
-        text += QStringLiteral(" Only in a year with two timetables.");
-    text += QStringLiteral("\n\n| field | declared as | rules | holds |\n|---|---|---|---|\n");
+        text += u" Only in a year with two timetables."_s;
+    text += u"\n\n| field | declared as | rules | holds |\n|---|---|---|---|\n"_s;
     for (const FieldSpec& field : table.fields)
-        text += QStringLiteral("| %1 | %2 | %3 | %4 |\n")
-                    .arg(fieldName(field), declaration(field), rules(field),
-                         QString::fromUtf8(field.meaning));
+        text += u"| %1 | %2 | %3 | %4 |\n"_s.arg(fieldName(field), declaration(field), rules(field),
+                                                 QString::fromUtf8(field.meaning));
     return text;
 }
 
@@ -75,7 +75,7 @@ QString schemaMarkdown() {
     QStringList parts;
     for (const Made made :
          {Made::AtCreation, Made::PerClass, Made::OnDemand, Made::InAddressBook}) {
-        parts << QStringLiteral("### %1\n").arg(heading(made));
+        parts << u"### %1\n"_s.arg(heading(made));
         for (const TableSpec& table : schemaTables())
             if (table.made == made)
                 parts << tableMarkdown(table);

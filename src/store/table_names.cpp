@@ -2,6 +2,8 @@
 
 #include "store/engine/names.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::optional<QString> behindPrefix(const QString& table, const QString& prefix) {
@@ -37,11 +39,11 @@ QString seatingPlanExtraTable(const QString& classCode, const QString& room) {
 }
 
 QString registerRelation(const QString& classCode) {
-    return QStringLiteral("CReg_") + classCode;
+    return u"CReg_"_s + classCode;
 }
 
 QString marksRelation(const QString& classCode) {
-    return QStringLiteral("CMark_") + classCode;
+    return u"CMark_"_s + classCode;
 }
 
 std::optional<QString> classOfClassTable(const QString& table) {

@@ -16,18 +16,20 @@
 #include <cstring>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype blockBytes = qsizetype{1024} * 1024;
 
 QString journalOf(const QString& path) {
-    return path + QStringLiteral("-journal");
+    return path + u"-journal"_s;
 }
 
 dao::EngineError writeError(int cause) {
     if (cause == ENOSPC || cause == EDQUOT || cause == EFBIG)
-        return {dao::DiskFull, QStringLiteral("There is not enough space on the disk.")};
-    return {dao::DiskError, QStringLiteral("The disk or the network reported an error.")};
+        return {dao::DiskFull, u"There is not enough space on the disk."_s};
+    return {dao::DiskError, u"The disk or the network reported an error."_s};
 }
 
 /// Renames over what has the new name. Answers the system's number of the failure, 0 for none.
@@ -51,10 +53,9 @@ void writeWhole(int descriptor, QByteArrayView bytes) {
 
 void openFor(QFile& file, QIODevice::OpenMode mode) {
     if (!file.open(mode | QIODevice::Unbuffered))
-        throw dao::EngineError(
-            dao::CannotOpenFile,
-            QStringLiteral("The file can't be opened:\n%1\n%2")
-                .arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
+        throw dao::EngineError(dao::CannotOpenFile,
+                               u"The file can't be opened:\n%1\n%2"_s.arg(
+                                   QDir::toNativeSeparators(file.fileName()), file.errorString()));
 }
 
 void copyBytes(const QString& source, const QString& copy) {
@@ -66,7 +67,7 @@ void copyBytes(const QString& source, const QString& copy) {
     for (;;) {
         const qint64 count = in.read(block.data(), block.size());
         if (count < 0)
-            throw dao::EngineError(dao::DiskError, QStringLiteral("The file could not be read."));
+            throw dao::EngineError(dao::DiskError, u"The file could not be read."_s);
         if (count == 0)
             break;
         writeWhole(out.handle(), QByteArrayView(block).first(count));
@@ -81,8 +82,8 @@ void makeEmptyFile(const QString& path) {
     if (!file.open(QIODevice::WriteOnly))
         throw dao::EngineError(
             dao::CannotOpenFile,
-            QStringLiteral("Nothing can be written to this folder:\n%1\n%2")
-                .arg(QDir::toNativeSeparators(QFileInfo(path).absolutePath()), file.errorString()));
+            u"Nothing can be written to this folder:\n%1\n%2"_s.arg(
+                QDir::toNativeSeparators(QFileInfo(path).absolutePath()), file.errorString()));
 }
 
 } // namespace
@@ -99,12 +100,12 @@ BackupContext backupContext(Session& session) {
 BackupNames::BackupNames(const QString& databasePath, const QString& backupFolder)
     : database(databasePath)
     , folder(backupFolder)
-    , compacted(withoutExtensionLetters(databasePath) + QStringLiteral("new"))
+    , compacted(withoutExtensionLetters(databasePath) + u"new"_s)
     , m_stem(backupFolder + withoutExtensionLetters(databasePath.mid(
                                 databasePath.lastIndexOf(QDir::separator()) + 1))) {}
 
 QString BackupNames::backup(int number) const {
-    return m_stem + QStringLiteral("00") + QString::number(number);
+    return m_stem + u"00"_s + QString::number(number);
 }
 
 bool BackupNames::includeDatabase() const {
@@ -122,7 +123,7 @@ std::shared_ptr<dao::OpenFile> lockClosedFile(const QString& path) {
     auto file = dao::OpenFile::acquire(path);
     if (file->handles > 0)
         throw dao::EngineError(dao::OpenedExclusively,
-                               QStringLiteral("The database is still open in this program."));
+                               u"The database is still open in this program."_s);
     return file;
 }
 
@@ -154,18 +155,17 @@ void renameDatabaseFile(const QString& from, const QString& to) {
     if (QFile::exists(journalOf(from)))
         systemRename(journalOf(from), journalOf(to));
     if (systemRename(from, to) != 0)
-        throw dao::EngineError(
-            dao::CannotOpenFile,
-            QStringLiteral("The file can't be renamed:\n%1").arg(QDir::toNativeSeparators(from)));
+        throw dao::EngineError(dao::CannotOpenFile, u"The file can't be renamed:\n%1"_s.arg(
+                                                        QDir::toNativeSeparators(from)));
 }
 
 void checkBackupFolder(const BackupNames& names) {
     if (!QFileInfo(names.folder).isDir())
         throw dao::EngineError(
             dao::CannotOpenFile,
-            QStringLiteral("The backup folder is missing:\n%1\nPlease connect the drive that holds "
-                           "it, or choose another backup folder in the settings.")
-                .arg(QDir::toNativeSeparators(names.folder)));
+            u"The backup folder is missing:\n%1\nPlease connect the drive that holds "
+            "it, or choose another backup folder in the settings."_s.arg(
+                QDir::toNativeSeparators(names.folder)));
     makeEmptyFile(dao::unfinishedName(names.backup(1)));
 }
 

@@ -6,6 +6,8 @@
 #include "store/table_names.h"
 #include "store/table_structure.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int WeekPosition = 2;   // behind ID and PlanDate
@@ -27,9 +29,8 @@ QList<QDate> sheetDates(const dao::Database& database) {
     for (; !sheets.EOF_(); sheets.MoveNext()) {
         dates.append(sheetDate(sheets.Collect(u"PlanDate").toText()));
         if (!dates.last().isValid())
-            throw dao::EngineError(
-                dao::ConversionError,
-                QStringLiteral("A planning sheet has no date that can be read."));
+            throw dao::EngineError(dao::ConversionError,
+                                   u"A planning sheet has no date that can be read."_s);
     }
     sheets.Close();
     return dates;
@@ -38,7 +39,7 @@ QList<QDate> sheetDates(const dao::Database& database) {
 } // namespace
 
 void AddWeekField(const dao::Database& database) {
-    const QString week = QStringLiteral("Week");
+    const QString week = u"Week"_s;
     if (!planningLacks(database, week))
         return;
     dao::Transaction transaction(database);
@@ -56,7 +57,7 @@ void AddWeekField(const dao::Database& database) {
 }
 
 void AddABWeekField(const dao::Database& database, int twoWeekly, const QString& startWeek) {
-    const QString letter = QStringLiteral("ABWeek");
+    const QString letter = u"ABWeek"_s;
     if (twoWeekly != 1 || !planningLacks(database, letter))
         return;
     dao::Transaction transaction(database);

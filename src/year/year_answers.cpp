@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 AnswerCheck fault(const QString& field, const QString& title, const QString& text) {
@@ -17,7 +19,7 @@ AnswerCheck fault(const QString& field, const QString& title, const QString& tex
 }
 
 QString indexed(const QString& list, qsizetype index) {
-    return QStringLiteral("%1[%2]").arg(list).arg(index);
+    return u"%1[%2]"_s.arg(list).arg(index);
 }
 
 bool hasControlCharacter(const QString& text) {
@@ -28,38 +30,36 @@ bool hasControlCharacter(const QString& text) {
 AnswerCheck checkPlainText(const QString& field, const QString& text, const QString& title) {
     if (!hasControlCharacter(text))
         return std::nullopt;
-    return fault(field, title,
-                 QStringLiteral("A line break or control character can't stand here."));
+    return fault(field, title, u"A line break or control character can't stand here."_s);
 }
 
 AnswerCheck checkName(const YearAnswers& answers) {
-    const QString field = QStringLiteral("name");
-    const QString title = QStringLiteral("Invalid Name");
+    const QString field = u"name"_s;
+    const QString title = u"Invalid Name"_s;
     if (answers.name.trimmed().isEmpty())
-        return fault(field, title, QStringLiteral("You must enter a name for the Teacher"));
+        return fault(field, title, u"You must enter a name for the Teacher"_s);
     const int size = schemaField(Table::Admin, u"Teacher").Size;
     if (teacherText(answers).size() > size)
         return fault(field, title,
-                     QStringLiteral("The title and the name may be at most %1 characters long, the "
-                                    "blank between them included.")
-                         .arg(size));
+                     u"The title and the name may be at most %1 characters long, the "
+                     "blank between them included."_s.arg(size));
     return checkPlainText(field, answers.name, title);
 }
 
 AnswerCheck checkYear(const QString& year) {
-    static const QRegularExpression shape(QStringLiteral("^[0-9]{4}-[0-9]{4}\\z"));
+    static const QRegularExpression shape(u"^[0-9]{4}-[0-9]{4}\\z"_s);
     if (shape.match(year).hasMatch() && year.right(4).toInt() == year.left(4).toInt() + 1)
         return std::nullopt;
-    return fault(QStringLiteral("year"), QStringLiteral("Academic year error"),
-                 QStringLiteral("The academic year must be two years with a hyphen between, such "
-                                "as 2026-2027."));
+    return fault(u"year"_s, u"Academic year error"_s,
+                 u"The academic year must be two years with a hyphen between, such "
+                 "as 2026-2027."_s);
 }
 
 AnswerCheck checkPeriods(int periods) {
     if (periods >= 1 && periods <= MaximumPeriods)
         return std::nullopt;
-    return fault(QStringLiteral("periodsPerDay"), QStringLiteral("Periods per day"),
-                 QStringLiteral("There must be 1 to %1 periods in a day.").arg(MaximumPeriods));
+    return fault(u"periodsPerDay"_s, u"Periods per day"_s,
+                 u"There must be 1 to %1 periods in a day."_s.arg(MaximumPeriods));
 }
 
 /// The two dates of a period as a message shows them.
@@ -69,21 +69,19 @@ QString periodText(const DatePeriod& term, const QLocale& locale) {
 }
 
 AnswerCheck checkTimetable(const YearAnswers& answers, QChar letter) {
-    const QString title = QStringLiteral("Timetable");
+    const QString title = u"Timetable"_s;
     const WeekTimetable& week = answers.week(letter);
     for (size_t day = 0; day < size_t(DaysOfTimetable); ++day) {
-        const QString field = QStringLiteral("timetable.%1.%2")
-                                  .arg(letter)
-                                  .arg(timetableField(static_cast<int>(day) + Monday, u'A'));
+        const QString field = u"timetable.%1.%2"_s.arg(letter).arg(
+            timetableField(static_cast<int>(day) + Monday, u'A'));
         if (week[day].size() > answers.periodsPerDay)
-            return fault(
-                field, title,
-                QStringLiteral("There are only %1 periods in a day.").arg(answers.periodsPerDay));
+            return fault(field, title,
+                         u"There are only %1 periods in a day."_s.arg(answers.periodsPerDay));
         for (qsizetype period = 0; period < week[day].size(); ++period) {
             const QString& code = week[day][period];
             if (!code.isEmpty() && !answers.classes.contains(code))
                 return fault(indexed(field, period), title,
-                             QStringLiteral("There is no class \"%1\".").arg(code));
+                             u"There is no class \"%1\"."_s.arg(code));
         }
     }
     return std::nullopt;
@@ -100,10 +98,9 @@ AnswerCheck checkOverlaps(const QList<DatePeriod>& terms, const QLocale& locale)
         // A period may start on the very day on which the one before it ended.
         if (terms[i - 1].last.daysTo(terms[i].first) >= 0)
             continue;
-        return fault(indexed(QStringLiteral("terms"), i), QStringLiteral("Period overlap"),
-                     QStringLiteral("The end of the period ") + periodText(terms[i - 1], locale) +
-                         QStringLiteral(" preceeds the start of the period ") +
-                         periodText(terms[i], locale));
+        return fault(indexed(u"terms"_s, i), u"Period overlap"_s,
+                     u"The end of the period "_s + periodText(terms[i - 1], locale) +
+                         u" preceeds the start of the period "_s + periodText(terms[i], locale));
     }
     return std::nullopt;
 }
@@ -113,8 +110,8 @@ AnswerCheck checkSpan(const QList<DatePeriod>& terms) {
     const QDate sameDayNextYear = dateFromParts(first.year() + 1, first.month(), first.day());
     if (terms.last().last < sameDayNextYear)
         return std::nullopt;
-    return fault(QStringLiteral("terms"), QStringLiteral("Academic year error"),
-                 QStringLiteral("The overal teaching period cannot span more than one year!"));
+    return fault(u"terms"_s, u"Academic year error"_s,
+                 u"The overal teaching period cannot span more than one year!"_s);
 }
 
 AnswerCheck checkTeachingDays(const QList<DatePeriod>& terms) {
@@ -123,15 +120,15 @@ AnswerCheck checkTeachingDays(const QList<DatePeriod>& terms) {
         boundaries << term.first << term.last;
     if (!teachingDays(boundaries).isEmpty())
         return std::nullopt;
-    return fault(QStringLiteral("terms"), QStringLiteral("Invalid Teaching period"),
-                 QStringLiteral("There is no day from Monday to Friday in any teaching period."));
+    return fault(u"terms"_s, u"Invalid Teaching period"_s,
+                 u"There is no day from Monday to Friday in any teaching period."_s);
 }
 
 AnswerCheck checkColours(const YearAnswers& answers) {
     for (const QString& code : answers.colours.keys())
         if (!answers.classes.contains(code))
-            return fault(QStringLiteral("colours.") + code, QStringLiteral("Classcodes"),
-                         QStringLiteral("There is no class \"%1\".").arg(code));
+            return fault(u"colours."_s + code, u"Classcodes"_s,
+                         u"There is no class \"%1\"."_s.arg(code));
     return std::nullopt;
 }
 
@@ -146,21 +143,20 @@ QString classAt(const WeekTimetable& week, int weekday, int period) {
 }
 
 AnswerCheck checkTerm(const DatePeriod& term) {
-    const QString field = QStringLiteral("terms");
+    const QString field = u"terms"_s;
     if (!isCalendarDate(term.first) || !isCalendarDate(term.last))
-        return fault(field, QStringLiteral("Invalid entry"),
-                     QStringLiteral("You must include a valid date for the start and the end of "
-                                    "each teaching period."));
+        return fault(field, u"Invalid entry"_s,
+                     u"You must include a valid date for the start and the end of "
+                     "each teaching period."_s);
     if (term.last < term.first)
-        return fault(field, QStringLiteral("Invalid Teaching period"),
-                     QStringLiteral("The date for end of this teaching period, preceeds the "
-                                    "starting date.  \nPlease check the term dates carefully."));
+        return fault(field, u"Invalid Teaching period"_s,
+                     u"The date for end of this teaching period, preceeds the "
+                     "starting date.  \nPlease check the term dates carefully."_s);
     return std::nullopt;
 }
 
 AnswerCheck checkTeacher(const YearAnswers& answers) {
-    if (AnswerCheck found =
-            checkPlainText(QStringLiteral("title"), answers.title, QStringLiteral("Invalid Name")))
+    if (AnswerCheck found = checkPlainText(u"title"_s, answers.title, u"Invalid Name"_s))
         return found;
     if (AnswerCheck found = checkName(answers))
         return found;
@@ -171,12 +167,11 @@ AnswerCheck checkTeacher(const YearAnswers& answers) {
 
 AnswerCheck checkClasses(const YearAnswers& answers) {
     if (answers.classes.isEmpty())
-        return fault(QStringLiteral("classes"), QStringLiteral("Classcodes"),
-                     QStringLiteral("You must enter at least one classcode!"));
+        return fault(u"classes"_s, u"Classcodes"_s, u"You must enter at least one classcode!"_s);
     QStringList inUse;
     for (const QString& code : answers.classes) {
         if (AnswerCheck found = checkClassCode(code, inUse)) {
-            found->text = QStringLiteral("\"%1\": ").arg(code) + found->text;
+            found->text = u"\"%1\": "_s.arg(code) + found->text;
             return found;
         }
         inUse.append(code);
@@ -211,8 +206,7 @@ AnswerCheck checkStartWeek(const YearAnswers& answers) {
         answers.startWeek == QLatin1String("A") || answers.startWeek == QLatin1String("B");
     if (!answers.twoWeeks || isLetter)
         return std::nullopt;
-    return fault(QStringLiteral("startWeek"), QStringLiteral("Timetable"),
-                 QStringLiteral("The first week must have timetable A or B."));
+    return fault(u"startWeek"_s, u"Timetable"_s, u"The first week must have timetable A or B."_s);
 }
 
 AnswerCheck checkAnswers(const YearAnswers& answers, const QLocale& locale) {

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Reads one file; stops at its first fault by throwing it.
@@ -43,15 +45,14 @@ private:
 };
 
 QJsonObject AnswersReader::document(const QByteArray& json) {
-    const QString file = QStringLiteral("file");
+    const QString file = u"file"_s;
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError)
-        refuse(file, QStringLiteral("This is no JSON: %1 (at byte %2).")
-                         .arg(error.errorString())
-                         .arg(error.offset));
+        refuse(file,
+               u"This is no JSON: %1 (at byte %2)."_s.arg(error.errorString()).arg(error.offset));
     if (!document.isObject())
-        refuse(file, QStringLiteral("The answers must be a JSON object."));
+        refuse(file, u"The answers must be a JSON object."_s);
     return document.object();
 }
 
@@ -59,24 +60,24 @@ void AnswersReader::refuseUnknownKeys(const QJsonObject& object, const QStringLi
                                       const QString& path) {
     for (const QString& key : object.keys())
         if (!known.contains(key))
-            refuse(path + key, QStringLiteral("There is no such answer."));
+            refuse(path + key, u"There is no such answer."_s);
 }
 
 QJsonValue AnswersReader::required(const QJsonObject& object, const QString& key) {
     if (!object.contains(key))
-        refuse(key, QStringLiteral("This answer is missing."));
+        refuse(key, u"This answer is missing."_s);
     return object.value(key);
 }
 
 QString AnswersReader::text(const QJsonValue& value, const QString& field) {
     if (!value.isString())
-        refuse(field, QStringLiteral("This must be a text."));
+        refuse(field, u"This must be a text."_s);
     return value.toString();
 }
 
 bool AnswersReader::truth(const QJsonValue& value, const QString& field) {
     if (!value.isBool())
-        refuse(field, QStringLiteral("This must be true or false."));
+        refuse(field, u"This must be true or false."_s);
     return value.toBool();
 }
 
@@ -87,20 +88,19 @@ qint64 AnswersReader::wholeNumber(const QJsonValue& value, const QString& field,
                          number >= static_cast<double>(least) &&
                          number <= static_cast<double>(most);
     if (!isWhole)
-        refuse(field,
-               QStringLiteral("This must be a whole number from %1 to %2.").arg(least).arg(most));
+        refuse(field, u"This must be a whole number from %1 to %2."_s.arg(least).arg(most));
     return static_cast<qint64>(number);
 }
 
 QJsonArray AnswersReader::list(const QJsonValue& value, const QString& field) {
     if (!value.isArray())
-        refuse(field, QStringLiteral("This must be a list."));
+        refuse(field, u"This must be a list."_s);
     return value.toArray();
 }
 
 QJsonObject AnswersReader::object(const QJsonValue& value, const QString& field) {
     if (!value.isObject())
-        refuse(field, QStringLiteral("This must be an object."));
+        refuse(field, u"This must be an object."_s);
     return value.toObject();
 }
 
@@ -110,20 +110,20 @@ QString AnswersReader::classCode(const QJsonValue& value, const QString& field) 
 
 QDate AnswersReader::date(const QJsonValue& value, const QString& field) {
     const QString written = text(value, field);
-    const QDate date = QDate::fromString(written, QStringLiteral("yyyy-MM-dd"));
+    const QDate date = QDate::fromString(written, u"yyyy-MM-dd"_s);
     if (!date.isValid() || written.size() != 10)
-        refuse(field, QStringLiteral("\"%1\" is no date of the form yyyy-mm-dd.").arg(written));
+        refuse(field, u"\"%1\" is no date of the form yyyy-mm-dd."_s.arg(written));
     return date;
 }
 
 QList<DatePeriod> AnswersReader::terms(const QJsonArray& array) {
     QList<DatePeriod> terms;
     for (qsizetype i = 0; i < array.size(); ++i) {
-        const QString field = QStringLiteral("terms[%1]").arg(i);
+        const QString field = u"terms[%1]"_s.arg(i);
         const QJsonArray pair = list(array.at(i), field);
         if (pair.size() != 2)
-            refuse(field, QStringLiteral("A teaching period must be two dates, its first day and "
-                                         "its last."));
+            refuse(field, u"A teaching period must be two dates, its first day and "
+                          "its last."_s);
         terms.append({date(pair.at(0), field), date(pair.at(1), field)});
     }
     return terms;
@@ -132,7 +132,7 @@ QList<DatePeriod> AnswersReader::terms(const QJsonArray& array) {
 QStringList AnswersReader::classes(const QJsonArray& array) {
     QStringList codes;
     for (qsizetype i = 0; i < array.size(); ++i)
-        codes.append(classCode(array.at(i), QStringLiteral("classes[%1]").arg(i)));
+        codes.append(classCode(array.at(i), u"classes[%1]"_s.arg(i)));
     sortClasses(codes);
     return codes;
 }
@@ -143,12 +143,10 @@ QHash<QString, qint32> AnswersReader::colours(const QJsonObject& object) {
     constexpr qint64 most = std::numeric_limits<quint32>::max();
     QHash<QString, qint32> colours;
     for (auto each = object.begin(); each != object.end(); ++each) {
-        const qint64 colour =
-            wholeNumber(each.value(), QStringLiteral("colours.") + each.key(), least, most);
+        const qint64 colour = wholeNumber(each.value(), u"colours."_s + each.key(), least, most);
         const QString code = each.key().toUpper();
         if (colours.contains(code))
-            refuse(QStringLiteral("colours.") + each.key(),
-                   QStringLiteral("This class has two colours."));
+            refuse(u"colours."_s + each.key(), u"This class has two colours."_s);
         colours.insert(code, static_cast<qint32>(static_cast<quint32>(colour)));
     }
     return colours;
@@ -167,18 +165,17 @@ WeekTimetable AnswersReader::week(const QJsonObject& object, const QString& path
         const QJsonArray periods = list(object.value(days[day]), field);
         for (qsizetype i = 0; i < periods.size(); ++i)
             week[static_cast<size_t>(day)].append(
-                classCode(periods.at(i), QStringLiteral("%1[%2]").arg(field).arg(i)));
+                classCode(periods.at(i), u"%1[%2]"_s.arg(field).arg(i)));
     }
     return week;
 }
 
 void AnswersReader::readTimetables(const QJsonObject& root) {
-    const QString key = QStringLiteral("timetable");
-    const QString onlyWithTwoWeeks =
-        QStringLiteral("This answer is for a timetable of two weeks only.");
+    const QString key = u"timetable"_s;
+    const QString onlyWithTwoWeeks = u"This answer is for a timetable of two weeks only."_s;
     const QJsonObject timetable = object(required(root, key), key);
-    refuseUnknownKeys(timetable, {QStringLiteral("A"), QStringLiteral("B")}, key + u'.');
-    for (const QString& letter : {QStringLiteral("A"), QStringLiteral("B")}) {
+    refuseUnknownKeys(timetable, {u"A"_s, u"B"_s}, key + u'.');
+    for (const QString& letter : {u"A"_s, u"B"_s}) {
         const QString field = key + u'.' + letter;
         const bool isB = letter == QLatin1String("B");
         if (isB && !m_answers.twoWeeks && timetable.contains(letter))
@@ -186,11 +183,11 @@ void AnswersReader::readTimetables(const QJsonObject& root) {
         if (isB && !m_answers.twoWeeks)
             continue;
         if (!timetable.contains(letter))
-            refuse(field, QStringLiteral("This answer is missing."));
+            refuse(field, u"This answer is missing."_s);
         (isB ? m_answers.weekB : m_answers.weekA) =
             week(object(timetable.value(letter), field), field + u'.');
     }
-    const QString startWeek = QStringLiteral("startWeek");
+    const QString startWeek = u"startWeek"_s;
     if (m_answers.twoWeeks)
         m_answers.startWeek = text(required(root, startWeek), startWeek);
     else if (root.contains(startWeek))
@@ -198,19 +195,19 @@ void AnswersReader::readTimetables(const QJsonObject& root) {
 }
 
 YearAnswers AnswersReader::read(const QByteArray& json) {
-    const QString title = QStringLiteral("title");
-    const QString name = QStringLiteral("name");
-    const QString year = QStringLiteral("year");
-    const QString periods = QStringLiteral("periodsPerDay");
-    const QString twoWeeks = QStringLiteral("twoWeeks");
-    const QString termsKey = QStringLiteral("terms");
-    const QString classesKey = QStringLiteral("classes");
-    const QString coloursKey = QStringLiteral("colours");
+    const QString title = u"title"_s;
+    const QString name = u"name"_s;
+    const QString year = u"year"_s;
+    const QString periods = u"periodsPerDay"_s;
+    const QString twoWeeks = u"twoWeeks"_s;
+    const QString termsKey = u"terms"_s;
+    const QString classesKey = u"classes"_s;
+    const QString coloursKey = u"colours"_s;
 
     const QJsonObject root = document(json);
     refuseUnknownKeys(root,
-                      {title, name, year, periods, twoWeeks, QStringLiteral("startWeek"), termsKey,
-                       classesKey, coloursKey, QStringLiteral("timetable")},
+                      {title, name, year, periods, twoWeeks, u"startWeek"_s, termsKey, classesKey,
+                       coloursKey, u"timetable"_s},
                       {});
     m_answers.title = text(required(root, title), title);
     m_answers.name = text(required(root, name), name);

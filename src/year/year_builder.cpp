@@ -7,6 +7,8 @@
 #include "store/schema.h"
 #include "store/table_names.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int percent(qsizetype done, qsizetype all) {
@@ -74,32 +76,30 @@ dao::Recordset YearBuilder::createAndOpen(Table table) {
 }
 
 void YearBuilder::createPlanning() {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating Planning Table"));
+    m_progress.UpdateProgress(0, u"Creating Planning Table"_s);
     dao::Recordset planning = createAndOpen(Table::Planning);
     planning.Close();
-    m_progress.UpdateProgress(100, QStringLiteral("Appending Planning Table"));
+    m_progress.UpdateProgress(100, u"Appending Planning Table"_s);
 }
 
 void YearBuilder::createCalendar() {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating Calendar Table"));
+    m_progress.UpdateProgress(0, u"Creating Calendar Table"_s);
     for (int day = 1; day <= DaysOfCalendar; ++day)
-        m_progress.UpdateProgress(percent(day, DaysOfCalendar),
-                                  QStringLiteral("Adding Day Fields"));
+        m_progress.UpdateProgress(percent(day, DaysOfCalendar), u"Adding Day Fields"_s);
     dao::Recordset calendar = createAndOpen(Table::DateField);
     for (int month = 1; month <= MonthsPerYear; ++month) {
         calendar.AddNew();
         calendar.SetCollect(u"Month", monthKey(month, m_locale));
         calendar.Update();
-        m_progress.UpdateProgress(percent(month, MonthsPerYear),
-                                  QStringLiteral("Creating Month Records"));
+        m_progress.UpdateProgress(percent(month, MonthsPerYear), u"Creating Month Records"_s);
     }
     calendar.Close();
 }
 
 void YearBuilder::createAdmin() {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating Admin Table"));
+    m_progress.UpdateProgress(0, u"Creating Admin Table"_s);
     dao::Recordset admin = createAndOpen(Table::Admin);
-    m_progress.UpdateProgress(100, QStringLiteral("Filling Admin Data"));
+    m_progress.UpdateProgress(100, u"Filling Admin Data"_s);
     admin.AddNew();
     admin.SetCollect(u"Teacher", teacherText(m_answers));
     admin.SetCollect(u"Year", m_answers.year);
@@ -114,20 +114,20 @@ void YearBuilder::createAdmin() {
 }
 
 void YearBuilder::createClasscodes() {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating Classcodes Table"));
+    m_progress.UpdateProgress(0, u"Creating Classcodes Table"_s);
     dao::Recordset classcodes = createAndOpen(Table::Classcodes);
     qsizetype done = 0;
     for (const QString& code : m_answers.classes) {
         addClassRecord(classcodes, code, classPeriods(m_answers, code),
                        m_answers.colours.value(code, WhiteClassColour));
         m_progress.UpdateProgress(percent(++done, m_answers.classes.size()),
-                                  QStringLiteral("Filling Classcodes Data"));
+                                  u"Filling Classcodes Data"_s);
     }
     classcodes.Close();
 }
 
 void YearBuilder::createExtraTTinfo(QChar letter) {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating Extra Timetable info Table"));
+    m_progress.UpdateProgress(0, u"Creating Extra Timetable info Table"_s);
     dao::Recordset freeSlots =
         createAndOpen(letter == u'B' ? Table::ExtraTTinfoB : Table::ExtraTTinfo);
     for (int period = 1; period <= m_answers.periodsPerDay; ++period) {
@@ -144,7 +144,7 @@ void YearBuilder::createExtraTTinfo(QChar letter) {
 }
 
 void YearBuilder::createTermDates() {
-    m_progress.UpdateProgress(0, QStringLiteral("Creating the Term Dates Table"));
+    m_progress.UpdateProgress(0, u"Creating the Term Dates Table"_s);
     dao::Recordset termDates = createAndOpen(Table::TermDates);
     const qsizetype count = m_answers.terms.size() * 2;
     int number = 0;
@@ -163,7 +163,7 @@ void YearBuilder::createTermDates() {
 }
 
 void YearBuilder::fillPlanning() {
-    m_progress.UpdateProgress(0, QStringLiteral("Adding the Planning Table Data"));
+    m_progress.UpdateProgress(0, u"Adding the Planning Table Data"_s);
     const QList<short> weeks = weekNumbers(m_days);
     dao::Recordset planning = m_database.OpenRecordset(PlanningTable);
     for (qsizetype i = 0; i < m_days.size(); ++i) {
@@ -172,7 +172,7 @@ void YearBuilder::fillPlanning() {
         planning.SetCollect(u"PlanDate", sheetDateText(m_days[i]));
         for (int period = 1; period <= m_answers.periodsPerDay; ++period)
             planning.SetCollect(
-                QStringLiteral("Class%1").arg(period),
+                u"Class%1"_s.arg(period),
                 classAt(m_answers.week(letter), weekdayOf(m_days[i]) - Monday, period));
         planning.SetCollect(u"Week", weeks[i]);
         // The stored letter goes by the week's number; it is the letter of the day's classes,
@@ -187,7 +187,7 @@ void YearBuilder::fillPlanning() {
 }
 
 void YearBuilder::createClasses() {
-    const QString line = QStringLiteral("Creating the Register,Marks and Info tables");
+    const QString line = u"Creating the Register,Marks and Info tables"_s;
     const qsizetype count = m_answers.classes.size();
     qsizetype done = 0;
     for (const QString& code : m_answers.classes) {
@@ -211,10 +211,10 @@ void YearBuilder::createRegisterAndMarks(const QString& classCode) {
 
 void YearBuilder::warnOfLongRegister(const QString& classCode, qsizetype lessons) {
     m_prompts.PlainBox(
-        QStringLiteral("The register for ") + classCode +
-            QStringLiteral(" may be limited since the number of registrations required (") +
+        u"The register for "_s + classCode +
+            u" may be limited since the number of registrations required ("_s +
             QString::number(lessons) +
-            QStringLiteral(") exceeds the number of Access Fields allowed per table (255). You may "
-                           "wish to remove this class and spit it into 2 seperate classes."),
-        WarningIcon, QStringLiteral("Too many fields"));
+            u") exceeds the number of Access Fields allowed per table (255). You may "
+            "wish to remove this class and spit it into 2 seperate classes."_s,
+        WarningIcon, u"Too many fields"_s);
 }

@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Keeps others off a file that is going to be replaced, as long as the answer lives. Raises 3356
@@ -19,7 +21,7 @@ namespace {
 std::shared_ptr<dao::OpenFile> lockFile(const QString& path) {
     auto file = dao::OpenFile::acquire(path);
     if (file->handles > 0)
-        throw dao::EngineError(dao::OpenedExclusively, QStringLiteral("The file is already open."));
+        throw dao::EngineError(dao::OpenedExclusively, u"The file is already open."_s);
     return file;
 }
 
@@ -29,9 +31,8 @@ std::shared_ptr<dao::OpenFile> prepareTarget(const QString& path, ExistingFile e
     if (!target.exists() && !target.isSymLink())
         return nullptr;
     if (existing == ExistingFile::Keep || !target.isFile())
-        throw dao::EngineError(
-            dao::FileExists,
-            QStringLiteral("\"%1\" already exists.").arg(QDir::toNativeSeparators(path)));
+        throw dao::EngineError(dao::FileExists,
+                               u"\"%1\" already exists."_s.arg(QDir::toNativeSeparators(path)));
     return lockFile(path);
 }
 
@@ -59,7 +60,7 @@ void buildFile(const dao::DBEngine& engine, const YearAnswers& answers, const QS
 
 void CreateDB(const dao::DBEngine& engine, const YearAnswers& answers, const QString& path,
               ExistingFile existing, Progress& progress, Prompts& prompts, const QLocale& locale) {
-    const ProgressWindow window(progress, QStringLiteral("Creating Database:"));
+    const ProgressWindow window(progress, u"Creating Database:"_s);
     const auto lock = prepareTarget(path, existing);
     const QString target = dao::behindLinks(path);
     const QString working = dao::unfinishedName(target);
@@ -74,12 +75,12 @@ void CreateDB(const dao::DBEngine& engine, const YearAnswers& answers, const QSt
 }
 
 QString databaseCreatedTitle() {
-    return QStringLiteral("Create Database:");
+    return u"Create Database:"_s;
 }
 
 QString databaseCreatedText() {
-    return QStringLiteral("Your new database has been created successfully!\n\n"
-                          "The database will now be opened for you to edit.\n\n"
-                          "Before you can use the register and grades options\n\n"
-                          "you will need to import your class lists or add them manually.");
+    return u"Your new database has been created successfully!\n\n"
+           "The database will now be opened for you to edit.\n\n"
+           "Before you can use the register and grades options\n\n"
+           "you will need to import your class lists or add them manually."_s;
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDate day(const char* iso) {
@@ -46,7 +48,7 @@ TEST(Dates, TwoDigitYearsAndRollingParts) {
 TEST(Dates, SheetTextGoesThereAndBack) {
     for (const QDate date : dates("1930-01-01 1999-12-31 2000-01-03 2029-12-31 2024-02-29"))
         EXPECT_EQ(sheetDate(sheetDateText(date)), date);
-    EXPECT_EQ(sheetDateText(day("2030-01-02")), QStringLiteral("30-01-02"));
+    EXPECT_EQ(sheetDateText(day("2030-01-02")), u"30-01-02"_s);
     EXPECT_EQ(sheetDate(u"30-01-02"), day("1930-01-02"));
     for (const char16_t* text : {u"", u"24", u"yy-mm-dd", u"24-0x-01", u"--------"})
         EXPECT_FALSE(sheetDate(QStringView(text)).isValid());
@@ -68,10 +70,10 @@ TEST(Dates, WeeksRunFromSundayToSaturday) {
         EXPECT_EQ(weekDifference(day(each.from), day(each.to)), each.weeks) << each.from;
     EXPECT_EQ(weekdayOf(day("2024-09-08")), Sunday);
     EXPECT_EQ(weekdayOf(day("2024-09-14")), Saturday);
-    EXPECT_EQ(DayName(1), QStringLiteral("Sunday"));
-    EXPECT_EQ(DayName(7), QStringLiteral("Saturday"));
+    EXPECT_EQ(DayName(1), u"Sunday"_s);
+    EXPECT_EQ(DayName(7), u"Saturday"_s);
     EXPECT_TRUE(DayName(0).isEmpty() && DayName(8).isEmpty());
-    EXPECT_EQ(MonthName(2, QLocale(QLocale::German)), QStringLiteral("Februar"));
+    EXPECT_EQ(MonthName(2, QLocale(QLocale::German)), u"Februar"_s);
 }
 
 TEST(TermWeeks, TeachingDaysNumbersAndLetters) {
@@ -178,8 +180,8 @@ TEST(TermWeeks, TimetableOfAWeek) {
         EXPECT_EQ(letter ? QString(*letter) : QString(), QLatin1String(each.letter))
             << each.startWeek << each.week;
     }
-    EXPECT_EQ(timetableField(Monday, u'A'), QStringLiteral("Mon"));
-    EXPECT_EQ(timetableField(day("2024-09-13"), u'B'), QStringLiteral("FriB"));
+    EXPECT_EQ(timetableField(Monday, u'A'), u"Mon"_s);
+    EXPECT_EQ(timetableField(day("2024-09-13"), u'B'), u"FriB"_s);
     EXPECT_TRUE(timetableField(day("2024-09-14"), u'A').isEmpty());
 }
 

@@ -21,11 +21,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-QString u(const char* text) {
-    return QString::fromUtf8(text);
-}
+namespace {
 
 class SessionTest : public testing::Test {
 protected:
@@ -38,7 +36,7 @@ protected:
                          });
     }
 
-    QString path(const char* name) const { return folder.filePath(u(name)); }
+    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
     void makeYear(const char* name, const YearAnswers& answers = twoWeekAnswers()) {
         createYear(answers, path(name), seams);
     }
@@ -62,7 +60,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     ScriptedFrame frame;
     Session session{engine, settings, seams.seams(), yearOpening()};
 };
@@ -76,11 +74,11 @@ QByteArray contentOf(const QString& path) {
 
 TEST_F(SessionTest, AYearFillsTheSession) {
     YearAnswers answers = twoWeekAnswers();
-    answers.colours = {{u("7A"), 0x123456}};
+    answers.colours = {{u"7A"_s, 0x123456}};
     makeYear("year.mdb", answers);
     change("year.mdb", [](dao::Database& database) {
         dao::Recordset classes = database.OpenRecordset(ClasscodesTable);
-        classes.FindFirst(u("Classcode = '9C'"));
+        classes.FindFirst(u"Classcode = '9C'"_s);
         classes.Edit();
         classes[u"Colour"] = dao::Value();
         classes.Update();
@@ -89,15 +87,15 @@ TEST_F(SessionTest, AYearFillsTheSession) {
     EXPECT_EQ(session.AcademicYear, answers.year);
     EXPECT_EQ(session.PeriodsPerDay, answers.periodsPerDay);
     EXPECT_EQ(session.TTweekly, 1);
-    EXPECT_EQ(session.StartWeek, u("B"));
+    EXPECT_EQ(session.StartWeek, u"B"_s);
     EXPECT_EQ(session.TermCount, 2);
     ASSERT_EQ(session.ClassColours.size(), answers.classes.size());
-    EXPECT_EQ(session.ClassColours.at(0).code, u("7A"));
+    EXPECT_EQ(session.ClassColours.at(0).code, u"7A"_s);
     EXPECT_EQ(session.ClassColours.at(0).colour, 0x123456);
     for (const ClassColour& other : session.ClassColours.mid(1))
         EXPECT_EQ(other.colour, 0xFFFFFF) << "no colour reads as white";
-    EXPECT_TRUE(frame.caption.startsWith(u("Orvane: ")));
-    EXPECT_TRUE(frame.caption.endsWith(u("year.mdb")));
+    EXPECT_TRUE(frame.caption.startsWith(u"Orvane: "_s));
+    EXPECT_TRUE(frame.caption.endsWith(u"year.mdb"_s));
     session.CloseAllDatabases();
     EXPECT_FALSE(session.CurrentDB.isOpen());
 
@@ -121,9 +119,10 @@ TEST_F(SessionTest, AFileThatLacksAPieceIsInvalid) {
         createYear(twoWeekAnswers(), path("broken.mdb"), seams, ExistingFile::Replace);
         change("broken.mdb", [&lacking](dao::Database& database) {
             if (lacking.field)
-                database.TableDefs()[u(lacking.table)].Fields().Delete(u(lacking.field));
+                database.TableDefs()[QString::fromUtf8(lacking.table)].Fields().Delete(
+                    QString::fromUtf8(lacking.field));
             else
-                database.TableDefs().Delete(u(lacking.table));
+                database.TableDefs().Delete(QString::fromUtf8(lacking.table));
         });
         EXPECT_EQ(session.OpenDatabaseFile(path("broken.mdb"), {}), OpenInvalid)
             << lacking.table << "." << (lacking.field ? lacking.field : "");
@@ -131,7 +130,7 @@ TEST_F(SessionTest, AFileThatLacksAPieceIsInvalid) {
         EXPECT_TRUE(engine.Workspaces(0).Databases().isEmpty()) << "nothing stays open";
     }
     EXPECT_EQ(session.OpenDatabaseFile(path("missing.mdb"), {}), OpenInvalid);
-    EXPECT_EQ(session.OpenDatabaseFile(test::sample(u("year.json")), {}), OpenInvalid);
+    EXPECT_EQ(session.OpenDatabaseFile(test::sample(u"year.json"_s), {}), OpenInvalid);
 }
 
 TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {
@@ -149,25 +148,25 @@ TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {
         EXPECT_EQ(fields[u"ABWeek"].OrdinalPosition, 3);
         EXPECT_TRUE(session.CurrentDB.TableDefs().Contains(LessonNotesTable));
         EXPECT_EQ(session.CurrentDB.OpenRecordset(PlanningTable).Collect(u"ABWeek").toText(),
-                  u("B"));
+                  u"B"_s);
         session.CloseAllDatabases();
     }
 }
 
 TEST_F(SessionTest, APasswordIsAskedForUntilItIsRightOrCancelled) {
     makeYear("year.mdb");
-    change("year.mdb", [](dao::Database& database) { database.NewPassword({}, u("secret")); });
-    seams.prompts.expect(PromptKind::Password, {}, u("wrong"));
-    seams.prompts.expect(PromptKind::Message, u("Invalid Password"), AnswerOk);
-    seams.prompts.expect(PromptKind::Password, {}, u("secret"));
+    change("year.mdb", [](dao::Database& database) { database.NewPassword({}, u"secret"_s); });
+    seams.prompts.expect(PromptKind::Password, {}, u"wrong"_s);
+    seams.prompts.expect(PromptKind::Message, u"Invalid Password"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::Password, {}, u"secret"_s);
     ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
-    EXPECT_EQ(session.DatabasePassword, u("secret"));
+    EXPECT_EQ(session.DatabasePassword, u"secret"_s);
     session.CloseAllDatabases();
     EXPECT_TRUE(session.DatabasePassword.isEmpty());
 
     seams.prompts.expect(PromptKind::Password, {}, {});
     EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenCancelled);
-    EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), u("secret")), OpenDone)
+    EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), u"secret"_s), OpenDone)
         << "the right password is not asked for";
 }
 
@@ -176,14 +175,15 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         const QString original = path("old.mdb");
         QFile::remove(original);
         QFile::remove(path("old (converted).mdb"));
-        ASSERT_TRUE(QFile::copy(test::testData(u("jet/%1.mdb").arg(u(name))), original));
+        ASSERT_TRUE(
+            QFile::copy(test::testData(u"jet/%1.mdb"_s.arg(QString::fromUtf8(name))), original));
         const QByteArray before = contentOf(original);
         setDefault(original, 1);
-        seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerCancel);
+        seams.prompts.expect(PromptKind::Message, u"Older Database"_s, AnswerCancel);
         EXPECT_EQ(session.OpenDatabaseFile(original, {}), OpenCancelled);
         EXPECT_FALSE(QFile::exists(path("old (converted).mdb")));
 
-        seams.prompts.expect(PromptKind::Message, u("Older Database"), AnswerOk);
+        seams.prompts.expect(PromptKind::Message, u"Older Database"_s, AnswerOk);
         ASSERT_EQ(session.OpenDatabaseFile(original, {}), OpenDone);
         EXPECT_EQ(session.DatabasePath, path("old (converted).mdb"));
         EXPECT_EQ(settings.get(setting::DefaultDatabasePath), session.DatabasePath);
@@ -206,7 +206,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         ASSERT_EQ(session.OpenDatabaseFile(path("old (converted).mdb"), {}), OpenDone);
         session.CloseAllDatabases();
     }
-    EXPECT_EQ(session.OpenDatabaseFile(test::testData(u("jet/not_a_year.mdb")), {}), OpenInvalid)
+    EXPECT_EQ(session.OpenDatabaseFile(test::testData(u"jet/not_a_year.mdb"_s), {}), OpenInvalid)
         << "a Jet file that is no year is refused without a question";
 }
 
@@ -225,29 +225,29 @@ TEST_F(SessionTest, TheStartOpensTheDefaultDatabaseWhenAskedTo) {
           Case{"opened", path("year.mdb"), 1, "disable enable"}}) {
         setDefault(begun.file, begun.dontShow);
         start();
-        EXPECT_EQ(frame.log.join(u' '), u(begun.log)) << begun.name;
+        EXPECT_EQ(frame.log.join(u' '), QString::fromUtf8(begun.log)) << begun.name;
     }
     EXPECT_EQ(session.DatabasePath, path("year.mdb"));
     EXPECT_TRUE(session.CurrentDB.isOpen());
 }
 
 TEST_F(SessionTest, AFailureAtTheStartIsToldAndLeadsToTheWizard) {
-    ASSERT_TRUE(QFile::copy(test::sample(u("year.json")), path("text.mdb")));
+    ASSERT_TRUE(QFile::copy(test::sample(u"year.json"_s), path("text.mdb")));
     setDefault(path("text.mdb"), 1);
-    seams.prompts.expect(PromptKind::Plain, u("Invalid Database"), AnswerOk);
+    seams.prompts.expect(PromptKind::Plain, u"Invalid Database"_s, AnswerOk);
     start();
-    EXPECT_EQ(frame.log.join(u' '), u("disable wizard"));
+    EXPECT_EQ(frame.log.join(u' '), u"disable wizard"_s);
     EXPECT_TRUE(session.DatabasePath.isEmpty());
-    EXPECT_EQ(frame.caption, u("Orvane: "));
+    EXPECT_EQ(frame.caption, u"Orvane: "_s);
     EXPECT_TRUE(seams.prompts.last().text.contains(
-        u("appears to be either the wrong format or corrupt!\n\nPlease choose another action.")));
+        u"appears to be either the wrong format or corrupt!\n\nPlease choose another action."_s));
 
     makeYear("locked.mdb");
-    change("locked.mdb", [](dao::Database& database) { database.NewPassword({}, u("secret")); });
+    change("locked.mdb", [](dao::Database& database) { database.NewPassword({}, u"secret"_s); });
     setDefault(path("locked.mdb"), 1);
     seams.prompts.expect(PromptKind::Password, {}, {});
     start();
-    EXPECT_EQ(frame.log.join(u' '), u("disable wizard")) << "cancelling shows no error at all";
+    EXPECT_EQ(frame.log.join(u' '), u"disable wizard"_s) << "cancelling shows no error at all";
 }
 
 TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
@@ -255,7 +255,7 @@ TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
     makeYear("other.mdb");
     ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
     session.DatabasePath = path("year.mdb");
-    const QString title = u(" Select the database to open:");
+    const QString title = u" Select the database to open:"_s;
     seams.prompts.expect(PromptKind::File, title, {});
     frame.log.clear();
     OpenDatabaseCommand(session, frame);
@@ -270,15 +270,15 @@ TEST_F(SessionTest, OpeningAnotherFileClosesTheFirstBeforehand) {
 
     seams.prompts.expect(PromptKind::File, title, path("other.mdb"));
     OpenDatabaseCommand(session, frame);
-    EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
-    EXPECT_TRUE(frame.caption.endsWith(u("other.mdb")));
+    EXPECT_EQ(frame.log.join(u' '), u"close forms disable enable"_s);
+    EXPECT_TRUE(frame.caption.endsWith(u"other.mdb"_s));
     EXPECT_EQ(engine.Workspaces(0).Databases().size(), 1);
 
     seams.prompts.expect(PromptKind::File, title, path("missing.mdb"));
-    seams.prompts.expect(PromptKind::Message, u("Invalid Database"), AnswerOk);
+    seams.prompts.expect(PromptKind::Message, u"Invalid Database"_s, AnswerOk);
     frame.log.clear();
     OpenDatabaseCommand(session, frame);
-    EXPECT_EQ(frame.log.join(u' '), u("close forms disable wizard"));
+    EXPECT_EQ(frame.log.join(u' '), u"close forms disable wizard"_s);
     EXPECT_TRUE(session.DatabasePath.isEmpty());
 }
 
@@ -303,7 +303,7 @@ TEST_F(SessionTest, AFileStillOpenIsTold) {
     session.DatabasePath = path("year.mdb");
     EXPECT_FALSE(session.IsDBOpen());
     const dao::Database other = engine.OpenDatabase(path("year.mdb"));
-    seams.prompts.expect(PromptKind::Plain, u("Action canceled"), AnswerOk);
+    seams.prompts.expect(PromptKind::Plain, u"Action canceled"_s, AnswerOk);
     EXPECT_TRUE(session.IsDBOpen());
 }
 
@@ -314,7 +314,7 @@ TEST_F(SessionTest, AnInterruptedBackupIsMendedWhicheverFileOpensByDefault) {
     for (const QString& standard : {QString(), path("other.mdb"), path("year.mdb")}) {
         setDefault(standard, 0);
         settings.set(setting::BackupInProgress, path("year.mdb"));
-        seams.prompts.expect(PromptKind::Plain, u("Backup interrupted"), AnswerOk);
+        seams.prompts.expect(PromptKind::Plain, u"Backup interrupted"_s, AnswerOk);
         start();
         EXPECT_EQ(session.DatabasePath, standard);
         EXPECT_TRUE(QFile::rename(path("year.mdb"), path("year.new")));
@@ -323,18 +323,18 @@ TEST_F(SessionTest, AnInterruptedBackupIsMendedWhicheverFileOpensByDefault) {
 
 TEST_F(SessionTest, TheOlderRestoreLeavesTheRestoredYearOpen) {
     makeYear("year.mdb");
-    QDir(folder.path()).mkdir(u("stick"));
+    QDir(folder.path()).mkdir(u"stick"_s);
     makeYear("stick/year.mdb", oneWeekAnswers());
     session.AppPath = folder.path() + u'/';
     session.DatabasePath = path("year.mdb");
     ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
     frame.log.clear();
     seams.prompts.expect(PromptKind::Folder,
-                         u("Select the directory which contains the backup database :"),
+                         u"Select the directory which contains the backup database :"_s,
                          path("stick"));
-    seams.prompts.expect(PromptKind::Plain, u("Backup restored:"), AnswerOk);
+    seams.prompts.expect(PromptKind::Plain, u"Backup restored:"_s, AnswerOk);
     RestoreBackupCommand(session, frame);
-    EXPECT_EQ(frame.log.join(u' '), u("close forms disable enable"));
+    EXPECT_EQ(frame.log.join(u' '), u"close forms disable enable"_s);
     EXPECT_EQ(session.TTweekly, 0);
     EXPECT_TRUE(QFile::exists(path("ORVA.OLD")));
 }
@@ -358,7 +358,7 @@ TEST_F(SessionTest, TheEndBacksUpAsTheSettingsSay) {
         settings.set(setting::AutoBackup, end.autoBackup);
         ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
         if (end.autoBackup == Ask)
-            seams.prompts.expect(PromptKind::Message, u("Backup/Compress Database"), end.reply);
+            seams.prompts.expect(PromptKind::Message, u"Backup/Compress Database"_s, end.reply);
         ShutDown(session);
         EXPECT_FALSE(session.CurrentDB.isOpen());
         EXPECT_EQ(QFile::exists(path("year.001")), end.backedUp)
@@ -373,15 +373,16 @@ TEST_F(SessionTest, ANewerVersionIsOfferedWhereAnAddressIsConfigured) {
         QByteArray build;
         const char* text;
     };
-    settings.set(setting::UpgradeAddress, u("https://example.org"));
+    settings.set(setting::UpgradeAddress, u"https://example.org"_s);
     for (const Case& found :
          {Case{{}, "could not be reached"}, Case{"<html>", "could not be reached"},
           Case{"1\r\n", "already have the latest"}, Case{"999", "newer version"}}) {
         seams.shell.fetched = found.build;
-        seams.prompts.expect(PromptKind::Plain, u("Internet Upgrade"), AnswerYes);
+        seams.prompts.expect(PromptKind::Plain, u"Internet Upgrade"_s, AnswerYes);
         GetUpgradeInfo(session);
-        EXPECT_TRUE(seams.prompts.last().text.contains(u(found.text))) << found.text;
+        EXPECT_TRUE(seams.prompts.last().text.contains(QString::fromUtf8(found.text)))
+            << found.text;
     }
-    EXPECT_EQ(seams.shell.runs.first().file, u("https://example.org/ORVA/build.txt"));
-    EXPECT_EQ(seams.shell.runs.last().file, u("https://example.org"));
+    EXPECT_EQ(seams.shell.runs.first().file, u"https://example.org/ORVA/build.txt"_s);
+    EXPECT_EQ(seams.shell.runs.last().file, u"https://example.org"_s);
 }

@@ -14,6 +14,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 using namespace std::chrono_literals;
 
@@ -77,7 +79,7 @@ TEST(ConfinedReader, HasNoAnswerWhereTheReadingGoesWrong) {
 
 TEST(ConfinedReader, WritesNowhereButIntoTheAnswer) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("made"));
+    const QString path = folder.filePath(u"made"_s);
     EXPECT_FALSE(readConfined(Narrow, [&path] {
         QFile made(path);
         if (made.open(QIODevice::WriteOnly | QIODevice::Unbuffered))

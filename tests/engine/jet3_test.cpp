@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 
 namespace {
@@ -147,10 +149,10 @@ TEST(Jet3, IsReadCompletely) {
     const JetContent content = readJetFile(jet3File());
     ASSERT_EQ(content.tables.size(), 1);
     const TableStructure& structure = content.tables[0].structure;
-    EXPECT_EQ(structure.name, QStringLiteral("Pupils"));
+    EXPECT_EQ(structure.name, u"Pupils"_s);
     ASSERT_EQ(structure.fields.size(), 6);
     EXPECT_TRUE(structure.fields[0].isAutoIncrement());
-    EXPECT_EQ(structure.fields[1].Name, QStringLiteral("Pr\u00E9nom"));
+    EXPECT_EQ(structure.fields[1].Name, u"Pr\u00E9nom"_s);
     EXPECT_EQ(structure.fields[1].Size, 255);
     EXPECT_TRUE(structure.fields[1].AllowZeroLength);
     EXPECT_FALSE(structure.fields[5].AllowZeroLength);
@@ -162,8 +164,7 @@ TEST(Jet3, IsReadCompletely) {
         {1, empty, 0, empty, Value(), Value()},
         {2, run(250, u'a'), -1, run(300, u'b'), 0.1, run(200, u'c')},
         {3, Value(), 0, Value(), Value(), run(150, u'd')},
-        {4, QStringLiteral("Zo\u00EB \u20AC"), -1, QStringLiteral("M\u00E9mo"), 12.5,
-         QStringLiteral("x")},
+        {4, u"Zo\u00EB \u20AC"_s, -1, u"M\u00E9mo"_s, 12.5, u"x"_s},
     };
     EXPECT_EQ(content.tables[0].rows, expected);
 }
@@ -192,18 +193,18 @@ TEST(JetBytes, ReadsTexts) {
     EXPECT_EQ(text({}), QString());
     EXPECT_EQ(text("\xFF\xFE"
                    "caf\xE9"),
-              QStringLiteral("caf\u00E9"));
+              u"caf\u00E9"_s);
     // A zero byte goes over to two bytes a character, and back.
     EXPECT_EQ(text(QByteArray("\xFF\xFE"
                               "a\0\xAC\x20\0b",
                               8)),
-              QStringLiteral("a\u20ACb"));
-    EXPECT_EQ(text(QByteArray("\x3D\xD8\x00\xDE", 4)), QStringLiteral("\U0001F600"));
+              u"a\u20ACb"_s);
+    EXPECT_EQ(text(QByteArray("\x3D\xD8\x00\xDE", 4)), u"\U0001F600"_s);
     EXPECT_ANY_THROW(text(QByteArray("\xFF\xFE"
                                      "a\0\xAC",
                                      5)));
     EXPECT_EQ(jetGuid(JetBytes(QByteArray::fromHex("33221100554477668899aabbccddeeff"))),
-              QStringLiteral("{00112233-4455-6677-8899-AABBCCDDEEFF}"));
+              u"{00112233-4455-6677-8899-AABBCCDDEEFF}"_s);
 }
 
 } // namespace

@@ -18,12 +18,14 @@
 #include <functional>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 
 namespace {
 
 QByteArray readData(const QString& name) {
-    QFile file(test::testData(QStringLiteral("jet/") + name));
+    QFile file(test::testData(u"jet/"_s + name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
     return file.readAll();
 }
@@ -41,38 +43,32 @@ int errorOf(const std::function<void()>& action) {
 
 QJsonObject fieldAsJson(const Field& field) {
     static const QHash<DataType, QString> types{
-        {DataType::Boolean, QStringLiteral("boolean")},
-        {DataType::Byte, QStringLiteral("byte")},
-        {DataType::Integer, QStringLiteral("integer")},
-        {DataType::Long, QStringLiteral("long")},
-        {DataType::Currency, QStringLiteral("currency")},
-        {DataType::Single, QStringLiteral("single")},
-        {DataType::Double, QStringLiteral("double")},
-        {DataType::Date, QStringLiteral("datetime")},
-        {DataType::Text, QStringLiteral("text")},
-        {DataType::LongBinary, QStringLiteral("ole")},
-        {DataType::Memo, QStringLiteral("memo")},
+        {DataType::Boolean, u"boolean"_s},   {DataType::Byte, u"byte"_s},
+        {DataType::Integer, u"integer"_s},   {DataType::Long, u"long"_s},
+        {DataType::Currency, u"currency"_s}, {DataType::Single, u"single"_s},
+        {DataType::Double, u"double"_s},     {DataType::Date, u"datetime"_s},
+        {DataType::Text, u"text"_s},         {DataType::LongBinary, u"ole"_s},
+        {DataType::Memo, u"memo"_s},
     };
-    QJsonObject json{{QStringLiteral("name"), field.Name},
-                     {QStringLiteral("type"), types.value(field.Type)}};
+    QJsonObject json{{u"name"_s, field.Name}, {u"type"_s, types.value(field.Type)}};
     if (field.Type == DataType::Text)
-        json[QStringLiteral("size")] = field.Size;
+        json[u"size"_s] = field.Size;
     if (field.AllowZeroLength)
-        json[QStringLiteral("allow_zero_length")] = true;
+        json[u"allow_zero_length"_s] = true;
     if (field.Required)
-        json[QStringLiteral("required")] = true;
+        json[u"required"_s] = true;
     if (field.isAutoIncrement())
-        json[QStringLiteral("auto_increment")] = true;
+        json[u"auto_increment"_s] = true;
     return json;
 }
 
 QJsonArray indexesAsJson(const TableStructure& table) {
     QJsonArray json;
     for (const Index& index : table.indexes)
-        json.append(QJsonObject{{QStringLiteral("name"), index.Name},
-                                {QStringLiteral("field"), index.Fields.join(u'+')},
-                                {QStringLiteral("primary"), index.Primary},
-                                {QStringLiteral("unique"), index.Unique}});
+        json.append(QJsonObject{{u"name"_s, index.Name},
+                                {u"field"_s, index.Fields.join(u'+')},
+                                {u"primary"_s, index.Primary},
+                                {u"unique"_s, index.Unique}});
     return json;
 }
 
@@ -92,8 +88,8 @@ QJsonValue valueAsJson(const Value& value, DataType type) {
         return value.toText();
     const QByteArray hash =
         QCryptographicHash::hash(value.toBinary(), QCryptographicHash::Sha256).toHex();
-    return QJsonObject{{QStringLiteral("sha256"), QString::fromLatin1(hash)},
-                       {QStringLiteral("length"), value.toBinary().size()}};
+    return QJsonObject{{u"sha256"_s, QString::fromLatin1(hash)},
+                       {u"length"_s, value.toBinary().size()}};
 }
 
 /// Numbers come in the kind of their field, so that the JSON's numbers alone would not tell.
@@ -118,34 +114,31 @@ class JetSample : public testing::TestWithParam<const char*> {};
 
 TEST_P(JetSample, IsReadCompletely) {
     const QString name = QString::fromLatin1(GetParam());
-    const QByteArray file = readData(name + QStringLiteral(".mdb"));
-    const QJsonObject expected =
-        QJsonDocument::fromJson(readData(name + QStringLiteral(".json"))).object();
+    const QByteArray file = readData(name + u".mdb"_s);
+    const QJsonObject expected = QJsonDocument::fromJson(readData(name + u".json"_s)).object();
     const JetContent content = readJetFile(file);
     EXPECT_EQ(jetPassword(file), QString());
-    ASSERT_EQ(content.tables.size(), expected[QStringLiteral("table_count")].toInt());
+    ASSERT_EQ(content.tables.size(), expected[u"table_count"_s].toInt());
 
     QJsonArray relations;
     for (const JetTable& table : content.tables) {
         const TableStructure& structure = table.structure;
         SCOPED_TRACE(qPrintable(structure.name));
-        const QJsonObject json =
-            expected[QStringLiteral("tables")].toObject()[structure.name].toObject();
+        const QJsonObject json = expected[u"tables"_s].toObject()[structure.name].toObject();
         QJsonArray fields;
         for (const Field& field : structure.fields)
             fields.append(fieldAsJson(field));
-        EXPECT_EQ(fields, json[QStringLiteral("columns")].toArray());
-        EXPECT_EQ(indexesAsJson(structure), json[QStringLiteral("indexes")].toArray());
+        EXPECT_EQ(fields, json[u"columns"_s].toArray());
+        EXPECT_EQ(indexesAsJson(structure), json[u"indexes"_s].toArray());
         for (const Relation& relation : structure.relations)
-            relations.append(
-                QJsonObject{{QStringLiteral("name"), relation.Name},
-                            {QStringLiteral("table"), relation.Table},
-                            {QStringLiteral("field"), relation.Fields.value(0).Name},
-                            {QStringLiteral("foreign_table"), relation.ForeignTable},
-                            {QStringLiteral("foreign_field"), relation.Fields.value(0).ForeignName},
-                            {QStringLiteral("attributes"), relation.Attributes}});
+            relations.append(QJsonObject{{u"name"_s, relation.Name},
+                                         {u"table"_s, relation.Table},
+                                         {u"field"_s, relation.Fields.value(0).Name},
+                                         {u"foreign_table"_s, relation.ForeignTable},
+                                         {u"foreign_field"_s, relation.Fields.value(0).ForeignName},
+                                         {u"attributes"_s, relation.Attributes}});
 
-        const QJsonArray rows = json[QStringLiteral("rows")].toArray();
+        const QJsonArray rows = json[u"rows"_s].toArray();
         ASSERT_EQ(table.rows.size(), rows.size());
         for (qsizetype row = 0; row < rows.size(); ++row) {
             const QJsonArray values = rows[row].toArray();
@@ -158,8 +151,8 @@ TEST_P(JetSample, IsReadCompletely) {
             }
         }
     }
-    EXPECT_EQ(relations.size(), expected[QStringLiteral("relations")].toArray().size());
-    for (const QJsonValue& relation : expected[QStringLiteral("relations")].toArray())
+    EXPECT_EQ(relations.size(), expected[u"relations"_s].toArray().size());
+    for (const QJsonValue& relation : expected[u"relations"_s].toArray())
         EXPECT_TRUE(relations.contains(relation)) << qPrintable(relation[u"name"].toString());
 }
 
@@ -168,14 +161,13 @@ INSTANTIATE_TEST_SUITE_P(All, JetSample,
 
 TEST(JetReader, ReadsTablesInTheOrderOfTheCatalogue) {
     QStringList names;
-    for (const JetTable& table : readJetFile(readData(QStringLiteral("not_a_year.mdb"))).tables)
+    for (const JetTable& table : readJetFile(readData(u"not_a_year.mdb"_s)).tables)
         names.append(table.structure.name);
-    EXPECT_EQ(names, (QStringList{QStringLiteral("Artists"), QStringLiteral("Albums"),
-                                  QStringLiteral("Shelf Places")}));
+    EXPECT_EQ(names, (QStringList{u"Artists"_s, u"Albums"_s, u"Shelf Places"_s}));
 }
 
 TEST(JetReader, TellsHeaders) {
-    const QByteArray file = readData(QStringLiteral("not_a_year.mdb"));
+    const QByteArray file = readData(u"not_a_year.mdb"_s);
     EXPECT_TRUE(isJetHeader(file));
     EXPECT_TRUE(isJetHeader(file.first(0x15)));
     EXPECT_FALSE(isJetHeader(file.first(0x14)));
@@ -207,17 +199,15 @@ QByteArray withPassword(QByteArray file, QByteArray stored, bool jet4, double cr
 }
 
 TEST(JetReader, ReadsThePassword) {
-    const QByteArray file = readData(QStringLiteral("not_a_year.mdb"));
+    const QByteArray file = readData(u"not_a_year.mdb"_s);
     for (const QString& password :
-         {QStringLiteral("a"), QStringLiteral("Gru\u00DF\u20AC \u017Di\u017Eka"),
-          QStringLiteral("12345678901234567890"), QString()}) {
+         {u"a"_s, u"Gru\u00DF\u20AC \u017Di\u017Eka"_s, u"12345678901234567890"_s, QString()}) {
         const QByteArray utf16(reinterpret_cast<const char*>(password.utf16()),
                                password.size() * 2);
         EXPECT_EQ(jetPassword(withPassword(file, utf16, true)), password);
         EXPECT_EQ(jetPassword(withPassword(file, utf16, true, -2.5)), password);
     }
-    EXPECT_EQ(jetPassword(withPassword(file, "na\xEFve \x80", false)),
-              QStringLiteral("na\u00EFve \u20AC"));
+    EXPECT_EQ(jetPassword(withPassword(file, "na\xEFve \x80", false)), u"na\u00EFve \u20AC"_s);
     EXPECT_EQ(jetPassword(withPassword(file, {}, false)), QString());
     // The password changes nothing in how the rest reads.
     EXPECT_EQ(readJetFile(withPassword(file, "x\0y\0", true)).tables.size(), 3);
@@ -321,7 +311,7 @@ TEST(JetReader, RefusesDamage) {
              }
          }},
     };
-    const QByteArray whole = readData(QStringLiteral("not_a_year.mdb"));
+    const QByteArray whole = readData(u"not_a_year.mdb"_s);
     for (const Case& c : cases) {
         QByteArray file = whole;
         c.damage(file);
@@ -350,7 +340,7 @@ QByteArray mutated(QByteArray file, std::minstd_rand& random) {
 
 /// How many of the rounds end in 3343; anything but that and content is a failure.
 int damagedOf(int rounds, JetContent (*read)(const QByteArray&)) {
-    const QByteArray whole = readData(QStringLiteral("not_a_year.mdb"));
+    const QByteArray whole = readData(u"not_a_year.mdb"_s);
     std::minstd_rand random(20030903);
     int damaged = 0;
     for (int round = 0; round < rounds; ++round) {

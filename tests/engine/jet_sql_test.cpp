@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 
 namespace {
@@ -26,56 +28,49 @@ protected:
     JetSql() {
         constexpr DataType text = DataType::Text;
         constexpr DataType number = DataType::Double;
-        m_sqlite.addTable(makeTable(QStringLiteral("Class_7A"),
-                                    {{QStringLiteral("ID"), DataType::Long},
-                                     {QStringLiteral("Surname"), text},
-                                     {QStringLiteral("Firstname"), text},
-                                     {QStringLiteral("Tutor"), text},
-                                     {QStringLiteral("Photo"), DataType::LongBinary}}),
-                          {QStringLiteral("1, 'Zeta', 'Ann', '7X', x'00'"),
-                           QStringLiteral("2, 'O''Brien', 'Bob', NULL, NULL"),
-                           QStringLiteral("3, '\u00c9mile', 'Cy', '7x', NULL"),
-                           QStringLiteral("4, 'emil', 'Di', '', NULL"),
-                           QStringLiteral("5, 'Fay', 'Ed', '7Y', NULL")});
-        m_sqlite.addTable(
-            makeTable(QStringLiteral("Marks_7A"), {{QStringLiteral("ID"), DataType::Long},
-                                                   {QStringLiteral("Test 1"), number},
-                                                   {QStringLiteral("Note"), DataType::Memo}}),
-            {QStringLiteral("1, 10, 'a'"), QStringLiteral("2, NULL, 'B'"),
-             QStringLiteral("3, 7.5, NULL"), QStringLiteral("4, 0, 'c'")});
-        m_sqlite.addTable(
-            makeTable(QStringLiteral("Planning"), {{QStringLiteral("PlanDate"), text},
-                                                   {QStringLiteral("Week"), DataType::Integer},
-                                                   {QStringLiteral("Class1"), text},
-                                                   {QStringLiteral("Class2"), text}}),
-            {QStringLiteral("'24-09-05', 1, '7A', ''"), QStringLiteral("'24-09-04', 1, '9C', NULL"),
-             QStringLiteral("'24-09-11', 2, '', '7a'")});
-        m_sqlite.addTable(
-            makeTable(QStringLiteral("One"), {{QStringLiteral("N"), number},
-                                              {QStringLiteral("T"), text},
-                                              {QStringLiteral("NullN"), number},
-                                              {QStringLiteral("NullT"), text},
-                                              {QStringLiteral("B"), DataType::Boolean},
-                                              {QStringLiteral("P"), DataType::LongBinary}}),
-            {QStringLiteral("5, 'Abc', NULL, NULL, -1, x'00'")});
-        m_sqlite.addTable(
-            makeTable(QStringLiteral("Class_7[A]"), {{QStringLiteral("a]b"), text},
-                                                     {QStringLiteral("[x]"), text},
-                                                     {QStringLiteral("01/09/24 1"), text},
-                                                     {QStringLiteral("^_"), text},
-                                                     {QStringLiteral("Order"), text},
-                                                     {QStringLiteral("\u00c9l\u00e8ve"), text},
-                                                     {QStringLiteral("say \"x\""), text}}),
-            {QStringLiteral("'1', '2', '3', '4', '5', '6', '7'")});
-        m_sqlite.addTable(makeTable(QStringLiteral("Words"), {{QStringLiteral("Top"), text},
-                                                              {QStringLiteral("Left"), text},
-                                                              {QStringLiteral("Date"), text},
-                                                              {QStringLiteral("Memo"), text},
-                                                              {QStringLiteral("Year"), text},
-                                                              {QStringLiteral("Notes"), text},
-                                                              {QStringLiteral("Active"), text},
-                                                              {QStringLiteral("rowid"), text}}),
-                          {QStringLiteral("'t', 'l', 'd', 'm', 'y', 'n', 'Yes', 'r'")});
+        m_sqlite.addTable(makeTable(u"Class_7A"_s, {{u"ID"_s, DataType::Long},
+                                                    {u"Surname"_s, text},
+                                                    {u"Firstname"_s, text},
+                                                    {u"Tutor"_s, text},
+                                                    {u"Photo"_s, DataType::LongBinary}}),
+                          {u"1, 'Zeta', 'Ann', '7X', x'00'"_s,
+                           u"2, 'O''Brien', 'Bob', NULL, NULL"_s,
+                           u"3, '\u00c9mile', 'Cy', '7x', NULL"_s, u"4, 'emil', 'Di', '', NULL"_s,
+                           u"5, 'Fay', 'Ed', '7Y', NULL"_s});
+        m_sqlite.addTable(makeTable(u"Marks_7A"_s, {{u"ID"_s, DataType::Long},
+                                                    {u"Test 1"_s, number},
+                                                    {u"Note"_s, DataType::Memo}}),
+                          {u"1, 10, 'a'"_s, u"2, NULL, 'B'"_s, u"3, 7.5, NULL"_s, u"4, 0, 'c'"_s});
+        m_sqlite.addTable(makeTable(u"Planning"_s, {{u"PlanDate"_s, text},
+                                                    {u"Week"_s, DataType::Integer},
+                                                    {u"Class1"_s, text},
+                                                    {u"Class2"_s, text}}),
+                          {u"'24-09-05', 1, '7A', ''"_s, u"'24-09-04', 1, '9C', NULL"_s,
+                           u"'24-09-11', 2, '', '7a'"_s});
+        m_sqlite.addTable(makeTable(u"One"_s, {{u"N"_s, number},
+                                               {u"T"_s, text},
+                                               {u"NullN"_s, number},
+                                               {u"NullT"_s, text},
+                                               {u"B"_s, DataType::Boolean},
+                                               {u"P"_s, DataType::LongBinary}}),
+                          {u"5, 'Abc', NULL, NULL, -1, x'00'"_s});
+        m_sqlite.addTable(makeTable(u"Class_7[A]"_s, {{u"a]b"_s, text},
+                                                      {u"[x]"_s, text},
+                                                      {u"01/09/24 1"_s, text},
+                                                      {u"^_"_s, text},
+                                                      {u"Order"_s, text},
+                                                      {u"\u00c9l\u00e8ve"_s, text},
+                                                      {u"say \"x\""_s, text}}),
+                          {u"'1', '2', '3', '4', '5', '6', '7'"_s});
+        m_sqlite.addTable(makeTable(u"Words"_s, {{u"Top"_s, text},
+                                                 {u"Left"_s, text},
+                                                 {u"Date"_s, text},
+                                                 {u"Memo"_s, text},
+                                                 {u"Year"_s, text},
+                                                 {u"Notes"_s, text},
+                                                 {u"Active"_s, text},
+                                                 {u"rowid"_s, text}}),
+                          {u"'t', 'l', 'd', 'm', 'y', 'n', 'Yes', 'r'"_s});
     }
 
     sql::Query translate(const QString& jetSql) const {
@@ -90,7 +85,7 @@ protected:
     }
     /// The value of an expression over the table of one row.
     QString value(const QString& expression) const {
-        return rows(QStringLiteral("SELECT %1 FROM One").arg(expression));
+        return rows(u"SELECT %1 FROM One"_s.arg(expression));
     }
     QString names(const QString& jetSql) const {
         QStringList all;
@@ -121,19 +116,16 @@ void expectCases(const Case (&cases)[Count], Answer answer) {
 TEST_F(JetSql, LogicalOperatorsFollowJetsTablesOfNull) {
     // Down the left operand and along the right one: True, False, Null.
     const std::pair<QString, QString> operators[] = {
-        {QStringLiteral("AND"), QStringLiteral("-1 0 ~ 0 0 0 ~ 0 ~")},
-        {QStringLiteral("OR"), QStringLiteral("-1 -1 -1 -1 0 ~ -1 ~ ~")},
-        {QStringLiteral("XOR"), QStringLiteral("0 -1 ~ -1 0 ~ ~ ~ ~")},
-        {QStringLiteral("EQV"), QStringLiteral("-1 0 ~ 0 -1 ~ ~ ~ ~")},
-        {QStringLiteral("IMP"), QStringLiteral("-1 0 ~ -1 -1 -1 -1 ~ ~")},
+        {u"AND"_s, u"-1 0 ~ 0 0 0 ~ 0 ~"_s},     {u"OR"_s, u"-1 -1 -1 -1 0 ~ -1 ~ ~"_s},
+        {u"XOR"_s, u"0 -1 ~ -1 0 ~ ~ ~ ~"_s},    {u"EQV"_s, u"-1 0 ~ 0 -1 ~ ~ ~ ~"_s},
+        {u"IMP"_s, u"-1 0 ~ -1 -1 -1 -1 ~ ~"_s},
     };
     // The same three values as constants, comparisons and numbers taken as truth.
     const QStringList operands[] = {
-        {QStringLiteral("True"), QStringLiteral("False"), QStringLiteral("Null")},
-        {QStringLiteral("N = 5"), QStringLiteral("N > 5"), QStringLiteral("NullN = 5")},
-        {QStringLiteral("B"), QStringLiteral("(N - 5)"), QStringLiteral("NullN")},
-        {QStringLiteral("T Like 'a*'"), QStringLiteral("T Like 'b*'"),
-         QStringLiteral("NullT Like 'a*'")},
+        {u"True"_s, u"False"_s, u"Null"_s},
+        {u"N = 5"_s, u"N > 5"_s, u"NullN = 5"_s},
+        {u"B"_s, u"(N - 5)"_s, u"NullN"_s},
+        {u"T Like 'a*'"_s, u"T Like 'b*'"_s, u"NullT Like 'a*'"_s},
     };
     for (const auto& [name, expected] : operators) {
         for (const QStringList& three : operands) {
@@ -149,14 +141,11 @@ TEST_F(JetSql, LogicalOperatorsFollowJetsTablesOfNull) {
 
 TEST_F(JetSql, ComparisonsWithNullAnswerNull) {
     for (const QString& sign :
-         {QStringLiteral("="), QStringLiteral("<>"), QStringLiteral("<"), QStringLiteral(">"),
-          QStringLiteral("<="), QStringLiteral(">="), QStringLiteral("Like"),
-          QStringLiteral("Not Like"), QStringLiteral("+")}) {
-        for (const QString& pair : {QStringLiteral("NullN %1 5"), QStringLiteral("5 %1 NullN"),
-                                    QStringLiteral("NullT %1 'a'"), QStringLiteral("'a' %1 NullT"),
-                                    QStringLiteral("Null %1 'a'"), QStringLiteral("N %1 Null"),
-                                    QStringLiteral("Null %1 Null")})
-            EXPECT_EQ(value(pair.arg(sign)), QStringLiteral("~")) << qPrintable(pair.arg(sign));
+         {u"="_s, u"<>"_s, u"<"_s, u">"_s, u"<="_s, u">="_s, u"Like"_s, u"Not Like"_s, u"+"_s}) {
+        for (const QString& pair :
+             {u"NullN %1 5"_s, u"5 %1 NullN"_s, u"NullT %1 'a'"_s, u"'a' %1 NullT"_s,
+              u"Null %1 'a'"_s, u"N %1 Null"_s, u"Null %1 Null"_s})
+            EXPECT_EQ(value(pair.arg(sign)), u"~"_s) << qPrintable(pair.arg(sign));
     }
 }
 
@@ -311,16 +300,15 @@ TEST_F(JetSql, ColumnsBearTheirNames) {
 
 TEST_F(JetSql, ColumnsLeadBackToTheirFields) {
     const sql::Query query =
-        translate(QStringLiteral("SELECT m.[Test 1] AS Mark, Surname, ID2 & '' AS x, c.ID = 1 FROM "
-                                 "Class_7A AS c, Marks_7A "
-                                 "AS m WHERE c.ID = m.ID")
-                      .replace(QStringLiteral("ID2"), QStringLiteral("m.ID")));
+        translate(u"SELECT m.[Test 1] AS Mark, Surname, ID2 & '' AS x, c.ID = 1 FROM "
+                  "Class_7A AS c, Marks_7A "
+                  "AS m WHERE c.ID = m.ID"_s.replace(u"ID2"_s, u"m.ID"_s));
     ASSERT_EQ(query.sources.size(), 2);
-    EXPECT_EQ(query.sources[0].alias, QStringLiteral("c"));
-    EXPECT_EQ(query.sources[0].table->name, QStringLiteral("Class_7A"));
+    EXPECT_EQ(query.sources[0].alias, u"c"_s);
+    EXPECT_EQ(query.sources[0].table->name, u"Class_7A"_s);
     ASSERT_EQ(query.columns.size(), 4);
     EXPECT_EQ(query.columns[0].source, 1);
-    EXPECT_EQ(query.columns[0].field.Name, QStringLiteral("Test 1"));
+    EXPECT_EQ(query.columns[0].field.Name, u"Test 1"_s);
     EXPECT_EQ(query.columns[1].source, 0);
     EXPECT_EQ(query.columns[2].source, -1);
     EXPECT_EQ(query.columns[2].field.Type, DataType::Memo);
@@ -328,7 +316,7 @@ TEST_F(JetSql, ColumnsLeadBackToTheirFields) {
     EXPECT_EQ(query.columns[3].field.Type, DataType::Boolean);
 
     EXPECT_EQ(m_sqlite.run(BareSqlite::statement(sql::tableQuery(m_sqlite.finder()(u"marks_7a")))),
-              m_sqlite.select(QStringLiteral("SELECT * FROM Marks_7A")));
+              m_sqlite.select(u"SELECT * FROM Marks_7A"_s));
 }
 
 TEST_F(JetSql, RefusesWithTheNumberThatFits) {
@@ -426,89 +414,78 @@ TEST_F(JetSql, RefusesWithTheNumberThatFits) {
         {u"PRAGMA table_info(Class_7A)", u"!3075"},
     };
     expectCases(cases, [this](const QString& text) { return rows(text); });
-    EXPECT_EQ(rows(QStringLiteral("SELECT * FROM Class_7A WHERE Surname = 'a%1'").arg(QChar(0))),
-              QStringLiteral("!3075"));
+    EXPECT_EQ(rows(u"SELECT * FROM Class_7A WHERE Surname = 'a%1'"_s.arg(QChar(0))), u"!3075"_s);
 }
 
 TEST_F(JetSql, ErrorsKeepThePupilsNameToThemselves) {
-    for (const QString& jetSql :
-         {QStringLiteral("SELECT * FROM Class_7A WHERE Surname = 'O'Brien'"),
-          QStringLiteral("SELECT * FROM Class_7A WHERE Surname = OBrien"),
-          QStringLiteral("SELECT * FROM Class_7A WHERE ID = 'OBrien'"),
-          QStringLiteral("SELECT * FROM Class_7A WHERE Surname Like '[Brien'")}) {
+    for (const QString& jetSql : {u"SELECT * FROM Class_7A WHERE Surname = 'O'Brien'"_s,
+                                  u"SELECT * FROM Class_7A WHERE Surname = OBrien"_s,
+                                  u"SELECT * FROM Class_7A WHERE ID = 'OBrien'"_s,
+                                  u"SELECT * FROM Class_7A WHERE Surname Like '[Brien'"_s}) {
         try {
             translate(jetSql);
             ADD_FAILURE() << qPrintable(jetSql);
         } catch (const EngineError& error) {
-            EXPECT_FALSE(error.description().contains(QStringLiteral("Brien")));
+            EXPECT_FALSE(error.description().contains(u"Brien"_s));
         }
     }
 }
 
 TEST_F(JetSql, LongTextsPassAndEndlessOnesAreRefused) {
     const auto repeated = [](const QString& part, int count, const QString& rest) {
-        return QStringLiteral("SELECT ID FROM Class_7A WHERE ") + part.repeated(count) + rest;
+        return u"SELECT ID FROM Class_7A WHERE "_s + part.repeated(count) + rest;
     };
     // Thirty pupils picked in the name list, and many more; chains of everything else.
-    const QString pupil = QStringLiteral("Surname = 'Zeta' AND Firstname = 'Bob' OR ");
-    const QString one = QStringLiteral("ID = 1");
+    const QString pupil = u"Surname = 'Zeta' AND Firstname = 'Bob' OR "_s;
+    const QString one = u"ID = 1"_s;
     for (const QString& jetSql :
          {repeated(pupil, 30, one), repeated(pupil, 600, one),
-          repeated(QStringLiteral("ID > 0 AND "), 2500, one),
-          repeated(QStringLiteral("False XOR "), 150, one),
-          repeated(QStringLiteral("0 + "), 150, one),
-          repeated(QStringLiteral("'' & "), 150, QStringLiteral("Surname = 'zeta'")),
-          repeated(QStringLiteral("("), 90, one + QString(90, u')')),
-          repeated(QStringLiteral("NOT NOT "), 10, one)})
-        EXPECT_EQ(rows(jetSql), QStringLiteral("1")) << qPrintable(jetSql.left(80));
-    for (const QString& jetSql :
-         {repeated(QStringLiteral("("), 20000, one), repeated(QStringLiteral("NOT "), 8000, one),
-          repeated(QStringLiteral("- "), 16000, one), repeated(QStringLiteral("1+"), 16000, one),
-          repeated(QStringLiteral("1 IN (1, "), 3000, one), repeated(pupil, 5000, one),
-          repeated(QStringLiteral("1 = (2 + "), 90, QStringLiteral("1") + QString(90, u')')),
-          QStringLiteral("SELECT 1 FROM ") + QString(20000, u'('),
-          QStringLiteral("SELECT * FROM ") + QStringLiteral("One, ").repeated(5000)})
-        EXPECT_EQ(rows(jetSql), QStringLiteral("!3075")) << qPrintable(jetSql.left(80));
+          repeated(u"ID > 0 AND "_s, 2500, one), repeated(u"False XOR "_s, 150, one),
+          repeated(u"0 + "_s, 150, one), repeated(u"'' & "_s, 150, u"Surname = 'zeta'"_s),
+          repeated(u"("_s, 90, one + QString(90, u')')), repeated(u"NOT NOT "_s, 10, one)})
+        EXPECT_EQ(rows(jetSql), u"1"_s) << qPrintable(jetSql.left(80));
+    for (const QString& jetSql : {repeated(u"("_s, 20000, one), repeated(u"NOT "_s, 8000, one),
+                                  repeated(u"- "_s, 16000, one), repeated(u"1+"_s, 16000, one),
+                                  repeated(u"1 IN (1, "_s, 3000, one), repeated(pupil, 5000, one),
+                                  repeated(u"1 = (2 + "_s, 90, u"1"_s + QString(90, u')')),
+                                  u"SELECT 1 FROM "_s + QString(20000, u'('),
+                                  u"SELECT * FROM "_s + u"One, "_s.repeated(5000)})
+        EXPECT_EQ(rows(jetSql), u"!3075"_s) << qPrintable(jetSql.left(80));
 }
 
 TEST_F(JetSql, ConditionsAndOrdersResolveTheirFieldsThroughTheCaller) {
     const sql::ResolveField resolve = [](const QString& qualifier, const QString& name,
                                          sql::FieldSql& out) {
-        out = {QStringLiteral("t0.\"Surname\""), DataType::Text};
+        out = {u"t0.\"Surname\""_s, DataType::Text};
         return qualifier.isEmpty() && sameName(name, u"who");
     };
     sql::Query query = sql::tableQuery(m_sqlite.finder()(u"Class_7A"));
     query.columns.resize(1);
-    query.where =
-        sql::translateCondition(QStringLiteral("Who Like '*e*' AND [WHO] <> 'fay'"), resolve);
-    query.orderBy = sql::translateOrder(QStringLiteral("who DESC"), resolve);
-    EXPECT_EQ(m_sqlite.run(BareSqlite::statement(query)).join(u','), QStringLiteral("1,2,3,4"));
+    query.where = sql::translateCondition(u"Who Like '*e*' AND [WHO] <> 'fay'"_s, resolve);
+    query.orderBy = sql::translateOrder(u"who DESC"_s, resolve);
+    EXPECT_EQ(m_sqlite.run(BareSqlite::statement(query)).join(u','), u"1,2,3,4"_s);
 
-    for (const QString& text : {QStringLiteral("x.who = 'a'"), QStringLiteral("which = 'a'")})
+    for (const QString& text : {u"x.who = 'a'"_s, u"which = 'a'"_s})
         EXPECT_THROW(sql::translateCondition(text, resolve), EngineError);
     for (const QString& text :
-         {QString(), QStringLiteral("who = 'a';"), QStringLiteral("who = 'a' ORDER BY who"),
-          QStringLiteral("WHERE who = 'a'"), QStringLiteral("who")})
+         {QString(), u"who = 'a';"_s, u"who = 'a' ORDER BY who"_s, u"WHERE who = 'a'"_s, u"who"_s})
         EXPECT_THROW(sql::translateCondition(text, resolve), EngineError) << qPrintable(text);
-    for (const QString& text :
-         {QStringLiteral("1"), QStringLiteral("who UP"), QStringLiteral("who,")})
+    for (const QString& text : {u"1"_s, u"who UP"_s, u"who,"_s})
         EXPECT_THROW(sql::translateOrder(text, resolve), EngineError) << qPrintable(text);
 }
 
 TEST_F(JetSql, TellsStatementsFromTableNames) {
-    for (const QString& text : {QStringLiteral("SELECT * FROM x"), QStringLiteral(" select\n1"),
-                                QStringLiteral("SELECT*"), QStringLiteral("SELECT[a] FROM b"),
-                                QStringLiteral("DELETE FROM x"), QStringLiteral("Pragma x")})
+    for (const QString& text : {u"SELECT * FROM x"_s, u" select\n1"_s, u"SELECT*"_s,
+                                u"SELECT[a] FROM b"_s, u"DELETE FROM x"_s, u"Pragma x"_s})
         EXPECT_TRUE(sql::looksLikeStatement(text)) << qPrintable(text);
-    for (const QString& text : {QString(), QStringLiteral("Select"), QStringLiteral("SELECT "),
-                                QStringLiteral("Selection x"), QStringLiteral("Planning"),
-                                QStringLiteral("Post-It"), QStringLiteral("Update_log")})
+    for (const QString& text : {QString(), u"Select"_s, u"SELECT "_s, u"Selection x"_s,
+                                u"Planning"_s, u"Post-It"_s, u"Update_log"_s})
         EXPECT_FALSE(sql::looksLikeStatement(text)) << qPrintable(text);
 }
 
 TEST_F(JetSql, RowNumbersGoByANameThatNoFieldTakes) {
-    sql::Source source = translate(QStringLiteral("SELECT Top FROM Words")).sources.first();
+    sql::Source source = translate(u"SELECT Top FROM Words"_s).sources.first();
     const QStringList rows =
-        m_sqlite.run(QStringLiteral("SELECT %1 FROM Words AS t0").arg(sql::rowNumber(source)));
-    EXPECT_EQ(rows, QStringList{QStringLiteral("1")});
+        m_sqlite.run(u"SELECT %1 FROM Words AS t0"_s.arg(sql::rowNumber(source)));
+    EXPECT_EQ(rows, QStringList{u"1"_s});
 }

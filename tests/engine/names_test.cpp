@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 
 namespace {
@@ -17,28 +19,28 @@ int sign(int order) {
 
 TEST(CompareText, PutsTextsInTheirOrderBothWaysAndInBothEncodings) {
     // In order; texts that are one and the same stand together, divided by "=".
-    const QStringList ordered{QStringLiteral(""),
-                              QStringLiteral("7A"),
-                              QStringLiteral("_"),
-                              QStringLiteral("a=A"),
-                              QStringLiteral("ab=AB=aB"),
-                              QStringLiteral("\u00c1b=\u00e1B"),
-                              QStringLiteral("abc"),
-                              QStringLiteral("\u00e1bc"),
-                              QStringLiteral("E=e"),
-                              QStringLiteral("e\u0301=E\u0301"),
-                              QStringLiteral("\u00c9=\u00e9"),
-                              QStringLiteral("\u00ea=\u00ca"),
-                              QStringLiteral("F=f"),
-                              QStringLiteral("Lodz"),
-                              QStringLiteral("M\u00fcller=M\u00dcLLER"),
-                              QStringLiteral("Mullers"),
-                              QStringLiteral("STRASSE"),
-                              QStringLiteral("STRA\u1e9eE=stra\u00dfe"),
-                              QStringLiteral("z"),
-                              QStringLiteral("\u03a3\u03b1=\u03c3\u03b1"),
-                              QStringLiteral("\u0416=\u0436"),
-                              QStringLiteral("\U00010400=\U00010428")};
+    const QStringList ordered{u""_s,
+                              u"7A"_s,
+                              u"_"_s,
+                              u"a=A"_s,
+                              u"ab=AB=aB"_s,
+                              u"\u00c1b=\u00e1B"_s,
+                              u"abc"_s,
+                              u"\u00e1bc"_s,
+                              u"E=e"_s,
+                              u"e\u0301=E\u0301"_s,
+                              u"\u00c9=\u00e9"_s,
+                              u"\u00ea=\u00ca"_s,
+                              u"F=f"_s,
+                              u"Lodz"_s,
+                              u"M\u00fcller=M\u00dcLLER"_s,
+                              u"Mullers"_s,
+                              u"STRASSE"_s,
+                              u"STRA\u1e9eE=stra\u00dfe"_s,
+                              u"z"_s,
+                              u"\u03a3\u03b1=\u03c3\u03b1"_s,
+                              u"\u0416=\u0436"_s,
+                              u"\U00010400=\U00010428"_s};
     for (qsizetype i = 0; i < ordered.size(); ++i) {
         for (qsizetype j = 0; j < ordered.size(); ++j) {
             for (const QString& a : ordered[i].split(u'=')) {
@@ -63,32 +65,31 @@ TEST(CompareText, SurvivesBytesThatAreNoUtf8) {
 
 TEST(WriteName, BracketsOnlyWhatWouldNotParse) {
     const QList<std::pair<QString, QString>> cases{
-        {QStringLiteral("Class_7A"), QStringLiteral("Class_7A")},
-        {QStringLiteral("_x"), QStringLiteral("_x")},
-        {QStringLiteral("\u00c9l\u00e8ve"), QStringLiteral("\u00c9l\u00e8ve")},
-        {QStringLiteral("Top"), QStringLiteral("Top")},
-        {QStringLiteral("7A"), QStringLiteral("[7A]")},
-        {QStringLiteral("order"), QStringLiteral("[order]")},
-        {QStringLiteral("Like"), QStringLiteral("[Like]")},
-        {QStringLiteral("Post-It"), QStringLiteral("[Post-It]")},
-        {QStringLiteral("01/09/24 1"), QStringLiteral("[01/09/24 1]")},
-        {QStringLiteral("a]b"), QStringLiteral("[a]]b]")},
-        {QStringLiteral("7[A]"), QStringLiteral("[7[A]]]")},
-        {QStringLiteral(""), QStringLiteral("[]")},
+        {u"Class_7A"_s, u"Class_7A"_s},
+        {u"_x"_s, u"_x"_s},
+        {u"\u00c9l\u00e8ve"_s, u"\u00c9l\u00e8ve"_s},
+        {u"Top"_s, u"Top"_s},
+        {u"7A"_s, u"[7A]"_s},
+        {u"order"_s, u"[order]"_s},
+        {u"Like"_s, u"[Like]"_s},
+        {u"Post-It"_s, u"[Post-It]"_s},
+        {u"01/09/24 1"_s, u"[01/09/24 1]"_s},
+        {u"a]b"_s, u"[a]]b]"_s},
+        {u"7[A]"_s, u"[7[A]]]"_s},
+        {u""_s, u"[]"_s},
     };
     for (const auto& [name, written] : cases)
         EXPECT_EQ(writeName(name), written);
-    EXPECT_EQ(writeText(u"O'Brien's"), QStringLiteral("'O''Brien''s'"));
+    EXPECT_EQ(writeText(u"O'Brien's"), u"'O''Brien''s'"_s);
 }
 
 TEST(CheckName, RefusesWhatCannotBeAName) {
-    for (const QString& name : {QStringLiteral("a"), QString(64, u'x'), QStringLiteral("7[A]^_"),
-                                QStringLiteral("O'Brien \"x\""), QStringLiteral("a ")})
+    for (const QString& name :
+         {u"a"_s, QString(64, u'x'), u"7[A]^_"_s, u"O'Brien \"x\""_s, u"a "_s})
         EXPECT_NO_THROW(checkName(name));
     for (const QString& name :
-         {QString(), QString(65, u'x'), QStringLiteral(" a"), QStringLiteral("a.b"),
-          QStringLiteral("a!"), QStringLiteral("a`"), QStringLiteral("a\tb"), QString(QChar(0)),
-          QStringLiteral("a\u0085"), QString(QChar(0xd800))}) {
+         {QString(), QString(65, u'x'), u" a"_s, u"a.b"_s, u"a!"_s, u"a`"_s, u"a\tb"_s,
+          QString(QChar(0)), u"a\u0085"_s, QString(QChar(0xd800))}) {
         try {
             checkName(name);
             ADD_FAILURE() << qPrintable(name);
@@ -146,6 +147,6 @@ TEST(MatchesLike, FollowsJetsPatterns) {
 TEST(MatchesLike, ManyStarsStayCheap) {
     // With every star tried at every place this would not end in a lifetime.
     const QString text(5000, u'a');
-    EXPECT_FALSE(matchesLike(text, QStringLiteral("a*").repeated(200) + u'b'));
-    EXPECT_TRUE(matchesLike(text, QStringLiteral("*a").repeated(200)));
+    EXPECT_FALSE(matchesLike(text, u"a*"_s.repeated(200) + u'b'));
+    EXPECT_TRUE(matchesLike(text, u"*a"_s.repeated(200)));
 }

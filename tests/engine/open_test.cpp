@@ -9,13 +9,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using dao::connectText;
 
 namespace {
-
-QString u(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 void writeFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
@@ -58,7 +56,7 @@ protected:
         dao::Database database = pupilsFile(name);
         dao::Transaction quick(database);
         for (int i = 0; i < 200; ++i)
-            addRecord(database, u("Pupils"), {u("Adams"), i, QString(500, u'x')});
+            addRecord(database, u"Pupils"_s, {u"Adams"_s, i, QString(500, u'x')});
         quick.commit();
         if (!password.isEmpty())
             database.NewPassword({}, password);
@@ -68,10 +66,10 @@ protected:
 } // namespace
 
 TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
-    makeFile(u("whole.mdb"));
-    makeFile(u("locked.mdb"), u("secret"));
-    const QByteArray whole = readFile(path(u("whole.mdb")));
-    const QByteArray locked = readFile(path(u("locked.mdb")));
+    makeFile(u"whole.mdb"_s);
+    makeFile(u"locked.mdb"_s, u"secret"_s);
+    const QByteArray whole = readFile(path(u"whole.mdb"_s));
+    const QByteArray locked = readFile(path(u"locked.mdb"_s));
     QByteArray damaged = whole;
     for (qsizetype at = 4096; at < damaged.size(); at += 4096)
         damaged.replace(at, 200, QByteArray(200, '\x55'));
@@ -95,40 +93,40 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
           Case{"odd_noise.mdb", noise(9000), dao::DamagedDatabase},
           Case{"cut_protected.mdb", locked.left(locked.size() - 300), dao::DamagedDatabase},
           Case{"noise.mdb", noise(9 * 1024), dao::WrongPassword}}) {
-        writeFile(path(u(file.name)), file.bytes);
-        EXPECT_EQ(openError(u(file.name)), file.error) << file.name;
-        EXPECT_EQ(readFile(path(u(file.name))), file.bytes) << file.name;
+        writeFile(path(QString::fromUtf8(file.name)), file.bytes);
+        EXPECT_EQ(openError(QString::fromUtf8(file.name)), file.error) << file.name;
+        EXPECT_EQ(readFile(path(QString::fromUtf8(file.name))), file.bytes) << file.name;
     }
-    EXPECT_EQ(openError(u("missing.mdb")), dao::NoSuchFile);
-    EXPECT_EQ(openError(u(".")), dao::CannotOpenFile);
-    EXPECT_EQ(openError(u("whole.mdb"), u("needless")), 0);
+    EXPECT_EQ(openError(u"missing.mdb"_s), dao::NoSuchFile);
+    EXPECT_EQ(openError(u"."_s), dao::CannotOpenFile);
+    EXPECT_EQ(openError(u"whole.mdb"_s, u"needless"_s), 0);
 }
 
 TEST_F(OpenTest, AProtectedFileOpensWithItsPasswordAlone) {
-    makeFile(u("year.mdb"), u("p\xc3\xa4ss;pwd=w'ord"));
-    EXPECT_FALSE(readFile(path(u("year.mdb"))).contains("Adams"));
-    EXPECT_EQ(openError(u("year.mdb")), dao::WrongPassword);
-    EXPECT_EQ(openError(u("year.mdb"), u("wrong")), dao::WrongPassword);
-    dao::Database database = engine.OpenDatabase(path(u("year.mdb")), false, false,
-                                                 connectText(u("p\xc3\xa4ss;pwd=w'ord")));
-    EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 200);
-    EXPECT_EQ(errorOf([&] { database.NewPassword(u("wrong"), u("x")); }), dao::WrongPassword);
-    dao::Recordset records = database.OpenRecordset(u("Pupils"));
-    EXPECT_EQ(errorOf([&] { database.NewPassword(u("p\xc3\xa4ss;pwd=w'ord"), u("x")); }),
+    makeFile(u"year.mdb"_s, u"päss;pwd=w'ord"_s);
+    EXPECT_FALSE(readFile(path(u"year.mdb"_s)).contains("Adams"));
+    EXPECT_EQ(openError(u"year.mdb"_s), dao::WrongPassword);
+    EXPECT_EQ(openError(u"year.mdb"_s, u"wrong"_s), dao::WrongPassword);
+    dao::Database database =
+        engine.OpenDatabase(path(u"year.mdb"_s), false, false, connectText(u"päss;pwd=w'ord"_s));
+    EXPECT_EQ(rowsOf(database, u"Pupils"_s).size(), 200);
+    EXPECT_EQ(errorOf([&] { database.NewPassword(u"wrong"_s, u"x"_s); }), dao::WrongPassword);
+    dao::Recordset records = database.OpenRecordset(u"Pupils"_s);
+    EXPECT_EQ(errorOf([&] { database.NewPassword(u"päss;pwd=w'ord"_s, u"x"_s); }),
               dao::InvalidOperation);
     records.Close();
-    database.NewPassword(u("p\xc3\xa4ss;pwd=w'ord"), {});
-    EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 200) << "it goes on working";
-    addRecord(database, u("Pupils"), {u("Baker")});
+    database.NewPassword(u"päss;pwd=w'ord"_s, {});
+    EXPECT_EQ(rowsOf(database, u"Pupils"_s).size(), 200) << "it goes on working";
+    addRecord(database, u"Pupils"_s, {u"Baker"_s});
     database.Close();
-    EXPECT_EQ(openError(u("year.mdb")), 0);
+    EXPECT_EQ(openError(u"year.mdb"_s), 0);
 }
 
 TEST_F(OpenTest, OneProcessOwnsAFile) {
-    dao::Database database = pupilsFile(u("year.mdb"));
+    dao::Database database = pupilsFile(u"year.mdb"_s);
     const auto openThere = [this] {
         dao::DBEngine other;
-        return errorOf([&] { other.OpenDatabase(path(u("year.mdb"))).Close(); }) -
+        return errorOf([&] { other.OpenDatabase(path(u"year.mdb"_s)).Close(); }) -
                dao::OpenedExclusively;
     };
     EXPECT_EQ(inAnotherProcess([&] {
@@ -143,7 +141,7 @@ TEST_F(OpenTest, OneProcessOwnsAFile) {
     const pid_t owner = fork();
     if (owner == 0) {
         dao::DBEngine other;
-        const dao::Database held = other.OpenDatabase(path(u("year.mdb")));
+        const dao::Database held = other.OpenDatabase(path(u"year.mdb"_s));
         (void)!write(ready[1], "x", 1);
         pause();
         _exit(0);
@@ -153,78 +151,78 @@ TEST_F(OpenTest, OneProcessOwnsAFile) {
     EXPECT_EQ(openThere(), 0);
     kill(owner, SIGKILL);
     waitpid(owner, nullptr, 0);
-    EXPECT_EQ(openError(u("year.mdb")), 0) << "the lock died with its process";
+    EXPECT_EQ(openError(u"year.mdb"_s), 0) << "the lock died with its process";
     close(ready[0]);
     close(ready[1]);
 }
 
 TEST_F(OpenTest, TheSameProcessMayOpenAFileTwice) {
-    dao::Database first = pupilsFile(u("year.mdb"));
-    dao::Database second = engine.OpenDatabase(path(u("year.mdb")));
-    EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path(u("year.mdb")), true); }),
+    dao::Database first = pupilsFile(u"year.mdb"_s);
+    dao::Database second = engine.OpenDatabase(path(u"year.mdb"_s));
+    EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path(u"year.mdb"_s), true); }),
               dao::OpenedExclusively);
-    addRecord(first, u("Pupils"), {u("Adams")});
-    addRecord(second, u("Pupils"), {u("Baker")});
-    dao::Recordset records = second.OpenRecordset(u("Pupils"));
+    addRecord(first, u"Pupils"_s, {u"Adams"_s});
+    addRecord(second, u"Pupils"_s, {u"Baker"_s});
+    dao::Recordset records = second.OpenRecordset(u"Pupils"_s);
     EXPECT_EQ(records.RecordCount(), 2);
     EXPECT_EQ(errorOf([&] { first.TableDefs().Delete(u"Pupils"); }), dao::TableInUse);
     second.Close();
-    first.TableDefs()[u"Pupils"].Fields().Rename(u"Mark", u("Grade"));
-    EXPECT_EQ(first.OpenRecordset(u("Pupils")).Fields(2).Name(), u("Grade"));
+    first.TableDefs()[u"Pupils"].Fields().Rename(u"Mark", u"Grade"_s);
+    EXPECT_EQ(first.OpenRecordset(u"Pupils"_s).Fields(2).Name(), u"Grade"_s);
 }
 
 TEST_F(OpenTest, ACompactCopyHoldsAllAndIsProtectedAlike) {
-    for (const QString& password : {QString(), u("secret")}) {
-        makeFile(u("year.mdb"), password);
-        const QByteArray before = readFile(path(u("year.mdb")));
-        engine.CompactDatabase(path(u("year.mdb")), path(u("copy.mdb")), {}, 0,
+    for (const QString& password : {QString(), u"secret"_s}) {
+        makeFile(u"year.mdb"_s, password);
+        const QByteArray before = readFile(path(u"year.mdb"_s));
+        engine.CompactDatabase(path(u"year.mdb"_s), path(u"copy.mdb"_s), {}, 0,
                                connectText(password));
-        EXPECT_EQ(readFile(path(u("year.mdb"))), before);
-        EXPECT_EQ(openError(u("copy.mdb")), password.isEmpty() ? 0 : dao::WrongPassword);
+        EXPECT_EQ(readFile(path(u"year.mdb"_s)), before);
+        EXPECT_EQ(openError(u"copy.mdb"_s), password.isEmpty() ? 0 : dao::WrongPassword);
         dao::Database copy =
-            engine.OpenDatabase(path(u("copy.mdb")), false, false, connectText(password));
+            engine.OpenDatabase(path(u"copy.mdb"_s), false, false, connectText(password));
         dao::Database source =
-            engine.OpenDatabase(path(u("year.mdb")), false, false, connectText(password));
-        EXPECT_EQ(rowsOf(copy, u("Pupils")), rowsOf(source, u("Pupils")));
+            engine.OpenDatabase(path(u"year.mdb"_s), false, false, connectText(password));
+        EXPECT_EQ(rowsOf(copy, u"Pupils"_s), rowsOf(source, u"Pupils"_s));
         EXPECT_EQ(errorOf([&] {
-                      engine.CompactDatabase(path(u("year.mdb")), path(u("copy.mdb")), {}, 0,
+                      engine.CompactDatabase(path(u"year.mdb"_s), path(u"copy.mdb"_s), {}, 0,
                                              connectText(password));
                   }),
                   dao::FileExists);
         copy.Close();
         source.Close();
-        QFile::remove(path(u("copy.mdb")));
-        QFile::remove(path(u("year.mdb")));
+        QFile::remove(path(u"copy.mdb"_s));
+        QFile::remove(path(u"year.mdb"_s));
     }
-    EXPECT_EQ(errorOf([&] { engine.CompactDatabase(path(u("missing.mdb")), path(u("copy.mdb"))); }),
+    EXPECT_EQ(errorOf([&] { engine.CompactDatabase(path(u"missing.mdb"_s), path(u"copy.mdb"_s)); }),
               dao::NoSuchFile);
 }
 
 TEST_F(OpenTest, RepairKeepsWhatCanBeRead) {
-    makeFile(u("year.mdb"));
-    const QByteArray whole = readFile(path(u("year.mdb")));
-    engine.RepairDatabase(path(u("year.mdb")));
-    EXPECT_EQ(readFile(path(u("year.mdb"))), whole) << "a whole file stays as it is";
+    makeFile(u"year.mdb"_s);
+    const QByteArray whole = readFile(path(u"year.mdb"_s));
+    engine.RepairDatabase(path(u"year.mdb"_s));
+    EXPECT_EQ(readFile(path(u"year.mdb"_s)), whole) << "a whole file stays as it is";
     QByteArray damaged = whole;
     damaged.replace(damaged.size() / 8192 * 4096, 4096, QByteArray(4096, '\x55'));
-    writeFile(path(u("year.mdb")), damaged);
-    ASSERT_EQ(openError(u("year.mdb")), dao::DamagedDatabase);
-    engine.RepairDatabase(path(u("year.mdb")));
-    dao::Database database = engine.OpenDatabase(path(u("year.mdb")));
-    EXPECT_GT(rowsOf(database, u("Pupils")).size(), 150);
-    EXPECT_EQ(errorOf([&] { engine.RepairDatabase(path(u("missing.mdb"))); }), dao::NoSuchFile);
+    writeFile(path(u"year.mdb"_s), damaged);
+    ASSERT_EQ(openError(u"year.mdb"_s), dao::DamagedDatabase);
+    engine.RepairDatabase(path(u"year.mdb"_s));
+    dao::Database database = engine.OpenDatabase(path(u"year.mdb"_s));
+    EXPECT_GT(rowsOf(database, u"Pupils"_s).size(), 150);
+    EXPECT_EQ(errorOf([&] { engine.RepairDatabase(path(u"missing.mdb"_s)); }), dao::NoSuchFile);
 }
 
 TEST_F(OpenTest, ForeignRulesOfAFileDoNotRun) {
-    pupilsFile(u("year.mdb")).Close();
+    pupilsFile(u"year.mdb"_s).Close();
     sqlite3* raw = nullptr;
-    ASSERT_EQ(sqlite3_open(qPrintable(path(u("year.mdb"))), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_open(qPrintable(path(u"year.mdb"_s)), &raw), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(raw,
                            "CREATE TRIGGER t AFTER INSERT ON Pupils BEGIN DELETE FROM Pupils; END",
                            nullptr, nullptr, nullptr),
               SQLITE_OK);
     sqlite3_close(raw);
-    dao::Database database = engine.OpenDatabase(path(u("year.mdb")));
-    addRecord(database, u("Pupils"), {u("Adams")});
-    EXPECT_EQ(rowsOf(database, u("Pupils")).size(), 1);
+    dao::Database database = engine.OpenDatabase(path(u"year.mdb"_s));
+    addRecord(database, u"Pupils"_s, {u"Adams"_s});
+    EXPECT_EQ(rowsOf(database, u"Pupils"_s).size(), 1);
 }

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 using namespace dao;
 
 namespace {
@@ -28,7 +30,7 @@ TableStructure table(const QString& name) {
 
 /// Whatever the translation lets pass, SQLite must take.
 void requireAccepted(const BareSqlite& sqlite, const QString& statement) {
-    const QStringList answer = sqlite.run(QStringLiteral("EXPLAIN ") + statement);
+    const QStringList answer = sqlite.run(u"EXPLAIN "_s + statement);
     if (!answer.isEmpty() && answer.first().startsWith(u'!')) {
         qCritical() << answer.first() << statement;
         std::abort();
@@ -40,8 +42,8 @@ void requireAccepted(const BareSqlite& sqlite, const QString& statement) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const std::unique_ptr<BareSqlite> sqlite = [] {
         auto made = std::make_unique<BareSqlite>();
-        made->addTable(table(QStringLiteral("T")));
-        made->addTable(table(QStringLiteral("U")));
+        made->addTable(table(u"T"_s));
+        made->addTable(table(u"U"_s));
         return made;
     }();
     const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), qsizetype(size));

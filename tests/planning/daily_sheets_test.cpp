@@ -86,7 +86,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams(), yearOpening()};
     DailySheets sheets{session};
     PlainBound lesson;

@@ -38,7 +38,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams(), yearOpening()};
 };
 

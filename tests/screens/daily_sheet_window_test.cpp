@@ -94,7 +94,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     DailySheetWindow* sheet = nullptr;

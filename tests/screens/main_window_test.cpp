@@ -117,7 +117,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
@@ -126,33 +126,32 @@ protected:
 TEST_F(FrameTest, StartsWithoutAYear) {
     MainWindow frame(session, windowTable());
     start(frame);
-    EXPECT_EQ(frame.windowTitle(), QStringLiteral("Orvane: "));
+    EXPECT_EQ(frame.windowTitle(), u"Orvane: "_s);
     EXPECT_FALSE(session.CurrentDB.isOpen());
 }
 
 TEST_F(FrameTest, OpensTheDefaultYearAtItsFirstActivation) {
-    createYear(twoWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
-    settings.set(setting::DefaultDatabasePath, path(QStringLiteral("year.mdb")));
+    createYear(twoWeekAnswers(), path(u"year.mdb"_s), seams);
+    settings.set(setting::DefaultDatabasePath, path(u"year.mdb"_s));
     settings.set(setting::DontShowStartup, true);
     MainWindow frame(session, windowTable());
     EXPECT_FALSE(session.CurrentDB.isOpen());
     start(frame);
     EXPECT_TRUE(session.CurrentDB.isOpen());
-    EXPECT_TRUE(frame.windowTitle().endsWith(QStringLiteral("year.mdb")));
+    EXPECT_TRUE(frame.windowTitle().endsWith(u"year.mdb"_s));
     frame.close();
     EXPECT_FALSE(session.CurrentDB.isOpen());
     EXPECT_TRUE(settings.find(Setting<qint32>{setting::Options, u"WindowState"}));
 }
 
 TEST_F(FrameTest, TheMenuOpensAYear) {
-    createYear(oneWeekAnswers(), path(QStringLiteral("year.mdb")), seams);
+    createYear(oneWeekAnswers(), path(u"year.mdb"_s), seams);
     MainWindow frame(session, windowTable());
     start(frame);
-    seams.prompts.expect(PromptKind::File, QStringLiteral(" Select the database to open:"),
-                         path(QStringLiteral("year.mdb")));
+    seams.prompts.expect(PromptKind::File, u" Select the database to open:"_s, path(u"year.mdb"_s));
     action(frame, "mnufileItem(0)")->trigger();
     EXPECT_TRUE(session.CurrentDB.isOpen());
-    EXPECT_TRUE(frame.windowTitle().endsWith(QStringLiteral("year.mdb")));
+    EXPECT_TRUE(frame.windowTitle().endsWith(u"year.mdb"_s));
     action(frame, "mnufileItem(8)")->trigger();
     EXPECT_FALSE(frame.isVisible());
     EXPECT_FALSE(session.CurrentDB.isOpen());
@@ -161,7 +160,7 @@ TEST_F(FrameTest, TheMenuOpensAYear) {
 TEST_F(FrameTest, WithoutAnAddressTheUpgradeCommandSaysSo) {
     MainWindow frame(session, windowTable());
     start(frame);
-    seams.prompts.expect(PromptKind::Plain, QStringLiteral("Internet Upgrade"), AnswerOk);
+    seams.prompts.expect(PromptKind::Plain, u"Internet Upgrade"_s, AnswerOk);
     action(frame, "mnuHelpUpgrade")->trigger();
 }
 

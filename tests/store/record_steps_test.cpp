@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class RecordSteps : public testing::Test {
@@ -21,19 +23,19 @@ protected:
 TEST_F(RecordSteps, FindingKeepsOrLeavesThePlace) {
     dao::Recordset rows = termDates();
     rows.MoveNext();
-    EXPECT_FALSE(FindInRecordset(rows, QStringLiteral("Term = 9")));
+    EXPECT_FALSE(FindInRecordset(rows, u"Term = 9"_s));
     EXPECT_EQ(term(rows), 2);
-    EXPECT_TRUE(FindInRecordset(rows, QStringLiteral("Term = 1")));
+    EXPECT_TRUE(FindInRecordset(rows, u"Term = 1"_s));
     EXPECT_EQ(term(rows), 1);
-    EXPECT_FALSE(FindFirstInRecordset(rows, QStringLiteral("Term = 9")));
+    EXPECT_FALSE(FindFirstInRecordset(rows, u"Term = 9"_s));
     EXPECT_EQ(term(rows), 4);
-    EXPECT_TRUE(FindFirstInRecordset(rows, QStringLiteral("Term = 3")));
+    EXPECT_TRUE(FindFirstInRecordset(rows, u"Term = 3"_s));
     rows.MoveLast();
     rows.MoveNext(); // no place to come back to
-    EXPECT_FALSE(FindInRecordset(rows, QStringLiteral("Term = 9")));
+    EXPECT_FALSE(FindInRecordset(rows, u"Term = 9"_s));
     CreateRoomIDTable(m_database);
     dao::Recordset empty = m_database.OpenRecordset(RoomIDTable);
-    EXPECT_FALSE(FindInRecordset(empty, QStringLiteral("this is no condition")));
+    EXPECT_FALSE(FindInRecordset(empty, u"this is no condition"_s));
 }
 
 TEST_F(RecordSteps, StepsStopAtTheEnds) {
@@ -57,7 +59,7 @@ TEST_F(RecordSteps, DeleteAllRecordsTellsOfAnEmptyOne) {
     dao::Recordset rows = termDates();
     DeleteAllRecords(rows, m_prompts);
     EXPECT_EQ(termDates().RecordCount(), 0);
-    m_prompts.expect(PromptKind::Plain, QStringLiteral("Delete All Records error"), int(AnswerOk));
+    m_prompts.expect(PromptKind::Plain, u"Delete All Records error"_s, int(AnswerOk));
     dao::Recordset empty = termDates();
     DeleteAllRecords(empty, m_prompts);
     EXPECT_TRUE(m_prompts.last().text.startsWith(QLatin1String("Error : ")));

@@ -11,13 +11,15 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A field as `name:type:size`, with Z where it takes an empty text and R where it is required.
 QString written(const dao::Field& field) {
-    QString text = QStringLiteral("%1:%2").arg(field.Name).arg(static_cast<int>(field.Type));
+    QString text = u"%1:%2"_s.arg(field.Name).arg(static_cast<int>(field.Type));
     if (field.Type == dao::DataType::Text)
-        text += QStringLiteral(":%1").arg(field.Size);
+        text += u":%1"_s.arg(field.Size);
     if (field.AllowZeroLength)
         text += u'Z';
     if (field.Required)
@@ -74,20 +76,20 @@ TEST(Schema, FieldsOfTables) {
         EXPECT_EQ(written(schemaFields(each.table, each.shape)), QLatin1String(each.fields));
     const QList<dao::Field> calendar = schemaFields(Table::DateField);
     ASSERT_EQ(calendar.size(), 32);
-    EXPECT_EQ(written(calendar.first()), QStringLiteral("Month:10:4"));
-    EXPECT_EQ(written(calendar.last()), QStringLiteral("D31:12Z"));
-    EXPECT_EQ(written(schemaField(Table::Class, u"pid")), QStringLiteral("PID:10:50Z"));
+    EXPECT_EQ(written(calendar.first()), u"Month:10:4"_s);
+    EXPECT_EQ(written(calendar.last()), u"D31:12Z"_s);
+    EXPECT_EQ(written(schemaField(Table::Class, u"pid")), u"PID:10:50Z"_s);
 }
 
 TEST(Schema, EveryTableCanBeMadeAndReadBack) {
     const QTemporaryDir folder;
-    dao::Database database = dao::DBEngine().CreateDatabase(
-        folder.filePath(QStringLiteral("all.mdb")), dao::GeneralLocale.toString());
+    dao::Database database = dao::DBEngine().CreateDatabase(folder.filePath(u"all.mdb"_s),
+                                                            dao::GeneralLocale.toString());
     const YearShape shape{9, true};
     for (const TableSpec& spec : schemaTables()) {
         if (spec.made == Made::InAddressBook)
             continue;
-        const QString code = spec.made == Made::PerClass ? QStringLiteral("7[_^]Ä") : QString();
+        const QString code = spec.made == Made::PerClass ? u"7[_^]Ä"_s : QString();
         database.TableDefs().Append(schemaTableDef(spec.table, shape, code));
         const dao::TableDef made = database.TableDefs()[spec.name + code];
         QList<dao::Field> fields(made.Fields().begin(), made.Fields().end());
@@ -99,18 +101,16 @@ TEST(Schema, EveryTableCanBeMadeAndReadBack) {
         ASSERT_EQ(std::any_of(indexes.begin(), indexes.end(),
                               [](const dao::Index& index) {
                                   return index.Name == IdIndex && index.Primary && index.Unique &&
-                                         index.Fields == QStringList{QStringLiteral("ID")};
+                                         index.Fields == QStringList{u"ID"_s};
                               }),
                   keyed)
             << spec.name.toStdString();
     }
-    EXPECT_EQ(database.OpenRecordset(QStringLiteral("SELECT * FROM [Post-It] WHERE IDX = 1"))
-                  .RecordCount(),
-              0);
+    EXPECT_EQ(database.OpenRecordset(u"SELECT * FROM [Post-It] WHERE IDX = 1"_s).RecordCount(), 0);
 }
 
 TEST(Schema, PageIsUpToDate) {
-    QFile page(test::docsPage(QStringLiteral("file-format.md")));
+    QFile page(test::docsPage(u"file-format.md"_s));
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(page.readAll());
     const qsizetype begin = text.indexOf(SchemaSectionBegin) + SchemaSectionBegin.size();
@@ -144,11 +144,10 @@ TEST(TableNames, TakenApart) {
         const QString table = QString::fromLatin1(each.table);
         EXPECT_EQ(text(classOfClassTable(table)), QLatin1String(each.ofClass));
         EXPECT_EQ(text(classOfRegisterTable(table)), QLatin1String(each.ofRegister));
-        EXPECT_EQ(text(roomOfSeatingPlan(table, QStringLiteral("7A"))), QLatin1String(each.room));
+        EXPECT_EQ(text(roomOfSeatingPlan(table, u"7A"_s)), QLatin1String(each.room));
     }
-    EXPECT_EQ(seatingPlanTable(QStringLiteral("7A"), QStringLiteral("R12")),
-              QStringLiteral("sPlan_R12_7A"));
-    EXPECT_EQ(seatingPlanExtraTable(QStringLiteral("7A")), QStringLiteral("sPlanExtra_7A"));
+    EXPECT_EQ(seatingPlanTable(u"7A"_s, u"R12"_s), u"sPlan_R12_7A"_s);
+    EXPECT_EQ(seatingPlanExtraTable(u"7A"_s), u"sPlanExtra_7A"_s);
 }
 
 TEST(RegisterColumns, NamesGoThereAndBack) {

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class TableStructure : public testing::Test {
@@ -14,10 +16,10 @@ protected:
 };
 
 TEST_F(TableStructure, TablesMatchExactlyAndFieldsByAnyCase) {
-    EXPECT_TRUE(TableExists(m_database, QStringLiteral("TermDates")));
-    EXPECT_FALSE(TableExists(m_database, QStringLiteral("termdates")));
-    EXPECT_TRUE(FieldInRecordset(m_database.OpenRecordset(TermDatesTable), QStringLiteral("TERM")));
-    EXPECT_FALSE(FieldInTableDef(m_database.TableDefs()[TermDatesTable], QStringLiteral("Terms")));
+    EXPECT_TRUE(TableExists(m_database, u"TermDates"_s));
+    EXPECT_FALSE(TableExists(m_database, u"termdates"_s));
+    EXPECT_TRUE(FieldInRecordset(m_database.OpenRecordset(TermDatesTable), u"TERM"_s));
+    EXPECT_FALSE(FieldInTableDef(m_database.TableDefs()[TermDatesTable], u"Terms"_s));
 }
 
 TEST_F(TableStructure, AddFieldComesLastWithItsFlag) {

@@ -1,5 +1,7 @@
 #include "support/class_file.h"
 
+using namespace Qt::StringLiterals;
+
 void addPupils(const dao::Database& database, const QString& classCode, const QStringList& names) {
     dao::Transaction transaction(database);
     dao::Recordset pupils = database.OpenRecordset(classTable(classCode));
@@ -39,7 +41,7 @@ NewClass newClass(const dao::Database& database, const QString& code, const Clas
 }
 
 QString marksInFile(const dao::Database& database, const QString& classCode, int pupil) {
-    const QStringList values = rowsOf(database, QStringLiteral("SELECT * FROM %1 WHERE ID = %2")
+    const QStringList values = rowsOf(database, u"SELECT * FROM %1 WHERE ID = %2"_s
                                                     .arg(dao::writeName(registerTable(classCode)))
                                                     .arg(pupil))
                                    .first()
@@ -47,6 +49,6 @@ QString marksInFile(const dao::Database& database, const QString& classCode, int
                                    .mid(1);
     QString marks;
     for (const QString& value : values)
-        marks += value.isEmpty() || value == u"~" ? QStringLiteral(".") : value;
+        marks += value.isEmpty() || value == u"~" ? u"."_s : value;
     return marks;
 }

@@ -2,13 +2,15 @@
 
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 dao::Database EngineFiles::pupilsFile(const QString& name) {
     dao::Database database = engine.CreateDatabase(path(name), dao::GeneralLocale.toString());
-    appendTable(database, QStringLiteral("Pupils"),
+    appendTable(database, u"Pupils"_s,
                 {numberingField(),
-                 dao::TableDef::CreateField(QStringLiteral("Surname"), dao::DataType::Text, 20),
-                 dao::TableDef::CreateField(QStringLiteral("Mark"), dao::DataType::Integer),
-                 emptyableField(QStringLiteral("Notes"), dao::DataType::Memo)});
+                 dao::TableDef::CreateField(u"Surname"_s, dao::DataType::Text, 20),
+                 dao::TableDef::CreateField(u"Mark"_s, dao::DataType::Integer),
+                 emptyableField(u"Notes"_s, dao::DataType::Memo)});
     return database;
 }
 
@@ -48,7 +50,7 @@ QStringList rowsOf(const dao::Database& database, const QString& source) {
         QStringList row;
         for (int i = 0; i < records.FieldCount(); ++i) {
             const dao::Value value = records.Collect(i);
-            row += value.isNull() ? QStringLiteral("~") : value.toText();
+            row += value.isNull() ? u"~"_s : value.toText();
         }
         rows += row.join(u'|');
     }

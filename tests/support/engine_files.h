@@ -11,6 +11,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 /// A folder for the files of one test, which goes with it, and an engine of its own.
 class EngineFiles : public testing::Test {
 protected:
@@ -18,7 +20,7 @@ protected:
 
     /// A new file with the table `Pupils`: ID (numbers itself), Surname(20), Mark (Integer),
     /// Notes (Memo).
-    dao::Database pupilsFile(const QString& name = QStringLiteral("pupils.mdb"));
+    dao::Database pupilsFile(const QString& name = u"pupils.mdb"_s);
 
     dao::DBEngine engine;
 
@@ -31,7 +33,7 @@ void appendTable(const dao::Database& database, const QString& name,
                  const QList<dao::Field>& fields);
 
 /// A field that numbers the records by itself.
-dao::Field numberingField(const QString& name = QStringLiteral("ID"));
+dao::Field numberingField(const QString& name = u"ID"_s);
 
 /// A text or memo field that allows the empty text.
 dao::Field emptyableField(const QString& name, dao::DataType type, int size = 0);

@@ -17,7 +17,7 @@ QString docsPage(const QString& name) {
 }
 
 QString tool(const QString& name) {
-    return built(QStringLiteral("tools/") + name);
+    return built(u"tools/"_s + name);
 }
 
 QString helpPages() {

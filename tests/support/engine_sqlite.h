@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A bare SQLite database in memory with what translated Jet SQL calls for, to see what a
 /// translation answers and whether SQLite takes it at all.
 class BareSqlite {
@@ -37,12 +39,10 @@ public:
         QStringList columns;
         for (const dao::Field& field : table.fields)
             columns.append(dao::quoteName(field.Name) + u' ' +
-                           (dao::isTextual(field.Type) ? QStringLiteral("VARCHAR")
-                                                       : QStringLiteral("DOUBLE")));
-        run(QStringLiteral("CREATE TABLE %1 (%2)")
-                .arg(dao::quoteName(table.name), columns.join(u',')));
+                           (dao::isTextual(field.Type) ? u"VARCHAR"_s : u"DOUBLE"_s));
+        run(u"CREATE TABLE %1 (%2)"_s.arg(dao::quoteName(table.name), columns.join(u',')));
         for (const QString& row : rows)
-            run(QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(dao::quoteName(table.name), row));
+            run(u"INSERT INTO %1 VALUES (%2)"_s.arg(dao::quoteName(table.name), row));
         m_tables.append(std::make_shared<const dao::TableStructure>(table));
     }
 
@@ -60,11 +60,11 @@ public:
         QStringList columns;
         for (const dao::sql::Column& column : query.columns)
             columns.append(column.sql);
-        QString text = QStringLiteral("SELECT %1 FROM %2").arg(columns.join(u','), query.from);
+        QString text = u"SELECT %1 FROM %2"_s.arg(columns.join(u','), query.from);
         if (!query.where.isEmpty())
-            text += QStringLiteral(" WHERE ") + query.where;
+            text += u" WHERE "_s + query.where;
         if (!query.orderBy.isEmpty())
-            text += QStringLiteral(" ORDER BY ") + query.orderBy;
+            text += u" ORDER BY "_s + query.orderBy;
         return text;
     }
 
@@ -96,7 +96,7 @@ private:
     static QString valueText(sqlite3_value* value) {
         switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
-            return QStringLiteral("~");
+            return u"~"_s;
         case SQLITE_FLOAT:
             return dao::numberText(sqlite3_value_double(value));
         default:

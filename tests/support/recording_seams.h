@@ -8,6 +8,8 @@
 
 #include <QList>
 
+using namespace Qt::StringLiterals;
+
 /// Keeps what a progress window would have shown.
 class RecordingProgress : public Progress {
 public:
@@ -49,7 +51,7 @@ public:
     QImage screen; ///< what it shows
     QImage CaptureScreen() override { return screen; }
     QByteArray FetchText(const QString& address) override {
-        runs.append({QStringLiteral("fetch"), address});
+        runs.append({u"fetch"_s, address});
         return fetched;
     }
 };

@@ -19,12 +19,14 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 /// The frame without a year, and in it the start-up wizard as a person with a keyboard drives it.
 class WizardTest : public testing::Test {
 protected:
     WizardTest() {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-        session.Start(path(QStringLiteral("app")));
+        session.Start(path(u"app"_s));
     }
     ~WizardTest() override { QLocale::setDefault(QLocale::c()); }
 
@@ -62,7 +64,7 @@ protected:
     /// The number of the frame of the set-up that is shown; -1 on the first page.
     int shownFrame() {
         for (int number = 0; number < 7; ++number) {
-            if (on<QWidget>(qPrintable(QStringLiteral("f1(%1)").arg(number))).isVisible())
+            if (on<QWidget>(qPrintable(u"f1(%1)"_s.arg(number))).isVisible())
                 return number;
         }
         return -1;
@@ -93,7 +95,7 @@ protected:
     }
 
     void answerTeacher(const YearAnswers& answers) {
-        tabTo(QStringLiteral("Combo1"));
+        tabTo(u"Combo1"_s);
         key(Qt::Key_A, Qt::ControlModifier);
         type(answers.title);
         key(Qt::Key_Tab);
@@ -116,12 +118,10 @@ protected:
         key(Qt::Key_Return);
     }
     void answerWeek(const YearAnswers& answers, QChar letter) {
-        const QString lists[] = {QStringLiteral("lbMon"), QStringLiteral("lbTue"),
-                                 QStringLiteral("lbWed"), QStringLiteral("lbThu"),
-                                 QStringLiteral("lbFri")};
-        const QString suffix = letter == u'B' ? QStringLiteral("B") : QString();
+        const QString lists[] = {u"lbMon"_s, u"lbTue"_s, u"lbWed"_s, u"lbThu"_s, u"lbFri"_s};
+        const QString suffix = letter == u'B' ? u"B"_s : QString();
         for (const QString& code : answers.classes) {
-            tabTo(letter == u'B' ? QStringLiteral("Combo5") : QStringLiteral("Combo4"));
+            tabTo(letter == u'B' ? u"Combo5"_s : u"Combo4"_s);
             pick(code);
             for (int day = 0; day < 5; ++day) {
                 tabTo(lists[day] + suffix);
@@ -137,9 +137,9 @@ protected:
     }
     void answerTerms(const YearAnswers& answers) {
         for (const DatePeriod& term : answers.terms) {
-            type(term.first.toString(QStringLiteral("d/M/yyyy")));
+            type(term.first.toString(u"d/M/yyyy"_s));
             key(Qt::Key_Tab);
-            type(term.last.toString(QStringLiteral("d/M/yyyy")));
+            type(term.last.toString(u"d/M/yyyy"_s));
             key(Qt::Key_Return);
         }
         key(Qt::Key_Return);
@@ -162,7 +162,7 @@ protected:
     QTemporaryDir folder;
     TestSeams seams;
     dao::DBEngine engine;
-    Settings settings{folder.filePath(QStringLiteral("settings.ini"))};
+    Settings settings{folder.filePath(u"settings.ini"_s)};
     Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     QPointer<StartupWizard> wizard;

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 /// A main window that keeps what it was told, in order, and has every window.
 class ScriptedFrame : public MainFrame {
 public:
@@ -18,7 +20,7 @@ public:
     void open(ToolWindow window, const WindowSubject& asked = {}) override {
         subject = asked;
         if (window == ToolWindow::StartupWizard)
-            log += asked.index() == 0 ? QStringLiteral("wizard") : QStringLiteral("wizard setup");
+            log += asked.index() == 0 ? u"wizard"_s : u"wizard setup"_s;
         else
             windows += window;
     }
@@ -27,12 +29,10 @@ public:
         return true;
     }
     void SetCaption(const QString& text) override { caption = text; }
-    void EnableInput(bool enable) override {
-        log += enable ? QStringLiteral("enable") : QStringLiteral("disable");
-    }
+    void EnableInput(bool enable) override { log += enable ? u"enable"_s : u"disable"_s; }
     bool MayLeave() override { return mayLeave; }
     void CloseOpenForms() override {
-        log += QStringLiteral("close forms");
+        log += u"close forms"_s;
         windows.clear();
     }
     void run(ToolWindow window, FrameCommand) override { open(window); }
@@ -43,10 +43,8 @@ public:
                 {setting::Open_Planning, ToolWindow::DailySheet}};
     }
     void DestroySplash() override {}
-    void Unload() override { log += QStringLiteral("unload"); }
+    void Unload() override { log += u"unload"_s; }
     void ToolbarAlign() override {}
     void ShadeMDI() override {}
-    void Help_Menu(HelpItem item) override {
-        log += QStringLiteral("help %1").arg(static_cast<int>(item));
-    }
+    void Help_Menu(HelpItem item) override { log += u"help %1"_s.arg(static_cast<int>(item)); }
 };

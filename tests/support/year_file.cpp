@@ -1,19 +1,21 @@
 #include "support/year_file.h"
 
+using namespace Qt::StringLiterals;
+
 YearAnswers twoWeekAnswers() {
     YearAnswers answers;
-    answers.title = QStringLiteral("Mrs");
-    answers.name = QStringLiteral("A Morrow");
-    answers.year = QStringLiteral("2024-2025");
+    answers.title = u"Mrs"_s;
+    answers.name = u"A Morrow"_s;
+    answers.year = u"2024-2025"_s;
     answers.periodsPerDay = 5;
     answers.twoWeeks = true;
-    answers.startWeek = QStringLiteral("B");
+    answers.startWeek = u"B"_s;
     answers.terms = {{QDate(2024, 9, 4), QDate(2024, 9, 13)},
                      {QDate(2024, 9, 23), QDate(2024, 9, 27)}};
-    answers.classes = {QStringLiteral("7A"), QStringLiteral("8X"), QStringLiteral("9C")};
-    answers.colours = {{QStringLiteral("7A"), 16744448}};
-    const QString a = QStringLiteral("7A");
-    const QString c = QStringLiteral("9C");
+    answers.classes = {u"7A"_s, u"8X"_s, u"9C"_s};
+    answers.colours = {{u"7A"_s, 16744448}};
+    const QString a = u"7A"_s;
+    const QString c = u"9C"_s;
     answers.weekA[0] = {a, {}, a};
     answers.weekA[4] = {{}, a};
     answers.weekB[0] = {c, c};

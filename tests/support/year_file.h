@@ -5,6 +5,8 @@
 
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 /// Short answers that pass the checks: two timetables from week B on, 4 to 13 and 23 to 27
 /// September 2024, five periods. 7A is taught in both weeks, 9C in week B alone (Monday 1 and 2),
 /// 8X never.
@@ -18,7 +20,7 @@ public:
     explicit YearFile(const YearAnswers& answers);
 
     const YearAnswers& answers() const { return m_answers; }
-    QString path() const { return m_folder.filePath(QStringLiteral("year.mdb")); }
+    QString path() const { return m_folder.filePath(u"year.mdb"_s); }
     /// Opens it, for as long as the object lives.
     dao::Database open();
     TestSeams& seams() { return m_seams; }

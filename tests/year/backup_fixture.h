@@ -14,6 +14,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 /// A year with pupils in a folder of its own, an empty backup folder, and what backups work with.
 class BackupFiles : public EngineFiles {
 protected:
@@ -22,9 +24,9 @@ protected:
     void SetUp() override {
         for (const char* folder : {"year", "backups", "app", "open"})
             QDir().mkpath(path(QLatin1StringView(folder)));
-        backups = path(QStringLiteral("backups/"));
-        database = path(QStringLiteral("year/Year.mdb"));
-        makeYear(QStringLiteral("year/Year.mdb"));
+        backups = path(u"backups/"_s);
+        database = path(u"year/Year.mdb"_s);
+        makeYear(u"year/Year.mdb"_s);
     }
 
     /// A file of pupils with room in it that compaction gives back.
@@ -32,12 +34,11 @@ protected:
         dao::Database year = pupilsFile(name);
         dao::Transaction filling(year);
         for (int i = 0; i < Pupils; ++i)
-            addRecord(year, QStringLiteral("Pupils"),
-                      {QStringLiteral("Adams"), i, QString(3000, u'n')});
-        dao::Recordset all = year.OpenRecordset(QStringLiteral("Pupils"));
+            addRecord(year, u"Pupils"_s, {u"Adams"_s, i, QString(3000, u'n')});
+        dao::Recordset all = year.OpenRecordset(u"Pupils"_s);
         for (; !all.EOF_(); all.MoveNext()) {
             all.Edit();
-            all[u"Notes"] = QStringLiteral("short");
+            all[u"Notes"] = u"short"_s;
             all.Update();
         }
         filling.commit();
@@ -52,19 +53,19 @@ protected:
 
     BackupContext context() {
         FolderDefaults folders;
-        folders[OpenFolder].folder = path(QStringLiteral("open/"));
+        folders[OpenFolder].folder = path(u"open/"_s);
         folders[BackupFolder].folder = backups;
-        return {engine, test.seams(), settings, path(QStringLiteral("app/")), folders};
+        return {engine, test.seams(), settings, path(u"app/"_s), folders};
     }
 
     /// How many pupils a file has, if it opens.
     int pupilsIn(const QString& file, const QString& password = {}) const {
         const dao::Database year =
             engine.OpenDatabase(file, false, true, dao::connectText(password));
-        return static_cast<int>(rowsOf(year, QStringLiteral("Pupils")).size());
+        return static_cast<int>(rowsOf(year, u"Pupils"_s).size());
     }
 
-    QString backup(int number) const { return backups + QStringLiteral("Year.00%1").arg(number); }
+    QString backup(int number) const { return backups + u"Year.00%1"_s.arg(number); }
 
     static QByteArray bytesOf(const QString& file) {
         QFile opened(file);
@@ -106,5 +107,5 @@ protected:
     QString backups;  ///< with a separator at its end
     QString database; ///< year/Year.mdb
     TestSeams test;
-    Settings settings{path(QStringLiteral("settings.conf"))};
+    Settings settings{path(u"settings.conf"_s)};
 };

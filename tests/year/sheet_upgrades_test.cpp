@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString column(const dao::Database& database, const QString& field) {
@@ -21,8 +23,8 @@ QString column(const dao::Database& database, const QString& field) {
 class OlderFile {
 public:
     OlderFile() : m_file(twoWeekAnswers()), m_database(m_file.open()) {
-        m_weeks = column(m_database, QStringLiteral("Week"));
-        m_letters = column(m_database, QStringLiteral("ABWeek"));
+        m_weeks = column(m_database, u"Week"_s);
+        m_letters = column(m_database, u"ABWeek"_s);
         fields().Delete(u"ABWeek");
         fields().Delete(u"Week");
     }
@@ -41,17 +43,17 @@ private:
 TEST(Upgrades, WeeksAndLettersComeBackAsCreationGaveThem) {
     OlderFile file;
     AddWeekField(file.database());
-    AddABWeekField(file.database(), 1, QStringLiteral("B"));
-    EXPECT_EQ(column(file.database(), QStringLiteral("Week")), file.weeks());
-    EXPECT_EQ(column(file.database(), QStringLiteral("ABWeek")), file.letters());
-    EXPECT_EQ(file.fields()[2].Name, QStringLiteral("Week"));
+    AddABWeekField(file.database(), 1, u"B"_s);
+    EXPECT_EQ(column(file.database(), u"Week"_s), file.weeks());
+    EXPECT_EQ(column(file.database(), u"ABWeek"_s), file.letters());
+    EXPECT_EQ(file.fields()[2].Name, u"Week"_s);
     EXPECT_EQ(file.fields()[2].Type, dao::DataType::Integer);
-    EXPECT_EQ(file.fields()[3].Name, QStringLiteral("ABWeek"));
+    EXPECT_EQ(file.fields()[3].Name, u"ABWeek"_s);
     EXPECT_EQ(file.fields()[3].Size, 1);
     // A second run finds the fields and does nothing, whatever it is told.
     AddWeekField(file.database());
-    AddABWeekField(file.database(), 1, QStringLiteral("A"));
-    EXPECT_EQ(column(file.database(), QStringLiteral("ABWeek")), file.letters());
+    AddABWeekField(file.database(), 1, u"A"_s);
+    EXPECT_EQ(column(file.database(), u"ABWeek"_s), file.letters());
 }
 
 TEST(Upgrades, LettersOnlyWithTwoTimetables) {
@@ -59,15 +61,15 @@ TEST(Upgrades, LettersOnlyWithTwoTimetables) {
     AddWeekField(file.database());
     AddABWeekField(file.database(), 0, QString());
     EXPECT_FALSE(file.fields().Contains(u"ABWeek"));
-    AddABWeekField(file.database(), 1, QStringLiteral("x")); // all but "B" counts as "A"
-    EXPECT_TRUE(column(file.database(), QStringLiteral("ABWeek")).startsWith(u'A'));
+    AddABWeekField(file.database(), 1, u"x"_s); // all but "B" counts as "A"
+    EXPECT_TRUE(column(file.database(), u"ABWeek"_s).startsWith(u'A'));
 }
 
 TEST(Upgrades, ASheetWithoutADateLeavesTheFileAsItWas) {
     OlderFile file;
     dao::Recordset sheets = file.database().OpenRecordset(PlanningTable);
     sheets.Edit();
-    sheets.SetCollect(u"PlanDate", QStringLiteral("nodate"));
+    sheets.SetCollect(u"PlanDate", u"nodate"_s);
     sheets.Update();
     sheets.Close();
     EXPECT_THROW(AddWeekField(file.database()), dao::EngineError);

@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* const good = R"({
@@ -35,18 +37,17 @@ TEST(YearAnswers, ReadsAGoodFile) {
     const ReadAnswers read = readYearAnswers(good, QLocale::c());
     ASSERT_FALSE(read.fault) << read.fault->field.toStdString() << read.fault->text.toStdString();
     const YearAnswers& answers = read.answers;
-    EXPECT_EQ(teacherText(answers), QStringLiteral("Mrs A Morrow"));
-    EXPECT_EQ(answers.classes,
-              QStringList({QStringLiteral("7A"), QStringLiteral("9C"), QStringLiteral("É_]^")}));
-    EXPECT_EQ(answers.colours.value(QStringLiteral("9C")), qint32(0x80000005));
+    EXPECT_EQ(teacherText(answers), u"Mrs A Morrow"_s);
+    EXPECT_EQ(answers.classes, QStringList({u"7A"_s, u"9C"_s, u"É_]^"_s}));
+    EXPECT_EQ(answers.colours.value(u"9C"_s), qint32(0x80000005));
     EXPECT_EQ(answers.terms.last(), (DatePeriod{QDate(2024, 11, 4), QDate(2024, 12, 20)}));
-    EXPECT_EQ(classAt(answers.weekA, 0, 3), QStringLiteral("9C"));
+    EXPECT_EQ(classAt(answers.weekA, 0, 3), u"9C"_s);
     EXPECT_TRUE(classAt(answers.weekA, 1, 5).isEmpty());
-    EXPECT_EQ(classAt(answers.weekB, 4, 1), QStringLiteral("É_]^"));
+    EXPECT_EQ(classAt(answers.weekB, 4, 1), u"É_]^"_s);
 }
 
 TEST(YearAnswers, SampleHolds) {
-    QFile file(test::sample(QStringLiteral("year.json")));
+    QFile file(test::sample(u"year.json"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
     ASSERT_FALSE(read.fault) << read.fault->field.toStdString() << read.fault->text.toStdString();
@@ -122,7 +123,7 @@ TEST(YearAnswers, RefusesWithTheFieldAndAReason) {
     }
     for (const QByteArray& text : {QByteArray(), QByteArray("{"), QByteArray("[]"),
                                    QByteArray("\xff\xfe{}"), QByteArray(100000, '[')})
-        EXPECT_EQ(readYearAnswers(text, QLocale::c()).fault->field, QStringLiteral("file"));
+        EXPECT_EQ(readYearAnswers(text, QLocale::c()).fault->field, u"file"_s);
 }
 
 TEST(YearAnswers, TermsAtTheEdge) {
@@ -133,8 +134,7 @@ TEST(YearAnswers, TermsAtTheEdge) {
         "[[\"2024-09-04\",\"2024-09-10\"],[\"2024-09-10\",\"2024-09-10\"]]",
     };
     for (const char* terms : accepted)
-        EXPECT_FALSE(readYearAnswers(changed(QStringLiteral("terms"), terms), QLocale::c()).fault)
-            << terms;
+        EXPECT_FALSE(readYearAnswers(changed(u"terms"_s, terms), QLocale::c()).fault) << terms;
 }
 
 TEST(YearAnswers, CharactersOfClassCodes) {
@@ -149,10 +149,9 @@ TEST(YearAnswers, CharactersOfClassCodes) {
     EXPECT_TRUE(isClassCodeCharacter(U'É') && isClassCodeCharacter(U'Ж'));
     EXPECT_FALSE(isClassCodeCharacter(0x85) || isClassCodeCharacter(0xA0) ||
                  isClassCodeCharacter(0xD800));
-    QStringList codes{QStringLiteral("a"), QStringLiteral("B"), QStringLiteral("[1"),
-                      QStringLiteral("10"), QStringLiteral("9")};
+    QStringList codes{u"a"_s, u"B"_s, u"[1"_s, u"10"_s, u"9"_s};
     sortClasses(codes);
-    EXPECT_EQ(codes.join(u' '), QStringLiteral("10 9 B [1 a"));
+    EXPECT_EQ(codes.join(u' '), u"10 9 B [1 a"_s);
 }
 
 } // namespace

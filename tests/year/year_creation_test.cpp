@@ -20,6 +20,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The rows of a SELECT: a text a row, its values with a blank between, Null as "-".
@@ -30,7 +32,7 @@ QStringList rows(const dao::Database& database, const QString& source) {
         QStringList values;
         for (int column = 0; column < records.FieldCount(); ++column) {
             const dao::Value value = records.Collect(column);
-            values += value.isNull() ? QStringLiteral("-") : value.toText();
+            values += value.isNull() ? u"-"_s : value.toText();
         }
         result += values.join(u' ');
     }
@@ -64,39 +66,37 @@ TEST(Creation, AYearOfTwoTimetables) {
     EXPECT_EQ(database.TableDefs().names(),
               lines("Planning\nCalendar\nAdmin\nClasscodes\nExtraTTinfo\nExtraTTinfoB\nTermDates\n"
                     "Class_7A\nClass_8X\nClass_9C\nREG_7A\nMarks_7A\nMarks_8X\nREG_9C\nMarks_9C"));
-    EXPECT_EQ(rows(database, QStringLiteral("Admin")), lines("Mrs A Morrow 2024-2025 5 1 B 0 0 0"));
-    EXPECT_EQ(rows(database, QStringLiteral("Classcodes")),
-              lines("7A 13 - - - 2 7A 16744448 - - 5 - -\n"
-                    "8X - - - - - 8X 16777215 - - - - -\n"
-                    "9C - - - - - 9C 16777215 12 - - - -"));
-    EXPECT_EQ(rows(database, QStringLiteral("TermDates")),
+    EXPECT_EQ(rows(database, u"Admin"_s), lines("Mrs A Morrow 2024-2025 5 1 B 0 0 0"));
+    EXPECT_EQ(rows(database, u"Classcodes"_s), lines("7A 13 - - - 2 7A 16744448 - - 5 - -\n"
+                                                     "8X - - - - - 8X 16777215 - - - - -\n"
+                                                     "9C - - - - - 9C 16777215 12 - - - -"));
+    EXPECT_EQ(rows(database, u"TermDates"_s),
               lines("1 2024 9 4\n2 2024 9 13\n3 2024 9 23\n4 2024 9 27"));
-    EXPECT_EQ(rows(database, QStringLiteral("SELECT ID, PlanDate, Week, ABWeek, Class1, Class2, "
-                                            "Class3, Class5, Lesson1, Notes FROM Planning")),
+    EXPECT_EQ(rows(database, u"SELECT ID, PlanDate, Week, ABWeek, Class1, Class2, "
+                             "Class3, Class5, Lesson1, Notes FROM Planning"_s),
               lines("1 24-09-04 1 B    7A - -\n2 24-09-05 1 B     - -\n3 24-09-06 1 B     - -\n"
                     "4 24-09-09 2 A 7A  7A  - -\n5 24-09-10 2 A     - -\n6 24-09-11 2 A     - -\n"
                     "7 24-09-12 2 A     - -\n8 24-09-13 2 A  7A   - -\n"
                     "9 24-09-23 3 B 9C 9C   - -\n10 24-09-24 3 B     - -\n"
                     "11 24-09-25 3 B    7A - -\n12 24-09-26 3 B     - -\n"
                     "13 24-09-27 3 B     - -"));
-    const QStringList calendar = rows(database, QStringLiteral("SELECT Month, D1 FROM Calendar"));
+    const QStringList calendar = rows(database, u"SELECT Month, D1 FROM Calendar"_s);
     EXPECT_EQ(calendar.size(), 12);
-    EXPECT_EQ(calendar.first() + calendar.last(), QStringLiteral("Jan1 -Dec1 -"));
-    const QStringList freeSlots = rows(database, QStringLiteral("ExtraTTinfo"));
+    EXPECT_EQ(calendar.first() + calendar.last(), u"Jan1 -Dec1 -"_s);
+    const QStringList freeSlots = rows(database, u"ExtraTTinfo"_s);
     EXPECT_EQ(freeSlots.size(), 22);
-    EXPECT_EQ(freeSlots.first() + freeSlots.last(), QStringLiteral("2 1 - -5 5 - -"));
-    EXPECT_EQ(rows(database, QStringLiteral("ExtraTTinfoB")).size(), 22);
+    EXPECT_EQ(freeSlots.first() + freeSlots.last(), u"2 1 - -5 5 - -"_s);
+    EXPECT_EQ(rows(database, u"ExtraTTinfoB"_s).size(), 22);
 
-    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_7A")),
+    EXPECT_EQ(fieldNames(database, u"REG_7A"_s),
               lines("ID\n04/09/24 1\n09/09/24 2\n09/09/24 3\n13/09/24 4\n25/09/24 5"));
-    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_9C")), lines("ID\n23/09/24 1\n23/09/24 2"));
+    EXPECT_EQ(fieldNames(database, u"REG_9C"_s), lines("ID\n23/09/24 1\n23/09/24 2"));
     EXPECT_EQ(relationNames(database), lines("CMark_7A\nCMark_8X\nCMark_9C\nCReg_7A\nCReg_9C"));
     const dao::Relation relation = database.Relations().all().first();
     EXPECT_EQ(relation.Attributes, 0x1100);
-    EXPECT_EQ(relation.Fields.first().Name + relation.Fields.first().ForeignName,
-              QStringLiteral("IDID"));
+    EXPECT_EQ(relation.Fields.first().Name + relation.Fields.first().ForeignName, u"IDID"_s);
 
-    EXPECT_EQ(file.seams().progress.title, QStringLiteral("Creating Database:"));
+    EXPECT_EQ(file.seams().progress.title, u"Creating Database:"_s);
     EXPECT_FALSE(file.seams().progress.isOpen);
     QStringList progress;
     for (const RecordingProgress::Step& step : file.seams().progress.steps)
@@ -113,11 +113,11 @@ TEST(Creation, AYearOfTwoTimetables) {
 TEST(Creation, AYearOfOneTimetable) {
     YearFile file(oneWeekAnswers());
     const dao::Database database = file.open();
-    EXPECT_FALSE(TableExists(database, QStringLiteral("ExtraTTinfoB")));
-    EXPECT_FALSE(fieldNames(database, PlanningTable).contains(QStringLiteral("ABWeek")));
-    EXPECT_FALSE(fieldNames(database, AdminTable).contains(QStringLiteral("StartWeek")));
+    EXPECT_FALSE(TableExists(database, u"ExtraTTinfoB"_s));
+    EXPECT_FALSE(fieldNames(database, PlanningTable).contains(u"ABWeek"_s));
+    EXPECT_FALSE(fieldNames(database, AdminTable).contains(u"StartWeek"_s));
     EXPECT_EQ(fieldNames(database, ClasscodesTable).size(), 8);
-    EXPECT_EQ(fieldNames(database, QStringLiteral("REG_7A")),
+    EXPECT_EQ(fieldNames(database, u"REG_7A"_s),
               lines("ID\n06/09/24 1\n09/09/24 2\n09/09/24 3\n13/09/24 4\n23/09/24 5\n23/09/24 6\n"
                     "27/09/24 7"));
     EXPECT_EQ(relationNames(database), lines("CMark_7A\nCMark_8X\nCMark_9C\nCReg_7A"));
@@ -125,16 +125,15 @@ TEST(Creation, AYearOfOneTimetable) {
 
 TEST(Creation, OneLessonMakesNoRegister) {
     YearAnswers answers = oneWeekAnswers();
-    answers.weekA[2] = {QStringLiteral("9C")};
+    answers.weekA[2] = {u"9C"_s};
     answers.terms = {{QDate(2024, 9, 7), QDate(2024, 9, 13)}}; // from a Saturday
     YearFile file(answers);
     const dao::Database database = file.open();
-    EXPECT_FALSE(TableExists(database, QStringLiteral("REG_9C")));
-    EXPECT_TRUE(TableExists(database, QStringLiteral("Marks_9C")));
-    EXPECT_EQ(rows(database, QStringLiteral("SELECT PlanDate FROM Planning")).first(),
-              QStringLiteral("24-09-09"));
-    EXPECT_EQ(rows(database, QStringLiteral("SELECT Class1 FROM Planning WHERE PlanDate = "
-                                            "'24-09-11'")),
+    EXPECT_FALSE(TableExists(database, u"REG_9C"_s));
+    EXPECT_TRUE(TableExists(database, u"Marks_9C"_s));
+    EXPECT_EQ(rows(database, u"SELECT PlanDate FROM Planning"_s).first(), u"24-09-09"_s);
+    EXPECT_EQ(rows(database, u"SELECT Class1 FROM Planning WHERE PlanDate = "
+                             "'24-09-11'"_s),
               lines("9C"));
 }
 
@@ -143,35 +142,33 @@ TEST(Creation, RegistersEndAt250Lessons) {
         YearAnswers answers = oneWeekAnswers();
         answers.terms = {{QDate(2024, 9, 2), QDate(2024, 11, 8)}}; // 50 days from a Monday
         for (QStringList& day : answers.weekA)
-            day = QStringList(5, QStringLiteral("7A"));
+            day = QStringList(5, u"7A"_s);
         if (lessons > 250)
             answers.terms.append({QDate(2024, 11, 11), QDate(2024, 11, 11)});
         return answers;
     };
     YearFile exact(answersWithLessons(250)); // no box foreseen
-    EXPECT_EQ(fieldNames(exact.open(), QStringLiteral("REG_7A")).size(), 251);
+    EXPECT_EQ(fieldNames(exact.open(), u"REG_7A"_s).size(), 251);
 
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("long.mdb"));
+    const QString path = folder.filePath(u"long.mdb"_s);
     TestSeams seams;
-    seams.prompts.expect(PromptKind::Plain, QStringLiteral("Too many fields"), int(AnswerOk));
+    seams.prompts.expect(PromptKind::Plain, u"Too many fields"_s, int(AnswerOk));
     YearAnswers answers = answersWithLessons(255);
     createYear(answers, path, seams);
     EXPECT_EQ(seams.prompts.last().text,
-              QStringLiteral("The register for 7A may be limited since the number of registrations "
-                             "required (255) exceeds the number of Access Fields allowed per table "
-                             "(255). You may wish to remove this class and spit it into 2 seperate "
-                             "classes."));
-    const QStringList fields =
-        fieldNames(dao::DBEngine().OpenDatabase(path), QStringLiteral("REG_7A"));
+              u"The register for 7A may be limited since the number of registrations "
+              "required (255) exceeds the number of Access Fields allowed per table "
+              "(255). You may wish to remove this class and spit it into 2 seperate "
+              "classes."_s);
+    const QStringList fields = fieldNames(dao::DBEngine().OpenDatabase(path), u"REG_7A"_s);
     EXPECT_EQ(fields.size(), 251);
-    EXPECT_EQ(fields.last(), QStringLiteral("08/11/24 250"));
+    EXPECT_EQ(fields.last(), u"08/11/24 250"_s);
 }
 
 TEST(Creation, ClassCodesOfAllKindsWork) {
     YearAnswers answers = oneWeekAnswers();
-    answers.classes = {QStringLiteral("7A]"), QStringLiteral("ÉÄ"), QStringLiteral("[_^"),
-                       QStringLiteral("]]")};
+    answers.classes = {u"7A]"_s, u"ÉÄ"_s, u"[_^"_s, u"]]"_s};
     sortClasses(answers.classes);
     answers.colours.clear();
     answers.weekA = {};
@@ -182,7 +179,7 @@ TEST(Creation, ClassCodesOfAllKindsWork) {
         SCOPED_TRACE(code.toStdString());
         dao::Recordset pupils = database.OpenRecordset(classTable(code));
         pupils.AddNew();
-        pupils.SetCollect(u"Surname", QStringLiteral("Ames"));
+        pupils.SetCollect(u"Surname", u"Ames"_s);
         pupils.Update();
         dao::Recordset marks = database.OpenRecordset(marksTable(code));
         marks.AddNew();
@@ -190,9 +187,8 @@ TEST(Creation, ClassCodesOfAllKindsWork) {
         marks.Update();
         const QString own = dao::writeName(classTable(code));
         const QString other = dao::writeName(marksTable(code));
-        EXPECT_EQ(rows(database, QStringLiteral("SELECT Surname FROM %1 INNER JOIN %2 ON %1.ID = "
-                                                "%2.ID")
-                                     .arg(own, other)),
+        EXPECT_EQ(rows(database, u"SELECT Surname FROM %1 INNER JOIN %2 ON %1.ID = "
+                                 "%2.ID"_s.arg(own, other)),
                   lines("Ames"));
         pupils.MoveFirst();
         pupils.Delete();
@@ -209,8 +205,7 @@ TEST(Creation, TextsThatLookLikeNumbersStayTexts) {
     CreateClassTempTable(database);
     for (const QString& table : database.TableDefs().names()) {
         dao::Recordset records = database.OpenRecordset(table);
-        for (const QString& text : {QStringLiteral("007"), QStringLiteral("1e5"),
-                                    QStringLiteral("+3"), QStringLiteral("1.0")}) {
+        for (const QString& text : {u"007"_s, u"1e5"_s, u"+3"_s, u"1.0"_s}) {
             if (records.HasField(u"ID") && !table.startsWith(ClassPrefix) && table != PlanningTable)
                 continue; // these need a pupil of that number
             records.AddNew();
@@ -239,7 +234,7 @@ TEST(Creation, TextsThatLookLikeNumbersStayTexts) {
 
 TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    const QString path = folder.filePath(u"year.mdb"_s);
     const auto write = [](const QString& name, const QByteArray& bytes) {
         QFile file(name);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
@@ -261,13 +256,13 @@ TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
 
     // What killed runs left beside it goes, a journal that would spoil the new file as well.
     write(dao::unfinishedName(path), "half a file");
-    write(dao::unfinishedName(path) + QStringLiteral("-journal"), "its journal");
-    write(path + QStringLiteral("-journal"), "the old file's journal");
+    write(dao::unfinishedName(path) + u"-journal"_s, "its journal");
+    write(path + u"-journal"_s, "the old file's journal");
     EXPECT_EQ(failure(ExistingFile::Replace), 0);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));
 
     const QTemporaryDir other;
-    const QString link = other.filePath(QStringLiteral("link.mdb"));
+    const QString link = other.filePath(u"link.mdb"_s);
     ASSERT_TRUE(QFile::link(path, link));
     TestSeams seams;
     createYear(oneWeekAnswers(), link, seams, ExistingFile::Replace);
@@ -326,7 +321,7 @@ private:
 
 TEST(Creation, AKillLeavesNothingUnderTheName) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    const QString path = folder.filePath(u"year.mdb"_s);
     for (int step = 0; step < 50; step += 7) {
         KillingProgress progress(step);
         EXPECT_EQ(createInChild(path, &progress, [] {}), -1) << step;
@@ -339,7 +334,7 @@ TEST(Creation, AKillLeavesNothingUnderTheName) {
 
 TEST(Creation, AFullDiskLeavesNothingBehind) {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("year.mdb"));
+    const QString path = folder.filePath(u"year.mdb"_s);
     const QDir::Filters all = QDir::Files | QDir::Hidden;
     for (const rlim_t limit : {0, 1000, 5000, 20000, 50000}) {
         const int number = createUnderLimit(path, limit);
@@ -360,8 +355,7 @@ TEST(Creation, AFullDiskLeavesNothingBehind) {
 
 TEST(Creation, AMissingFolderIsAnError) {
     TestSeams seams;
-    EXPECT_THROW(createYear(twoWeekAnswers(), QStringLiteral("/nowhere/at/all.mdb"), seams),
-                 dao::EngineError);
+    EXPECT_THROW(createYear(twoWeekAnswers(), u"/nowhere/at/all.mdb"_s, seams), dao::EngineError);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ TimetableEditor::TimetableEditor(Prompts& prompts, QWidget* parent)
     m_room->setObjectName(u"tx2"_s);
     m_room->setToolTip(u"Enter a room discription for this period"_s);
     m_pickColour->setObjectName(u"cmdCol"_s);
-    m_pickColour->setToolTip(tr("Colour"));
+    m_pickColour->setToolTip(u"Colour"_s);
     m_pickColour->setFocusPolicy(Qt::StrongFocus);
     for (QLineEdit* box : {m_caption, m_room}) {
         box->setMaxLength(LongestCaption);
@@ -46,9 +46,9 @@ TimetableEditor::TimetableEditor(Prompts& prompts, QWidget* parent)
 }
 
 void TimetableEditor::open(const TimetableCell& cell, const QString& place, const QRect& over) {
-    m_caption->setAccessibleName(tr("Caption, %1").arg(place));
-    m_room->setAccessibleName(tr("Room, %1").arg(place));
-    m_pickColour->setAccessibleName(tr("Colour, %1").arg(place));
+    m_caption->setAccessibleName(u"Caption, %1"_s.arg(place));
+    m_room->setAccessibleName(u"Room, %1"_s.arg(place));
+    m_pickColour->setAccessibleName(u"Colour, %1"_s.arg(place));
     m_caption->setText(cell.caption);
     m_room->setText(cell.room);
     showColour(cell.colour);

@@ -50,7 +50,7 @@ TimetablePanel::TimetablePanel(const TimetableYear& year, const FontRecord& font
     , m_weeks(new QComboBox(this)) {
     setObjectName(u"Picture2"_s);
     m_weeks->setObjectName(u"cboWeek"_s);
-    m_weeks->setAccessibleName(tr("Week"));
+    m_weeks->setAccessibleName(u"Week"_s);
     m_weeks->addItems({u"Week A"_s, u"Week B"_s});
     m_weeks->setVisible(year.twoWeeks);
     m_corner = makeHeading(u"Label1"_s, u"Period"_s);

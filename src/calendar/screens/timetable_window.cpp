@@ -137,8 +137,8 @@ void TimetableWindow::makePopup() {
         connect(action, &QAction::triggered, this, act);
         return action;
     };
-    add(tr("Copy"), QKeySequence::Copy, &TimetableWindow::copy)->setObjectName(u"mnuCopy"_s);
-    m_paste = add(tr("Paste"), QKeySequence::Paste, &TimetableWindow::paste);
+    add(u"Copy"_s, QKeySequence::Copy, &TimetableWindow::copy)->setObjectName(u"mnuCopy"_s);
+    m_paste = add(u"Paste"_s, QKeySequence::Paste, &TimetableWindow::paste);
     m_paste->setObjectName(u"mnuPaste"_s);
     m_paste->setEnabled(false);
 }

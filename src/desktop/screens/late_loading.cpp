@@ -3,9 +3,10 @@
 #include <QCoreApplication>
 #include <QLibrary>
 
+using namespace Qt::StringLiterals;
+
 LateServices* lateServices() {
-    static QLibrary module(QCoreApplication::applicationDirPath() +
-                           QStringLiteral("/../lib/liborva_late"));
+    static QLibrary module(QCoreApplication::applicationDirPath() + u"/../lib/liborva_late"_s);
     const auto services =
         reinterpret_cast<decltype(&orvaLateServices)>(module.resolve("orvaLateServices"));
     return services ? services() : nullptr;

@@ -26,6 +26,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItself, QWidget* splash)
     : m_session(session)
     , m_windows(windows)
@@ -33,7 +35,7 @@ MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItsel
     , m_help(new HelpViewer(session, *this))
     , m_splash(splash)
     , m_startPending(startsByItself) {
-    setObjectName(QStringLiteral("mdiORVA"));
+    setObjectName(u"mdiORVA"_s);
     RemoveSystemMenuItems();
     DisableRestoreButton();
     setCentralWidget(m_client);
@@ -66,7 +68,7 @@ void MainWindow::DisableRestoreButton() {
 /// The title bar is the desktop's own, so the button stands at the end of the menu bar below it.
 void MainWindow::Reparent_HelpButton() {
     auto* bar = new QMenuBar;
-    bar->setObjectName(QStringLiteral("menuBar"));
+    bar->setObjectName(u"menuBar"_s);
     m_menus->addTo(*bar);
     auto* help = new ContextHelp;
     connect(help, &ContextHelp::helpWanted, this, &MainWindow::helpWanted);

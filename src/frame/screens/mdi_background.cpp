@@ -9,6 +9,8 @@
 #include <QLinearGradient>
 #include <QResizeEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPointF fadeEnd(QSizeF size, FadeDirection direction) {
@@ -26,8 +28,8 @@ QPointF fadeEnd(QSizeF size, FadeDirection direction) {
 
 MdiBackground::MdiBackground(Session& session, QWidget* parent)
     : QMdiArea(parent), m_session(session) {
-    setObjectName(QStringLiteral("MDIClient"));
-    setAccessibleName(tr("Tool windows"));
+    setObjectName(u"MDIClient"_s);
+    setAccessibleName(u"Tool windows"_s);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);

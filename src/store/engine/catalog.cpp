@@ -7,6 +7,8 @@
 #include <numeric>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -26,7 +28,7 @@ void renumber(TableStructure& table) {
 } // namespace
 
 void Catalog::refresh() {
-    const qint64 version = m_connection.firstInteger(QStringLiteral("PRAGMA schema_version"));
+    const qint64 version = m_connection.firstInteger(u"PRAGMA schema_version"_s);
     if (version == m_version)
         return;
     QHash<QString, std::shared_ptr<TableStructure>> known;
@@ -34,11 +36,10 @@ void Catalog::refresh() {
         known.insert(entry.statement, entry.structure);
     m_entries.clear();
     m_positions.clear();
-    Statement statement(
-        m_connection,
-        QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type = 'table' AND "
-                       "name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND sql LIKE 'CREATE TABLE%' "
-                       "ORDER BY rowid"));
+    Statement statement(m_connection,
+                        u"SELECT name, sql FROM sqlite_master WHERE type = 'table' AND "
+                        "name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND sql LIKE 'CREATE TABLE%' "
+                        "ORDER BY rowid"_s);
     while (statement.step()) {
         const QString sql = statement.text(1);
         m_positions.insert(folded(statement.text(0)), m_entries.size());
@@ -59,16 +60,14 @@ const TableStructure& Catalog::structureOf(Entry& entry) {
 }
 
 void Catalog::readIndexes(TableStructure& table) {
-    Statement list(m_connection,
-                   QStringLiteral("PRAGMA index_list(%1)").arg(quoteName(table.name)));
+    Statement list(m_connection, u"PRAGMA index_list(%1)"_s.arg(quoteName(table.name)));
     while (list.step()) {
         const QString stored = list.text(1);
         const QString prefix = table.name + u'.';
         if (!stored.startsWith(prefix))
             continue;
         Index index{stored.mid(prefix.size()), false, list.integer(2) != 0, {}};
-        Statement info(m_connection,
-                       QStringLiteral("PRAGMA index_info(%1)").arg(quoteName(stored)));
+        Statement info(m_connection, u"PRAGMA index_info(%1)"_s.arg(quoteName(stored)));
         while (info.step())
             index.Fields += info.text(2);
         table.indexes += index;
@@ -128,7 +127,7 @@ void Catalog::createIndexes(const TableStructure& table) {
 }
 
 void Catalog::dropTable(const QString& table) {
-    m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(table));
+    m_connection.execute(u"DROP TABLE "_s + quoteName(table));
     invalidate();
 }
 
@@ -143,8 +142,8 @@ void Catalog::addField(const QString& table, const Field& field) {
     const int last = static_cast<int>(old->fields.size());
     const int position = field.OrdinalPosition < 0 ? last : std::min(field.OrdinalPosition, last);
     if (position == last && !field.Required && !field.isAutoIncrement()) {
-        m_connection.execute(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2")
-                                 .arg(quoteName(old->name), fieldDefinition(field)));
+        m_connection.execute(
+            u"ALTER TABLE %1 ADD COLUMN %2"_s.arg(quoteName(old->name), fieldDefinition(field)));
         return invalidate();
     }
     TableStructure changed = *old;
@@ -257,19 +256,19 @@ void Catalog::rebuildAlone(const TableStructure& old, const TableStructure& tabl
                            const FieldOrigins& origins) {
     const qint64 lastNumber = lastNumberOf(old);
     if (isEmpty(old)) { // then nothing has to be carried over, and the name is free at once
-        m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
+        m_connection.execute(u"DROP TABLE "_s + quoteName(old.name));
         m_connection.execute(createStatement(table));
     } else {
         TableStructure rebuilt = table;
         rebuilt.name = rebuiltName.toString();
         m_connection.execute(createStatement(rebuilt));
         // What a file from elsewhere holds against its own rules stays as it is.
-        m_connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+        m_connection.execute(u"PRAGMA ignore_check_constraints = ON"_s);
         copyRecords(old, rebuilt, origins);
-        m_connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
-        m_connection.execute(QStringLiteral("DROP TABLE ") + quoteName(old.name));
-        m_connection.execute(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
-                                 .arg(quoteName(rebuiltName), quoteName(table.name)));
+        m_connection.execute(u"PRAGMA ignore_check_constraints = OFF"_s);
+        m_connection.execute(u"DROP TABLE "_s + quoteName(old.name));
+        m_connection.execute(
+            u"ALTER TABLE %1 RENAME TO %2"_s.arg(quoteName(rebuiltName), quoteName(table.name)));
     }
     setLastNumber(table, lastNumber);
     createIndexes(table);
@@ -277,7 +276,7 @@ void Catalog::rebuildAlone(const TableStructure& old, const TableStructure& tabl
 
 bool Catalog::isEmpty(const TableStructure& table) {
     return m_connection.firstInteger(
-               QStringLiteral("SELECT EXISTS (SELECT 1 FROM %1)").arg(quoteName(table.name))) == 0;
+               u"SELECT EXISTS (SELECT 1 FROM %1)"_s.arg(quoteName(table.name))) == 0;
 }
 
 void Catalog::copyRecords(const TableStructure& from, const TableStructure& to,
@@ -294,17 +293,15 @@ void Catalog::copyRecords(const TableStructure& from, const TableStructure& to,
         targets += quoteName(to.fields.at(i).Name);
         sources += quoteName(from.fields.at(origins.at(i)).Name);
     }
-    m_connection.execute(QStringLiteral("INSERT INTO %1 (%2) SELECT %3 FROM %4")
-                             .arg(quoteName(to.name), targets.join(QStringLiteral(", ")),
-                                  sources.join(QStringLiteral(", ")), quoteName(from.name)));
+    m_connection.execute(u"INSERT INTO %1 (%2) SELECT %3 FROM %4"_s.arg(
+        quoteName(to.name), targets.join(u", "_s), sources.join(u", "_s), quoteName(from.name)));
 }
 
 /// The last number that a table gave to a record; the numbers of deleted ones are not given again.
 qint64 Catalog::lastNumberOf(const TableStructure& table) {
     return numbersItself(table)
-               ? m_connection.firstInteger(
-                     QStringLiteral("SELECT seq FROM sqlite_sequence WHERE name = %1")
-                         .arg(writeText(table.name)))
+               ? m_connection.firstInteger(u"SELECT seq FROM sqlite_sequence WHERE name = %1"_s.arg(
+                     writeText(table.name)))
                : 0;
 }
 
@@ -312,10 +309,9 @@ void Catalog::setLastNumber(const TableStructure& table, qint64 number) {
     if (number == 0 || !numbersItself(table))
         return;
     const QString name = writeText(table.name);
-    m_connection.execute(QStringLiteral("DELETE FROM sqlite_sequence WHERE name = ") + name);
-    m_connection.execute(QStringLiteral("INSERT INTO sqlite_sequence (name, seq) VALUES (%1, %2)")
-                             .arg(name)
-                             .arg(number));
+    m_connection.execute(u"DELETE FROM sqlite_sequence WHERE name = "_s + name);
+    m_connection.execute(
+        u"INSERT INTO sqlite_sequence (name, seq) VALUES (%1, %2)"_s.arg(name).arg(number));
 }
 
 } // namespace dao

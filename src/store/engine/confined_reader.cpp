@@ -17,6 +17,8 @@
 #include <csignal>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 #if defined(__SANITIZE_ADDRESS__)
 #define ORVA_ADDRESS_SANITIZER 1
 #elif defined(__has_feature)
@@ -45,7 +47,7 @@ void limitMemory(qint64 most) {
 #ifdef ORVA_ADDRESS_SANITIZER
     Q_UNUSED(most) // its shadow alone takes more address space than any limit could name
 #else
-    QFile pages(QStringLiteral("/proc/self/statm"));
+    QFile pages(u"/proc/self/statm"_s);
     demand(pages.open(QIODevice::ReadOnly));
     const rlim_t mapped = pages.readAll().split(' ').first().toULongLong() *
                           static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
@@ -150,8 +152,7 @@ std::optional<QByteArray> readConfined(const ReadingBounds& bounds,
                                        const std::function<QByteArray()>& read) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file can't be read: the system refuses a pipe."));
+        throw EngineError(CannotOpenFile, u"The file can't be read: the system refuses a pipe."_s);
     const pid_t parent = getpid();
     const pid_t child = fork();
     if (child == 0)
@@ -167,7 +168,7 @@ std::optional<QByteArray> readConfined(const ReadingBounds& bounds,
     close(ends[0]);
     if (child < 0)
         throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file can't be read: the system refuses a process."));
+                          u"The file can't be read: the system refuses a process."_s);
     return answer;
 }
 

@@ -8,6 +8,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -39,15 +41,13 @@ int causeOf(sqlite3* database) {
 EngineError constraintError(int extended) {
     switch (extended) {
     case SQLITE_CONSTRAINT_FOREIGNKEY:
-        return {RelatedRecordRequired,
-                QStringLiteral("The record is related to one that is not there.")};
+        return {RelatedRecordRequired, u"The record is related to one that is not there."_s};
     case SQLITE_CONSTRAINT_NOTNULL:
-        return {FieldRequired, QStringLiteral("A required field has no value.")};
+        return {FieldRequired, u"A required field has no value."_s};
     case SQLITE_CONSTRAINT_CHECK:
-        return {TextTooLong, QStringLiteral("A value does not fit the rules of its field.")};
+        return {TextTooLong, u"A value does not fit the rules of its field."_s};
     default:
-        return {DuplicateKey,
-                QStringLiteral("The change would make a second record with the same key.")};
+        return {DuplicateKey, u"The change would make a second record with the same key."_s};
     }
 }
 
@@ -123,33 +123,33 @@ void configure(Connection& connection) {
 void raiseDatabaseError(sqlite3* database) {
     const int cause = causeOf(database);
     if (isFullDisk(database, cause))
-        throw EngineError(DiskFull, QStringLiteral("There is not enough space on the disk."));
+        throw EngineError(DiskFull, u"There is not enough space on the disk."_s);
     switch (cause & 0xff) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
         throw EngineError(DamagedDatabase,
-                          QStringLiteral("The file is damaged or in a format that is not known."));
+                          u"The file is damaged or in a format that is not known."_s);
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw EngineError(FileInUse, QStringLiteral("The file is in use by another program."));
+        throw EngineError(FileInUse, u"The file is in use by another program."_s);
     case SQLITE_READONLY:
-        throw EngineError(ReadOnlyDatabase, QStringLiteral("The database can only be read."));
+        throw EngineError(ReadOnlyDatabase, u"The database can only be read."_s);
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be opened."));
+        throw EngineError(CannotOpenFile, u"The file could not be opened."_s);
     case SQLITE_IOERR:
-        throw EngineError(DiskError, QStringLiteral("The disk or the network reported an error."));
+        throw EngineError(DiskError, u"The disk or the network reported an error."_s);
     case SQLITE_CONSTRAINT:
         throw constraintError(cause);
     case SQLITE_TOOBIG:
-        throw EngineError(TextTooLong, QStringLiteral("The value is too long."));
+        throw EngineError(TextTooLong, u"The value is too long."_s);
     case SQLITE_NOMEM:
         throw std::bad_alloc();
     default:
-        throw EngineError(SyntaxError, QStringLiteral("The statement could not be carried out: %1")
-                                           .arg(QString::fromUtf8(sqlite3_errmsg(database))));
+        throw EngineError(SyntaxError, u"The statement could not be carried out: %1"_s.arg(
+                                           QString::fromUtf8(sqlite3_errmsg(database))));
     }
 }
 
@@ -159,7 +159,7 @@ void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
 
 Statement::Statement(Connection& connection, const QString& sql) : m_database(connection.handle()) {
     if (!m_database)
-        throw EngineError(ObjectInvalid, QStringLiteral("The database is closed."));
+        throw EngineError(ObjectInvalid, u"The database is closed."_s);
     const QByteArray text = sql.toUtf8();
     sqlite3_stmt* statement = nullptr;
     const int result = sqlite3_prepare_v2(m_database, text.constData(),
@@ -272,10 +272,10 @@ Connection::Connection(const QString& path, Mode mode, const QString& password) 
     }
     registerFunctions(database);
     try {
-        firstInteger(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+        firstInteger(u"SELECT count(*) FROM sqlite_master"_s);
     } catch (const EngineError& error) {
         if (error.number() == DamagedDatabase && !password.isEmpty())
-            throw EngineError(WrongPassword, QStringLiteral("Not a valid password."));
+            throw EngineError(WrongPassword, u"Not a valid password."_s);
         throw;
     }
     configure(*this);
@@ -311,13 +311,12 @@ bool Connection::inTransaction() const {
 
 void Connection::checkTransaction() const {
     if (m_depth > 0 && !inTransaction())
-        throw EngineError(NoTransaction, QStringLiteral("The work was undone after an error."));
+        throw EngineError(NoTransaction, u"The work was undone after an error."_s);
 }
 
 void Connection::begin() {
     checkTransaction();
-    execute(m_depth == 0 ? QStringLiteral("BEGIN IMMEDIATE")
-                         : QStringLiteral("SAVEPOINT s%1").arg(m_depth));
+    execute(m_depth == 0 ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT s%1"_s.arg(m_depth));
     ++m_depth;
 }
 
@@ -325,8 +324,7 @@ void Connection::commit() {
     if (m_depth == 0)
         return;
     checkTransaction();
-    execute(m_depth == 1 ? QStringLiteral("COMMIT")
-                         : QStringLiteral("RELEASE s%1").arg(m_depth - 1));
+    execute(m_depth == 1 ? u"COMMIT"_s : u"RELEASE s%1"_s.arg(m_depth - 1));
     --m_depth;
 }
 
@@ -337,25 +335,24 @@ void Connection::rollback() {
     if (!inTransaction())
         return; // the library has undone everything; the outer transactions learn it at their end
     if (m_depth == 0) {
-        execute(QStringLiteral("ROLLBACK"));
+        execute(u"ROLLBACK"_s);
     } else {
-        execute(QStringLiteral("ROLLBACK TO s%1").arg(m_depth));
-        execute(QStringLiteral("RELEASE s%1").arg(m_depth));
+        execute(u"ROLLBACK TO s%1"_s.arg(m_depth));
+        execute(u"RELEASE s%1"_s.arg(m_depth));
     }
 }
 
 void Connection::attach(const QString& path, const QString& schema, const QString& password) {
-    Statement statement(*this,
-                        QStringLiteral("ATTACH DATABASE ?1 AS %1 KEY ?2").arg(quoteName(schema)));
+    Statement statement(*this, u"ATTACH DATABASE ?1 AS %1 KEY ?2"_s.arg(quoteName(schema)));
     statement.bind(1, path);
-    statement.bind(2, password.isNull() ? QStringLiteral("") : password);
+    statement.bind(2, password.isNull() ? u""_s : password);
     statement.step();
 }
 
 ReadScope::ReadScope(Connection& connection)
     : m_connection(connection), m_begun(!connection.inTransaction()) {
     if (m_begun)
-        m_connection.execute(QStringLiteral("BEGIN"));
+        m_connection.execute(u"BEGIN"_s);
 }
 
 ReadScope::~ReadScope() {
@@ -379,15 +376,15 @@ void Savepoint::commit() {
 }
 
 void Connection::checkStructure() {
-    execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
-    Statement statement(*this, QStringLiteral("PRAGMA quick_check(100)"));
+    execute(u"PRAGMA ignore_check_constraints = ON"_s);
+    Statement statement(*this, u"PRAGMA quick_check(100)"_s);
     while (statement.step()) {
         const QString finding = statement.text(0);
         const bool isContent = finding.startsWith(u"NULL value in");
         if (finding != u"ok" && !isContent)
-            throw EngineError(DamagedDatabase, QStringLiteral("The file is damaged."));
+            throw EngineError(DamagedDatabase, u"The file is damaged."_s);
     }
-    execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
+    execute(u"PRAGMA ignore_check_constraints = OFF"_s);
 }
 
 } // namespace dao

@@ -12,6 +12,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -23,14 +25,14 @@ class Attachment {
 public:
     Attachment(Connection& connection, const QString& path, const QString& password)
         : m_connection(connection) {
-        m_connection.attach(path, QStringLiteral("copy"), password);
+        m_connection.attach(path, u"copy"_s, password);
         // A copy that is not finished is thrown away: it is flushed once, when it is whole.
-        m_connection.execute(QStringLiteral("PRAGMA copy.synchronous = OFF"));
-        m_connection.execute(QStringLiteral("PRAGMA copy.journal_mode = OFF"));
+        m_connection.execute(u"PRAGMA copy.synchronous = OFF"_s);
+        m_connection.execute(u"PRAGMA copy.journal_mode = OFF"_s);
     }
     ~Attachment() {
         try {
-            m_connection.execute(QStringLiteral("DETACH DATABASE copy"));
+            m_connection.execute(u"DETACH DATABASE copy"_s);
         } catch (const std::exception&) {
             // It goes with the connection.
         }
@@ -46,22 +48,21 @@ private:
 template<typename Write>
 void writeInto(Connection& connection, const QString& path, const QString& password, Write write) {
     removeDatabaseFile(path);
-    connection.execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    connection.execute(u"PRAGMA foreign_keys = OFF"_s);
     try {
         if (!QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            throw EngineError(CannotOpenFile,
-                              QStringLiteral("The file could not be opened for writing."));
+            throw EngineError(CannotOpenFile, u"The file could not be opened for writing."_s);
         {
             const Attachment attachment(connection, path, password);
             write();
         }
         flushToDisk(path);
     } catch (...) {
-        connection.execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+        connection.execute(u"PRAGMA foreign_keys = ON"_s);
         removeDatabaseFile(path);
         throw;
     }
-    connection.execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+    connection.execute(u"PRAGMA foreign_keys = ON"_s);
 }
 
 /// Copies the records of a table up to the first that can't be read, from one end of it. A record
@@ -77,13 +78,12 @@ bool copyFromEnd(Connection& connection, const TableStructure& table, const char
                     [](const Field& field) { return field.isAutoIncrement(); });
     if (!numbersItself)
         fields += row;
-    const QString list = fields.join(QStringLiteral(", "));
+    const QString list = fields.join(u", "_s);
     try {
-        Statement rows(connection, QStringLiteral("SELECT %1 FROM main.%2 ORDER BY %1 %3")
-                                       .arg(row, name, QLatin1StringView(direction)));
-        Statement insert(connection, QStringLiteral("INSERT OR IGNORE INTO copy.%1 (%2) SELECT %2 "
-                                                    "FROM main.%1 WHERE %3 = ?")
-                                         .arg(name, list, row));
+        Statement rows(connection, u"SELECT %1 FROM main.%2 ORDER BY %1 %3"_s.arg(
+                                       row, name, QLatin1StringView(direction)));
+        Statement insert(connection, u"INSERT OR IGNORE INTO copy.%1 (%2) SELECT %2 "
+                                     "FROM main.%1 WHERE %3 = ?"_s.arg(name, list, row));
         while (rows.step()) {
             insert.bind(1, rows.integer(0));
             insert.step();
@@ -101,14 +101,12 @@ bool copyFromEnd(Connection& connection, const TableStructure& table, const char
 void salvageRest(Connection& connection, const TableStructure& table) {
     for (const Index& index : table.indexes) {
         if (!index.Primary)
-            connection.execute(createIndexStatement(table, index, QStringLiteral("copy.")));
+            connection.execute(createIndexStatement(table, index, u"copy."_s));
     }
     try {
         const QString name = writeText(table.name);
-        connection.execute(
-            QStringLiteral("UPDATE copy.sqlite_sequence SET seq = max(seq, (SELECT seq FROM "
-                           "main.sqlite_sequence WHERE name = %1)) WHERE name = %1")
-                .arg(name));
+        connection.execute(u"UPDATE copy.sqlite_sequence SET seq = max(seq, (SELECT seq FROM "
+                           "main.sqlite_sequence WHERE name = %1)) WHERE name = %1"_s.arg(name));
     } catch (const EngineError&) {
         // The file has no such table, or it is what is damaged.
     }
@@ -121,24 +119,24 @@ void salvage(Connection& connection) {
         const TableStructure table = *catalog.find(name);
         if (table.fields.isEmpty())
             continue;
-        const qsizetype verb = QStringLiteral("CREATE TABLE ").size();
-        connection.execute(QStringLiteral("CREATE TABLE copy.") + createStatement(table).mid(verb));
+        const qsizetype verb = u"CREATE TABLE "_s.size();
+        connection.execute(u"CREATE TABLE copy."_s + createStatement(table).mid(verb));
         if (!copyFromEnd(connection, table, "ASC"))
             copyFromEnd(connection, table, "DESC");
         salvageRest(connection, table);
         ++tables;
     }
     if (tables == 0)
-        throw EngineError(DamagedDatabase, QStringLiteral("No table of the file can be read."));
+        throw EngineError(DamagedDatabase, u"No table of the file can be read."_s);
 }
 
 } // namespace
 
 void writeCopy(Connection& connection, const QString& path, const QString& password) {
     writeInto(connection, path, password, [&connection] {
-        connection.firstText(QStringLiteral("SELECT sqlcipher_export('copy')"));
-        const qint64 mark = connection.firstInteger(QStringLiteral("PRAGMA main.application_id"));
-        connection.execute(QStringLiteral("PRAGMA copy.application_id = %1").arg(mark));
+        connection.firstText(u"SELECT sqlcipher_export('copy')"_s);
+        const qint64 mark = connection.firstInteger(u"PRAGMA main.application_id"_s);
+        connection.execute(u"PRAGMA copy.application_id = %1"_s.arg(mark));
     });
 }
 

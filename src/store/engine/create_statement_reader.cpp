@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -159,8 +161,7 @@ void readColumn(Tokens& tokens, TableStructure& table) {
             for (const Token& token : tokens.takeBracketed())
                 declaration += token.text;
         } else {
-            declaration +=
-                (declaration.isEmpty() ? QString() : QStringLiteral(" ")) + tokens.takeText();
+            declaration += (declaration.isEmpty() ? QString() : u" "_s) + tokens.takeText();
         }
     }
     readDeclaredType(declaration, field);

@@ -9,6 +9,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 
 Database::Database(std::shared_ptr<DatabaseCore> core) : m_core(std::move(core)) {}
@@ -19,7 +21,7 @@ bool Database::isOpen() const {
 
 std::shared_ptr<DatabaseCore> Database::checkedCore() const {
     if (!isOpen())
-        throw EngineError(ObjectInvalid, QStringLiteral("The database is closed."));
+        throw EngineError(ObjectInvalid, u"The database is closed."_s);
     return m_core;
 }
 
@@ -39,7 +41,7 @@ Recordset Database::OpenRecordset(const QString& source, RecordsetType type) con
     const auto core = checkedCore();
     const auto table = core->catalog.find(source);
     if (!table && !sql::looksLikeStatement(source))
-        throw EngineError(NoSuchTable, QStringLiteral("There is no table '%1'.").arg(source));
+        throw EngineError(NoSuchTable, u"There is no table '%1'."_s.arg(source));
     const auto findTable = [&core](QStringView name) { return core->catalog.find(name); };
     auto recordset = std::make_shared<RecordsetCore>(
         core, source, type,
@@ -72,11 +74,10 @@ void Database::NewPassword(const QString& oldPassword, const QString& newPasswor
     const auto core = checkedCore();
     core->checkWritable();
     if (oldPassword != core->password)
-        throw EngineError(WrongPassword, QStringLiteral("Not a valid password."));
+        throw EngineError(WrongPassword, u"Not a valid password."_s);
     if (!core->recordsets().isEmpty() || core->connection.inTransaction() ||
         core->file->handles > 1)
-        throw EngineError(InvalidOperation,
-                          QStringLiteral("The database is in use and can't be changed now."));
+        throw EngineError(InvalidOperation, u"The database is in use and can't be changed now."_s);
     const QString copy = unfinishedName(core->path);
     writeCopy(core->connection, copy, newPassword);
     // The copy is locked before it takes the file's name, so that no one slips in between.
@@ -99,7 +100,7 @@ void Database::NewPassword(const QString& oldPassword, const QString& newPasswor
 }
 
 void Database::FlushWhenReplaced() {
-    checkedCore()->connection.execute(QStringLiteral("PRAGMA synchronous = OFF"));
+    checkedCore()->connection.execute(u"PRAGMA synchronous = OFF"_s);
 }
 
 void Database::Close() {

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -42,22 +44,21 @@ void DatabaseCore::close() {
 std::shared_ptr<const TableStructure> DatabaseCore::table(QStringView name, int missing) {
     auto structure = catalog.find(name);
     if (!structure)
-        throw EngineError(missing, QStringLiteral("There is no table '%1'.").arg(name));
+        throw EngineError(missing, u"There is no table '%1'."_s.arg(name));
     return structure;
 }
 
 void DatabaseCore::checkUnused(QStringView table) {
     checkWritable();
     if (file->tablesInUse.value(folded(table)) > 0)
-        throw EngineError(
-            TableInUse,
-            QStringLiteral("The table '%1' is in use and can't be changed now.").arg(table));
+        throw EngineError(TableInUse,
+                          u"The table '%1' is in use and can't be changed now."_s.arg(table));
     m_prepared.clear();
 }
 
 void DatabaseCore::checkWritable() const {
     if (readOnly)
-        throw EngineError(ReadOnlyDatabase, QStringLiteral("The database can only be read."));
+        throw EngineError(ReadOnlyDatabase, u"The database can only be read."_s);
     connection.checkTransaction();
 }
 

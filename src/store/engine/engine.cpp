@@ -15,6 +15,8 @@
 #include <csignal>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -25,7 +27,7 @@ constexpr int applicationMark = 0x4F525641;
 
 /// The password of a connect text.
 QString passwordOf(const QString& connect) {
-    const QString key = QStringLiteral(";pwd=");
+    const QString key = u";pwd="_s;
     const qsizetype start = connect.indexOf(key, 0, Qt::CaseInsensitive);
     return start < 0 ? QString() : connect.mid(start + key.size());
 }
@@ -34,16 +36,15 @@ QString passwordOf(const QString& connect) {
 QString checkedPath(const QString& path) {
     const QFileInfo info(path);
     if (!info.exists())
-        throw EngineError(NoSuchFile, QStringLiteral("The file could not be found."));
+        throw EngineError(NoSuchFile, u"The file could not be found."_s);
     if (!info.isFile() || !info.isReadable())
-        throw EngineError(CannotOpenFile, QStringLiteral("The file could not be opened."));
+        throw EngineError(CannotOpenFile, u"The file could not be opened."_s);
     return behindLinks(info.absoluteFilePath());
 }
 
 void checkWritable(const QString& path) {
     if (!QFileInfo(path).isWritable())
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file could not be opened for writing."));
+        throw EngineError(CannotOpenFile, u"The file could not be opened for writing."_s);
 }
 
 /// What the start of a file tells of it.
@@ -59,22 +60,21 @@ FileKind kindOf(const QByteArray& start, qint64 size) {
 
 void openOwnFile(DatabaseCore& core, FileKind kind) {
     if (kind == FileKind::Foreign)
-        throw EngineError(DamagedDatabase,
-                          QStringLiteral("The file is not a database, or it is damaged."));
+        throw EngineError(DamagedDatabase, u"The file is not a database, or it is damaged."_s);
     if (kind == FileKind::Plain)
         core.password.clear();
     else if (core.password.isEmpty())
-        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+        throw EngineError(WrongPassword, u"A password is needed."_s);
     core.connection = Connection(core.path, Connection::Mode::Existing, core.password);
     core.connection.checkStructure();
     if (!core.readOnly)
-        core.connection.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
+        core.connection.execute(u"PRAGMA journal_mode = DELETE"_s);
 }
 
 void openJetFile(DatabaseCore& core, const QByteArray& start) {
     const QString password = jetPassword(start);
     if (password != core.password && !password.isEmpty())
-        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+        throw EngineError(WrongPassword, u"A password is needed."_s);
     core.password = password;
     core.connection = Connection({}, Connection::Mode::Memory, {});
     fillFromJet(core.connection, readJetFile(core.file->read(core.file->size())));
@@ -84,7 +84,7 @@ void openJetFile(DatabaseCore& core, const QByteArray& start) {
 } // namespace
 
 QString connectText(const QString& password) {
-    return password.isEmpty() ? QString() : QStringLiteral(";pwd=") + password;
+    return password.isEmpty() ? QString() : u";pwd="_s + password;
 }
 
 /// What the handles on one workspace share.
@@ -128,7 +128,7 @@ Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readO
     const QString absolute = checkedPath(path);
     auto file = OpenFile::acquire(absolute);
     if (exclusive && file->handles > 0)
-        throw EngineError(OpenedExclusively, QStringLiteral("The file is already open."));
+        throw EngineError(OpenedExclusively, u"The file is already open."_s);
     const QByteArray start = file->read(headerBytes);
     const FileKind kind = kindOf(start, file->size());
     if (!readOnly && kind != FileKind::Jet) // which is only read
@@ -149,16 +149,15 @@ Database Workspace::CreateDatabase(const QString& path, const QString& /*locale*
                                    int /*options*/) const {
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (QFileInfo::exists(absolute))
-        throw EngineError(FileExists, QStringLiteral("The file already exists."));
+        throw EngineError(FileExists, u"The file already exists."_s);
     if (!QFile(absolute).open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("The file \"%1\" could not be made.").arg(absolute));
+        throw EngineError(CannotOpenFile, u"The file \"%1\" could not be made."_s.arg(absolute));
     auto file = OpenFile::acquire(absolute);
     Connection connection(absolute, Connection::Mode::Existing, {});
     // A mark in the header makes the file one that can be recognised before it has a table.
-    connection.execute(QStringLiteral("PRAGMA synchronous = OFF")); // there is nothing to lose yet
-    connection.execute(QStringLiteral("PRAGMA application_id = %1").arg(applicationMark));
-    connection.execute(QStringLiteral("PRAGMA synchronous = FULL"));
+    connection.execute(u"PRAGMA synchronous = OFF"_s); // there is nothing to lose yet
+    connection.execute(u"PRAGMA application_id = %1"_s.arg(applicationMark));
+    connection.execute(u"PRAGMA synchronous = FULL"_s);
     auto core = std::make_shared<DatabaseCore>(absolute, QString(), false, std::move(file));
     core->connection = std::move(connection);
     m_core->add(core);
@@ -175,7 +174,7 @@ void Workspace::BeginTrans() const {
 
 void Workspace::CommitTrans() const {
     if (m_core->depth == 0)
-        throw EngineError(NoTransaction, QStringLiteral("No transaction was begun."));
+        throw EngineError(NoTransaction, u"No transaction was begun."_s);
     for (const auto& database : m_core->open())
         database->commit();
     --m_core->depth;
@@ -183,7 +182,7 @@ void Workspace::CommitTrans() const {
 
 void Workspace::Rollback() const {
     if (m_core->depth == 0)
-        throw EngineError(NoTransaction, QStringLiteral("No transaction was begun."));
+        throw EngineError(NoTransaction, u"No transaction was begun."_s);
     --m_core->depth;
     for (const auto& database : m_core->open())
         database->rollback();
@@ -199,16 +198,16 @@ void Workspace::Close() {
 DBEngine::DBEngine() {
     // A file that reaches a limit of its size is a failed write like any other, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
-    m_default = CreateWorkspace(QStringLiteral("#Default Workspace#"), {}, {});
+    m_default = CreateWorkspace(u"#Default Workspace#"_s, {}, {});
 }
 
 QString DBEngine::Version() const {
-    return QStringLiteral("3.6");
+    return u"3.6"_s;
 }
 
 Workspace DBEngine::Workspaces(int index) const {
     if (index != 0)
-        throw EngineError(NoSuchItem, QStringLiteral("There is no workspace %1.").arg(index));
+        throw EngineError(NoSuchItem, u"There is no workspace %1."_s.arg(index));
     return m_default;
 }
 
@@ -232,7 +231,7 @@ void DBEngine::CompactDatabase(const QString& source, const QString& destination
                                const QString& /*locale*/, int /*options*/,
                                const QString& sourceConnect) const {
     if (QFileInfo::exists(destination))
-        throw EngineError(FileExists, QStringLiteral("The file already exists."));
+        throw EngineError(FileExists, u"The file already exists."_s);
     Database database = m_default.OpenDatabase(source, false, true, sourceConnect);
     const QString copy = unfinishedName(destination);
     writeCopy(database.m_core->connection, copy, database.m_core->password);
@@ -250,10 +249,10 @@ void DBEngine::RepairDatabase(const QString& path, const QString& connect) const
     const auto file = OpenFile::acquire(absolute);
     const FileKind kind = kindOf(file->read(headerBytes), file->size());
     if (kind != FileKind::Plain && kind != FileKind::Protected)
-        throw EngineError(DamagedDatabase, QStringLiteral("Nothing of the file can be read."));
+        throw EngineError(DamagedDatabase, u"Nothing of the file can be read."_s);
     const QString password = kind == FileKind::Plain ? QString() : passwordOf(connect);
     if (kind == FileKind::Protected && password.isEmpty())
-        throw EngineError(WrongPassword, QStringLiteral("A password is needed."));
+        throw EngineError(WrongPassword, u"A password is needed."_s);
     Connection connection(absolute, Connection::Mode::Existing, password);
     try {
         return connection.checkStructure();

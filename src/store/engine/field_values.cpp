@@ -6,12 +6,14 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
 EngineError conversionError(const Field& field) {
     return {ConversionError,
-            QStringLiteral("The value can't be converted to the type of '%1'.").arg(field.Name)};
+            u"The value can't be converted to the type of '%1'."_s.arg(field.Name)};
 }
 
 /// The number that a value is; a text has to be one as a whole.
@@ -55,15 +57,14 @@ Value fittedText(const Field& field, const Value& value) {
     QString text = value.toText();
     if (field.Type == DataType::Text && text.size() > field.Size)
         throw EngineError(TextTooLong,
-                          QStringLiteral("The text is too long for the field '%1' (at most %2).")
-                              .arg(field.Name)
+                          u"The text is too long for the field '%1' (at most %2)."_s.arg(field.Name)
                               .arg(field.Size));
     const bool mayBeEmpty =
         field.AllowZeroLength || (field.Type != DataType::Text && field.Type != DataType::Memo);
     if (text.isEmpty() && !mayBeEmpty)
         throw EngineError(ZeroLengthNotAllowed,
-                          QStringLiteral("The field '%1' can't be an empty text.").arg(field.Name));
-    return Value(text.isNull() ? QStringLiteral("") : std::move(text));
+                          u"The field '%1' can't be an empty text."_s.arg(field.Name));
+    return Value(text.isNull() ? u""_s : std::move(text));
 }
 
 } // namespace

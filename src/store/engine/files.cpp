@@ -13,14 +13,16 @@
 #include <cstdio>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
 [[noreturn]] void raiseFileError(const QString& path, int cause) {
     throw EngineError(
         cause == ENOSPC || cause == EDQUOT ? DiskFull : DiskError,
-        QStringLiteral("The file \"%1\" can't be written: %2.")
-            .arg(QDir::toNativeSeparators(path), QString::fromLocal8Bit(std::strerror(cause))));
+        u"The file \"%1\" can't be written: %2."_s.arg(
+            QDir::toNativeSeparators(path), QString::fromLocal8Bit(std::strerror(cause))));
 }
 
 /// What a file system answers that has nothing to flush for this kind of file; many have no such
@@ -38,8 +40,7 @@ void removeSideFiles(const QString& path) {
 
 QString unfinishedName(const QString& path) {
     const QFileInfo info(path);
-    return info.absolutePath() + QStringLiteral("/.") + info.fileName() +
-           QStringLiteral(".unfinished");
+    return info.absolutePath() + u"/."_s + info.fileName() + u".unfinished"_s;
 }
 
 QString behindLinks(const QString& path) {

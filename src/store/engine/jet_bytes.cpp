@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -46,7 +48,7 @@ QString compressedText(JetBytes bytes) {
 } // namespace
 
 void raiseDamaged() {
-    throw EngineError(DamagedDatabase, QStringLiteral("The file is damaged or not whole."));
+    throw EngineError(DamagedDatabase, u"The file is damaged or not whole."_s);
 }
 
 QString jetText(JetBytes bytes, JetFormat format) {
@@ -70,7 +72,7 @@ QString jetDate(double days) {
     const qint64 seconds = std::llround(std::abs(days - day) * 86400);
     const QDateTime base(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC);
     const QDateTime date = base.addDays(static_cast<qint64>(day)).addSecs(seconds);
-    return date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return date.toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
 QString jetGuid(JetBytes bytes) {

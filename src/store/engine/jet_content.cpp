@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -56,9 +58,9 @@ void readPropertiesOf(JetBytes bytes, const QStringList& names, JetFormat format
             raiseDamaged();
         const QString name = names.value(bytes.number<quint16>(4));
         const bool isSet = length > head && bytes.number<quint8>(head) != 0;
-        if (name == QStringLiteral("AllowZeroLength"))
+        if (name == u"AllowZeroLength"_s)
             field.allowZeroLength = isSet;
-        else if (name == QStringLiteral("Required"))
+        else if (name == u"Required"_s)
             field.required = isSet;
         bytes = bytes.from(length);
     }
@@ -136,7 +138,7 @@ void restoreOrder(JetTable& table) {
     // A date's text begins with its year in two digits, of which those below 30 are the later.
     const auto sortText = [](const Value& value) {
         const QString text = value.toText();
-        return (text < QStringLiteral("30") ? u'1' : u'0') + text;
+        return (text < u"30"_s ? u'1' : u'0') + text;
     };
     const auto before = [&](const QList<Value>& a, const QList<Value>& b) {
         return a[column].isText() || b[column].isText()
@@ -198,7 +200,7 @@ JetContent readJetContent(const QByteArray& file) {
     // them lie in the same bytes many times.
     constexpr qint64 slack = 64 << 20;
     JetFile jet(file, 8 * file.size() + slack);
-    const SystemTable catalogue(jet.readTable(QStringLiteral("MSysObjects"), CataloguePage));
+    const SystemTable catalogue(jet.readTable(u"MSysObjects"_s, CataloguePage));
 
     JetContent content;
     std::optional<SystemTable> relations;
@@ -210,7 +212,7 @@ JetContent readJetContent(const QByteArray& file) {
         const QString name = catalogue.value(row, u"Name").toText();
         const quint32 page =
             static_cast<quint32>(catalogue.value(row, u"Id").toInteger()) & pageOfId;
-        if (name == QStringLiteral("MSysRelationships")) {
+        if (name == u"MSysRelationships"_s) {
             relations.emplace(jet.readTable(name, page));
         } else if (isPersonal(name, catalogue.value(row, u"Flags").toInteger())) {
             if (name.isEmpty() || findTable(content, name))

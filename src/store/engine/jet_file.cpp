@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -154,9 +156,8 @@ JetFile::~JetFile() = default;
 
 void JetFile::loadLibrary() {
     if (!libmdb().isWhole())
-        throw EngineError(CannotOpenFile,
-                          QStringLiteral("Files of this kind can't be read here: the library "
-                                         "libmdb is not installed."));
+        throw EngineError(CannotOpenFile, u"Files of this kind can't be read here: the library "
+                                          "libmdb is not installed."_s);
 }
 
 JetTable JetFile::readTable(const QString& name, quint32 page, const JetTableRules& rules) {

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -23,10 +25,9 @@ void dropRelationsWithoutKey(TableStructure& table, const JetContent& content) {
 void insertRows(Connection& connection, const JetTable& table) {
     QStringList parameters;
     for (qsizetype i = 0; i < table.structure.fields.size(); ++i)
-        parameters += QStringLiteral("?");
-    Statement statement(connection, QStringLiteral("INSERT INTO %1 VALUES (%2)")
-                                        .arg(quoteName(table.structure.name),
-                                             parameters.join(QStringLiteral(", "))));
+        parameters += u"?"_s;
+    Statement statement(connection, u"INSERT INTO %1 VALUES (%2)"_s.arg(
+                                        quoteName(table.structure.name), parameters.join(u", "_s)));
     for (const QList<Value>& row : table.rows) {
         for (qsizetype i = 0; i < row.size(); ++i)
             statement.bind(static_cast<int>(i) + 1, row.at(i));
@@ -40,8 +41,8 @@ void insertRows(Connection& connection, const JetTable& table) {
 void fillFromJet(Connection& connection, const JetContent& content) {
     Catalog catalog(connection);
     // A file from elsewhere keeps what it holds even where it breaks its own rules.
-    connection.execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
-    connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = ON"));
+    connection.execute(u"PRAGMA foreign_keys = OFF"_s);
+    connection.execute(u"PRAGMA ignore_check_constraints = ON"_s);
     Savepoint savepoint(connection);
     for (const JetTable& table : content.tables) {
         TableStructure structure = table.structure;
@@ -50,8 +51,8 @@ void fillFromJet(Connection& connection, const JetContent& content) {
         insertRows(connection, table);
     }
     savepoint.commit();
-    connection.execute(QStringLiteral("PRAGMA ignore_check_constraints = OFF"));
-    connection.execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+    connection.execute(u"PRAGMA ignore_check_constraints = OFF"_s);
+    connection.execute(u"PRAGMA foreign_keys = ON"_s);
 }
 
 } // namespace dao

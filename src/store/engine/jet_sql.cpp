@@ -13,6 +13,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao::sql {
 namespace {
 
@@ -70,22 +72,21 @@ public:
 private:
     void addSources() {
         if (m_select.tables.size() > MaximumSources)
-            throw EngineError(SyntaxError, QStringLiteral("Too many tables in the query."));
+            throw EngineError(SyntaxError, u"Too many tables in the query."_s);
         for (const FromTable& table : m_select.tables) {
             Source source;
             source.table = m_findTable(table.name);
             if (!source.table)
                 throw EngineError(
                     NoSuchTable,
-                    QStringLiteral("The engine cannot find the input table or query '%1'. Make "
-                                   "sure it exists and that its name is spelled correctly.")
-                        .arg(table.name));
+                    u"The engine cannot find the input table or query '%1'. Make "
+                    "sure it exists and that its name is spelled correctly."_s.arg(table.name));
             source.alias = table.alias.isEmpty() ? source.table->name : table.alias;
             if (sourceOf(source.alias) >= 0)
-                throw EngineError(SyntaxError,
-                                  QStringLiteral("The name '%1' stands twice in the FROM clause.")
-                                      .arg(source.alias));
-            source.sqlAlias = QStringLiteral("t%1").arg(m_query.sources.size());
+                throw EngineError(
+                    SyntaxError,
+                    u"The name '%1' stands twice in the FROM clause."_s.arg(source.alias));
+            source.sqlAlias = u"t%1"_s.arg(m_query.sources.size());
             m_query.sources.append(source);
         }
     }
@@ -115,11 +116,9 @@ private:
             if (field < 0)
                 continue;
             if (place.source >= 0)
-                throw EngineError(
-                    AmbiguousField,
-                    QStringLiteral("The specified field '%1' could refer to more than one table "
-                                   "listed in the FROM clause of your SQL statement.")
-                        .arg(name));
+                throw EngineError(AmbiguousField,
+                                  u"The specified field '%1' could refer to more than one table "
+                                  "listed in the FROM clause of your SQL statement."_s.arg(name));
             place = {i, field};
         }
         return place;
@@ -146,14 +145,14 @@ private:
             else
                 addColumn(item);
             if (m_query.columns.size() > MaximumColumns)
-                throw EngineError(TooManyFields, QStringLiteral("Too many fields defined."));
+                throw EngineError(TooManyFields, u"Too many fields defined."_s);
         }
     }
 
     void addAllFields(const QString& qualifier) {
         const int only = qualifier.isEmpty() ? -1 : sourceOf(qualifier);
         if (!qualifier.isEmpty() && only < 0)
-            throw EngineError(UnknownFieldInSql, QStringLiteral("Too few parameters. Expected 1."));
+            throw EngineError(UnknownFieldInSql, u"Too few parameters. Expected 1."_s);
         for (int i = 0; i < m_query.sources.size(); ++i) {
             if (only < 0 || i == only)
                 m_query.columns.append(fieldColumns(m_query.sources, i));
@@ -174,7 +173,7 @@ private:
             column.sql = value.sql;
             column.field.Type = value.type;
             if (item.alias.isEmpty())
-                column.name = QStringLiteral("Expr%1").arg(m_nextExpressionName++);
+                column.name = u"Expr%1"_s.arg(m_nextExpressionName++);
         }
         if (!item.alias.isEmpty())
             column.name = item.alias;
@@ -230,9 +229,8 @@ private:
             return translateValue(expression, resolverOfAll());
         const qlonglong position = expression.text.toLongLong();
         if (position < 1 || position > m_query.columns.size())
-            throw EngineError(SyntaxError,
-                              QStringLiteral("The ORDER BY clause names a column by a position "
-                                             "that the query does not have."));
+            throw EngineError(SyntaxError, u"The ORDER BY clause names a column by a position "
+                                           "that the query does not have."_s);
         const Column& column = m_query.columns[position - 1];
         return {column.sql, kindOf(column.field.Type), column.field.Type, column.source >= 0};
     }
@@ -247,7 +245,7 @@ private:
 
 Query tableQuery(const std::shared_ptr<const TableStructure>& table) {
     Query query;
-    query.sources.append({table, table->name, QStringLiteral("t0")});
+    query.sources.append({table, table->name, u"t0"_s});
     query.columns = fieldColumns(query.sources, 0);
     query.from = sourceSql(query.sources.first());
     return query;
@@ -266,8 +264,7 @@ QString translateOrder(const QString& jetOrder, const ResolveField& resolve) {
     QStringList terms;
     for (const OrderTerm& term : parseOrder(jetOrder)) {
         if (isPosition(term.expression))
-            throw EngineError(SyntaxError,
-                              QStringLiteral("A sort order names its fields, not positions."));
+            throw EngineError(SyntaxError, u"A sort order names its fields, not positions."_s);
         terms.append(orderTerm(translateValue(term.expression, resolve), term.descending));
     }
     return terms.join(QLatin1String(", "));

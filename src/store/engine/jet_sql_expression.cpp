@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao::sql {
 namespace {
 
@@ -30,11 +32,11 @@ constexpr int DepthLimit = 900;
 constexpr size_t ChainLength = 64; ///< of AND and OR before a group is made
 
 [[noreturn]] void raiseMismatch() {
-    throw EngineError(TypeMismatch, QStringLiteral("Data type mismatch in criteria expression."));
+    throw EngineError(TypeMismatch, u"Data type mismatch in criteria expression."_s);
 }
 
 [[noreturn]] void raiseTooComplex() {
-    throw EngineError(SyntaxError, QStringLiteral("The query expression is too complex."));
+    throw EngineError(SyntaxError, u"The query expression is too complex."_s);
 }
 
 Fragment checked(Fragment fragment) {
@@ -128,8 +130,8 @@ Fragment asNumber(Fragment fragment) {
 Fragment asTruth(Fragment fragment) {
     if (fragment.kind == Kind::Truth || fragment.kind == Kind::Null)
         return fragment;
-    return infix(asNumber(std::move(fragment)), QLatin1String("<>"),
-                 atom(QStringLiteral("0"), Kind::Number), Kind::Truth, Rank::Other);
+    return infix(asNumber(std::move(fragment)), QLatin1String("<>"), atom(u"0"_s, Kind::Number),
+                 Kind::Truth, Rank::Other);
 }
 
 /// Anything but bytes as a text, as `&` and LIKE take it.
@@ -142,7 +144,7 @@ Fragment asText(Fragment fragment) {
 }
 
 Fragment collated(Fragment fragment) {
-    static const QString suffixText = QStringLiteral(" COLLATE ") + QLatin1String(TextCollation);
+    static const QString suffixText = u" COLLATE "_s + QLatin1String(TextCollation);
     Fragment made = closed(std::move(fragment));
     made.sql += suffixText;
     made.depth += 1;
@@ -174,10 +176,9 @@ public:
         case Operation::Text:
             return atom(quoteText(expression.text), Kind::Text);
         case Operation::Truth:
-            return atom(expression.text.isEmpty() ? QStringLiteral("0") : QStringLiteral("1"),
-                        Kind::Truth);
+            return atom(expression.text.isEmpty() ? u"0"_s : u"1"_s, Kind::Truth);
         case Operation::Null:
-            return atom(QStringLiteral("NULL"), Kind::Null);
+            return atom(u"NULL"_s, Kind::Null);
         case Operation::Not:
             return prefix(QLatin1String("NOT "), truth(expression, 0), Kind::Truth);
         case Operation::And:
@@ -245,7 +246,7 @@ private:
     Fragment field(const Expression& expression) const {
         FieldSql found;
         if (!m_resolve(expression.qualifier, expression.text, found))
-            throw EngineError(UnknownFieldInSql, QStringLiteral("Too few parameters. Expected 1."));
+            throw EngineError(UnknownFieldInSql, u"Too few parameters. Expected 1."_s);
         Fragment made = atom(found.sql, kindOf(found.type));
         made.type = found.type;
         made.isField = true;
@@ -333,7 +334,7 @@ private:
     static Fragment joined(Fragment fragment) {
         if (fragment.rank == Rank::Joining)
             return fragment;
-        return call(QStringLiteral("ifnull"),
+        return call(u"ifnull"_s,
                     {asText(std::move(fragment)), atom(quoteText(QString()), Kind::Text)},
                     Kind::Text);
     }

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao::sql {
 namespace {
 
@@ -308,7 +310,7 @@ private:
             return literal(Operation::Text, m_tokens[m_place++].text);
         default:
             if (accept(u"TRUE"))
-                return literal(Operation::Truth, QStringLiteral("True"));
+                return literal(Operation::Truth, u"True"_s);
             if (accept(u"FALSE"))
                 return literal(Operation::Truth, QString());
             fail();

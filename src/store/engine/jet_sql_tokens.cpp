@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace dao::sql {
 namespace {
 
@@ -203,9 +205,8 @@ bool isBareName(QStringView name) {
 }
 
 void raiseSyntaxError(qsizetype position) {
-    throw EngineError(
-        SyntaxError,
-        QStringLiteral("Syntax error in query expression at character %1.").arg(position + 1));
+    throw EngineError(SyntaxError,
+                      u"Syntax error in query expression at character %1."_s.arg(position + 1));
 }
 
 } // namespace dao::sql

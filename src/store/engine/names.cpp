@@ -10,6 +10,8 @@
 #include <array>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -131,7 +133,7 @@ public:
                 continue;
             place = m_pattern.closing(place);
             if (place < 0)
-                throw EngineError(SyntaxError, QStringLiteral("Invalid pattern string."));
+                throw EngineError(SyntaxError, u"Invalid pattern string."_s);
         }
     }
 
@@ -269,11 +271,9 @@ void checkName(QStringView name) {
                                  QStringView(u".!`").contains(character);
                       });
     if (!fits)
-        throw EngineError(InvalidName,
-                          QStringLiteral("'%1' is not a valid name. Make sure that it does not "
-                                         "include invalid characters or punctuation and that it "
-                                         "is not too long.")
-                              .arg(name));
+        throw EngineError(InvalidName, u"'%1' is not a valid name. Make sure that it does not "
+                                       "include invalid characters or punctuation and that it "
+                                       "is not too long."_s.arg(name));
 }
 
 bool matchesLike(QStringView text, QStringView pattern) {

@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 
 /// The files that this process has open. One a process, as the lock that it keeps is the process's.
@@ -27,8 +29,8 @@ namespace {
 
 EngineError openError(int cause) {
     if (cause == ENOENT || cause == ENOTDIR)
-        return {NoSuchFile, QStringLiteral("The file could not be found.")};
-    return {CannotOpenFile, QStringLiteral("The file could not be opened.")};
+        return {NoSuchFile, u"The file could not be found."_s};
+    return {CannotOpenFile, u"The file could not be opened."_s};
 }
 
 /// Takes the file's lock. False when another process has it. A file system without such locks is no
@@ -90,8 +92,7 @@ std::shared_ptr<OpenFile> OpenFile::acquire(const QString& path) {
         throw openError(errno);
     const Identity identity = identify(descriptor.value);
     if (!takeLock(descriptor.value))
-        throw EngineError(OpenedExclusively,
-                          QStringLiteral("The file is already open in another program."));
+        throw EngineError(OpenedExclusively, u"The file is already open in another program."_s);
     std::shared_ptr<OpenFile> file(new OpenFile(descriptor.take(), identity));
     OpenFileRegistry::files()[identity] = file;
     return file;
@@ -106,7 +107,7 @@ QByteArray OpenFile::read(qsizetype count) const {
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
-            throw EngineError(DiskError, QStringLiteral("The file could not be read."));
+            throw EngineError(DiskError, u"The file could not be read."_s);
         if (got == 0)
             break;
         done += got;

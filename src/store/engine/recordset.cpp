@@ -5,12 +5,14 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
 RecordsetCore& opened(const std::shared_ptr<RecordsetCore>& core) {
     if (!core || !core->isOpen())
-        throw EngineError(ObjectInvalid, QStringLiteral("The recordset is closed."));
+        throw EngineError(ObjectInvalid, u"The recordset is closed."_s);
     return *core;
 }
 
@@ -172,14 +174,14 @@ int Recordset::FieldCount() const {
 
 RecordsetField Recordset::Fields(int column) const {
     if (column < 0 || column >= FieldCount())
-        throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(column));
+        throw EngineError(NoSuchItem, u"There is no field %1."_s.arg(column));
     return RecordsetField(m_core, column);
 }
 
 RecordsetField Recordset::Fields(QStringView name) const {
     const int column = core().columnIndex(name);
     if (column < 0)
-        throw EngineError(NoSuchItem, QStringLiteral("There is no field '%1'.").arg(name));
+        throw EngineError(NoSuchItem, u"There is no field '%1'."_s.arg(name));
     return RecordsetField(m_core, column);
 }
 
@@ -194,7 +196,7 @@ Value Recordset::Collect(QStringView name) const {
 Value Recordset::Collect(int column) const {
     RecordsetCore& records = core();
     if (column < 0 || column >= records.query.columns.size())
-        throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(column));
+        throw EngineError(NoSuchItem, u"There is no field %1."_s.arg(column));
     return records.value(column);
 }
 

@@ -8,6 +8,8 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -16,14 +18,14 @@ constexpr int behindLast = std::numeric_limits<int>::max();
 constexpr int mostReadAhead = 256;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
-    return {parameter > 0 ? QStringLiteral("?%1").arg(parameter) : column.sql, column.field.Type};
+    return {parameter > 0 ? u"?%1"_s.arg(parameter) : column.sql, column.field.Type};
 }
 
 QString keyList(const QList<sql::Source>& sources) {
     QStringList keys;
     for (const sql::Source& source : sources)
         keys += sql::rowNumber(source);
-    return keys.join(QStringLiteral(", "));
+    return keys.join(u", "_s);
 }
 
 QList<qint64> readKeys(const Statement& statement, qsizetype count) {
@@ -97,10 +99,10 @@ void RecordsetCore::moveToStart() {
 }
 
 QString RecordsetCore::selectRows(const QString& columns, const QString& order) const {
-    QString text = QStringLiteral("SELECT %1 FROM %2").arg(columns, query.from);
+    QString text = u"SELECT %1 FROM %2"_s.arg(columns, query.from);
     if (!query.where.isEmpty())
-        text += QStringLiteral(" WHERE ") + query.where;
-    return text + QStringLiteral(" ORDER BY ") + (order.isEmpty() ? QString() : order + u',') +
+        text += u" WHERE "_s + query.where;
+    return text + u" ORDER BY "_s + (order.isEmpty() ? QString() : order + u',') +
            keyList(query.sources);
 }
 
@@ -111,8 +113,7 @@ void RecordsetCore::fetchKeys(const QString& order) {
         for (const sql::Column& column : query.columns)
             columns += column.sql;
     }
-    Statement statement(m_database->connection,
-                        selectRows(columns.join(QStringLiteral(", ")), order));
+    Statement statement(m_database->connection, selectRows(columns.join(u", "_s), order));
     while (statement.step()) {
         KeySet::Entry entry;
         entry.keys = readKeys(statement, sources);
@@ -146,7 +147,7 @@ void RecordsetCore::setAbsolutePosition(int position) {
     for (int i = 0; i < position && entry != behindLast; ++i)
         entry = nextLive(entry, 1);
     if (position < 0 || entry == behindLast)
-        throw EngineError(InvalidArgument, QStringLiteral("There is no record at that position."));
+        throw EngineError(InvalidArgument, u"There is no record at that position."_s);
     goTo(entry);
 }
 
@@ -157,9 +158,9 @@ int RecordsetCore::bookmark() const {
 
 void RecordsetCore::setBookmark(int entry) {
     if (entry < 0 || entry >= m_keys->entries.size())
-        throw EngineError(InvalidArgument, QStringLiteral("This is no bookmark of the records."));
+        throw EngineError(InvalidArgument, u"This is no bookmark of the records."_s);
     if (m_keys->entries.at(entry).deleted)
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+        throw EngineError(RecordDeleted, u"The record has been deleted."_s);
     goTo(entry);
 }
 
@@ -181,35 +182,35 @@ int RecordsetCore::nextLive(int entry, int step) const {
 
 void RecordsetCore::moveFirst() {
     if (m_keys->live == 0)
-        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+        throw EngineError(NoCurrentRecord, u"No current record."_s);
     goTo(nextLive(-1, 1));
 }
 
 void RecordsetCore::moveLast() {
     if (m_keys->live == 0)
-        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+        throw EngineError(NoCurrentRecord, u"No current record."_s);
     goTo(nextLive(behindLast, -1));
 }
 
 void RecordsetCore::moveNext() {
     if (m_entry == behindLast || (m_keys->live == 0 && !m_currentDeleted))
-        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+        throw EngineError(NoCurrentRecord, u"No current record."_s);
     goTo(nextLive(m_entry, 1));
 }
 
 void RecordsetCore::movePrevious() {
     if (m_entry < 0 || (m_keys->live == 0 && !m_currentDeleted))
-        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+        throw EngineError(NoCurrentRecord, u"No current record."_s);
     goTo(nextLive(m_entry, -1));
 }
 
 void RecordsetCore::requireCurrent() const {
     if (m_currentDeleted)
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+        throw EngineError(RecordDeleted, u"The record has been deleted."_s);
     if (m_entry < 0 || m_entry == behindLast)
-        throw EngineError(NoCurrentRecord, QStringLiteral("No current record."));
+        throw EngineError(NoCurrentRecord, u"No current record."_s);
     if (m_keys->entries.at(m_entry).deleted)
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+        throw EngineError(RecordDeleted, u"The record has been deleted."_s);
 }
 
 int RecordsetCore::columnIndex(QStringView columnName) const {
@@ -252,7 +253,7 @@ void RecordsetCore::readAhead(int entry) {
     }
     m_row = m_ahead.at(entry - m_aheadStart);
     if (m_row.isEmpty())
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+        throw EngineError(RecordDeleted, u"The record has been deleted."_s);
 }
 
 void RecordsetCore::noteChange() {
@@ -278,11 +279,11 @@ std::unique_ptr<Statement> RecordsetCore::prepareReader(const QString& condition
         columns += column.sql;
     QStringList tables;
     for (const sql::Source& source : query.sources)
-        tables += QStringLiteral("%1 AS %2").arg(quoteName(source.table->name), source.sqlAlias);
+        tables += u"%1 AS %2"_s.arg(quoteName(source.table->name), source.sqlAlias);
     return std::make_unique<Statement>(
-        m_database->connection, QStringLiteral("SELECT %1, %2 FROM %3 WHERE %4 ORDER BY %2")
-                                    .arg(columns.join(QStringLiteral(", ")), keyList(query.sources),
-                                         tables.join(QStringLiteral(", ")), condition));
+        m_database->connection,
+        u"SELECT %1, %2 FROM %3 WHERE %4 ORDER BY %2"_s.arg(
+            columns.join(u", "_s), keyList(query.sources), tables.join(u", "_s), condition));
 }
 
 void RecordsetCore::readRows(int first, int end) {
@@ -298,8 +299,8 @@ void RecordsetCore::readRows(int first, int end) {
 
 void RecordsetCore::readRange(int first, int end) {
     if (!m_rangeReader)
-        m_rangeReader = prepareReader(
-            QStringLiteral("%1 BETWEEN ?1 AND ?2").arg(sql::rowNumber(query.sources.first())));
+        m_rangeReader =
+            prepareReader(u"%1 BETWEEN ?1 AND ?2"_s.arg(sql::rowNumber(query.sources.first())));
     const auto keyOf = [this](int entry) { return m_keys->entries.at(entry).keys.first(); };
     const int keyColumn = static_cast<int>(query.columns.size());
     m_rangeReader->bind(1, keyOf(first));
@@ -319,9 +320,8 @@ QList<Value> RecordsetCore::readRow(const QList<qint64>& keys) {
     if (!m_reader) {
         QStringList conditions;
         for (qsizetype i = 0; i < query.sources.size(); ++i)
-            conditions +=
-                QStringLiteral("%1 = ?%2").arg(sql::rowNumber(query.sources.at(i))).arg(i + 1);
-        m_reader = prepareReader(conditions.join(QStringLiteral(" AND ")));
+            conditions += u"%1 = ?%2"_s.arg(sql::rowNumber(query.sources.at(i))).arg(i + 1);
+        m_reader = prepareReader(conditions.join(u" AND "_s));
     }
     for (qsizetype i = 0; i < keys.size(); ++i)
         m_reader->bind(static_cast<int>(i) + 1, keys.at(i));
@@ -369,9 +369,8 @@ int RecordsetCore::findInDynaset(const QString& criteria) {
             return resolve(qualifier, fieldName, out, false);
         });
     const QString keys = keyList(query.sources);
-    Statement statement(
-        m_database->connection,
-        QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %1").arg(keys, query.from, condition));
+    Statement statement(m_database->connection, u"SELECT %1 FROM %2 WHERE %3 ORDER BY %1"_s.arg(
+                                                    keys, query.from, condition));
     int first = -1;
     while (statement.step()) {
         const int place = placeOf(readKeys(statement, query.sources.size()));
@@ -392,11 +391,10 @@ int RecordsetCore::findInSnapshot(const QString& criteria) {
         });
     QStringList parameters;
     for (int i = 1; i <= query.columns.size(); ++i)
-        parameters += QStringLiteral("?%1").arg(i);
+        parameters += u"?%1"_s.arg(i);
     // Naming every parameter keeps their numbers whole when the condition uses a few only.
-    Statement statement(m_database->connection,
-                        QStringLiteral("SELECT (%1) IS NOT NULL AND (%1), %2")
-                            .arg(condition, parameters.join(QStringLiteral(", "))));
+    Statement statement(m_database->connection, u"SELECT (%1) IS NOT NULL AND (%1), %2"_s.arg(
+                                                    condition, parameters.join(u", "_s)));
     for (int i = 0; i < m_keys->entries.size(); ++i) {
         const KeySet::Entry& entry = m_keys->entries.at(i);
         for (int column = 0; column < entry.values.size(); ++column)
@@ -420,7 +418,7 @@ int RecordsetCore::placeOf(const QList<qint64>& keys) {
 
 void RecordsetCore::requireDynaset() const {
     if (type == RecordsetType::Snapshot)
-        throw EngineError(NotSupported, QStringLiteral("A snapshot can't be changed."));
+        throw EngineError(NotSupported, u"A snapshot can't be changed."_s);
     m_database->checkWritable();
 }
 
@@ -434,8 +432,7 @@ void RecordsetCore::beginEditing(EditMode mode, QList<Value> values) {
 void RecordsetCore::addNew() {
     requireDynaset();
     if (query.sources.size() > 1)
-        throw EngineError(InvalidOperation,
-                          QStringLiteral("A record can't be added through a join."));
+        throw EngineError(InvalidOperation, u"A record can't be added through a join."_s);
     beginEditing(EditMode::Add, QList<Value>(query.columns.size()));
 }
 
@@ -453,18 +450,16 @@ void RecordsetCore::cancelUpdate() {
 
 void RecordsetCore::setValue(int column, const Value& value) {
     if (m_editMode == EditMode::None)
-        throw EngineError(EditNotBegun,
-                          QStringLiteral("A record can be changed after Edit or AddNew only."));
+        throw EngineError(EditNotBegun, u"A record can be changed after Edit or AddNew only."_s);
     const sql::Column& target = query.columns.at(column);
     if (target.source < 0)
-        throw EngineError(InvalidOperation,
-                          QStringLiteral("'%1' can't be changed.").arg(target.name));
+        throw EngineError(InvalidOperation, u"'%1' can't be changed."_s.arg(target.name));
     const Value fitted = fittedValue(target.field, value);
     if (target.field.isAutoIncrement() && m_editMode == EditMode::InProgress) {
         if (fitted == m_edited.at(column))
             return;
         throw EngineError(InvalidOperation,
-                          QStringLiteral("'%1' numbers the records by itself.").arg(target.name));
+                          u"'%1' numbers the records by itself."_s.arg(target.name));
     }
     m_edited[column] = fitted;
     m_changed[column] = true;
@@ -472,8 +467,7 @@ void RecordsetCore::setValue(int column, const Value& value) {
 
 void RecordsetCore::appendChunk(int column, const QByteArray& bytes) {
     if (m_editMode == EditMode::None)
-        throw EngineError(EditNotBegun,
-                          QStringLiteral("A record can be changed after Edit or AddNew only."));
+        throw EngineError(EditNotBegun, u"A record can be changed after Edit or AddNew only."_s);
     const bool continues = m_chunked.at(column);
     const Value& present = m_edited.at(column);
     if (isTextual(query.columns.at(column).field.Type))
@@ -485,8 +479,7 @@ void RecordsetCore::appendChunk(int column, const QByteArray& bytes) {
 
 void RecordsetCore::update() {
     if (m_editMode == EditMode::None)
-        throw EngineError(EditNotBegun,
-                          QStringLiteral("Update needs a record begun by Edit or AddNew."));
+        throw EngineError(EditNotBegun, u"Update needs a record begun by Edit or AddNew."_s);
     checkRequired();
     if (m_editMode == EditMode::Add)
         insertRecord();
@@ -501,7 +494,7 @@ void RecordsetCore::checkRequired() const {
         const Field& field = query.columns.at(i).field;
         if (field.Required && !field.isAutoIncrement() && m_edited.at(i).isNull())
             throw EngineError(FieldRequired,
-                              QStringLiteral("The field '%1' must have a value.").arg(field.Name));
+                              u"The field '%1' must have a value."_s.arg(field.Name));
     }
 }
 
@@ -515,14 +508,13 @@ void RecordsetCore::insertRecord() {
             continue;
         names += quoteName(query.columns.at(i).field.Name);
         values += m_edited.at(i);
-        parameters += QStringLiteral("?");
+        parameters += u"?"_s;
     }
     const QString table = quoteName(source.table->name);
     Statement& statement = m_database->prepared(
-        names.isEmpty() ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(table)
-                        : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-                              .arg(table, names.join(QStringLiteral(", ")),
-                                   parameters.join(QStringLiteral(", "))));
+        names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(table)
+                        : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, names.join(u", "_s),
+                                                                   parameters.join(u", "_s)));
     for (qsizetype i = 0; i < values.size(); ++i)
         statement.bind(static_cast<int>(i) + 1, values.at(i));
     statement.step();
@@ -560,12 +552,10 @@ void RecordsetCore::updateRecord() {
 void RecordsetCore::updateSource(int source, const QList<int>& columns, qint64 key) {
     QStringList assignments;
     for (int column : columns)
-        assignments += quoteName(query.columns.at(column).field.Name) + QStringLiteral(" = ?");
+        assignments += quoteName(query.columns.at(column).field.Name) + u" = ?"_s;
     const TableStructure& table = *query.sources.at(source).table;
-    Statement& statement =
-        m_database->prepared(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-                                 .arg(quoteName(table.name), assignments.join(QStringLiteral(", ")),
-                                      rowNumberName(table)));
+    Statement& statement = m_database->prepared(u"UPDATE %1 SET %2 WHERE %3 = ?"_s.arg(
+        quoteName(table.name), assignments.join(u", "_s), rowNumberName(table)));
     int position = 0;
     for (int column : columns)
         statement.bind(++position, m_edited.at(column));
@@ -573,7 +563,7 @@ void RecordsetCore::updateSource(int source, const QList<int>& columns, qint64 k
     statement.step();
     statement.reset();
     if (m_database->connection.changes() == 0)
-        throw EngineError(RecordDeleted, QStringLiteral("The record has been deleted."));
+        throw EngineError(RecordDeleted, u"The record has been deleted."_s);
 }
 
 void RecordsetCore::deleteRecord() {
@@ -581,9 +571,8 @@ void RecordsetCore::deleteRecord() {
     requireCurrent();
     KeySet::Entry& entry = m_keys->entries[m_entry];
     const TableStructure& table = *query.sources.last().table;
-    Statement& statement =
-        m_database->prepared(QStringLiteral("DELETE FROM %1 WHERE %2 = ?")
-                                 .arg(quoteName(table.name), rowNumberName(table)));
+    Statement& statement = m_database->prepared(
+        u"DELETE FROM %1 WHERE %2 = ?"_s.arg(quoteName(table.name), rowNumberName(table)));
     statement.bind(1, entry.keys.last());
     statement.step();
     statement.reset();

@@ -7,6 +7,8 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
@@ -46,16 +48,16 @@ QString columnDefinition(const TableStructure& table, const Field& field) {
         for (const Index& index : table.indexes) {
             if (index.Primary && index.Fields.size() == 1 &&
                 sameName(index.Fields.first(), field.Name))
-                text += QStringLiteral(" CONSTRAINT ") + quoteName(index.Name);
+                text += u" CONSTRAINT "_s + quoteName(index.Name);
         }
-        return text + QStringLiteral(" PRIMARY KEY AUTOINCREMENT");
+        return text + u" PRIMARY KEY AUTOINCREMENT"_s;
     }
     if (field.Required)
-        text += QStringLiteral(" NOT NULL");
+        text += u" NOT NULL"_s;
     if (field.Type == DataType::Text)
-        text += QStringLiteral(" CHECK (length(%1) <= %2)").arg(name).arg(field.Size);
+        text += u" CHECK (length(%1) <= %2)"_s.arg(name).arg(field.Size);
     if ((field.Type == DataType::Text || field.Type == DataType::Memo) && !field.AllowZeroLength)
-        text += QStringLiteral(" CHECK (%1 <> '')").arg(name);
+        text += u" CHECK (%1 <> '')"_s.arg(name);
     return text;
 }
 
@@ -63,7 +65,7 @@ QString quotedList(const QStringList& names) {
     QStringList quoted;
     for (const QString& name : names)
         quoted += quoteName(name);
-    return quoted.join(QStringLiteral(", "));
+    return quoted.join(u", "_s);
 }
 
 QString relationClause(const Relation& relation) {
@@ -73,13 +75,12 @@ QString relationClause(const Relation& relation) {
         own += pair.ForeignName;
         others += pair.Name;
     }
-    QString text = QStringLiteral("CONSTRAINT %1 FOREIGN KEY (%2) REFERENCES %3 (%4)")
-                       .arg(quoteName(relation.Name), quotedList(own), quoteName(relation.Table),
-                            quotedList(others));
+    QString text = u"CONSTRAINT %1 FOREIGN KEY (%2) REFERENCES %3 (%4)"_s.arg(
+        quoteName(relation.Name), quotedList(own), quoteName(relation.Table), quotedList(others));
     if (relation.Attributes & RelationUpdateCascade)
-        text += QStringLiteral(" ON UPDATE CASCADE");
+        text += u" ON UPDATE CASCADE"_s;
     if (relation.Attributes & RelationDeleteCascade)
-        text += QStringLiteral(" ON DELETE CASCADE");
+        text += u" ON DELETE CASCADE"_s;
     return text;
 }
 
@@ -108,15 +109,12 @@ int TableStructure::fieldIndex(QStringView fieldName) const {
 }
 
 QString rowNumberName(const TableStructure& table) {
-    for (const QString& name :
-         {QStringLiteral("rowid"), QStringLiteral("_rowid_"), QStringLiteral("oid")}) {
+    for (const QString& name : {u"rowid"_s, u"_rowid_"_s, u"oid"_s}) {
         if (table.fieldIndex(name) < 0)
             return name;
     }
-    throw EngineError(InvalidName,
-                      QStringLiteral("The table '%1' uses all names that the engine needs for its "
-                                     "record numbers.")
-                          .arg(table.name));
+    throw EngineError(InvalidName, u"The table '%1' uses all names that the engine needs for its "
+                                   "record numbers."_s.arg(table.name));
 }
 
 bool hasKeyFor(const TableStructure& table, const Relation& relation) {
@@ -142,9 +140,9 @@ int defaultSize(DataType type) {
 
 QString declaredType(const Field& field) {
     if (field.isAutoIncrement())
-        return QStringLiteral("INTEGER");
+        return u"INTEGER"_s;
     const QString name = QString::fromLatin1(typeName(field.Type).declaration);
-    return field.Type == DataType::Text ? QStringLiteral("%1(%2)").arg(name).arg(field.Size) : name;
+    return field.Type == DataType::Text ? u"%1(%2)"_s.arg(name).arg(field.Size) : name;
 }
 
 void readDeclaredType(const QString& declaration, Field& field) {
@@ -178,21 +176,19 @@ QString createStatement(const TableStructure& table) {
         parts += columnDefinition(table, field);
     for (const Index& index : table.indexes) {
         if (index.Primary && !isOwnPrimaryKey(table, index))
-            parts += QStringLiteral("CONSTRAINT %1 PRIMARY KEY (%2)")
-                         .arg(quoteName(index.Name), quotedList(index.Fields));
+            parts += u"CONSTRAINT %1 PRIMARY KEY (%2)"_s.arg(quoteName(index.Name),
+                                                             quotedList(index.Fields));
     }
     for (const Relation& relation : table.relations)
         parts += relationClause(relation);
-    return QStringLiteral("CREATE TABLE %1 (%2)")
-        .arg(quoteName(table.name), parts.join(QStringLiteral(", ")));
+    return u"CREATE TABLE %1 (%2)"_s.arg(quoteName(table.name), parts.join(u", "_s));
 }
 
 QString createIndexStatement(const TableStructure& table, const Index& index,
                              const QString& schema) {
-    return QStringLiteral("CREATE %1INDEX %2%3 ON %4 (%5)")
-        .arg(index.Unique ? QStringLiteral("UNIQUE ") : QString(), schema,
-             quoteName(table.name + u'.' + index.Name), quoteName(table.name),
-             quotedList(index.Fields));
+    return u"CREATE %1INDEX %2%3 ON %4 (%5)"_s.arg(index.Unique ? u"UNIQUE "_s : QString(), schema,
+                                                   quoteName(table.name + u'.' + index.Name),
+                                                   quoteName(table.name), quotedList(index.Fields));
 }
 
 QString fieldDefinition(const Field& field) {
@@ -201,7 +197,7 @@ QString fieldDefinition(const Field& field) {
 
 QString quoteName(QStringView name) {
     QString text = name.toString();
-    text.replace(u'"', QStringLiteral("\"\""));
+    text.replace(u'"', u"\"\""_s);
     return u'"' + text + u'"';
 }
 

@@ -7,11 +7,13 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace dao {
 namespace {
 
 EngineError noSuchField(QStringView name) {
-    return {NoSuchItem, QStringLiteral("There is no field '%1'.").arg(name)};
+    return {NoSuchItem, u"There is no field '%1'."_s.arg(name)};
 }
 
 int requireField(const TableStructure& table, QStringView name) {
@@ -24,14 +26,13 @@ int requireField(const TableStructure& table, QStringView name) {
 void checkNewField(const TableStructure& table, const QString& name) {
     checkName(name);
     if (table.fieldIndex(name) >= 0)
-        throw EngineError(FieldExists, QStringLiteral("There is already a field '%1'.").arg(name));
+        throw EngineError(FieldExists, u"There is already a field '%1'."_s.arg(name));
 }
 
 void checkFieldCount(const TableStructure& table) {
     if (table.fields.size() > MaximumFields)
-        throw EngineError(
-            TooManyFields,
-            QStringLiteral("A table can't have more than %1 fields.").arg(MaximumFields));
+        throw EngineError(TooManyFields,
+                          u"A table can't have more than %1 fields."_s.arg(MaximumFields));
 }
 
 /// Another handle may have changed the table since.
@@ -50,15 +51,15 @@ void checkRelation(DatabaseCore& core, const Relation& relation, const TableStru
         requireField(foreign, pair.ForeignName);
     }
     if (relation.Fields.isEmpty())
-        throw EngineError(InvalidOperation, QStringLiteral("A relation needs a field."));
+        throw EngineError(InvalidOperation, u"A relation needs a field."_s);
     if (!hasKeyFor(*table, relation))
-        throw EngineError(InvalidOperation,
-                          QStringLiteral("The fields of '%1' that the relation names are no key.")
-                              .arg(table->name));
+        throw EngineError(
+            InvalidOperation,
+            u"The fields of '%1' that the relation names are no key."_s.arg(table->name));
     for (const Relation& present : core.catalog.relations()) {
         if (sameName(present.Name, relation.Name))
-            throw EngineError(
-                ItemExists, QStringLiteral("There is already a relation '%1'.").arg(relation.Name));
+            throw EngineError(ItemExists,
+                              u"There is already a relation '%1'."_s.arg(relation.Name));
     }
 }
 
@@ -86,7 +87,7 @@ int FieldCollection::Count() const {
 
 Field FieldCollection::operator[](int position) const {
     if (position < 0 || position >= Count())
-        throw EngineError(NoSuchItem, QStringLiteral("There is no field %1.").arg(position));
+        throw EngineError(NoSuchItem, u"There is no field %1."_s.arg(position));
     return m_structure->fields.at(position);
 }
 
@@ -109,9 +110,8 @@ QList<Field>::const_iterator FieldCollection::end() const {
 void FieldCollection::Append(const Field& field) {
     checkNewField(current(), field.Name);
     if (Count() >= MaximumFields)
-        throw EngineError(
-            TooManyFields,
-            QStringLiteral("A table can't have more than %1 fields.").arg(MaximumFields));
+        throw EngineError(TooManyFields,
+                          u"A table can't have more than %1 fields."_s.arg(MaximumFields));
     if (!m_core) {
         const int position =
             field.OrdinalPosition < 0 ? Count() : std::min(field.OrdinalPosition, Count());
@@ -130,12 +130,10 @@ void FieldCollection::Delete(QStringView name) {
         return;
     }
     if (Count() == 1)
-        throw EngineError(InvalidOperation,
-                          QStringLiteral("The last field of a table can't be removed."));
+        throw EngineError(InvalidOperation, u"The last field of a table can't be removed."_s);
     for (const Index& index : std::as_const(m_structure->indexes)) {
         if (index.Fields.contains(m_structure->fields.at(position).Name, Qt::CaseInsensitive))
-            throw EngineError(TableInRelation,
-                              QStringLiteral("The field '%1' is part of an index.").arg(name));
+            throw EngineError(TableInRelation, u"The field '%1' is part of an index."_s.arg(name));
     }
     change([&](Catalog& catalog) { catalog.dropField(m_structure->name, position); });
 }
@@ -203,8 +201,7 @@ void TableDef::AppendIndex(const Index& index) {
     requirePrimaryFields(checked, index);
     for (const Index& present : std::as_const(m_structure->indexes)) {
         if (sameName(present.Name, index.Name) || (present.Primary && index.Primary))
-            throw EngineError(ItemExists,
-                              QStringLiteral("There is already an index '%1'.").arg(present.Name));
+            throw EngineError(ItemExists, u"There is already an index '%1'."_s.arg(present.Name));
     }
     if (!m_core) {
         *m_structure = std::move(checked);
@@ -218,7 +215,7 @@ void TableDef::AppendIndex(const Index& index) {
 void TableDef::AppendRelation(const Relation& relation) {
     if (m_core)
         throw EngineError(InvalidOperation,
-                          QStringLiteral("A table in a file is related by the file's relations."));
+                          u"A table in a file is related by the file's relations."_s);
     m_structure->relations += relation;
 }
 
@@ -246,10 +243,9 @@ void TableDefCollection::Append(const TableDef& table) {
     const TableStructure& structure = table.structure();
     checkName(structure.name);
     if (Contains(structure.name))
-        throw EngineError(TableExists,
-                          QStringLiteral("There is already a table '%1'.").arg(structure.name));
+        throw EngineError(TableExists, u"There is already a table '%1'."_s.arg(structure.name));
     if (structure.fields.isEmpty())
-        throw EngineError(InvalidOperation, QStringLiteral("A table needs a field."));
+        throw EngineError(InvalidOperation, u"A table needs a field."_s);
     checkFieldCount(structure);
     for (const Relation& relation : structure.relations)
         checkRelation(*m_core, relation, structure);
@@ -260,8 +256,7 @@ void TableDefCollection::Delete(QStringView name) {
     const QString table = m_core->table(name, NoSuchItem)->name;
     m_core->checkUnused(table);
     if (!m_core->catalog.relationsOn(table).isEmpty())
-        throw EngineError(TableInRelation,
-                          QStringLiteral("Another table is related to '%1'.").arg(table));
+        throw EngineError(TableInRelation, u"Another table is related to '%1'."_s.arg(table));
     m_core->catalog.dropTable(table);
 }
 
@@ -292,7 +287,7 @@ void RelationCollection::Delete(QStringView name) {
         m_core->catalog.dropRelation(relation);
         return;
     }
-    throw EngineError(NoSuchItem, QStringLiteral("There is no relation '%1'.").arg(name));
+    throw EngineError(NoSuchItem, u"There is no relation '%1'."_s.arg(name));
 }
 
 } // namespace dao

@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The window with its caption above it, which the platform draws and no grab holds.
@@ -36,7 +38,7 @@ TourPictures::TourPictures(const QString& folder) : m_folder(folder) {
 
 void TourPictures::save(QWidget& window, const QString& name) {
     QApplication::processEvents();
-    const QString path = m_folder + u'/' + name + QStringLiteral(".png");
+    const QString path = m_folder + u'/' + name + u".png"_s;
     if (pictureOf(window).save(path))
         return;
     std::fprintf(stderr, "Could not write %s\n", qPrintable(path));
