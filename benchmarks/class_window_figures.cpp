@@ -45,7 +45,7 @@ public:
         drawWindow(*m_window);
     }
     void run() override {
-        m_window->Show_View(RegisterView);
+        m_window->showView(RegisterView);
         drawWindow(*m_window);
     }
     qint64 finish() override { return m_window->desk().records().rowCount(); }

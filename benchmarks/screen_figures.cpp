@@ -66,11 +66,11 @@ public:
         fillWizard(*m_wizard, sampleAnswers(), [](int) {});
     }
     void prepare() override {
-        m_wizard->NextInSetup(QString::number(ClassesFrame));
+        m_wizard->nextInSetup(QString::number(ClassesFrame));
         draw(*m_screen.frame);
     }
     void run() override {
-        m_wizard->NextInSetup({});
+        m_wizard->nextInSetup({});
         draw(*m_screen.frame);
     }
     qint64 finish() override { return 1; }

@@ -178,7 +178,7 @@ void saveRooms(const dao::Database& database, int weekIndex, const TimetableGrid
 } // namespace
 
 TimetableGrid::TimetableGrid(int periods) : m_periods(std::max(periods, 0)) {
-    ClearALLlabels();
+    clear();
 }
 
 qsizetype TimetableGrid::indexOf(int day, int period) const {
@@ -195,7 +195,7 @@ TimetableCell& TimetableGrid::at(int day, int period) {
     return m_cells[indexOf(day, period)];
 }
 
-void TimetableGrid::ClearALLlabels() {
+void TimetableGrid::clear() {
     m_cells = QList<TimetableCell>(qsizetype(m_periods) * Days);
     m_isWhole = false;
 }
@@ -238,7 +238,7 @@ QString timetableTitle(const TimetableYear& year) {
 }
 
 void LoadTT(const dao::Database& database, int weekIndex, TimetableGrid& grid) {
-    grid.ClearALLlabels();
+    grid.clear();
     loadExtraCells(database, weekIndex, grid);
     loadClasses(database, weekIndex, grid);
     loadRooms(database, weekIndex, grid);

@@ -61,7 +61,7 @@ public:
     TimetableCell& at(int day, int period);
 
     /// Empties all captions, tags and rooms and takes back all colours.
-    void ClearALLlabels();
+    void clear();
     /// Puts an edit on a cell. Every other cell of its class takes its caption and colour, so that
     /// a class reads and looks the same all week; a room stays its own cell's.
     void applyEdit(int day, int period, const CellEdit& edit);

@@ -94,7 +94,7 @@ QList<Lesson> yearLessons(const dao::Database& database, const ClassPeriods& per
     return classLessons(days, letters, periods);
 }
 
-bool Create_NEW_CLASS(const dao::Database& database, const NewClass& answers, Prompts& prompts) {
+bool createClass(const dao::Database& database, const NewClass& answers, Prompts& prompts) {
     QList<Lesson> lessons;
     try {
         const ClassPeriods periods = pickedPeriods(answers);

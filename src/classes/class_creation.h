@@ -13,7 +13,7 @@ class Prompts;
 /// The class is there whole or not at all. With more lessons than a register holds the first 250
 /// get a column, and the teacher is told. A failure is told too; answers whether the class is
 /// there. The caller adds it to the lists that show classes and draws the timetable again.
-bool Create_NEW_CLASS(const dao::Database& database, const NewClass& answers, Prompts& prompts);
+bool createClass(const dao::Database& database, const NewClass& answers, Prompts& prompts);
 
 /// The lessons of a class with these periods over the year in the file. Raises what the engine
 /// raises.

@@ -31,7 +31,7 @@ void ClassDesk::showFirstPage() {
                                : PupilSheet(m_session.CurrentDB, pupilsSource(m_classCode, {})));
 }
 
-bool ClassDesk::Show_View(ClassView view) {
+bool ClassDesk::showView(ClassView view) {
     const QString clause = m_selection.clauseForView(sheet(), m_queryActive);
     std::optional<PupilSheet> sheet = open(view, clause);
     if (!sheet)

@@ -35,9 +35,9 @@ public:
     std::optional<ClassView> view() const { return m_view; }
     /// Opens the records of a view. The current pupil stays current where he is among them. Answers
     /// false, having said why, where there is nothing to show.
-    bool Show_View(ClassView view);
+    bool showView(ClassView view);
     /// Closes the records, so that the structure of the class's tables can change: the views show
-    /// nobody until Show_View, or showFirstPage, which takes up the current pupil again.
+    /// nobody until showView, or showFirstPage, which takes up the current pupil again.
     void release();
 
     PupilSheetModel& records() { return m_records; }

@@ -205,9 +205,8 @@ bool loadPhotoFromFile(const dao::Database& database, const QString& classCode, 
     });
 }
 
-bool Load_Class_Pictures(const dao::Database& database, const QString& classCode,
-                         const QList<qint64>& pupils, const QString& startFolder,
-                         Prompts& prompts) {
+bool loadClassPictures(const dao::Database& database, const QString& classCode,
+                       const QList<qint64>& pupils, const QString& startFolder, Prompts& prompts) {
     const QImage strip = askPicture(StripTitle, startFolder, {}, prompts);
     return !strip.isNull() && changePhotos(database, StripTitle, prompts, [&] {
         for (int place = 0; place < pupils.size(); ++place)
@@ -215,8 +214,8 @@ bool Load_Class_Pictures(const dao::Database& database, const QString& classCode
     });
 }
 
-bool Load_Photo_files_from_folder(const dao::Database& database, const QString& classCode,
-                                  Prompts& prompts) {
+bool loadPhotosFromFolder(const dao::Database& database, const QString& classCode,
+                          Prompts& prompts) {
     const QString column = askFileNameColumn(database, classCode, prompts);
     if (column.isEmpty())
         return false;

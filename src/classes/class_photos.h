@@ -30,12 +30,12 @@ bool loadPhotoFromFile(const dao::Database& database, const QString& classCode, 
 /// Asks for one picture with the photos of a whole class side by side, each of the standard size
 /// (or a whole multiple of it, by the picture's height), and gives them to pupils in their order.
 /// Where it is too short the last get an empty photo.
-bool Load_Class_Pictures(const dao::Database& database, const QString& classCode,
-                         const QList<qint64>& pupils, const QString& startFolder, Prompts& prompts);
+bool loadClassPictures(const dao::Database& database, const QString& classCode,
+                       const QList<qint64>& pupils, const QString& startFolder, Prompts& prompts);
 /// Asks for the grade column that names each pupil's picture file, without ".bmp", and for the
 /// folder of the files. Tells at the end how many are missing.
-bool Load_Photo_files_from_folder(const dao::Database& database, const QString& classCode,
-                                  Prompts& prompts);
+bool loadPhotosFromFolder(const dao::Database& database, const QString& classCode,
+                          Prompts& prompts);
 
 /// Keeps what was captured from the screen.
 bool storePhoto(const dao::Database& database, const QString& classCode, qint64 pupil,

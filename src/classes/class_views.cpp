@@ -54,7 +54,7 @@ void PupilSelection::click(const PupilSheet& names, int row) {
         m_pupils += pupilName(names, row);
 }
 
-void PupilSelection::Bookmark_All(const PupilSheet& names) {
+void PupilSelection::bookmarkAll(const PupilSheet& names) {
     m_pupils.clear();
     for (int row = 0; row < names.rowCount(); ++row)
         m_pupils += pupilName(names, row);
@@ -71,7 +71,7 @@ QString PupilSelection::clauseForView(const PupilSheet& names, bool queryActive)
         return {};
     }
     if (queryActive)
-        Bookmark_All(names);
+        bookmarkAll(names);
     if (queryActive || !m_filtered || m_shown.isEmpty())
         m_shown = m_pupils;
     m_filtered = true;

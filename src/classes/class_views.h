@@ -12,7 +12,7 @@ class PupilSheet;
 /// The views of the class window share one set of records; here is which they are, and which pupils
 /// are among them.
 
-/// The views as Show_View numbers them.
+/// The views as showView numbers them.
 enum ClassView { RegisterView = 1, GradesView = 2, PupilInformationView = 3, PupilNotesView = 4 };
 
 /// A pupil as the name list knows him: two of the same full name are not told apart.
@@ -35,14 +35,14 @@ public:
     /// him when he is there; with it off nobody is selected afterwards.
     void click(const PupilSheet& names, int row);
     /// Selects every pupil of the list, in its order.
-    void Bookmark_All(const PupilSheet& names);
+    void bookmarkAll(const PupilSheet& names);
     const QList<PupilName>& pupils() const { return m_pupils; } ///< in the order of selection
     bool isSelected(const PupilSheet& names, int row) const;
 
     /// Whether the views show the selected pupils alone.
     bool isFiltered() const { return m_filtered; }
     /// The filter goes on, or is made anew; the active view then shows again.
-    void ToggleSinglePupil() { m_filtered = !m_filtered; }
+    void toggleMultiselect() { m_filtered = !m_filtered; }
 
     /// A pupil has another name now: he stays picked and shown.
     void rename(const PupilName& from, const PupilName& to);

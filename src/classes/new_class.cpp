@@ -66,11 +66,11 @@ NewClassStep leaveCodePage(NewClass& answers, Prompts& prompts) {
 
 } // namespace
 
-TaughtWeek Create_TimetableA(int periodsPerDay) {
+TaughtWeek emptyWeekA(int periodsPerDay) {
     return emptyGrid(periodsPerDay);
 }
 
-TaughtWeek Create_TimetableB(int periodsPerDay) {
+TaughtWeek emptyWeekB(int periodsPerDay) {
     return emptyGrid(periodsPerDay);
 }
 
@@ -80,9 +80,9 @@ NewClass readNewClass(const dao::Database& database) {
     answers.periodsPerDay = static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger());
     answers.twoWeeks = admin.Collect(u"TTweekly").toInteger() == 1;
     admin.Close();
-    answers.weekA = Create_TimetableA(answers.periodsPerDay);
+    answers.weekA = emptyWeekA(answers.periodsPerDay);
     if (answers.twoWeeks)
-        answers.weekB = Create_TimetableB(answers.periodsPerDay);
+        answers.weekB = emptyWeekB(answers.periodsPerDay);
     dao::Recordset classcodes = database.OpenRecordset(ClasscodesTable);
     for (; !classcodes.EOF_(); classcodes.MoveNext()) {
         const QString code = classcodes.Collect(u"Classcode").toText();
@@ -113,7 +113,7 @@ QString classCodeKey(Prompts& prompts, const QString& key) {
     return {};
 }
 
-NewClassStep Frame_Next(NewClass& answers, int page, Prompts& prompts) {
+NewClassStep nextPage(NewClass& answers, int page, Prompts& prompts) {
     if (page == ClassCodePage)
         return leaveCodePage(answers, prompts);
     if (page == TimetableAPage && answers.twoWeeks) {
@@ -125,7 +125,7 @@ NewClassStep Frame_Next(NewClass& answers, int page, Prompts& prompts) {
     return NewClassStep::Finish;
 }
 
-void Frame_Previous(NewClass& answers, int page) {
+void previousPage(NewClass& answers, int page) {
     answers.page = std::max<int>(page - 1, ClassCodePage);
     answers.nextFinishes = false;
 }

@@ -9,7 +9,7 @@
 class Prompts;
 
 /// What the New Class Wizard knows, without its window: a code for the class, then the periods in
-/// which it is taught, picked on the timetable. Nothing is written before Create_NEW_CLASS.
+/// which it is taught, picked on the timetable. Nothing is written before createClass.
 
 /// One period of one weekday on the wizard's timetable.
 struct TaughtPeriod {
@@ -26,7 +26,7 @@ enum NewClassPage { ClassCodePage = 0, TimetableAPage = 1, TimetableBPage = 2 };
 enum class NewClassStep {
     Stay,  ///< on the page; the person was told why
     Move,  ///< to the page that stands in the answers now
-    Finish ///< Create_NEW_CLASS is due, and the wizard closes
+    Finish ///< createClass is due, and the wizard closes
 };
 
 /// The wizard's answers and the timetable that it shows.
@@ -49,8 +49,8 @@ struct NewClass {
 NewClass readNewClass(const dao::Database& database);
 
 /// The empty grids of the two weeks: a row a period, five days.
-TaughtWeek Create_TimetableA(int periodsPerDay);
-TaughtWeek Create_TimetableB(int periodsPerDay);
+TaughtWeek emptyWeekA(int periodsPerDay);
+TaughtWeek emptyWeekB(int periodsPerDay);
 
 /// The box for a character that no code holds.
 void showInvalidCharacter(Prompts& prompts);
@@ -60,9 +60,9 @@ QString classCodeKey(Prompts& prompts, const QString& key);
 
 /// One page on: from the codes only with a new one, and then without the picks made under another
 /// code. `page` is the one shown.
-NewClassStep Frame_Next(NewClass& answers, int page, Prompts& prompts);
+NewClassStep nextPage(NewClass& answers, int page, Prompts& prompts);
 /// One page back; on the first it stays.
-void Frame_Previous(NewClass& answers, int page);
+void previousPage(NewClass& answers, int page);
 
 /// Picks a cell for the class, or drops the pick; tells why a cell taken by another class stays as
 /// it is. Answers whether the cell changed.

@@ -59,8 +59,8 @@ QString askNotesCategory(Prompts& prompts) {
     return field ? field->name : QString();
 }
 
-bool NOTES_AddNew(const dao::Database& database, const QString& classCode, const QString& category,
-                  Prompts& prompts) {
+bool addNotesCategory(const dao::Database& database, const QString& classCode,
+                      const QString& category, Prompts& prompts) {
     try {
         dao::Field field = dao::TableDef::CreateField(noteField(category), dao::DataType::Memo);
         field.AllowZeroLength = true;
@@ -80,8 +80,8 @@ bool askDeleteCategory(const QString& category, Prompts& prompts) {
                             u"Delete Category"_s) == AnswerYes;
 }
 
-bool NOTES_Delete(const dao::Database& database, const QString& classCode, const QString& category,
-                  Prompts& prompts) {
+bool deleteNotesCategory(const dao::Database& database, const QString& classCode,
+                         const QString& category, Prompts& prompts) {
     return tryTelling(prompts, {u"Delete Category error", u"Error Number %2"},
                       [&] { pupilFields(database, classCode).Delete(noteField(category)); });
 }

@@ -22,13 +22,13 @@ QStringList noteCategories(const dao::Database& database, const QString& classCo
 QString askNotesCategory(Prompts& prompts);
 /// Adds a category; a failure is told. Answers whether it is there. REQUIRES, as the next, that no
 /// recordset has `Class_`C open: the engine refuses to change the structure of a table in use.
-bool NOTES_AddNew(const dao::Database& database, const QString& classCode, const QString& category,
-                  Prompts& prompts);
+bool addNotesCategory(const dao::Database& database, const QString& classCode,
+                      const QString& category, Prompts& prompts);
 bool askDeleteCategory(const QString& category, Prompts& prompts);
 /// Deletes a category with the notes of all pupils in it; a failure is told. Answers whether it is
 /// gone.
-bool NOTES_Delete(const dao::Database& database, const QString& classCode, const QString& category,
-                  Prompts& prompts);
+bool deleteNotesCategory(const dao::Database& database, const QString& classCode,
+                         const QString& category, Prompts& prompts);
 /// The box for a failure while a category is shown.
 inline constexpr FailureBox BindNotesFailure{u"Bind Notes Error", u"Error numnber %2",
                                              OkButton | WarningIcon};

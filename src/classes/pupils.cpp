@@ -38,7 +38,7 @@ qint64 addPupil(const dao::Database& database, const QString& classCode, const P
     pupils.MoveLast();
     const qint64 id = pupils.Collect(u"ID").toInteger();
     pupils.Close();
-    Update_RegisterAndMarks_ID(database, classCode, id, name.firstname + u"\r\n"_s + name.surname);
+    updateRegisterAndMarksId(database, classCode, id, name.firstname + u"\r\n"_s + name.surname);
     transaction.commit();
     return id;
 }
@@ -87,8 +87,8 @@ std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString
     return pupil;
 }
 
-void Update_RegisterAndMarks_ID(const dao::Database& database, const QString& classCode, qint64 id,
-                                const QString& caption) {
+void updateRegisterAndMarksId(const dao::Database& database, const QString& classCode, qint64 id,
+                              const QString& caption) {
     addRow(database, registerTable(classCode), id);
     addRow(database, marksTable(classCode), id);
     addDesk(database, seatingPlanTable(classCode), id, caption);

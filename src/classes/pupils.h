@@ -19,5 +19,5 @@ std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString
 
 /// Gives a pupil of `Class_`C his rows in the class's other tables, where they exist. `caption` is
 /// what his desk reads. Raises what the engine raises.
-void Update_RegisterAndMarks_ID(const dao::Database& database, const QString& classCode, qint64 id,
-                                const QString& caption);
+void updateRegisterAndMarksId(const dao::Database& database, const QString& classCode, qint64 id,
+                              const QString& caption);

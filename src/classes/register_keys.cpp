@@ -14,7 +14,7 @@ constexpr QChar Backspace = u'\b';
 
 } // namespace
 
-KeyArray Populate_KeyArray(const Settings& settings) {
+KeyArray readRegisterKeys(const Settings& settings) {
     KeyArray keys;
     keys.marks = {PresentMark, u"\\"_s, AbsentMark};
     QList<SettingEntry> own;

@@ -18,7 +18,7 @@ struct KeyArray {
 };
 
 /// Reads the teacher's own marks from the settings, in their order.
-KeyArray Populate_KeyArray(const Settings& settings);
+KeyArray readRegisterKeys(const Settings& settings);
 
 /// The fixed lines of the panel. The second is written with a zero, the mark itself is the letter.
 QStringList fixedKeyLines();

@@ -56,7 +56,7 @@ int firstColumnInView(int currentColumn, int previousDates) {
     return std::max(currentColumn - previousDates, 0);
 }
 
-QString Update_Register_info(const PupilSheet& sheet, QDate today) {
+QString currentLessonText(const PupilSheet& sheet, QDate today) {
     const std::optional<int> next =
         firstLesson(sheet, [today](const RegisterColumn& lesson) { return lesson.date > today; });
     const int number = next ? lessonAt(sheet, *next)->number : 0;

@@ -34,7 +34,7 @@ int firstColumnInView(int currentColumn, int previousDates);
 /// What the label of the register says, a line each: pupils, lessons in all, lessons remaining. The
 /// first lesson after today doesn't count as remaining, and behind the last one the figure is again
 /// that of all lessons: odd, and kept.
-QString Update_Register_info(const PupilSheet& sheet, QDate today);
+QString currentLessonText(const PupilSheet& sheet, QDate today);
 
 /// How a pupil attended up to yesterday.
 struct Attendance {

@@ -48,7 +48,7 @@ bool isNumericField(const QueryField& field) {
 
 } // namespace
 
-QList<QueryField> FillSortFields(const dao::Database& database, const QString& classCode) {
+QList<QueryField> queryFields(const dao::Database& database, const QString& classCode) {
     QList<QueryField> fields{{u"Surname"_s}, {u"Firstname"_s}, {u"Tutor"_s}};
     for (const dao::Field& field : database.TableDefs()[marksTable(classCode)].Fields()) {
         if (!dao::sameName(field.Name, u"ID"))

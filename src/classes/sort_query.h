@@ -23,7 +23,7 @@ inline constexpr int PupilFieldCount = 3;
 
 /// "Surname", "Firstname" and "Tutor", then the grades in their order. Raises what the engine
 /// raises.
-QList<QueryField> FillSortFields(const dao::Database& database, const QString& classCode);
+QList<QueryField> queryFields(const dao::Database& database, const QString& classCode);
 
 struct SortKey {
     int field = -1; ///< of the list above; -1: none is selected

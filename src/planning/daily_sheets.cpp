@@ -115,11 +115,11 @@ void DailySheets::rebind(const QString& target) {
     show();
 }
 
-void DailySheets::RebindRecordset(const QString& target) {
+void DailySheets::reopenOn(const QString& target) {
     moving([&] { rebind(target); });
 }
 
-void DailySheets::Activate_1st() {
+void DailySheets::showFirst() {
     Prompts& prompts = m_session.GetSeams().prompts;
     moving([&] {
         open();
@@ -262,7 +262,7 @@ void DailySheets::selectPeriod(int period) {
     m_session.CurrentClass = period > 0 ? classOf(period) : QString();
 }
 
-QList<ClassCoding> DailySheets::DisplayColorCodes(bool isOn) const {
+QList<ClassCoding> DailySheets::classCoding(bool isOn) const {
     QList<ClassCoding> coding(m_session.PeriodsPerDay);
     for (int period = 1; isOn && period <= m_session.PeriodsPerDay; ++period) {
         const auto found = std::find_if(
@@ -293,7 +293,7 @@ void DailySheets::markShortTermPlans(QList<ClassCoding>& coding) const {
     }
 }
 
-QString DailySheets::GetCOEinfo() const {
+QString DailySheets::eventText() const {
     if (planDate().isEmpty())
         return {};
     try {
@@ -360,7 +360,7 @@ void DailySheets::refresh() {
         return;
     if (!m_data
              .isOpen()) // closed under this window, as deleting a class does by a recordset's name
-        return RebindRecordset(m_shown);
+        return reopenOn(m_shown);
     try {
         m_binding.refresh();
         return;
@@ -368,5 +368,5 @@ void DailySheets::refresh() {
         if (error.number() != dao::RecordDeleted)
             return tell(u"Planning Sheets Error"_s, error);
     }
-    RebindRecordset(m_shown); // what was typed puts the deleted sheet back first
+    reopenOn(m_shown); // what was typed puts the deleted sheet back first
 }

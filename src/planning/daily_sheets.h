@@ -48,10 +48,10 @@ public:
 
     /// The first positioning: today's sheet. Where there is none the person is asked whether to
     /// make it; declined, it is the next sheet after today or the last one.
-    void Activate_1st();
+    void showFirst();
     /// Opens the sheets anew and goes to "First", "Last" or the sheet of a "yy-mm-dd" date, failing
     /// that to the next one after it, else to the last.
-    void RebindRecordset(const QString& target);
+    void reopenOn(const QString& target);
     /// Goes to the sheet of a date; says so where there is none. Nothing with less than two sheets.
     /// Answers whether the sheet is shown.
     bool ShowPlan(QDate date);
@@ -77,10 +77,10 @@ public:
     void selectPeriod(int period);
 
     /// How the class box of each period looks, from period 1 on. `isOn`: with class colours.
-    QList<ClassCoding> DisplayColorCodes(bool isOn) const;
+    QList<ClassCoding> classCoding(bool isOn) const;
     /// The plain text that the calendar of events has for the sheet's date. Empty without one; a
     /// failure is told.
-    QString GetCOEinfo() const;
+    QString eventText() const;
     /// The codes of the teacher's classes, for the list of a class box.
     QStringList classCodes() const;
 

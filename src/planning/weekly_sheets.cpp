@@ -87,7 +87,7 @@ int WeeklySheets::currentWeek() const {
     return found == m_weeks.end() ? 0 : static_cast<int>(found - m_weeks.begin());
 }
 
-bool WeeklySheets::Show_Week(int week, const QString& classCode) {
+bool WeeklySheets::showWeek(int week, const QString& classCode) {
     QList<KeptRow> records;
     QList<LessonSlot> found;
     QString heading;
@@ -132,7 +132,7 @@ void WeeklySheets::readLessons(int record, const QString& classCode,
     }
 }
 
-bool WeeklySheets::Update_Records(const QList<SlotTexts>& texts) {
+bool WeeklySheets::writeLessons(const QList<SlotTexts>& texts) {
     if (std::none_of(texts.begin(), texts.end(), isTyped))
         return true;
     const QList<KeptRow> before = m_records;

@@ -60,7 +60,7 @@ public:
     /// Reads the lessons of a class in a week (an element of `weeks`). What was shown has to be
     /// written back before. Answers whether it could; a failure is told and leaves what was shown.
     /// Without a class, in a year that has none, there are no lessons.
-    bool Show_Week(int week, const QString& classCode);
+    bool showWeek(int week, const QString& classCode);
     /// In the order of dates and periods. Empty for a class without lessons in the week.
     const QList<LessonSlot>& lessons() const { return m_slots; }
     /// Whether the week has sheets at all.
@@ -73,7 +73,7 @@ public:
     /// each of `lessons`. What nobody typed in stays as it was read, and so does Null whose box is
     /// empty again. A row that was deleted meanwhile is put back with all that it held. Answers
     /// false where something could not be written, which is told once until a write succeeds.
-    bool Update_Records(const QList<SlotTexts>& texts);
+    bool writeLessons(const QList<SlotTexts>& texts);
 
 private:
     void readLessons(int record, const QString& classCode, QList<LessonSlot>& found) const;

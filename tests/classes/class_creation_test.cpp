@@ -60,8 +60,8 @@ TEST_F(ClassCreationTest, AClassMadeLaterIsAsOneOfTheStart) {
         YearFile expected(whole);
         YearFile made(lacking);
         const dao::Database database = made.open();
-        ASSERT_TRUE(Create_NEW_CLASS(
-            database, newClass(database, u"7A"_s, classPeriods(whole, u"7A"_s)), seams.prompts));
+        ASSERT_TRUE(createClass(database, newClass(database, u"7A"_s, classPeriods(whole, u"7A"_s)),
+                                seams.prompts));
         EXPECT_EQ(contentOf(database), contentOf(expected.open()));
     }
 }
@@ -95,7 +95,7 @@ TEST_F(ClassCreationTest, OneLessonOrNoneGivesNoRegister) {
         YearFile file(twoWeekAnswers());
         const dao::Database database = file.open();
         const QStringList planning = rowsOf(database, PlanningTable);
-        ASSERT_TRUE(Create_NEW_CLASS(database, newClass(database, u"N"_s, periods), seams.prompts));
+        ASSERT_TRUE(createClass(database, newClass(database, u"N"_s, periods), seams.prompts));
         EXPECT_TRUE(TableExists(database, u"Class_N"_s));
         EXPECT_TRUE(TableExists(database, u"Marks_N"_s));
         EXPECT_FALSE(TableExists(database, u"REG_N"_s));
@@ -123,7 +123,7 @@ TEST_F(ClassCreationTest, ARegisterHas250LessonsAtMost) {
         const QString code = QString::number(lessons);
         if (lessons > MaximumRegisterLessons)
             seams.prompts.expect(PromptKind::Plain, u"Too many fields"_s, AnswerOk);
-        ASSERT_TRUE(Create_NEW_CLASS(database, newClass(database, code, periods), seams.prompts));
+        ASSERT_TRUE(createClass(database, newClass(database, code, periods), seams.prompts));
         EXPECT_EQ(fieldNames(database, registerTable(code)).size(), 251);
         ASSERT_TRUE(Delete_Class(database, code, seams.prompts)); // its periods are free again
     }
@@ -133,7 +133,7 @@ TEST_F(ClassCreationTest, ARegisterHas250LessonsAtMost) {
     periods.weekA[1] = u"123"_s;
     ASSERT_EQ(yearLessons(database, periods).size(), 251);
     seams.prompts.expect(PromptKind::Plain, u"Too many fields"_s, AnswerOk);
-    ASSERT_TRUE(Create_NEW_CLASS(database, newClass(database, u"251"_s, periods), seams.prompts));
+    ASSERT_TRUE(createClass(database, newClass(database, u"251"_s, periods), seams.prompts));
     EXPECT_EQ(fieldNames(database, u"REG_251"_s).last(), u"21/02/25 250"_s);
 }
 
@@ -145,7 +145,7 @@ TEST_F(ClassCreationTest, AFailureLeavesNothingOfTheClass) {
     database.TableDefs().Append(stale); // what a foreign tool might leave
     const QStringList before = contentOf(database);
     seams.prompts.expect(PromptKind::Plain, u"Create Class Error"_s, AnswerOk);
-    EXPECT_FALSE(Create_NEW_CLASS(database, answers, seams.prompts));
+    EXPECT_FALSE(createClass(database, answers, seams.prompts));
     EXPECT_TRUE(
         seams.prompts.last().text.startsWith(u"Error Creating Class : \nError number : 3010\n"_s));
     EXPECT_EQ(contentOf(database), before);

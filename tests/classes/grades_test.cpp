@@ -65,7 +65,7 @@ protected:
     /// The `ID` of the pupils that a condition on one field picks, as the panel builds it.
     QString picked(const QString& name, const QString& comparison, const QString& value,
                    const QString& built = {}, const QString& logical = {}) {
-        const QList<QueryField> fields = FillSortFields(database, code);
+        const QList<QueryField> fields = queryFields(database, code);
         const auto found = std::find_if(fields.begin(), fields.end(),
                                         [&](const auto& each) { return each.name == name; });
         last = *Built_SQL(built, query(), {*found, comparison, value, logical}, seams.prompts);
@@ -258,7 +258,7 @@ TEST_F(GradesTest, QueriesPickAsTheEngineUnderstandsThem) {
 TEST_F(GradesTest, SortingKeepsTheCondition) {
     add(field(u"Test 1"_s, dao::DataType::Long));
     put(marksTable(code), 3, u"Test 1"_s, 5);
-    const QList<QueryField> fields = FillSortFields(database, code);
+    const QList<QueryField> fields = queryFields(database, code);
     const QString filtered = gradesSource(code, u" WHERE Surname = 'Cole'"_s);
     const QString sorted =
         *sortedQuery(filtered, code, fields, {{3, true}, {}, {0, false}}, seams.prompts);

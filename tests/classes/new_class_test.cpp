@@ -42,13 +42,13 @@ TEST_F(NewClassTest, TheFirstPageWantsANewCode) {
     EXPECT_EQ(answers.codesInUse, (QStringList{u"7A"_s, u"8X"_s, u"9C"_s}));
 
     seams.prompts.expect(PromptKind::Plain, u"New Class setup"_s, AnswerOk);
-    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
+    EXPECT_EQ(nextPage(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
     EXPECT_EQ(seams.prompts.last().text, u"You have not entered a new Classcode!\n"
                                          "You must do this before you can continue."_s);
     for (const QString& taken : {u"8X"_s, u"TEMP"_s}) {
         answers.code = taken;
         seams.prompts.expect(PromptKind::Plain, u"New Class Setup"_s, AnswerOk);
-        EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
+        EXPECT_EQ(nextPage(answers, ClassCodePage, seams.prompts), NewClassStep::Stay);
         EXPECT_EQ(seams.prompts.last().text,
                   u"This Classcode is already in use! Please enter a unique code."_s);
         EXPECT_TRUE(answers.code.isEmpty());
@@ -59,23 +59,23 @@ TEST_F(NewClassTest, PagesOfOneAndTwoWeeks) {
     YearFile twoWeeks(twoWeekAnswers());
     NewClass answers = readNewClass(twoWeeks.open());
     answers.code = u"N"_s;
-    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(nextPage(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
     EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
-    EXPECT_EQ(Frame_Next(answers, TimetableAPage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(nextPage(answers, TimetableAPage, seams.prompts), NewClassStep::Move);
     EXPECT_EQ(answers.page, TimetableBPage);
     EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
-    EXPECT_EQ(Frame_Next(answers, TimetableBPage, seams.prompts), NewClassStep::Finish);
+    EXPECT_EQ(nextPage(answers, TimetableBPage, seams.prompts), NewClassStep::Finish);
     EXPECT_EQ(nextButtonText(answers), u"Finish >>"_s);
-    Frame_Previous(answers, TimetableBPage);
+    previousPage(answers, TimetableBPage);
     EXPECT_EQ(answers.page, TimetableAPage);
     EXPECT_EQ(nextButtonText(answers), u"Next >>"_s);
 
     YearFile oneWeek(oneWeekAnswers());
     answers = readNewClass(oneWeek.open());
     answers.code = u"N"_s;
-    EXPECT_EQ(Frame_Next(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
+    EXPECT_EQ(nextPage(answers, ClassCodePage, seams.prompts), NewClassStep::Move);
     EXPECT_EQ(nextButtonText(answers), u"Finish >>"_s);
-    EXPECT_EQ(Frame_Next(answers, TimetableAPage, seams.prompts), NewClassStep::Finish);
+    EXPECT_EQ(nextPage(answers, TimetableAPage, seams.prompts), NewClassStep::Finish);
 }
 
 TEST_F(NewClassTest, PicksToggleAndGoWithTheirCode) {
@@ -93,7 +93,7 @@ TEST_F(NewClassTest, PicksToggleAndGoWithTheirCode) {
     EXPECT_EQ(pickedPeriods(answers).weekB[0], u"3"_s);
 
     answers.code = u"M"_s;
-    Frame_Next(answers, ClassCodePage, seams.prompts);
+    nextPage(answers, ClassCodePage, seams.prompts);
     EXPECT_EQ(pickedPeriods(answers).weekA[0], QString());
     EXPECT_EQ(answers.weekA[cellOf(2, 0)].caption, QString());
     EXPECT_EQ(answers.weekA[cellOf(3, 0)].caption, u"7A"_s);

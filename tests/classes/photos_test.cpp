@@ -93,7 +93,7 @@ protected:
         seams.prompts.expect(PromptKind::Folder,
                              u"Select the folder where the picture files are located:"_s, place);
         seams.prompts.expect(PromptKind::Plain, u"Picture Import Complete"_s, AnswerOk);
-        EXPECT_TRUE(Load_Photo_files_from_folder(database, code, seams.prompts));
+        EXPECT_TRUE(loadPhotosFromFolder(database, code, seams.prompts));
     }
     QImage photo(qint64 pupil) { return pupilPhoto(database, code, pupil); }
     QColor colour(qint64 pupil, int x = 3, int y = 3) { return photo(pupil).pixelColor(x, y); }
@@ -216,7 +216,7 @@ TEST_F(PhotosTest, AStripIsCutInTheOrderOfThePupils) {
         }
         seams.prompts.expect(PromptKind::File, u" Load Class Pictures From:"_s,
                              put(u"strip.bmp"_s, bytesOf(strip, "BMP")));
-        EXPECT_TRUE(Load_Class_Pictures(database, code, {4, 2, 1}, {}, seams.prompts));
+        EXPECT_TRUE(loadClassPictures(database, code, {4, 2, 1}, {}, seams.prompts));
         EXPECT_EQ(photo(4).size(), each.photo);
         EXPECT_EQ(colour(4, each.photo.width() - 3), QColor(Qt::red));
         EXPECT_EQ(colour(2, 3, each.photo.height() - 3), QColor(Qt::blue));
@@ -247,7 +247,7 @@ TEST_F(PhotosTest, AFullDiskLeavesAllPhotosAsTheyWere) {
     seams.prompts.expect(PromptKind::Plain, u" Load Class Pictures From:"_s, AnswerOk);
     {
         const FileSizeLimit fullDisk(QFileInfo(file.path()).size() + 20'000); // room for one
-        EXPECT_FALSE(Load_Class_Pictures(database, code, {1, 2, 3, 4}, {}, seams.prompts));
+        EXPECT_FALSE(loadClassPictures(database, code, {1, 2, 3, 4}, {}, seams.prompts));
     }
     EXPECT_FALSE(seams.prompts.last().text.contains(u"strip"_s));
     EXPECT_EQ(colour(1), QColor(Qt::red));

@@ -116,7 +116,7 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
     Settings settings(folder.filePath(u"settings"_s));
     settings.set(Setting<QString>{setting::RegisterKey, u"L"}, u"late"_s);
     settings.set(Setting<QString>{setting::RegisterKey, u"m"}, u"at music"_s);
-    const KeyArray keys = Populate_KeyArray(settings);
+    const KeyArray keys = readRegisterKeys(settings);
     EXPECT_EQ(keys.lines, (QStringList{u"L=late"_s, u"m=at music"_s}));
     struct Case {
         QString key;
@@ -158,9 +158,9 @@ TEST_F(RegisterTest, FillSparesWhatIsMarked) {
 
 TEST_F(RegisterTest, TheSummaryKeepsItsArithmetic) {
     const auto remaining = [this](int day) {
-        return Update_Register_info(sheet(), QDate(2024, 9, day)).section(u'\n', 2);
+        return currentLessonText(sheet(), QDate(2024, 9, day)).section(u'\n', 2);
     };
-    EXPECT_EQ(Update_Register_info(sheet(), QDate(2024, 9, 1)),
+    EXPECT_EQ(currentLessonText(sheet(), QDate(2024, 9, 1)),
               u"3 Pupils.\n24 Total Lessons.\n23 Remaining."_s);
     EXPECT_EQ(remaining(2), u"21 Remaining."_s);  // the next is lesson 3, on the day after
     EXPECT_EQ(remaining(18), u"0 Remaining."_s);  // the last one is the next
@@ -240,7 +240,7 @@ TEST_F(RegisterTest, SelectedPupilsAreShownAlone) {
     EXPECT_TRUE(selection.pupils().isEmpty());
 
     selection.setMultiSelect(true);
-    selection.ToggleSinglePupil();
+    selection.toggleMultiselect();
     EXPECT_EQ(selection.clauseForView(sheet(), false), QString()); // nobody is selected yet
     for (const int row : {2, 0, 1, 0})
         selection.click(sheet(), row);

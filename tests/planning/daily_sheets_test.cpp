@@ -115,7 +115,7 @@ TEST_F(SheetsTest, OpensOnTodayOrTheNextOrTheLast) {
         setToday(example.today);
         if (example.isAsked)
             seams.prompts.expect(PromptKind::Message, u"Today"_s, AnswerNo);
-        sheets.Activate_1st();
+        sheets.showFirst();
         EXPECT_EQ(sheets.planDate(), example.shown);
     }
     EXPECT_EQ(seams.prompts.last().look.captions, (QStringList{u"Yes please"_s, u"No thanks"_s}));
@@ -124,11 +124,11 @@ TEST_F(SheetsTest, OpensOnTodayOrTheNextOrTheLast) {
 TEST_F(SheetsTest, AnEmptyTableComesAlive) {
     deleteAllBut(0);
     seams.prompts.expect(PromptKind::Message, u"The planning table is empty!"_s, AnswerOk);
-    sheets.Activate_1st();
+    sheets.showFirst();
     EXPECT_TRUE(sheets.isEmpty());
     EXPECT_EQ(sheets.positionText(), QString());
     EXPECT_EQ(sheets.heading(), QString());
-    EXPECT_EQ(sheets.GetCOEinfo(), QString());
+    EXPECT_EQ(sheets.eventText(), QString());
     sheets.move(SheetMove::Next);
     sheets.deleteSheet();
     EXPECT_FALSE(sheets.ShowPlan(QDate(2024, 9, 9)));
@@ -139,7 +139,7 @@ TEST_F(SheetsTest, AnEmptyTableComesAlive) {
 TEST_F(SheetsTest, OneSheetHasNowhereToGo) {
     deleteAllBut(1);
     setToday(QDate(2024, 9, 4));
-    sheets.Activate_1st();
+    sheets.showFirst();
     for (const SheetMove move :
          {SheetMove::First, SheetMove::Previous, SheetMove::Next, SheetMove::Last}) {
         EXPECT_FALSE(sheets.canMove(move));
@@ -153,7 +153,7 @@ TEST_F(SheetsTest, OneSheetHasNowhereToGo) {
 TEST_F(SheetsTest, ANewSheetHasTheClassesOfItsDay) {
     deleteAllBut(0);
     seams.prompts.expect(PromptKind::Message, u"The planning table is empty!"_s, AnswerOk);
-    sheets.Activate_1st();
+    sheets.showFirst();
     dao::Recordset clone = session.CurrentDB.OpenRecordset(u"Planning"_s);
     const QStringList dates{u"24-09-09"_s, u"24-09-23"_s, u"24-09-04"_s,
                             u"24-09-14"_s, u"24-09-08"_s, u"24-09-18"_s};
@@ -172,10 +172,10 @@ TEST_F(SheetsTest, ANewSheetHasTheClassesOfItsDay) {
 
 TEST_F(OneWeekSheetsTest, AYearWithoutLettersHasClassesToo) {
     setToday(QDate(2024, 9, 9));
-    sheets.Activate_1st();
+    sheets.showFirst();
     session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-13'"_s)
         .Delete();
-    sheets.RebindRecordset(u"Last"_s);
+    sheets.reopenOn(u"Last"_s);
     seams.prompts.expect(PromptKind::Message, u"Create Plan"_s, AnswerYes);
     sheets.pickDate(QDate(2024, 9, 13));
     EXPECT_EQ(sheets.classOf(2), u"7A"_s);
@@ -183,7 +183,7 @@ TEST_F(OneWeekSheetsTest, AYearWithoutLettersHasClassesToo) {
 }
 
 TEST_F(SheetsTest, RebindsToADateOrTheNextOne) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     const struct {
         QString target;
         QString shown;
@@ -193,13 +193,13 @@ TEST_F(SheetsTest, RebindsToADateOrTheNextOne) {
         {u"24-10-02"_s, u"24-09-27"_s}, {u"nonsense"_s, u"24-09-04"_s},
     };
     for (const auto& example : cases) {
-        sheets.RebindRecordset(example.target);
+        sheets.reopenOn(example.target);
         EXPECT_EQ(sheets.planDate(), example.shown) << example.target.toStdString();
     }
 }
 
 TEST_F(SheetsTest, AsksForASheetThatIsMissing) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     EXPECT_TRUE(sheets.ShowPlan(QDate(2024, 9, 24)));
     EXPECT_EQ(sheets.planDate(), u"24-09-24"_s);
     seams.prompts.expect(PromptKind::Message, u"Doesn't Exist"_s, AnswerOk);
@@ -215,7 +215,7 @@ TEST_F(SheetsTest, AsksForASheetThatIsMissing) {
 }
 
 TEST_F(SheetsTest, DeletingBetweenTwoShowsTheNext) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     seams.prompts.expect(PromptKind::Message, u"Delete Record"_s, AnswerNo);
     sheets.deleteSheet();
     EXPECT_EQ(sheets.count(), 13);
@@ -234,7 +234,7 @@ TEST_F(SheetsTest, DeletingBetweenTwoShowsTheNext) {
 }
 
 TEST_F(SheetsTest, TheLimitOfALesson) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     lesson.type(QString(65535, u'a'));
     sheets.move(SheetMove::Next);
     EXPECT_EQ(stored(u"24-09-09"_s, u"Lesson1"_s).toText().size(), 65535);
@@ -252,7 +252,7 @@ TEST_F(SheetsTest, TheLimitOfALesson) {
 }
 
 TEST_F(SheetsTest, OnlyWhatWasChangedIsWritten) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     store(u"24-09-09"_s, u"Homework1"_s, u"theirs"_s);
     lesson.type(u"mine"_s);
     sheets.move(SheetMove::Next);
@@ -261,7 +261,7 @@ TEST_F(SheetsTest, OnlyWhatWasChangedIsWritten) {
 }
 
 TEST_F(SheetsTest, AFailedWriteKeepsTheRowAndTheText) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     lesson.type(u"mine"_s);
     classBox.type(QString(56, u'c')); // beyond its field
     seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
@@ -280,7 +280,7 @@ TEST_F(SheetsTest, AFailedWriteKeepsTheRowAndTheText) {
 
 TEST_F(SheetsTest, ASheetDeletedElsewhereComesBackWithWhatIsTyped) {
     store(u"24-09-09"_s, u"Notes"_s, u"old note"_s);
-    sheets.Activate_1st();
+    sheets.showFirst();
     lesson.type(u"typed"_s);
     session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-09'"_s)
         .Delete();
@@ -294,7 +294,7 @@ TEST_F(SheetsTest, ASheetDeletedElsewhereComesBackWithWhatIsTyped) {
 }
 
 TEST_F(SheetsTest, ASheetMadeElsewhereIsNotMadeAgain) {
-    sheets.Activate_1st();
+    sheets.showFirst();
     dao::Recordset planning = session.CurrentDB.OpenRecordset(u"Planning"_s);
     AddNewPlan(session.CurrentDB, planning, u"24-09-14"_s);
     setToday(QDate(2024, 9, 14));
@@ -378,11 +378,11 @@ TEST_F(SheetsTest, ShowsClassesAndEvents) {
     months.Edit();
     months.SetCollect(u"D9"_s, u"{\\rtf1 Open \\b evening}"_s);
     months.Update();
-    sheets.Activate_1st();
-    EXPECT_EQ(sheets.GetCOEinfo(), u"Open evening"_s);
-    EXPECT_EQ(sheets.DisplayColorCodes(true).at(0).colour, 16744448);
-    EXPECT_FALSE(sheets.DisplayColorCodes(true).at(1).colour);
-    EXPECT_FALSE(sheets.DisplayColorCodes(false).at(0).colour);
+    sheets.showFirst();
+    EXPECT_EQ(sheets.eventText(), u"Open evening"_s);
+    EXPECT_EQ(sheets.classCoding(true).at(0).colour, 16744448);
+    EXPECT_FALSE(sheets.classCoding(true).at(1).colour);
+    EXPECT_FALSE(sheets.classCoding(false).at(0).colour);
     session.CurrentDB.TableDefs().Append(schemaTableDef(Table::STPdata));
     dao::Recordset plans = session.CurrentDB.OpenRecordset(u"STPdata"_s);
     for (const QString& date : {u"24-09-09"_s, u"24-09-10"_s}) {
@@ -393,10 +393,10 @@ TEST_F(SheetsTest, ShowsClassesAndEvents) {
     }
     QList<int> planned;
     for (int period = 1; period <= 5; ++period) {
-        if (sheets.DisplayColorCodes(false).at(period - 1).hasShortTermPlan)
+        if (sheets.classCoding(false).at(period - 1).hasShortTermPlan)
             planned += period;
     }
     EXPECT_EQ(planned, QList<int>{3});
     sheets.move(SheetMove::Next);
-    EXPECT_EQ(sheets.GetCOEinfo(), QString());
+    EXPECT_EQ(sheets.eventText(), QString());
 }

@@ -81,7 +81,7 @@ TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
     put(u"24-09-09"_s, u"Class1"_s, ninth);
     put(u"24-09-09"_s, u"Class2"_s, ninth);
     put(u"24-09-09"_s, u"Lesson2"_s, u"second"_s);
-    ASSERT_TRUE(sheets.Show_Week(1, ninth));
+    ASSERT_TRUE(sheets.showWeek(1, ninth));
     ASSERT_GE(sheets.lessons().size(), 2);
     const LessonSlot first = sheets.lessons()[0];
     const LessonSlot second = sheets.lessons()[1];
@@ -95,7 +95,7 @@ TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
     QList<SlotTexts> typed(sheets.lessons().size());
     typed[0] = {u"L "_s + first.caption, QString()};
     typed[1].homework = u"H "_s + second.caption;
-    EXPECT_TRUE(sheets.Update_Records(typed));
+    EXPECT_TRUE(sheets.writeLessons(typed));
     const dao::Recordset row = rowOf(u"24-09-09"_s);
     EXPECT_EQ(row.Collect(u"Lesson1").toText(), u"L "_s + first.caption);
     EXPECT_TRUE(row.Collect(u"Homework1").isNull()) << "empty again";
@@ -105,20 +105,20 @@ TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
 }
 
 TEST_F(WeeklySheetsTest, AWeekWithoutTheClassHasNothingToWriteBack) {
-    ASSERT_TRUE(sheets.Show_Week(1, u"8X"_s));
+    ASSERT_TRUE(sheets.showWeek(1, u"8X"_s));
     EXPECT_TRUE(sheets.hasSheets());
     EXPECT_TRUE(sheets.lessons().isEmpty());
-    EXPECT_TRUE(sheets.Update_Records({}));
-    ASSERT_TRUE(sheets.Show_Week(1, {})); // free periods have no class either
+    EXPECT_TRUE(sheets.writeLessons({}));
+    ASSERT_TRUE(sheets.showWeek(1, {})); // free periods have no class either
     EXPECT_TRUE(sheets.lessons().isEmpty());
-    ASSERT_TRUE(sheets.Show_Week(30, seventh));
+    ASSERT_TRUE(sheets.showWeek(30, seventh));
     EXPECT_FALSE(sheets.hasSheets());
     EXPECT_EQ(sheets.heading(), QString());
 }
 
 TEST_F(WeeklySheetsTest, SheetsAddedLaterShowInTheOrderOfTheirDates) {
     const int before = [&] {
-        sheets.Show_Week(1, seventh);
+        sheets.showWeek(1, seventh);
         return static_cast<int>(sheets.lessons().size());
     }();
     const auto add = [&](const QString& planDate, int week) {
@@ -131,23 +131,23 @@ TEST_F(WeeklySheetsTest, SheetsAddedLaterShowInTheOrderOfTheirDates) {
     };
     add(u"24-09-17"_s, -1);
     add(u"24-09-08"_s, 2);
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.lessons().size(), before + 1);
     EXPECT_EQ(captions().value(0), u"Sunday 08/Sep/2024 : Lesson 5"_s);
     for (int week = 0; week < sheets.weeks().size(); ++week) {
-        sheets.Show_Week(week, seventh);
+        sheets.showWeek(week, seventh);
         EXPECT_FALSE(captions().contains(u"Tuesday 17/Sep/2024 : Lesson 5"_s));
     }
 }
 
 TEST_F(WeeklySheetsTest, TheHeadingTellsTheLetterOrTheNumber) {
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.heading(), u"Week A"_s);
     put(u"24-09-09"_s, u"ABWeek"_s, {});
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.heading(), u"Week "_s);
     open(oneWeekAnswers());
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.heading(), u"Weekly Plan 2"_s);
 }
 
@@ -162,10 +162,10 @@ TEST_F(WeeklySheetsTest, APeriodBeyondTheNinthIsNeverWritten) {
     }
     for (int period = 2; period < 9; ++period)
         put(u"24-09-09"_s, u"Class%1"_s.arg(period), {});
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     ASSERT_EQ(captions().value(1), u"Monday 09/Sep/2024 : Lesson 10"_s);
     EXPECT_EQ(captionPeriod(captions()[1]), 0);
-    EXPECT_TRUE(sheets.Update_Records(texts()));
+    EXPECT_TRUE(sheets.writeLessons(texts()));
     const dao::Recordset row = rowOf(u"24-09-09"_s);
     EXPECT_EQ(row.Collect(u"Lesson9").toText(), u"L Monday 09/Sep/2024 : Lesson 9"_s);
     for (const int period : {1, 10, 11})
@@ -177,13 +177,13 @@ TEST_F(WeeklySheetsTest, ARowThatVanishedComesBackWithWhatWasTyped) {
     put(u"24-09-09"_s, u"Class2"_s, seventh);
     put(u"24-09-09"_s, u"Notes"_s, u"note"_s);
     const dao::Value number = rowOf(u"24-09-09"_s).Collect(u"ID");
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     rowOf(u"24-09-09"_s).Delete();
     QList<SlotTexts> typed(sheets.lessons().size());
-    EXPECT_TRUE(sheets.Update_Records(typed));
+    EXPECT_TRUE(sheets.writeLessons(typed));
     EXPECT_EQ(rowOf(u"24-09-09"_s).RecordCount(), 0);
     typed[0].lesson = u"typed"_s;
-    EXPECT_TRUE(sheets.Update_Records(typed));
+    EXPECT_TRUE(sheets.writeLessons(typed));
     const dao::Recordset row = rowOf(u"24-09-09"_s);
     ASSERT_EQ(row.RecordCount(), 1);
     EXPECT_EQ(row.Collect(u"ID"), number);
@@ -193,18 +193,18 @@ TEST_F(WeeklySheetsTest, ARowThatVanishedComesBackWithWhatWasTyped) {
 
 TEST_F(WeeklySheetsTest, AFailureChangesNothingAndIsToldOnce) {
     put(u"24-09-09"_s, u"Class1"_s, seventh);
-    sheets.Show_Week(1, seventh);
+    sheets.showWeek(1, seventh);
     QList<SlotTexts> all = texts();
     for (SlotTexts& each : all)
         each.lesson = QString(400'000, u'x');
     seams.prompts.expect(PromptKind::Plain, u"Weekly Plan Error"_s, 1);
     {
         const FileSizeLimit fullDisk(200'000);
-        EXPECT_FALSE(sheets.Update_Records(all));
-        EXPECT_FALSE(sheets.Update_Records(all));
+        EXPECT_FALSE(sheets.writeLessons(all));
+        EXPECT_FALSE(sheets.writeLessons(all));
     }
     EXPECT_TRUE(rowOf(u"24-09-09"_s).Collect(u"Lesson1").isNull());
-    EXPECT_TRUE(sheets.Update_Records(all));
+    EXPECT_TRUE(sheets.writeLessons(all));
     EXPECT_EQ(rowOf(u"24-09-09"_s).Collect(u"Lesson1").toText(), all[0].lesson);
 }
 

@@ -13,7 +13,7 @@ TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
     EXPECT_EQ(window->desk().classCode(), u"D"_s);
     EXPECT_EQ(names().model()->rowCount(), 3);
     checkScreen(*window, u"RegisterFrm_first"_s);
-    window->Show_View(RegisterView);
+    window->showView(RegisterView);
     EXPECT_EQ(control<QLabel>(*window, u"Lblessons"_s).text(),
               u"3 Pupils.\n15 Total Lessons.\n7 Remaining."_s);
     checkScreen(*window, u"RegisterFrm_register"_s);
@@ -54,7 +54,7 @@ TEST_F(RegisterScreenTest, ACellThatIsEditedMarksAsAKeyDoes) {
     edit({});
     EXPECT_EQ(marks(), u"O"_s);
     grid().setColumnWidth(lesson + 1, 200);
-    window->Show_View(RegisterView);
+    window->showView(RegisterView);
     EXPECT_EQ(grid().columnWidth(lesson + 1), MarkColumnWidth / TwipsPerPixel);
 }
 

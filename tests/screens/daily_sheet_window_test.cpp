@@ -327,7 +327,7 @@ TEST_F(DailySheetTest, ShowsClassesThatComeAndGo) {
             toggleCell(made, u'A', (period - 1) * DaysOfTimetable + tuesday, seams.prompts));
     click("Command1(1)");
     ASSERT_EQ(label("LbDate"), u"24-09-10"_s);
-    ASSERT_TRUE(Create_NEW_CLASS(session.CurrentDB, made, seams.prompts));
+    ASSERT_TRUE(createClass(session.CurrentDB, made, seams.prompts));
     LoadClassColours(session);
     emit session.GetNotices().classesChanged();
     EXPECT_EQ(classBox(1).text(), u"P"_s);

@@ -22,7 +22,7 @@ class GradesScreenTest : public RegisterScreenTest {
 protected:
     void showGrades() {
         show();
-        window->Show_View(GradesView);
+        window->showView(GradesView);
     }
     QTableView& grades() { return control<QTableView>(*window, u"GradesGrid"_s); }
     void addColumn(const NewField& answer, const QString& refusal = {}) {
@@ -144,7 +144,7 @@ TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
     clickName(0);
     window->desk().selection().setMultiSelect(true);
     window->desk().selection().click(window->desk().sheet(), 0);
-    window->Show_View(GradesView);
+    window->showView(GradesView);
     ASSERT_EQ(grades().model()->rowCount(), 1);
     EXPECT_FALSE(picked()); // one cell is no column, even where it is all of it
 }
@@ -161,15 +161,15 @@ TEST_F(GradesScreenTest, ALayoutLastsOnlyWhenItIsSaved) {
     menuItem(u"Show All Columns"_s).trigger();
     EXPECT_FALSE(grades().isColumnHidden(essay + 1));
     EXPECT_TRUE(grades().isColumnHidden(PupilSheet::IdColumn));
-    window->Show_View(GradesView);
+    window->showView(GradesView);
     EXPECT_TRUE(grades().isColumnHidden(essay + 1));
     EXPECT_EQ(grades().columnWidth(essay), 140);
     list().verticalHeader()->resizeSection(0, 40);
     EXPECT_EQ(grades().rowHeight(0), 40);
     EXPECT_EQ(loadRowHeight(settings, u"D"_s, LayoutKind::Grades), 40 * TwipsPerPixel);
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     EXPECT_LT(list().rowHeight(0), 40);
-    window->Show_View(GradesView);
+    window->showView(GradesView);
     EXPECT_EQ(list().rowHeight(0), 40);
 }
 
@@ -217,11 +217,11 @@ TEST_F(GradesScreenTest, SortsAndPicksByThePanel) {
     control<QPushButton>(*window, u"cmdRun"_s).click();
     EXPECT_EQ(list().model()->rowCount(), 1);
     EXPECT_EQ(grades().model()->rowCount(), 1);
-    window->Show_View(GradesView); // nobody is picked any more
+    window->showView(GradesView); // nobody is picked any more
     EXPECT_EQ(grades().model()->rowCount(), 3);
     addPupils(session.CurrentDB, u"E"_s, {u"Bell,Kim"_s});
     window->desk().selectClass(u"E"_s);
-    window->Show_View(GradesView); // a query of another class's pupils must not show here
+    window->showView(GradesView); // a query of another class's pupils must not show here
     EXPECT_EQ(control<QPlainTextEdit>(*window, u"SQLtxt"_s).toPlainText(), QString());
     EXPECT_EQ(control<QComboBox>(*window, u"CboOpp"_s).currentText(), u"="_s);
 }

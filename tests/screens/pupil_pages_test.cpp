@@ -52,7 +52,7 @@ protected:
 
 TEST_F(PupilScreenTest, WhatIsTypedIsOnDiskWhenThePupilIsLeft) {
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     checkScreen(*window, u"RegisterFrm_pupil"_s);
     retype(line(u"TxtTutor"_s), u"7 Tall and more"_s);
     EXPECT_EQ(line(u"TxtTutor"_s).text(), u"7 Tall and"_s); // as much as the field holds
@@ -79,7 +79,7 @@ TEST_F(PupilScreenTest, WhatIsTypedIsOnDiskWhenThePupilIsLeft) {
 
 TEST_F(PupilScreenTest, WhoGoesOnTypingIsWrittenTooAndTheFieldsKeepTheirLimits) {
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     auto& notes = control<QPlainTextEdit>(*window, u"TxtNotes"_s);
     for (int second = 0; second < 4; ++second) {
         QTest::keyClicks(&notes, u"x"_s);
@@ -100,7 +100,7 @@ TEST_F(PupilScreenTest, WhoGoesOnTypingIsWrittenTooAndTheFieldsKeepTheirLimits) 
 
 TEST_F(PupilScreenTest, AFullDiskKeepsThePupilOnThePage) {
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     control<QPlainTextEdit>(*window, u"TxtNotes"_s).setPlainText(QString(40'000, u'x'));
     control<QPlainTextEdit>(*window, u"TxtNotes"_s).document()->setModified();
     seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
@@ -119,7 +119,7 @@ TEST_F(PupilScreenTest, AFullDiskKeepsThePupilOnThePage) {
 TEST_F(PupilScreenTest, ANameIsNotTakenAway) {
     addPupils(session.CurrentDB, u"D"_s, {u"Zed"_s}); // only his surname is known
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     clickName(3);
     QTest::keyClicks(&line(u"TxtFirstname"_s), u"A"_s);
     QTest::keyClick(&line(u"TxtFirstname"_s), Qt::Key_Backspace);
@@ -154,7 +154,7 @@ TEST_F(PupilScreenTest, NobodyLeftIsNobodyToShow) {
 
 TEST_F(PupilScreenTest, APhotoIsCapturedFromTheScreen) {
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     seams.shell.screen = QImage(1600, 400, QImage::Format_RGB32); // two screens side by side
     seams.shell.screen.fill(Qt::white);
     QPainter(&seams.shell.screen).fillRect(1300, 100, 200, 200, Qt::blue);
@@ -192,7 +192,7 @@ TEST_F(PupilScreenTest, PhotosAreLoadedAndRemoved) {
     const QString file = folder.filePath(u"ann.png"_s);
     picture.save(file);
     show();
-    window->Show_View(PupilInformationView);
+    window->showView(PupilInformationView);
     PhotoBox* box = &photoBox();
     seams.prompts.expect(PromptKind::File, u" Load Picture:"_s, file);
     emit box->fileWanted();
@@ -223,7 +223,7 @@ TEST_F(PupilScreenTest, PhotosAreLoadedAndRemoved) {
 
 TEST_F(PupilScreenTest, NotesHaveCategoriesOfTheTeachersOwn) {
     show();
-    window->Show_View(PupilNotesView);
+    window->showView(PupilNotesView);
     auto& note = control<RichTextBox>(*window, u"RTFnotes"_s);
     EXPECT_FALSE(note.isEnabled());
     const auto add = [this](const QString& title, const QString& refusal = {}) {

@@ -135,18 +135,18 @@ TEST_F(WizardTest, EveryPageIsLegibleNamedAndUncut) {
         click("cmdAddClass");
     }
     for (int number = 0; number < 7; ++number) {
-        window.Load_Timetable_A();
-        window.Load_Timetable_B();
+        window.fillWeekA();
+        window.fillWeekB();
         if (number == TermsFrame) {
             control<QLineEdit>(on<QWidget>("StartDate"), u"txtDate"_s).setText(u"4/9/2024"_s);
             control<QLineEdit>(on<QWidget>("EndDate"), u"txtDate"_s).setText(u"13/9/2024"_s);
             click("cmdAddPeriod");
         }
         if (number > TermsFrame) {
-            window.NextInSetup(QString::number(TermsFrame));
-            window.NextInSetup({});
+            window.nextInSetup(QString::number(TermsFrame));
+            window.nextInSetup({});
         }
-        window.NextInSetup(QString::number(number));
+        window.nextInSetup(QString::number(number));
         checkScreen(window, u"StartupWiz_%1"_s.arg(number));
     }
 }
@@ -459,7 +459,7 @@ TEST_F(WizardTest, ImportsTermDates) {
     QFile::copy(test::testData(u"jet/year_ab_jet4.mdb"_s), path(u"jet.mdb"_s));
     QFile::copy(test::testData(u"jet/not_a_year.mdb"_s), path(u"other.mdb"_s));
     start();
-    wizard->NextInSetup(QString::number(TermsFrame));
+    wizard->nextInSetup(QString::number(TermsFrame));
     const auto imports = [this](const QString& name) {
         seams.prompts.expect(PromptKind::File, u"Select the file to import term dates from:"_s,
                              name.isEmpty() ? name : path(name));

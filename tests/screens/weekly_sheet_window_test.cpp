@@ -154,7 +154,7 @@ TEST_F(WeeklySheetTest, EveryWayOfLeavingKeepsWhatIsTyped) {
         {"next week", [&] { click("ButtonEx1(1)"); }},
         {"week list", [&] { selector("SelWeek").setCurrentIndex(0); }},
         {"class list", [&] { QTest::keyClick(&selector("SelClass"), Qt::Key_Down); }},
-        {"reading anew", [&] { sheet->Reload_Records(); }},
+        {"reading anew", [&] { sheet->reload(); }},
         {"the window's own close", [&] { sheet->parentWidget()->close(); }},
         {"all windows closed", [&] { close(); }},
         {"the daily sheet", [&] { frame->open(ToolWindow::DailySheet); }},

@@ -55,7 +55,7 @@ protected:
     }
     void showRegister() {
         show();
-        window->Show_View(RegisterView);
+        window->showView(RegisterView);
         grid().setFocus();
     }
     QTableView& grid() { return control<QTableView>(*window, u"RegisterGrid"_s); }

@@ -66,7 +66,7 @@ TimetablePanel::TimetablePanel(const TimetableYear& year, const FontRecord& font
     m_frame->setFrameStyle(QFrame::Box | QFrame::Plain);
     m_frame->setLineWidth(frameWidth);
     colour();
-    ShowSelectedLabel(1, 1);
+    selectCell(1, 1);
 }
 
 QLabel* TimetablePanel::makeHeading(const QString& name, const QString& text) {
@@ -119,7 +119,7 @@ void TimetablePanel::showGrid(const TimetableGrid& grid) {
     placeFrame();
 }
 
-void TimetablePanel::ShowSelectedLabel(int day, int period) {
+void TimetablePanel::selectCell(int day, int period) {
     m_day = day;
     m_period = period;
     for (TimetableCellLabel* cell : std::as_const(m_cells))
@@ -213,7 +213,7 @@ void TimetablePanel::colour() {
         each.line->setPalette(palette());
 }
 
-void TimetablePanel::Gradientfill_captions() {
+void TimetablePanel::shadeCaptions() {
     QPainter painter(this);
     const auto fill = [&](const QRect& area, QPointF end) {
         QLinearGradient shade(area.topLeft(), end);
@@ -230,7 +230,7 @@ void TimetablePanel::Gradientfill_captions() {
 
 void TimetablePanel::paintEvent(QPaintEvent*) {
     if (m_gradients)
-        Gradientfill_captions();
+        shadeCaptions();
 }
 
 void TimetablePanel::resizeEvent(QResizeEvent* event) {
@@ -277,7 +277,7 @@ void TimetablePanel::keyPressEvent(QKeyEvent* event) {
         return QWidget::keyPressEvent(event);
     }
     label(day, period)->setFocus(Qt::OtherFocusReason);
-    ShowSelectedLabel(day, period);
+    selectCell(day, period);
 }
 
 void TimetablePanel::mousePressEvent(QMouseEvent* event) {

@@ -25,7 +25,7 @@ public:
     QComboBox& weekList() const { return *m_weeks; }
     void showGrid(const TimetableGrid& grid);
     /// Moves the selection frame.
-    void ShowSelectedLabel(int day, int period);
+    void selectCell(int day, int period);
     int selectedDay() const { return m_day; }
     int selectedPeriod() const { return m_period; }
     /// The selected cell; null in a year without periods.
@@ -55,7 +55,7 @@ private:
     void makeBreaks(const TimetableYear& year);
     void layOut();
     void placeFrame();
-    void Gradientfill_captions();
+    void shadeCaptions();
     void colour();
     QRect cellRect(int column, int row) const;
     TimetableCellLabel* label(int day, int period) const;

@@ -45,7 +45,7 @@ TimetableWindow::TimetableWindow(Session& session)
                  .save = [this] { return !m_isChanged || save(); },
                  .leave =
                      [this] {
-                         HideEditBox();
+                         applyEditor();
                          return save();
                      }}) {
     setObjectName(u"TTfrm"_s);
@@ -85,12 +85,12 @@ void TimetableWindow::make(const TimetableYear& year) {
     layout->addWidget(m_panel, 1);
     makePopup();
     connect(m_panel, &TimetablePanel::cellPressed, this, &TimetableWindow::select);
-    connect(m_panel, &TimetablePanel::backgroundPressed, this, &TimetableWindow::HideEditBox);
-    connect(m_panel, &TimetablePanel::editWanted, this, &TimetableWindow::ShowEditBox);
+    connect(m_panel, &TimetablePanel::backgroundPressed, this, &TimetableWindow::applyEditor);
+    connect(m_panel, &TimetablePanel::editWanted, this, &TimetableWindow::openEditor);
     connect(m_panel, &TimetablePanel::menuWanted, this,
             [this](QPoint place) { m_popup->popup(place); });
-    connect(m_editor, &TimetableEditor::accepted, this, &TimetableWindow::HideEditBox);
-    connect(m_editor, &TimetableEditor::cancelled, this, &TimetableWindow::dismissEditBox);
+    connect(m_editor, &TimetableEditor::accepted, this, &TimetableWindow::applyEditor);
+    connect(m_editor, &TimetableEditor::cancelled, this, &TimetableWindow::dismissEditor);
     connect(&m_panel->weekList(), &QComboBox::currentIndexChanged, this,
             &TimetableWindow::chooseWeek);
 }
@@ -167,7 +167,7 @@ void TimetableWindow::chooseWeek(int index) {
 }
 
 void TimetableWindow::showWeek(int index) {
-    dismissEditBox();
+    dismissEditor();
     m_shownWeek = index;
     m_isChanged = false;
     try {
@@ -179,26 +179,26 @@ void TimetableWindow::showWeek(int index) {
 }
 
 void TimetableWindow::select(int day, int period) {
-    HideEditBox();
-    m_panel->ShowSelectedLabel(day, period);
+    applyEditor();
+    m_panel->selectCell(day, period);
     m_panel->selectedLabel()->setFocus();
 }
 
-void TimetableWindow::ShowEditBox() {
+void TimetableWindow::openEditor() {
     TimetableCellLabel* cell = m_panel->selectedLabel();
     if (!cell)
         return;
-    HideEditBox();
+    applyEditor();
     cell->setFocusPolicy(Qt::ClickFocus); // it lies below the editor
     m_editor->open(m_grid.at(cell->day(), cell->period()), cellPlace(cell->day(), cell->period()),
                    cell->geometry());
 }
 
-void TimetableWindow::HideEditBox() {
+void TimetableWindow::applyEditor() {
     if (m_editor->isHidden())
         return;
     m_grid.applyEdit(m_panel->selectedDay(), m_panel->selectedPeriod(), m_editor->edit());
-    dismissEditBox();
+    dismissEditor();
     m_panel->showGrid(m_grid);
     changed();
 }
@@ -208,10 +208,10 @@ void TimetableWindow::changed() {
     m_writing.typed();
 }
 
-void TimetableWindow::dismissEditBox() {
+void TimetableWindow::dismissEditor() {
     if (m_editor->isHidden())
         return;
-    m_panel->ShowSelectedLabel(m_panel->selectedDay(), m_panel->selectedPeriod());
+    m_panel->selectCell(m_panel->selectedDay(), m_panel->selectedPeriod());
     m_panel->selectedLabel()->setFocus();
     m_editor->reset();
 }

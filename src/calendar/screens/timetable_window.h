@@ -39,9 +39,9 @@ private:
     void chooseWeek(int index);
     void showWeek(int index);
     void select(int day, int period);
-    void ShowEditBox();
-    void HideEditBox();
-    void dismissEditBox();
+    void openEditor();
+    void applyEditor();
+    void dismissEditor();
     void copy();
     void paste();
     bool save();

@@ -99,7 +99,7 @@ void ClassWindow::makePages() {
     for (ClassViewPage* page : std::as_const(m_views)) {
         m_pages->addWidget(page);
         connect(page, &ClassViewPage::recordsChanged, this,
-                [this] { Show_View(m_desk.view().value_or(PupilInformationView)); });
+                [this] { showView(m_desk.view().value_or(PupilInformationView)); });
         connect(page, &ClassViewPage::recordsShown, this, &ClassWindow::showRecords);
     }
     connect(m_first, &ClassHomePage::classWanted, this, &ClassWindow::selectClass);
@@ -146,7 +146,7 @@ LayoutToolbar* ClassWindow::makeToolbar() {
     }
     QAction* multiselect = m_toolbar->button(MultiselectButton);
     multiselect->setCheckable(true);
-    connect(multiselect, &QAction::triggered, this, &ClassWindow::ToggleSinglePupil);
+    connect(multiselect, &QAction::triggered, this, &ClassWindow::toggleMultiselect);
     return m_toolbar;
 }
 
@@ -180,7 +180,7 @@ void ClassWindow::selectClass(const QString& classCode) {
     }
     viewShown();
     if (view && m_desk.sheet().rowCount() > 0)
-        Show_View(*view);
+        showView(*view);
 }
 
 void ClassWindow::wantView(ClassView view) {
@@ -189,7 +189,7 @@ void ClassWindow::wantView(ClassView view) {
     if (m_desk.classCode().isEmpty())
         showNoClasses(m_session.GetSeams().prompts);
     else
-        Show_View(view);
+        showView(view);
 }
 
 /// The first page opens no view of a class without pupils.
@@ -200,11 +200,11 @@ void ClassWindow::wantViewOfPupils(ClassView view) {
         wantView(view);
 }
 
-void ClassWindow::Show_View(ClassView view) {
+void ClassWindow::showView(ClassView view) {
     if (!m_views.contains(view) || m_desk.classCode().isEmpty())
         return;
     setUpdatesEnabled(false);
-    trying([&] { m_desk.Show_View(view); });
+    trying([&] { m_desk.showView(view); });
     viewShown();
     setUpdatesEnabled(true);
 }
@@ -264,11 +264,11 @@ bool ClassWindow::leaveView() {
     return !page() || page()->leave();
 }
 
-void ClassWindow::ToggleSinglePupil() {
+void ClassWindow::toggleMultiselect() {
     m_desk.selection().setMultiSelect(m_toolbar->button(MultiselectButton)->isChecked());
-    m_desk.selection().ToggleSinglePupil();
+    m_desk.selection().toggleMultiselect();
     if (m_desk.view() && leaveView())
-        Show_View(*m_desk.view());
+        showView(*m_desk.view());
     showMultiselect();
 }
 

@@ -29,7 +29,7 @@ public:
 
     /// Shows a class's register, for other windows. Nothing for a code that is no class's.
     void AutoRegistration(const QString& classCode);
-    void Show_View(ClassView view);
+    void showView(ClassView view);
     void showFirstPage();
 
     ClassDesk& desk() { return m_desk; }
@@ -50,7 +50,7 @@ private:
     void wantViewOfPupils(ClassView view);
     void viewShown();
     void colourSelector();
-    void ToggleSinglePupil();
+    void toggleMultiselect();
     void showMultiselect();
     bool leaveView();
     ClassViewPage* page() const;

@@ -96,7 +96,7 @@ void GradesPage::makeMenu() {
     add(*copy, u"Copy student names"_s, [this] { copyNames(); });
     add(*copy, u"Copy All data"_s, [this] { copyAllData(); });
     copy->addAction(u"Copy Selected data"_s); // has never done anything
-    add(*m_menu, u"Save Columns Layout"_s, [this] { SaveColumnWidths(); });
+    add(*m_menu, u"Save Columns Layout"_s, [this] { saveColumnWidths(); });
 }
 
 ColumnCommands GradesPage::commands() const {
@@ -122,8 +122,8 @@ QStringList GradesPage::selectedFields() const {
 
 void GradesPage::showRecords() {
     if (!m_keepsLayout)
-        LoadColumnWidths();
-    m_sort->FillSortFields();
+        loadColumnWidths();
+    m_sort->fillSortFields();
     goToVisibleColumn();
 }
 
@@ -182,7 +182,7 @@ void GradesPage::deleteColumns() {
         return;
     changeStructure(
         [&] { removeGradeColumns(session().CurrentDB, desk().classCode(), columns, prompts); });
-    SaveColumnWidths();
+    saveColumnWidths();
 }
 
 void GradesPage::renameColumn() {
@@ -221,7 +221,7 @@ void GradesPage::showAllColumns() {
     m_grid->hideNames();
 }
 
-void GradesPage::LoadColumnWidths() {
+void GradesPage::loadColumnWidths() {
     constexpr int usualWidth = 1000; // twips, as the next
     constexpr int tutorWidth = 600;
     const QList<ColumnLayout> columns =
@@ -235,7 +235,7 @@ void GradesPage::LoadColumnWidths() {
     m_grid->hideNames();
 }
 
-void GradesPage::SaveColumnWidths() {
+void GradesPage::saveColumnWidths() {
     if (desk().sheet().columnCount() == 0)
         return; // the records could not be opened
     QList<ColumnLayout> columns;

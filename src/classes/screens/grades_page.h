@@ -37,8 +37,8 @@ private:
     void hideColumns();
     void goToVisibleColumn();
     void showAllColumns();
-    void LoadColumnWidths();
-    void SaveColumnWidths();
+    void loadColumnWidths();
+    void saveColumnWidths();
     void fitColumn(int column);
     void copyToClipboard(const std::function<QString()>& makeText);
     void copyNames();

@@ -109,17 +109,17 @@ QWidget* NewClassWizard::makeButtons() {
 
 void NewClassWizard::next() {
     Prompts& prompts = m_session.GetSeams().prompts;
-    const NewClassStep step = Frame_Next(m_answers, m_answers.page, prompts);
+    const NewClassStep step = nextPage(m_answers, m_answers.page, prompts);
     showPage();
     if (step != NewClassStep::Finish)
         return;
-    if (Create_NEW_CLASS(m_session.CurrentDB, m_answers, prompts))
+    if (createClass(m_session.CurrentDB, m_answers, prompts))
         m_created = m_answers.code;
     done(m_created.isEmpty() ? Rejected : Accepted);
 }
 
 void NewClassWizard::previous() {
-    Frame_Previous(m_answers, m_answers.page);
+    previousPage(m_answers, m_answers.page);
     showPage();
 }
 

@@ -44,11 +44,11 @@ void connectPhotoBox(PhotoBox& box, Session& session, ClassDesk& desk,
         return loadPhotoFromFile(session.CurrentDB, desk.classCode(), pupil, folder(), prompts);
     });
     onPupil(&PhotoBox::filesWanted, [&session, &desk, &prompts](qint64) {
-        return Load_Photo_files_from_folder(session.CurrentDB, desk.classCode(), prompts);
+        return loadPhotosFromFolder(session.CurrentDB, desk.classCode(), prompts);
     });
     onPupil(&PhotoBox::stripWanted, [&session, &desk, &prompts, folder](qint64) {
-        return Load_Class_Pictures(session.CurrentDB, desk.classCode(), desk.sheet().pupils(),
-                                   folder(), prompts);
+        return loadClassPictures(session.CurrentDB, desk.classCode(), desk.sheet().pupils(),
+                                 folder(), prompts);
     });
     onPupil(&PhotoBox::removeWanted, [&session, &desk, &prompts](qint64 pupil) {
         return removePhoto(session.CurrentDB, desk.classCode(), pupil, prompts);
@@ -58,7 +58,7 @@ void connectPhotoBox(PhotoBox& box, Session& session, ClassDesk& desk,
     });
 }
 
-void Show_Picture(PhotoBox& box, Session& session, const ClassDesk& desk) {
+void showPhoto(PhotoBox& box, Session& session, const ClassDesk& desk) {
     QImage photo;
     try {
         if (desk.currentPupil())

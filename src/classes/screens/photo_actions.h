@@ -12,4 +12,4 @@ void connectPhotoBox(PhotoBox& box, Session& session, ClassDesk& desk,
                      const std::function<void()>& changed);
 
 /// Shows the photo of the desk's current pupil; a failure shows none.
-void Show_Picture(PhotoBox& box, Session& session, const ClassDesk& desk);
+void showPhoto(PhotoBox& box, Session& session, const ClassDesk& desk);

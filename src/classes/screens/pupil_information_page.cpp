@@ -45,7 +45,7 @@ PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     m_binding.bind(u"Notes"_s, *m_boxes.back());
     connect(m_notes, &QPlainTextEdit::textChanged, this, &PupilInformationPage::typed);
     connectPhotoBox(*m_photo, session, desk,
-                    [this] { Show_Picture(*m_photo, this->session(), this->desk()); });
+                    [this] { showPhoto(*m_photo, this->session(), this->desk()); });
 }
 
 QWidget* PupilInformationPage::makeBoxes() {
@@ -116,7 +116,7 @@ void PupilInformationPage::showPupil(int) {
     }
     m_name = {m_surname->text(), m_firstname->text()};
     setEnabled(m_pupil.isOpen());
-    Show_Picture(*m_photo, session(), desk());
+    showPhoto(*m_photo, session(), desk());
 }
 
 /// A name that has changed is to be read anew in the list of names.

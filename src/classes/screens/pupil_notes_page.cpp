@@ -77,9 +77,9 @@ QWidget* PupilNotesPage::makeCategories() {
     auto* label = new QLabel(u"Categories"_s);
     label->setBuddy(m_categories);
     buttons->addWidget(label, 1);
-    add(u"cmdAddNotes"_s, u"new"_s, u"Add Notes Category."_s, &PupilNotesPage::NOTES_AddNew);
+    add(u"cmdAddNotes"_s, u"new"_s, u"Add Notes Category."_s, &PupilNotesPage::addNotesCategory);
     m_delete = add(u"cmdDeleteNotes"_s, u"delete"_s, u"Delete Notes Category."_s,
-                   &PupilNotesPage::NOTES_Delete);
+                   &PupilNotesPage::deleteNotesCategory);
     m_categories->setObjectName(u"CL5"_s);
     m_categories->setAccessibleName(u"Notes categories"_s);
     constexpr int width = 22; // characters
@@ -161,23 +161,23 @@ void PupilNotesPage::close() {
     m_pupil = {};
 }
 
-void PupilNotesPage::NOTES_AddNew() {
+void PupilNotesPage::addNotesCategory() {
     Prompts& prompts = session().GetSeams().prompts;
     const QString title = askNotesCategory(prompts);
     if (title.isEmpty() || !leave())
         return;
     desk().release();
-    if (::NOTES_AddNew(session().CurrentDB, desk().classCode(), title, prompts))
+    if (::addNotesCategory(session().CurrentDB, desk().classCode(), title, prompts))
         m_shown = title;
     emit recordsChanged();
 }
 
-void PupilNotesPage::NOTES_Delete() {
+void PupilNotesPage::deleteNotesCategory() {
     Prompts& prompts = session().GetSeams().prompts;
     const QString title = category();
     if (title.isEmpty() || !askDeleteCategory(title, prompts) || !leave())
         return;
     desk().release();
-    ::NOTES_Delete(session().CurrentDB, desk().classCode(), title, prompts);
+    ::deleteNotesCategory(session().CurrentDB, desk().classCode(), title, prompts);
     emit recordsChanged();
 }

@@ -25,8 +25,8 @@ public:
 
 private:
     QWidget* makeCategories();
-    void NOTES_AddNew();
-    void NOTES_Delete();
+    void addNotesCategory();
+    void deleteNotesCategory();
     void chooseCategory();
     void fillCategories(const QString& select);
     void bindNote();

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
-    , m_keys(Populate_KeyArray(session.GetSettings()))
+    , m_keys(readRegisterKeys(session.GetSettings()))
     , m_grid(new PupilGrid(desk.records()))
     , m_header(new RegisterHeader)
     , m_info(new QLabel)
@@ -55,7 +55,7 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& cell) {
                 if (isVisible())
-                    m_panel->Get_Lesson_notes(cell.row(), cell.column());
+                    m_panel->showLessonNote(cell.row(), cell.column());
             });
 }
 
@@ -91,12 +91,12 @@ void RegisterPage::makeMenu() {
     connect(m_menu->addAction(u"Show Planning for this lesson..."_s), &QAction::triggered, this,
             &RegisterPage::showPlanning);
     connect(m_grid, &PupilGrid::menuWanted, this, [this](QPoint place) {
-        EnableFillMenu();
+        enableFillMenu();
         m_menu->popup(place);
     });
 }
 
-void RegisterPage::EnableFillMenu() {
+void RegisterPage::enableFillMenu() {
     for (QAction* action : m_fillMenu->actions())
         action->setEnabled(canFill(m_grid->currentIndex().column()));
 }
@@ -104,7 +104,7 @@ void RegisterPage::EnableFillMenu() {
 void RegisterPage::showRecords() {
     m_grid->hideNames();
     showLessons();
-    Update_Register_info();
+    showCurrentLesson();
 }
 
 /// The current lesson is wider than all others, and in view with those before it.
@@ -125,13 +125,13 @@ void RegisterPage::showLessons() {
     m_grid->setCurrentIndex(desk().records().index(desk().currentRow(), column));
 }
 
-void RegisterPage::Update_Register_info() {
-    m_info->setText(::Update_Register_info(desk().sheet(), session().GetSeams().clock.today()));
+void RegisterPage::showCurrentLesson() {
+    m_info->setText(::currentLessonText(desk().sheet(), session().GetSeams().clock.today()));
 }
 
 void RegisterPage::showPupil(int row) {
-    m_panel->Show_Picture();
-    m_panel->Get_Lesson_notes(row, m_grid->currentIndex().column());
+    m_panel->showPhoto();
+    m_panel->showLessonNote(row, m_grid->currentIndex().column());
 }
 
 bool RegisterPage::leave() {

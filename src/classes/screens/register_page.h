@@ -32,8 +32,8 @@ private:
     QWidget* makeSheet();
     void makeMenu();
     void showLessons();
-    void Update_Register_info();
-    void EnableFillMenu();
+    void showCurrentLesson();
+    void enableFillMenu();
 
     bool keyPressed(QKeyEvent& event);
     bool typeMark(const QString& typed);

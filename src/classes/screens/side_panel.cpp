@@ -36,7 +36,7 @@ SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
     layout->addWidget(m_photo, 0, Qt::AlignHCenter);
     layout->addWidget(makeKey(keys), 1);
     layout->addWidget(makeNotes(), 1);
-    connectPhotoBox(*m_photo, session, desk, [this] { Show_Picture(); });
+    connectPhotoBox(*m_photo, session, desk, [this] { showPhoto(); });
 }
 
 QGroupBox* SidePanel::makeKey(const KeyArray& keys) {
@@ -77,12 +77,12 @@ QWidget* SidePanel::makeNotes() {
     return frame;
 }
 
-void SidePanel::Show_Picture() {
+void SidePanel::showPhoto() {
     if (m_showsPhoto)
-        ::Show_Picture(*m_photo, m_session, m_desk);
+        ::showPhoto(*m_photo, m_session, m_desk);
 }
 
-void SidePanel::Get_Lesson_notes(int row, int column) {
+void SidePanel::showLessonNote(int row, int column) {
     if (storeNote())
         showPlace(lessonNotePlace(m_desk.sheet(), m_desk.classCode(), row, column));
 }

@@ -23,10 +23,10 @@ public:
     SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys);
 
     /// Shows the current pupil's photo, where the settings want one.
-    void Show_Picture();
+    void showPhoto();
     /// The caret of the register has moved: keeps the note of the cell left, and shows that of the
     /// current one. A column that is none is -1.
-    void Get_Lesson_notes(int row, int column);
+    void showLessonNote(int row, int column);
     /// Keeps the note of the current cell. Answers false, having said why, where that failed.
     bool storeNote() { return m_writing.leave(); }
     /// Keeps in the settings whether the notes show.

@@ -164,13 +164,13 @@ QWidget* SortPanel::makeRunRow() {
     return row;
 }
 
-void SortPanel::FillSortFields() {
+void SortPanel::fillSortFields() {
     if (std::exchange(m_classCode, m_desk.classCode()) != m_desk.classCode()) {
         clearSort();
         clearQuery();
         m_comparison->setCurrentIndex(0);
     }
-    m_fields = ::FillSortFields(m_session.CurrentDB, m_desk.classCode());
+    m_fields = ::queryFields(m_session.CurrentDB, m_desk.classCode());
     QStringList names;
     for (const QueryField& each : std::as_const(m_fields))
         names += each.name;

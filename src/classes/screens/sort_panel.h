@@ -21,7 +21,7 @@ public:
 
     /// Offers the fields of the desk's class. What was chosen stays for the same class; a query of
     /// another one would show its pupils, so it goes. Raises what the engine raises.
-    void FillSortFields();
+    void fillSortFields();
 
 signals:
     /// A text to make the current query. `picks`: it picks pupils, and does not only sort them.

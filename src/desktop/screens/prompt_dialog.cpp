@@ -191,13 +191,13 @@ void PromptDialog::prepare(const QString& text, int flags, const QString& title,
     setWindowTitle(title);
     setAccessibleName(title);
     setAccessibleDescription(text);
-    DrawBalloon(look);
+    drawBalloon(look);
     writeText(text, look);
-    SetDisplayIcon(flags);
+    setIcon(flags);
     m_balloon->setVisible(!text.isEmpty());
     addCheckBox(look.checkBox);
-    SetupButtons(flags, look.captions);
-    SetDefaultButton(flags);
+    setUpButtons(flags, look.captions);
+    setDefaultButton(flags);
     m_escapeAnswer = escapeAnswer(flags, look.captions);
     if (look.below)
         standBelow(*look.below);
@@ -212,7 +212,7 @@ void PromptDialog::standBelow(const QRect& place) {
          qBound(room.top(), place.bottom() + 1, qMax(room.top(), room.bottom() - height())));
 }
 
-void PromptDialog::DrawBalloon(const BoxLook& look) {
+void PromptDialog::drawBalloon(const BoxLook& look) {
     const QColor background = look.colour == 0 ? paleYellow : toColour(look.colour);
     setBackground(m_balloon, background, look.font ? toColour(look.font->colour) : QColor());
     m_balloon->setAutoFillBackground(false);
@@ -235,7 +235,7 @@ void PromptDialog::writeText(const QString& text, const BoxLook& look) {
     m_text->setMinimumSize(width, std::max(m_text->heightForWidth(width), 0));
 }
 
-void PromptDialog::SetDisplayIcon(int flags) {
+void PromptDialog::setIcon(int flags) {
     static const QHash<int, QStyle::StandardPixmap> icons{
         {CriticalIcon, QStyle::SP_MessageBoxCritical},
         {QuestionIcon, QStyle::SP_MessageBoxQuestion},
@@ -259,7 +259,7 @@ void PromptDialog::addPage(QWidget* page) {
     m_pages->addWidget(page);
 }
 
-void PromptDialog::SetupButtons(int flags, const QStringList& ownCaptions) {
+void PromptDialog::setUpButtons(int flags, const QStringList& ownCaptions) {
     const QList<PromptButton> set = promptButtons(flags);
     QStringList captions;
     for (qsizetype i = 0; i < set.size(); ++i)
@@ -276,7 +276,7 @@ void PromptDialog::SetupButtons(int flags, const QStringList& ownCaptions) {
     m_buttonRow->addStretch();
 }
 
-void PromptDialog::SetDefaultButton(int flags) {
+void PromptDialog::setDefaultButton(int flags) {
     const bool second = defaultAnswer(flags) != promptButtons(flags).constFirst().answer;
     m_default = m_buttons[second ? 1 : 0];
     m_default->setDefault(true);

@@ -49,14 +49,14 @@ protected:
 
 private:
     void prepare(const QString& text, int flags, const QString& title, const BoxLook& look);
-    void DrawBalloon(const BoxLook& look);
+    void drawBalloon(const BoxLook& look);
     void standBelow(const QRect& place);
     void writeText(const QString& text, const BoxLook& look);
-    void SetDisplayIcon(int flags);
+    void setIcon(int flags);
     void addCheckBox(const QString& caption);
     void addPage(QWidget* page);
-    void SetupButtons(int flags, const QStringList& ownCaptions);
-    void SetDefaultButton(int flags);
+    void setUpButtons(int flags, const QStringList& ownCaptions);
+    void setDefaultButton(int flags);
     void press(PromptAnswer answer);
     BoxAnswer answer();
 

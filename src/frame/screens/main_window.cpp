@@ -36,14 +36,14 @@ MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItsel
     , m_splash(splash)
     , m_startPending(startsByItself) {
     setObjectName(u"mdiORVA"_s);
-    RemoveSystemMenuItems();
-    DisableRestoreButton();
+    removeSystemMenuItems();
+    disableRestoreButton();
     setCentralWidget(m_client);
     resize(1024, 700);
     const WindowTest has = [this](ToolWindow window) { return this->has(window); };
     m_menus = new FrameMenus(session, *this, has, *this);
     m_toolbar = new FrameToolbar(toolbarLayout(has), *m_menus);
-    Reparent_HelpButton();
+    addHelpButton();
     makeToolbar();
     m_session.SetWindows(this);
     connect(&m_session.GetNotices(), &Notices::yearOpened, this, &MainWindow::yearOpened);
@@ -57,16 +57,16 @@ MainWindow::~MainWindow() {
 
 /// Of the window's system menu the commands that would leave it smaller. To move it and to fit it
 /// to a screen that changes stays with the desktop, which has them in a menu of its own.
-void MainWindow::RemoveSystemMenuItems() {
+void MainWindow::removeSystemMenuItems() {
     setWindowFlag(Qt::WindowMinimizeButtonHint, false);
 }
 
-void MainWindow::DisableRestoreButton() {
+void MainWindow::disableRestoreButton() {
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
 }
 
 /// The title bar is the desktop's own, so the button stands at the end of the menu bar below it.
-void MainWindow::Reparent_HelpButton() {
+void MainWindow::addHelpButton() {
     auto* bar = new QMenuBar;
     bar->setObjectName(u"menuBar"_s);
     m_menus->addTo(*bar);

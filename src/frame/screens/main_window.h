@@ -66,9 +66,9 @@ protected:
     QMenu* createPopupMenu() override { return nullptr; }
 
 private:
-    void RemoveSystemMenuItems();
-    void DisableRestoreButton();
-    void Reparent_HelpButton();
+    void removeSystemMenuItems();
+    void disableRestoreButton();
+    void addHelpButton();
     void makeToolbar();
     void switchFocus();
     void activateFirst();

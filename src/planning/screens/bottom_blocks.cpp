@@ -29,7 +29,7 @@ BottomBlocks::BottomBlocks(QWidget* parent) : QWidget(parent) {
     }
 }
 
-void BottomBlocks::Clean_Plan(bool hasSheet) {
+void BottomBlocks::setHasSheet(bool hasSheet) {
     for (RichTextBox* box : m_boxes) {
         box->setEnabled(hasSheet);
         box->setPaper(sheetPaper(hasSheet));

@@ -19,7 +19,7 @@ public:
     explicit BottomBlocks(QWidget* parent = nullptr);
 
     RichTextBox& box(SheetBox block) const { return *m_boxes.at(static_cast<size_t>(block)); }
-    void Clean_Plan(bool hasSheet);
+    void setHasSheet(bool hasSheet);
     /// What the calendar of events has for the day.
     void showEvents(const QString& events);
 

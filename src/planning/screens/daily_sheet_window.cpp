@@ -57,7 +57,7 @@ DailySheetWindow::DailySheetWindow(Session& session)
     connectCommands();
     followTheYear();
     m_sheets.onChange([this] { sheetChanged(); });
-    m_sheets.Activate_1st();
+    m_sheets.showFirst();
 }
 
 DailySheetWindow::~DailySheetWindow() {
@@ -180,7 +180,7 @@ void DailySheetWindow::followTheYear() {
     connect(&notices, &Notices::classesChanged, this, &DailySheetWindow::showClassesAgain);
     connect(&notices, &Notices::sheetsChanged, this, &DailySheetWindow::showClassesAgain);
     connect(&notices, &Notices::eventsChanged, this, [this] {
-        m_bottom->showEvents(m_sheets.isEmpty() ? QString() : m_sheets.GetCOEinfo());
+        m_bottom->showEvents(m_sheets.isEmpty() ? QString() : m_sheets.eventText());
     });
 }
 
@@ -191,15 +191,15 @@ void DailySheetWindow::closeEvent(QCloseEvent* event) {
 
 void DailySheetWindow::sheetChanged() {
     restore();
-    m_bar->DisplayPSDate();
-    Clean_Plan(!m_sheets.isEmpty());
+    m_bar->showPosition();
+    setHasSheet(!m_sheets.isEmpty());
     m_periods->selectPeriod(0); // also what the focus selects on its way out of disabled boxes
     m_commands->enable(!m_sheets.isEmpty(), false);
     if (m_sheets.isEmpty())
         return m_bottom->showEvents({});
-    m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
-    resetAllRTFedits();
-    m_bottom->showEvents(m_sheets.GetCOEinfo());
+    m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
+    applyDefaultFont();
+    m_bottom->showEvents(m_sheets.eventText());
 }
 
 void DailySheetWindow::showClassesAgain() {
@@ -207,16 +207,16 @@ void DailySheetWindow::showClassesAgain() {
     m_periods->setClassCodes(m_sheets.classCodes());
     m_sheets.refresh();
     if (!m_sheets.isEmpty())
-        m_periods->DisplayColorCodes(m_sheets.DisplayColorCodes(m_showsCoding));
+        m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
 }
 
-void DailySheetWindow::Clean_Plan(bool hasSheet) {
-    m_periods->Clean_Plan(hasSheet);
-    m_bottom->Clean_Plan(hasSheet);
+void DailySheetWindow::setHasSheet(bool hasSheet) {
+    m_periods->setHasSheet(hasSheet);
+    m_bottom->setHasSheet(hasSheet);
     emit m_tools->focused().changed(); // its box may be written in or not
 }
 
-void DailySheetWindow::resetAllRTFedits() {
+void DailySheetWindow::applyDefaultFont() {
     const FontRecord font =
         m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
     for (auto box = m_places.keyBegin(); box != m_places.keyEnd(); ++box)
@@ -225,7 +225,7 @@ void DailySheetWindow::resetAllRTFedits() {
 
 void DailySheetWindow::selectPeriod(int period) {
     m_sheets.selectPeriod(period);
-    m_links->GetFileLinks(m_sheets.planDate(), period);
+    m_links->showLinks(m_sheets.planDate(), period);
     m_commands->enable(!m_sheets.isEmpty(), period > 0);
     placeMaximiseButton();
 }

@@ -51,8 +51,8 @@ private:
 
     void sheetChanged();
     void showClassesAgain();
-    void Clean_Plan(bool hasSheet);
-    void resetAllRTFedits();
+    void setHasSheet(bool hasSheet);
+    void applyDefaultFont();
     void selectPeriod(int period);
     void pickDate(QDate date);
     void openRegister();

@@ -63,7 +63,7 @@ QPushButton* LinksPanel::addButton(const QString& iconName, const QString& text,
     return button;
 }
 
-void LinksPanel::GetFileLinks(const QString& planDate, int period) {
+void LinksPanel::showLinks(const QString& planDate, int period) {
     m_planDate = planDate;
     m_period = period;
     reload();

@@ -18,7 +18,7 @@ public:
     LinksPanel(const Session& session, const QString& list, QWidget* parent = nullptr);
 
     /// Shows the links of a period of a sheet; period 0 is none.
-    void GetFileLinks(const QString& planDate, int period);
+    void showLinks(const QString& planDate, int period);
 
 private:
     QPushButton* addButton(const QString& icon, const QString& text, void (LinksPanel::*act)());

@@ -139,7 +139,7 @@ void PeriodArea::takeBack(int period) {
     line(period).lesson->show();
 }
 
-void PeriodArea::Clean_Plan(bool hasSheet) {
+void PeriodArea::setHasSheet(bool hasSheet) {
     for (const Line& line : m_lines) {
         for (QWidget* widget :
              {static_cast<QWidget*>(line.heading), static_cast<QWidget*>(line.classBox),
@@ -151,7 +151,7 @@ void PeriodArea::Clean_Plan(bool hasSheet) {
     }
 }
 
-void PeriodArea::DisplayColorCodes(const QList<ClassCoding>& coding) {
+void PeriodArea::showCoding(const QList<ClassCoding>& coding) {
     for (int period = 1; period <= periods(); ++period) {
         const ClassCoding look = coding.value(period - 1);
         classBox(period).setPaper(look.colour ? toColour(*look.colour) : sheetPaper(true));

@@ -33,8 +33,8 @@ public:
     void selectPeriod(int period);
 
     /// Whether there is a sheet to write on; without one everything is grey.
-    void Clean_Plan(bool hasSheet);
-    void DisplayColorCodes(const QList<ClassCoding>& coding);
+    void setHasSheet(bool hasSheet);
+    void showCoding(const QList<ClassCoding>& coding);
     /// The classes to choose from; what stands in the boxes stays.
     void setClassCodes(const QStringList& codes);
     /// Puts the lesson's box back into its line, from wherever it was shown.

@@ -97,7 +97,7 @@ void SheetBar::run(Button button) {
     m_sheets.showTomorrow();
 }
 
-void SheetBar::DisplayPSDate() {
+void SheetBar::showPosition() {
     m_planDate->setText(m_sheets.planDate());
     m_heading->setText(m_sheets.heading());
     m_calendar->setDate(m_sheets.date());

@@ -18,7 +18,7 @@ public:
     SheetBar(DailySheets& sheets, QWidget* parent = nullptr);
 
     /// Shows the date and the place of the current sheet.
-    void DisplayPSDate();
+    void showPosition();
     DateField& calendar() const { return *m_calendar; }
 
 private:

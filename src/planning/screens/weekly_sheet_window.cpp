@@ -47,7 +47,7 @@ WeeklySheetWindow::WeeklySheetWindow(Session& session)
     , m_sheets(session)
     , m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
     , m_writing(*this, session.GetSeams(), {.what = u"The weekly planning sheet"_s, .save = [this] {
-                                                return Update_Records();
+                                                return writeLessons();
                                             }}) {
     setObjectName(u"ORVA2frm"_s);
     setWindowTitle(u"Weekly Planning Sheet"_s);
@@ -57,7 +57,7 @@ WeeklySheetWindow::WeeklySheetWindow(Session& session)
     fillLists();
     for (auto notice : {&Notices::classesChanged, &Notices::sheetsChanged})
         connect(&session.GetNotices(), notice, this, &WeeklySheetWindow::showClassesAgain);
-    Show_Week(m_sheets.currentWeek());
+    showWeek(m_sheets.currentWeek());
 }
 
 WeeklySheetWindow::~WeeklySheetWindow() {
@@ -132,7 +132,7 @@ QComboBox* WeeklySheetWindow::makeSelector(const QString& name, const QString& l
     selector->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     selector->setFocusPolicy(Qt::StrongFocus);
     selector->installEventFilter(this);
-    connect(selector, &QComboBox::currentIndexChanged, this, &WeeklySheetWindow::Reload_Records);
+    connect(selector, &QComboBox::currentIndexChanged, this, &WeeklySheetWindow::reload);
     return selector;
 }
 
@@ -146,7 +146,7 @@ QToolButton* WeeklySheetWindow::makeMoveButton(int element, const QString& iconN
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, this, [this, step] {
-        Highlight_Caption(-1);
+        selectSlot(-1);
         m_week->setCurrentIndex(m_week->currentIndex() + step);
     });
     return button;
@@ -203,23 +203,23 @@ void WeeklySheetWindow::showClassesAgain() {
         return;
     fillLists();
     selectEntries(m_shownWeek, qMax(0, m_class->findText(shown)));
-    Show_Week(m_shownWeek);
+    showWeek(m_shownWeek);
 }
 
-void WeeklySheetWindow::Reload_Records() {
-    Show_Week(m_week->currentIndex());
+void WeeklySheetWindow::reload() {
+    showWeek(m_week->currentIndex());
 }
 
-void WeeklySheetWindow::Show_Week(int week) {
-    if (!m_writing.leave() || !m_sheets.Show_Week(week, m_class->currentText()))
+void WeeklySheetWindow::showWeek(int week) {
+    if (!m_writing.leave() || !m_sheets.showWeek(week, m_class->currentText()))
         return selectEntries(m_shownWeek, m_shownClass);
     m_shownWeek = week;
     m_shownClass = m_class->currentIndex();
     selectEntries(m_shownWeek, m_shownClass);
     showSlots();
     m_heading->setText(m_sheets.heading());
-    Validate_Buttons();
-    SetDefaultFont();
+    enableMoves();
+    applyDefaultFont();
 }
 
 void WeeklySheetWindow::selectEntries(int week, int classIndex) {
@@ -231,7 +231,7 @@ void WeeklySheetWindow::selectEntries(int week, int classIndex) {
 
 void WeeklySheetWindow::showSlots() {
     restore();
-    Highlight_Caption(-1);
+    selectSlot(-1);
     for (LessonSlotWidget* slot : std::exchange(m_slots, {}))
         delete slot;
     const QList<LessonSlot>& lessons = m_sheets.lessons();
@@ -255,8 +255,7 @@ void WeeklySheetWindow::addSlot(int element, const LessonSlot& slot) {
         if (!box->isReadOnly())
             m_tools->serve(*box);
     }
-    connect(widget, &LessonSlotWidget::selected, this,
-            [this, element] { Highlight_Caption(element); });
+    connect(widget, &LessonSlotWidget::selected, this, [this, element] { selectSlot(element); });
     connect(widget, &LessonSlotWidget::edited, this, [this] { m_writing.typed(); });
     connect(widget, &LessonSlotWidget::menuWanted, m_slotMenu,
             [this](const QPoint& place) { m_slotMenu->popup(place); });
@@ -267,13 +266,13 @@ void WeeklySheetWindow::addNotice(const QString& notice) {
     m_column->addWidget(m_slots.back(), 1);
 }
 
-void WeeklySheetWindow::Validate_Buttons() {
+void WeeklySheetWindow::enableMoves() {
     const int week = m_week->currentIndex();
     m_previous->setEnabled(week > 0);
     m_next->setEnabled(week >= 0 && week < m_week->count() - 1);
 }
 
-void WeeklySheetWindow::SetDefaultFont() {
+void WeeklySheetWindow::applyDefaultFont() {
     const FontRecord font =
         m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
     for (const LessonSlotWidget* slot : m_slots) {
@@ -282,7 +281,7 @@ void WeeklySheetWindow::SetDefaultFont() {
     }
 }
 
-void WeeklySheetWindow::Highlight_Caption(int element) {
+void WeeklySheetWindow::selectSlot(int element) {
     if (m_selected == element)
         return;
     if (m_selected >= 0)
@@ -296,22 +295,22 @@ void WeeklySheetWindow::Highlight_Caption(int element) {
     }
     m_maximise->setEnabled(element >= 0);
     placeMaximiseButton();
-    GetFileLinks();
+    showSlotLinks();
 }
 
 /// The period is what the caption says, as for writing back.
-void WeeklySheetWindow::GetFileLinks() {
+void WeeklySheetWindow::showSlotLinks() {
     if (m_selected < 0)
-        return m_links->GetFileLinks({}, 0);
+        return m_links->showLinks({}, 0);
     const LessonSlot& slot = m_sheets.lessons().at(m_selected);
-    m_links->GetFileLinks(slot.planDate, captionPeriod(slot.caption));
+    m_links->showLinks(slot.planDate, captionPeriod(slot.caption));
 }
 
-bool WeeklySheetWindow::Update_Records() {
+bool WeeklySheetWindow::writeLessons() {
     QList<SlotTexts> texts;
     for (const LessonSlotWidget* slot : m_slots)
         texts += slot->texts();
-    if (!m_sheets.Update_Records(texts))
+    if (!m_sheets.writeLessons(texts))
         return false;
     for (LessonSlotWidget* slot : m_slots)
         slot->setDataChanged(false);

@@ -36,12 +36,12 @@ public:
 
     /// Writes the slots back and shows those of the selected class in a week, counted from 0.
     /// Where what was typed can't be written, everything stays as it is.
-    void Show_Week(int week);
+    void showWeek(int week);
     /// The same with the week that is shown.
-    void Reload_Records();
+    void reload();
     /// Writes what was typed. Answers false where something could not be written, which the person
     /// has been told.
-    bool Update_Records();
+    bool writeLessons();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -61,10 +61,10 @@ private:
     void addSlot(int element, const LessonSlot& slot);
     void addNotice(const QString& notice);
     void selectEntries(int week, int classIndex);
-    void Validate_Buttons();
-    void SetDefaultFont();
-    void Highlight_Caption(int element);
-    void GetFileLinks();
+    void enableMoves();
+    void applyDefaultFont();
+    void selectSlot(int element);
+    void showSlotLinks();
     void toggleMaximised();
     void restore();
     void placeMaximiseButton();

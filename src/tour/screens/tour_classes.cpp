@@ -89,8 +89,8 @@ void addTourPupils(const dao::Database& database, const QString& classCode) {
         pupils.Update();
         pupils.MoveLast();
         const qint64 id = pupils.Collect(u"ID").toInteger();
-        Update_RegisterAndMarks_ID(database, classCode, id,
-                                   pupil.firstname + u"\r\n"_s + pupil.surname);
+        updateRegisterAndMarksId(database, classCode, id,
+                                 pupil.firstname + u"\r\n"_s + pupil.surname);
         ValidatePicture(database, classCode, id, portrait(number++));
     }
     pupils.Close();
@@ -129,7 +129,7 @@ void addTourGrades(Session& session, const QString& classCode) {
 }
 
 void addTourNotes(Session& session, const QString& classCode) {
-    NOTES_AddNew(session.CurrentDB, classCode, noteCategory, session.GetSeams().prompts);
+    addNotesCategory(session.CurrentDB, classCode, noteCategory, session.GetSeams().prompts);
     QTextDocument note;
     note.setHtml(u"<b>Effort:</b> works with care and helps others.<br/><b>Target:</b> show every "
                  "step, and check units.<br/>A <i>very</i> good term."_s);
@@ -183,7 +183,7 @@ void visitClasses(Session& session, MainWindow& frame, TourPictures& pictures) {
     for (const View& each :
          {View{RegisterView, u"register"_s}, View{GradesView, u"grades"_s},
           View{PupilInformationView, u"pupil"_s}, View{PupilNotesView, u"notes"_s}}) {
-        window->Show_View(each.view);
+        window->showView(each.view);
         pictures.save(frame, u"RegisterFrm_"_s + each.name);
     }
     visitNewClass(session, pictures);

@@ -102,12 +102,12 @@ void fillTodaysSheet(Session& session) {
 
 void fillTodaysWeek(Session& session) {
     WeeklySheets sheets(session);
-    if (!sheets.load() || !sheets.Show_Week(sheets.currentWeek(), sheets.classes().first().code))
+    if (!sheets.load() || !sheets.showWeek(sheets.currentWeek(), sheets.classes().first().code))
         return;
     QList<SlotTexts> texts;
     for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
         const PlannedPeriod& planned = sequence[i % std::size(sequence)];
         texts += SlotTexts{rtfOf(planned.lesson), rtfOf(planned.homework)};
     }
-    sheets.Update_Records(texts);
+    sheets.writeLessons(texts);
 }

@@ -90,6 +90,6 @@ void fillWizard(StartupWizard& wizard, const YearAnswers& answers,
         onPage(frame);
         if (frame == FileFrame)
             return;
-        wizard.NextInSetup({});
+        wizard.nextInSetup({});
     }
 }

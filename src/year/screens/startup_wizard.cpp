@@ -121,7 +121,7 @@ QLayout* StartupWizard::makeButtons() {
         button->setAutoDefault(true); // Enter presses the one that has the focus
         row->addWidget(button);
     }
-    connect(m_back, &QPushButton::clicked, this, &StartupWizard::PreviousInSetup);
+    connect(m_back, &QPushButton::clicked, this, &StartupWizard::previousInSetup);
     connect(m_next, &QPushButton::clicked, this, &StartupWizard::next);
     connect(cancelButton, &QPushButton::clicked, this, &StartupWizard::cancel);
     return row;
@@ -129,10 +129,10 @@ QLayout* StartupWizard::makeButtons() {
 
 void StartupWizard::startSetup(const QString& frame) {
     m_actions->setAction(SetupAction);
-    NextInSetup(frame);
+    nextInSetup(frame);
 }
 
-void StartupWizard::NextInSetup(const QString& page) {
+void StartupWizard::nextInSetup(const QString& page) {
     if (!page.isEmpty())
         return showFrame(page.toInt());
     if (m_frame != FirstPage && !mayLeave(m_frame))
@@ -143,7 +143,7 @@ void StartupWizard::NextInSetup(const QString& page) {
     showFrame(nextFrame(m_frame, answers().twoWeeks));
 }
 
-void StartupWizard::PreviousInSetup() {
+void StartupWizard::previousInSetup() {
     if (m_frame != FirstPage)
         showFrame(previousFrame(m_frame, answers().twoWeeks));
 }
@@ -187,27 +187,27 @@ bool StartupWizard::mayLeave(int frame) {
 /// Makes ready what the pages behind one show of its answers.
 void StartupWizard::prepareBehind(int frame) {
     if (frame == ClassesFrame) {
-        Load_Timetable_A();
-        Load_Timetable_B();
+        fillWeekA();
+        fillWeekB();
     } else if (frame == TermsFrame) {
         m_startWeek->setQuestion(startWeekHeading(answers(), locale()));
         m_file->propose(defaultFileName(answers()));
     }
 }
 
-void StartupWizard::Unload_Timetable() {
-    m_weekA->Unload_Timetable();
-    m_weekB->Unload_Timetable();
+void StartupWizard::clearTimetables() {
+    m_weekA->clearTimetables();
+    m_weekB->clearTimetables();
 }
 
-void StartupWizard::Load_Timetable_A() {
+void StartupWizard::fillWeekA() {
     const YearAnswers given = answers();
-    m_weekA->Load_Timetable(given.periodsPerDay, given.classes);
+    m_weekA->fill(given.periodsPerDay, given.classes);
 }
 
-void StartupWizard::Load_Timetable_B() {
+void StartupWizard::fillWeekB() {
     const YearAnswers given = answers();
-    m_weekB->Load_Timetable(given.periodsPerDay, given.classes);
+    m_weekB->fill(given.periodsPerDay, given.classes);
 }
 
 YearAnswers StartupWizard::answers() const {
@@ -226,13 +226,13 @@ void StartupWizard::next() {
     if (m_frame == FirstPage)
         runAction(m_actions->action());
     else
-        NextInSetup({});
+        nextInSetup({});
 }
 
 void StartupWizard::runAction(int action) {
     switch (action) {
     case SetupAction:
-        return NextInSetup({});
+        return nextInSetup({});
     case OpenAction:
         return openExisting();
     case RestoreAction:

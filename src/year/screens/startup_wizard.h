@@ -38,11 +38,11 @@ public:
     /// Leaves the page that is shown for the next one, if its answers pass the checks; behind the
     /// last one the file is made. A text names the frame to go to instead, without checks: "0" is
     /// where the set-up begins.
-    void NextInSetup(const QString& page);
-    void PreviousInSetup();
-    void Unload_Timetable();
-    void Load_Timetable_A();
-    void Load_Timetable_B();
+    void nextInSetup(const QString& page);
+    void previousInSetup();
+    void clearTimetables();
+    void fillWeekA();
+    void fillWeekB();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -202,24 +202,24 @@ void TimetablePage::makeLists(QChar letter) {
         const int weekday = Monday + day;
         auto* list = new PeriodList(u"%1, week %2"_s.arg(DayName(weekday)).arg(letter));
         list->setObjectName(u"lb"_s + timetableField(weekday, letter));
-        connect(list, &PeriodList::chosen, this, [this, day] { Select_Period(day); });
+        connect(list, &PeriodList::chosen, this, [this, day] { selectPeriod(day); });
         m_lists[static_cast<size_t>(day)] = list;
     }
 }
 
-void TimetablePage::Unload_Timetable() {
+void TimetablePage::clearTimetables() {
     m_numbers->clear();
     for (PeriodList* list : m_lists)
         list->clear();
 }
 
-void TimetablePage::Load_Timetable(int periods, const QStringList& classes) {
+void TimetablePage::fill(int periods, const QStringList& classes) {
     const QString picked = m_class->currentText();
     m_class->clear();
     m_class->addItems(classes);
     m_class->setCurrentIndex(std::max(m_class->findText(picked), 0));
 
-    Unload_Timetable();
+    clearTimetables();
     for (int period = 1; period <= periods; ++period)
         m_numbers->addPeriod(QString::number(period));
     for (size_t day = 0; day < Days; ++day) {
@@ -239,7 +239,7 @@ WeekTimetable TimetablePage::week() const {
     return week;
 }
 
-void TimetablePage::Select_Period(int day) {
+void TimetablePage::selectPeriod(int day) {
     PeriodList* list = m_lists[static_cast<size_t>(day)];
     const int row = list->currentRow();
     if (row < 0)

@@ -67,10 +67,10 @@ public:
     explicit TimetablePage(QChar letter);
 
     /// Clears the lists of the week. What was chosen is kept for the next loading.
-    void Unload_Timetable();
+    void clearTimetables();
     /// Builds the lists with so many rows, and fills the class picker. Rows and classes that went
     /// and come back have what was chosen before.
-    void Load_Timetable(int periods, const QStringList& classes);
+    void fill(int periods, const QStringList& classes);
     WeekTimetable week() const;
 
 protected:
@@ -81,7 +81,7 @@ private:
 
     void makeLists(QChar letter);
     /// Sets the current row of a day to the class picked, or clears it when that is there already.
-    void Select_Period(int day);
+    void selectPeriod(int day);
     void moveToDay(int day, int row);
 
     QComboBox* m_class;
