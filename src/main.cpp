@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/system_clock.h"
+#include "core/termination_signals.h"
 #include "core/version.h"
 #include "desktop/screens/desktop_prompts.h"
 #include "desktop/screens/desktop_shell.h"
@@ -46,6 +47,8 @@ int main(int argc, char** argv) {
     MainWindow frame(session, windowTable(), !playsTour, splash);
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);
+    const TerminationSignals termination;
+    QObject::connect(&termination, &TerminationSignals::terminated, &frame, &MainWindow::Terminate);
     if (arguments.value(1) == u"--quit-when-shown")
         QObject::connect(&frame, &MainWindow::shown, &application, [] { QApplication::exit(); });
     if (playsTour) {

@@ -31,10 +31,10 @@ bool wantsBackup(Session& session) {
     return answer == AnswerYes;
 }
 
-void backUpAtClose(Session& session, const QString& path, const QString& password) {
+void backUpAtClose(Session& session, const QString& path, const QString& password, bool mayAsk) {
     const ClosingBackup kind = session.GetSettings().get(setting::AutoBackup);
     if (kind == ClosingBackup::CompactAndBackUp ||
-        (kind == ClosingBackup::Ask && wantsBackup(session)))
+        (kind == ClosingBackup::Ask && mayAsk && wantsBackup(session)))
         BackupAndCompact(backupContext(session), path, true, password);
     else if (kind == ClosingBackup::BackUpOnly)
         BackupOnly(backupContext(session), path, password);
@@ -172,12 +172,12 @@ void SaveCurrentStartup(Session& session, MainFrame& frame) {
     frame.CloseOpenForms();
 }
 
-void ShutDown(Session& session) {
+void ShutDown(Session& session, bool mayAsk) {
     const QString path = session.CurrentDB.Name();
     const QString password = session.DatabasePassword;
     session.CloseAllDatabases();
     if (!path.isEmpty())
-        backUpAtClose(session, path, password);
+        backUpAtClose(session, path, password, mayAsk);
 }
 
 QString mainCaption(const QString& databasePath) {

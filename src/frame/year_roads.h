@@ -37,8 +37,9 @@ bool LeaveDatabase(Session& session, MainFrame& frame);
 void RunCurrentStartup(Session& session, MainFrame& frame);
 /// Notes which windows are open, and unloads them.
 void SaveCurrentStartup(Session& session, MainFrame& frame);
-/// The main window goes: closes the year, then backs it up as the settings say.
-void ShutDown(Session& session);
+/// The main window goes: closes the year, then backs it up as the settings say. Where nobody may be
+/// asked (`mayAsk`) a backup that would ask is left out.
+void ShutDown(Session& session, bool mayAsk = true);
 
 /// The caption of the main window: "Orvane: " and the shortened path of the database, if any.
 QString mainCaption(const QString& databasePath);

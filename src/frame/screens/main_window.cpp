@@ -15,10 +15,12 @@
 #include "help/screens/help_viewer.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QSessionManager>
 #include <QShortcut>
 #include <QTimer>
 
@@ -47,6 +49,7 @@ MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItsel
     makeToolbar();
     m_session.SetWindows(this);
     connect(&m_session.GetNotices(), &Notices::yearOpened, this, &MainWindow::yearOpened);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::leaveDesktop);
     LoadMainWindow(m_session, *this);
 }
 
@@ -325,6 +328,25 @@ void MainWindow::activateFirst() {
     });
 }
 
+void MainWindow::Terminate() {
+    m_isTerminated = true;
+    // Under an open dialog nothing is closed: the program unwinds as if it had been cancelled, and
+    // the windows keep what was typed on its way out.
+    if (QApplication::activeModalWidget())
+        QCoreApplication::exit();
+    else
+        close();
+}
+
+/// The desktop's session ends. Its question to the person can call that off.
+void MainWindow::leaveDesktop(QSessionManager& manager) {
+    if (!manager.allowsInteraction())
+        return;
+    if (!MayLeave())
+        manager.cancel();
+    manager.release();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!MayLeave()) {
         event->ignore();
@@ -334,6 +356,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     SaveWindowPlacement(m_session.GetSettings(), placed, setting::Options);
     m_help->close(); // it keeps its place
     SaveCurrentStartup(m_session, *this);
-    ShutDown(m_session);
+    ShutDown(m_session, !m_isTerminated);
     QMainWindow::closeEvent(event);
 }

@@ -11,6 +11,7 @@ class FrameToolbar;
 class HelpViewer;
 class MdiBackground;
 class PlacedWidget;
+class QSessionManager;
 class Session;
 
 /// The main window: the frame of the whole program, as long as the process. It owns the tool
@@ -47,6 +48,10 @@ public:
     void ToolbarAlign() override;
     void ShadeMDI() override;
     void Help_Menu(HelpItem item) override;
+
+    /// The system wants the program to end: as closing does, but asks only about what could not be
+    /// written.
+    void Terminate();
 
     FrameMenus& menus() const { return *m_menus; }
 
@@ -87,6 +92,7 @@ private:
     PlacedWidget placed(const Loaded& loaded) const;
     void bringForward(const Loaded& loaded);
     void yearOpened();
+    void leaveDesktop(QSessionManager& manager);
 
     Session& m_session;
     WindowTable m_windows;
@@ -96,5 +102,6 @@ private:
     FrameToolbar* m_toolbar;
     QPointer<QWidget> m_splash;
     bool m_startPending;
+    bool m_isTerminated = false;
     QList<Loaded> m_loaded; ///< in the order of loading
 };
