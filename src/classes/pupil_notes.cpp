@@ -35,6 +35,11 @@ dao::Recordset openNote(const dao::Database& database, const LessonNotePlace& pl
 
 } // namespace
 
+void AddLessonNotesTable(const dao::Database& database) {
+    if (!TableExists(database, LessonNotesTable))
+        CreateLessonNotesTable(database);
+}
+
 QString noteField(const QString& category) {
     return NoteFieldPrefix + category;
 }

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <optional>
+
 class PupilSheet;
 class Settings;
 
@@ -32,6 +33,9 @@ bool deleteNotesCategory(const dao::Database& database, const QString& classCode
 /// The box for a failure while a category is shown.
 inline constexpr FailureBox BindNotesFailure{u"Bind Notes Error", u"Error numnber %2",
                                              OkButton | WarningIcon};
+
+/// Makes `Lesson_Notes` in an older file that lacks it. Raises what the engine raises.
+void AddLessonNotesTable(const dao::Database& database);
 
 /// What a lesson note is for. Two lessons of one day have one note.
 struct LessonNotePlace {

@@ -1,9 +1,9 @@
 #include "year/year_opening.h"
 
 #include "calendar/class_colours.h"
+#include "classes/pupil_notes.h"
+#include "planning/sheet_upgrades.h"
 #include "store/table_names.h"
-#include "store/table_structure.h"
-#include "year/sheet_upgrades.h"
 
 namespace {
 
@@ -36,8 +36,7 @@ void readYear(Session& session) {
 void bringUpToDate(Session& session) {
     AddWeekField(session.CurrentDB);
     AddABWeekField(session.CurrentDB, session.TTweekly, session.StartWeek);
-    if (!TableExists(session.CurrentDB, LessonNotesTable))
-        CreateLessonNotesTable(session.CurrentDB);
+    AddLessonNotesTable(session.CurrentDB);
 }
 
 } // namespace

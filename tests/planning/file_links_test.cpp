@@ -24,11 +24,11 @@ protected:
 
     bool add(const QString& date, int period, const QString& name, const QString& path) {
         seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s, LinkAnswer{name, path});
-        return AddFileLink(session, date, period);
+        return AddFileLink(session.CurrentDB, seams.prompts, date, period);
     }
     QStringList names(const QString& date, int period) {
         QStringList found;
-        for (const FileLink& link : GetFileLinks(session, date, period))
+        for (const FileLink& link : GetFileLinks(session.CurrentDB, seams.prompts, date, period))
             found += link.name;
         return found;
     }
@@ -50,25 +50,25 @@ TEST_F(PeriodLinksTest, ANameIsUniqueInItsPeriod) {
     seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s,
                          LinkAnswer{u"dad's maths"_s, u"http://example.org/2"_s});
     seams.prompts.expect(PromptKind::Message, u"Duplicate name"_s, AnswerOk);
-    EXPECT_FALSE(AddFileLink(session, monday, 1));
+    EXPECT_FALSE(AddFileLink(session.CurrentDB, seams.prompts, monday, 1));
     EXPECT_TRUE(add(monday, 2, u"Dad's maths"_s, u"http://example.org/3"_s));
     seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s);
-    EXPECT_FALSE(AddFileLink(session, monday, 1));
+    EXPECT_FALSE(AddFileLink(session.CurrentDB, seams.prompts, monday, 1));
     EXPECT_EQ(names(monday, 1), QStringList{u"Dad's maths"_s});
     EXPECT_EQ(names(tuesday, 1), QStringList());
-    EXPECT_EQ(AllFileLinks(session).size(), 2);
+    EXPECT_EQ(AllFileLinks(session.CurrentDB, seams.prompts).size(), 2);
 }
 
 TEST_F(PeriodLinksTest, OpensByDateAndRemovesByNameAlone) {
     add(monday, 1, u"site"_s, u"http://example.org/1"_s);
     add(tuesday, 1, u"site"_s, u"http://example.org/2"_s);
     add(tuesday, 1, u"gone"_s, u"/no/such/file.txt"_s);
-    OpenLink(session, tuesday, u"site"_s);
+    OpenLink(session.CurrentDB, settings, seams.seams(), tuesday, u"site"_s);
     EXPECT_EQ(seams.shell.runs.last().file, u"http://example.org/2"_s);
     seams.prompts.expect(PromptKind::Plain, u"File doesn't exist"_s, AnswerOk);
-    OpenLink(session, tuesday, u"gone"_s);
+    OpenLink(session.CurrentDB, settings, seams.seams(), tuesday, u"gone"_s);
     EXPECT_TRUE(seams.prompts.last().text.contains(u"/no/such/file.txt"_s));
-    RemoveFileLink(session, u"site"_s);
+    RemoveFileLink(session.CurrentDB, seams.prompts, u"site"_s);
     EXPECT_EQ(names(monday, 1), QStringList());
     EXPECT_EQ(names(tuesday, 1), (QStringList{u"site"_s, u"gone"_s}));
 }

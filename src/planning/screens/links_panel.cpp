@@ -72,7 +72,8 @@ void LinksPanel::showLinks(const QString& planDate, int period) {
 void LinksPanel::reload() {
     m_list->clear();
     if (m_period > 0) {
-        for (const FileLink& link : ::GetFileLinks(m_session, m_planDate, m_period))
+        for (const FileLink& link : ::GetFileLinks(
+                 m_session.CurrentDB, m_session.GetSeams().prompts, m_planDate, m_period))
             m_list->addItem(link.name);
     }
     const bool hasLinks = m_list->count() > 0;
@@ -83,16 +84,17 @@ void LinksPanel::reload() {
 }
 
 void LinksPanel::add() {
-    if (AddFileLink(m_session, m_planDate, m_period))
+    if (AddFileLink(m_session.CurrentDB, m_session.GetSeams().prompts, m_planDate, m_period))
         reload();
 }
 
 void LinksPanel::open() {
-    OpenLink(m_session, m_planDate, m_list->currentText());
+    OpenLink(m_session.CurrentDB, m_session.GetSettings(), m_session.GetSeams(), m_planDate,
+             m_list->currentText());
 }
 
 void LinksPanel::remove() {
-    RemoveFileLink(m_session, m_list->currentText());
+    RemoveFileLink(m_session.CurrentDB, m_session.GetSeams().prompts, m_list->currentText());
     reload();
 }
 
@@ -100,7 +102,7 @@ void LinksPanel::showAll() {
     const Seams& seams = m_session.GetSeams();
     PromptDialog(this).ALL_File_Links(
         u"File Links"_s, u"All file links used within planning are shown below"_s,
-        AllFileLinks(m_session), [this, &seams](const FileLink& link) {
+        AllFileLinks(m_session.CurrentDB, seams.prompts), [this, &seams](const FileLink& link) {
             OpenFileLink(link.path, m_session.GetSettings(), seams.shell, seams.prompts);
         });
     reload();

@@ -1,4 +1,4 @@
-#include "year/sheet_upgrades.h"
+#include "planning/sheet_upgrades.h"
 
 #include "calendar/term_weeks.h"
 #include "store/engine/error.h"
