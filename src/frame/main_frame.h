@@ -38,9 +38,5 @@ public:
     virtual void DestroySplash() = 0;
     /// Unloads the main window, and with it the program.
     virtual void Unload() = 0;
-    /// Docks the toolbar at the side that the settings say.
-    virtual void ToolbarAlign() = 0;
-    /// Paints the background anew, as the settings say.
-    virtual void ShadeMDI() = 0;
     virtual void Help_Menu(HelpItem item) = 0;
 };

@@ -44,7 +44,5 @@ public:
     }
     void DestroySplash() override {}
     void Unload() override { log += u"unload"_s; }
-    void ToolbarAlign() override {}
-    void ShadeMDI() override {}
     void Help_Menu(HelpItem item) override { log += u"help %1"_s.arg(static_cast<int>(item)); }
 };

@@ -45,13 +45,16 @@ public:
     QList<StartupWindow> startupWindows() const override;
     void DestroySplash() override;
     void Unload() override;
-    void ToolbarAlign() override;
-    void ShadeMDI() override;
     void Help_Menu(HelpItem item) override;
 
     /// The system wants the program to end: as closing does, but asks only about what could not be
     /// written.
     void Terminate();
+
+    /// Docks the toolbar at the side that the settings say.
+    void ToolbarAlign();
+    /// Paints the background anew, as the settings say.
+    void ShadeMDI();
 
     FrameMenus& menus() const { return *m_menus; }
 

@@ -1,6 +1,6 @@
 #include "store/engine/jet_content.h"
 
-#include "store/engine/jet_file.h"
+#include "store/engine/jet_mdb.h"
 
 #include <QLocale>
 

@@ -3,7 +3,7 @@
 #include "store/engine/confined_reader.h"
 #include "store/engine/jet_bytes.h"
 #include "store/engine/jet_content.h"
-#include "store/engine/jet_file.h"
+#include "store/engine/jet_mdb.h"
 #include "store/engine/jet_wire.h"
 
 #include <array>

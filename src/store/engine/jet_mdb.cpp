@@ -1,4 +1,4 @@
-#include "store/engine/jet_file.h"
+#include "store/engine/jet_mdb.h"
 
 #include "store/engine/error.h"
 #include "store/engine/late_library.h"
