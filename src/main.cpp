@@ -22,12 +22,13 @@
 #include <QApplication>
 #include <QPointer>
 #include <QStandardPaths>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    QApplication::setStyle(new FamilyStyle);
     QApplication application(argc, argv);
+    QApplication::setStyle(new FamilyStyle(QApplication::style()->name())); // the desktop's own
     QCoreApplication::setApplicationName(u"ORVA"_s);
     QCoreApplication::setApplicationVersion(programVersion());
     QApplication::setWindowIcon(icon(u"orva"_s));

@@ -153,7 +153,7 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
             "\n\nAre you sure you want to delete this class?"_s,
         (mayArchive ? YesNoCancelButtons : YesNoButtons) | WarningIcon | SecondButtonDefault,
         u"Delete Class:"_s, look);
-    dontAsk = answer.ticked;
+    dontAsk = answer.ticked && answer == AnswerYes;
     if (answer == AnswerYes)
         return DeleteClassAnswer::Yes;
     return answer == AnswerCancel ? DeleteClassAnswer::Archive : DeleteClassAnswer::No;
@@ -177,7 +177,7 @@ bool Delete_Pupil(const dao::Database& database, const QString& classCode, qint6
             "also.\n\nAre you sure you wish to remove "_s +
                 name.firstname + u' ' + name.surname + u" from this class?\n"_s,
             YesNoButtons | QuestionIcon | SecondButtonDefault, title, look);
-        dontAsk = answer.ticked;
+        dontAsk = answer.ticked && answer == AnswerYes;
         if (answer != AnswerYes)
             return false;
     }
@@ -190,7 +190,7 @@ bool Delete_All_Pupils(const dao::Database& database, const QString& classCode,
     const BoxAnswer answer = prompts.msg_Box(
         u"Deleting All PUPILs from this class list will remove the registration and mark sheet "
         "data also.\nAre you sure you wish to remove ALL PUPILS from this class?"_s,
-        YesNoButtons | QuestionIcon, title);
+        YesNoButtons | QuestionIcon | SecondButtonDefault, title);
     return answer == AnswerYes &&
            tryTelling(prompts, {title}, [&] { deletePupils(database, classCode, pupils); });
 }

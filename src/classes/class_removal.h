@@ -13,8 +13,8 @@ class Prompts;
 enum class DeleteClassAnswer { No, Yes, Archive };
 
 /// Asks whether to delete a class, or to archive it instead, which is offered where the program can
-/// (`mayArchive`). `dontAsk` lasts for the session: once
-/// the person has ticked the box it is set, and the answer then is yes without a question.
+/// (`mayArchive`). `dontAsk` lasts for the session: once the person has answered yes with the box
+/// ticked it is set, and the answer then is yes without a question.
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
                                  bool& dontAsk);
 

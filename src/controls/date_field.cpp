@@ -40,6 +40,8 @@ DateField::DateField(const QString& name, Style style, QWidget* parent)
     connect(m_field, &QLineEdit::editingFinished, this, [this] {
         if (date().isValid())
             setDate(date());
+        else
+            emit leftSenseless();
     });
     connect(m_field, &QLineEdit::returnPressed, this, [this] {
         if (date().isValid())

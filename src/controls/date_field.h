@@ -36,6 +36,8 @@ public:
     bool isEmpty() const;
 
 signals:
+    /// What is no date was typed, and the field was left.
+    void leftSenseless();
     /// The field has changed, by typing or picking; the date is invalid as `date` says.
     void dateChanged(QDate date);
     /// The person has settled on a date: picked it in the calendar, or typed it and pressed Enter.

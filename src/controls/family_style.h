@@ -8,6 +8,8 @@ class FamilyStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
+    using QProxyStyle::QProxyStyle;
+
     QIcon standardIcon(StandardPixmap standardIcon, const QStyleOption* option = nullptr,
                        const QWidget* widget = nullptr) const override;
 };

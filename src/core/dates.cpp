@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int DaysPerWeek = 7;
-constexpr int LastYearOfThisCentury = 29; // of two digits: 29 is 2029, 30 is 1930
+constexpr int LastYearOfThisCentury = 79; // of two digits: 79 is 2079, 80 is 1980
 
 qint64 floorDivide(qint64 number, qint64 divisor) {
     const qint64 quotient = number / divisor;

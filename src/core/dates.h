@@ -20,8 +20,8 @@ bool isSchoolWeekday(QDate date);
 /// Sunday to Saturday; negative when `to` comes first.
 int weekDifference(QDate from, QDate to);
 
-/// Builds a date from three numbers. A year of two digits stands for 2000 to 2029 (0 to 29) or 1930
-/// to 1999 (30 to 99). A day or month beyond its range rolls on: 30 February is 1 or 2 March.
+/// Builds a date from three numbers. A year of two digits stands for 2000 to 2079 (0 to 79) or 1980
+/// to 1999 (80 to 99). A day or month beyond its range rolls on: 30 February is 1 or 2 March.
 /// Answers an invalid date where no calendar reaches.
 QDate dateFromParts(int year, int month, int day);
 
@@ -29,7 +29,7 @@ QDate dateFromParts(int year, int month, int day);
 QString sheetDateText(QDate date);
 
 /// Reads a sheet's text back, by the positions of its characters, under the rule for years of two
-/// digits: years from 2030 on come back a century early. Answers an invalid date for a text that
+/// digits: years from 2080 on come back a century early. Answers an invalid date for a text that
 /// can't be read.
 QDate sheetDate(QStringView text);
 

@@ -281,7 +281,7 @@ void RunCommand(Session& session, MainFrame& frame, FrameCommand command) {
     case ReturnToWizard:
         return ReturnToWizardCommand(session, frame);
     case Exit:
-        return ExitCommand(frame);
+        return frame.Unload();
     case HelpAbout:
         return frame.Help_Menu(HelpItem::About);
     case HelpContents:

@@ -130,13 +130,6 @@ void ReturnToWizardCommand(Session& session, MainFrame& frame) {
     frame.open(ToolWindow::StartupWizard);
 }
 
-void ExitCommand(MainFrame& frame) {
-    if (!frame.MayLeave())
-        return;
-    frame.CloseOpenForms();
-    frame.Unload();
-}
-
 void RestoreBackupCommand(Session& session, MainFrame& frame) {
     if (!frame.MayLeave())
         return;

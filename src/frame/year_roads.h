@@ -25,9 +25,6 @@ void ReturnToWizardCommand(Session& session, MainFrame& frame);
 /// The older restore, from a folder with a file of the open database's name. It is on no menu: the
 /// wizard's restore has taken its place.
 void RestoreBackupCommand(Session& session, MainFrame& frame);
-/// "E&xit". The windows go first, so that none of them is noted for the next start: only closing
-/// the main window itself keeps them.
-void ExitCommand(MainFrame& frame);
 
 /// Closes the year with its windows: every way out of the open state begins so. Answers false, with
 /// everything as it was, where the person stays for something that could not be written.

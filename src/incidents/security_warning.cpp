@@ -15,7 +15,7 @@ bool MayShowIncidents(Settings& settings, Prompts& prompts) {
         prompts.msg_Box(u"This utility may contain sensitive and private information, are "
                         "you sure you wish to display this information now?"_s,
                         YesNoButtons | WarningIcon, u"Security warning"_s, look);
-    if (answer.ticked)
+    if (answer.ticked && answer == AnswerYes)
         settings.set(setting::ShowSecurityDialog, true);
     return answer == AnswerYes;
 }

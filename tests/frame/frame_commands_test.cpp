@@ -171,7 +171,7 @@ TEST_F(CommandTest, EachCommandGoesItsWay) {
     } cases[] = {
         {FrameCommand::ReturnToWizard, {u"close forms"_s, u"disable"_s, u"wizard"_s}, {}},
         {FrameCommand::SetupDatabase, {u"close forms"_s, u"disable"_s, u"wizard setup"_s}, {}},
-        {FrameCommand::Exit, {u"close forms"_s, u"unload"_s}, {}},
+        {FrameCommand::Exit, {u"unload"_s}, {}},
         {FrameCommand::HelpContents, {u"help 1"_s}, {}},
         {FrameCommand::HelpSearch, {u"help 2"_s}, {}},
         {FrameCommand::WeeklyPlanning, {}, {ToolWindow::WeeklySheet}},

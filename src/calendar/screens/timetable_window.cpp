@@ -50,6 +50,7 @@ TimetableWindow::TimetableWindow(Session& session)
                      }}) {
     setObjectName(u"TTfrm"_s);
     load();
+    m_panel->selectedLabel()->setFocus();
     connect(&session.GetNotices(), &Notices::classesChanged, this, &TimetableWindow::showWeekAgain);
 }
 

@@ -115,11 +115,8 @@ void ClassHomePage::showClasses() {
     }
 }
 
-void ClassHomePage::selectTask(ClassTask task) {
-    for (int row = 0; row < classTasks().size(); ++row) {
-        if (classTasks()[row].task == task)
-            m_tasks->setCurrentRow(row);
-    }
+void ClassHomePage::selectFirstTask() {
+    m_tasks->setCurrentRow(0);
 }
 
 void ClassHomePage::showHint() {

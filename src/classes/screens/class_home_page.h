@@ -19,7 +19,7 @@ public:
 
     /// Lists the desk's classes, in their colours, and selects the desk's.
     void showClasses();
-    void selectTask(ClassTask task);
+    void selectFirstTask();
 
 signals:
     void classWanted(const QString& classCode);

@@ -351,8 +351,7 @@ void ClassWindow::deletePupil(bool all) {
                           m_session.DontAskDeletePupil, prompts))
         m_desk.forgetCurrent();
     showFirstPage();
-    if (m_desk.currentRow() < 0)
-        m_first->selectTask(ClassTask::AddPupil);
+    m_first->selectFirstTask(); // Return does no further harm
 }
 
 void ClassWindow::deleteClass() {
@@ -373,6 +372,7 @@ void ClassWindow::deleteClass() {
     // Its records were closed even where it is still there.
     trying([&] { m_desk.refreshClasses(isGone ? QString() : code); });
     showClasses();
+    m_first->selectFirstTask();
     emit m_session.GetNotices().classesChanged();
 }
 

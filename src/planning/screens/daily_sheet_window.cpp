@@ -58,6 +58,8 @@ DailySheetWindow::DailySheetWindow(Session& session)
     followTheYear();
     m_sheets.onChange([this] { sheetChanged(); });
     m_sheets.showFirst();
+    if (!m_sheets.isEmpty())
+        m_periods->lesson(1).setFocus();
 }
 
 DailySheetWindow::~DailySheetWindow() {
@@ -137,7 +139,10 @@ void DailySheetWindow::bindBoxes() {
 void DailySheetWindow::bindClass(int period) {
     ClassBox& box = m_periods->classBox(period);
     m_sheets.binding().bind(classField(period), box);
-    connect(&box, &ClassBox::edited, this, [this] { m_writing.typed(); });
+    connect(&box, &ClassBox::edited, this, [this] {
+        m_writing.save(); // its colour goes by what the row holds
+        m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
+    });
 }
 
 void DailySheetWindow::bindRichText(RichTextBox& box, const SheetPlace& place) {
@@ -260,7 +265,7 @@ void DailySheetWindow::toggleMaximised() {
         m_maximised = period;
         m_maximisedHeading->setText(u"Period %1 - %2    %3"_s.arg(period).arg(
             m_periods->classBox(period).currentText(), m_sheets.heading()));
-        m_maximisedPage->layout()->addWidget(&lesson);
+        static_cast<QBoxLayout*>(m_maximisedPage->layout())->addWidget(&lesson, 1);
         lesson.show();
         m_pages->setCurrentWidget(m_maximisedPage);
         lesson.setFocus();

@@ -166,5 +166,7 @@ void PeriodArea::setClassCodes(const QStringList& codes) {
 
 void PeriodArea::mousePressEvent(QMouseEvent* event) {
     QWidget::mousePressEvent(event);
-    selectPeriod(0);
+    // The right button comes through from a box whose menu it opens.
+    if (event->button() == Qt::LeftButton)
+        selectPeriod(0);
 }

@@ -32,6 +32,9 @@ SheetBar::SheetBar(DailySheets& sheets, QWidget* parent)
     m_position->setAlignment(Qt::AlignCenter);
     m_position->setMinimumWidth(m_position->fontMetrics().horizontalAdvance(u"0000/0000"_s));
 
+    connect(m_calendar, &DateField::leftSenseless, this,
+            [this] { m_calendar->setDate(m_sheets.date()); });
+
     addButton(First, u"Command2(0)"_s, u"first"_s, u"First sheet"_s);
     addButton(Previous, u"Command1(0)"_s, u"previous"_s, u"Previous sheet (Page Up)"_s);
     addButton(Next, u"Command1(1)"_s, u"next"_s, u"Next sheet (Page Down)"_s);
