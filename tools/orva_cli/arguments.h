@@ -1,0 +1,7 @@
+#pragma once
+
+#include "command.h"
+
+/// Reads what the program was called with, and the passwords from where `--password-fd` says.
+/// Raises UsageError.
+Call readCall(const QStringList& words);
