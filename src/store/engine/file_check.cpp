@@ -68,7 +68,8 @@ FileCheck checkTables(Connection& connection) {
             if (takeFindings(connection, name, findings))
                 check.fault = u"A record does not fit the rules or indexes of the table."_s;
         } catch (const EngineError& error) {
-            check.fault = error.description();
+            check.fault = error.number() == DamagedDatabase ? u"Not all records can be read."_s
+                                                            : error.description();
         }
         checked.tables += std::move(check);
     }
