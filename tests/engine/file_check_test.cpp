@@ -85,9 +85,9 @@ TEST_F(FileCheckTest, AFaultIsFoundInItsTable) {
     }
 }
 
-TEST_F(FileCheckTest, AMemoThatEndsInADamagedPageIsMissed) {
+TEST_F(FileCheckTest, AMemoThatWasWrittenOverIsFound) {
     QByteArray bytes = contentOf(file);
-    // Nothing but a long memo fills a page: the chain of pages is broken behind it.
+    // Nothing but the rest of a long memo fills a page, and no other page tells of its content.
     const qsizetype page = bytes.indexOf(QByteArray(4000, 'n')) / 4096 * 4096;
     ASSERT_GT(page, 0);
     bytes.replace(page, 4096, QByteArray(4096, '\xaa'));
@@ -100,5 +100,4 @@ TEST_F(FileCheckTest, AMemoThatEndsInADamagedPageIsMissed) {
     EXPECT_NE(check.tables[0].fault, QString());
     EXPECT_LT(check.tables[0].records, 50);
     EXPECT_EQ(check.tables[1].fault, QString());
-    EXPECT_NE(check.fault, QString());
 }

@@ -19,17 +19,6 @@ const QList<CommandOption>& commonOptions() {
     return options;
 }
 
-QString usageOf(const Command& command) {
-    return u"orva-cli %1 %2"_s.arg(command.name, command.usage);
-}
-
-QString wholeUsage() {
-    QString usage = u"orva-cli COMMAND FILE.mdb ARGUMENTS [--yes] [--password-fd N]"_s;
-    for (const Command& command : commandTable())
-        usage += u"\n       "_s + usageOf(command);
-    return usage;
-}
-
 /// The command whose name the words begin with.
 const Command& namedCommand(const QStringList& words) {
     for (const Command& command : commandTable()) {
@@ -39,7 +28,7 @@ const Command& namedCommand(const QStringList& words) {
     }
     throw UsageError(words.isEmpty() ? u"There is no command."_s
                                      : u"There is no such command: "_s + words.constFirst(),
-                     wholeUsage());
+                     nullptr);
 }
 
 /// A line from a descriptor, byte by byte: what stands behind it is left for who reads next. Null
@@ -64,7 +53,7 @@ void readPasswords(const QString& descriptor, Call& call) {
     call.password = isNumber ? readLine(number) : QString();
     if (call.password.isNull())
         throw UsageError(u"--password-fd takes the number of a file that is open for reading."_s,
-                         usageOf(*call.command));
+                         call.command);
     if (call.command->hasSecondFile)
         call.secondPassword = readLine(number);
     if (call.secondPassword.isEmpty())
@@ -73,20 +62,28 @@ void readPasswords(const QString& descriptor, Call& call) {
 
 } // namespace
 
+QString usageOf(const Command* command) {
+    if (command)
+        return u"orva-cli %1 %2"_s.arg(command->name, command->usage);
+    QString usage = u"orva-cli COMMAND FILE.mdb ARGUMENTS [--yes] [--password-fd N]"_s;
+    for (const Command& each : commandTable())
+        usage += u"\n       "_s + usageOf(&each);
+    return usage;
+}
+
 Call readCall(const QStringList& words) {
     Call call;
     call.command = &namedCommand(words);
-    const QString usage = usageOf(*call.command);
     const QList<CommandOption> options = commonOptions() + call.command->options;
     QCommandLineParser parser;
     for (const CommandOption& option : options)
         parser.addOption({option.name, {}, option.value});
     if (!parser.parse(words))
-        throw UsageError(parser.errorText(), usage);
+        throw UsageError(parser.errorText(), call.command);
     // The parser takes the first word for the program's name.
     call.arguments = parser.positionalArguments().mid(call.command->name.count(u' '));
     if (call.arguments.size() != call.command->arguments + 1)
-        throw UsageError(u"There are too many or too few arguments."_s, usage);
+        throw UsageError(u"There are too many or too few arguments."_s, call.command);
     call.file = QFileInfo(call.arguments.takeFirst()).absoluteFilePath();
     for (const CommandOption& option : options) {
         if (parser.isSet(option.name))

@@ -30,12 +30,13 @@ struct CommandOption {
 struct Command {
     QString name;  ///< of one word, or of two where the second says of what kind
     QString usage; ///< what stands behind the name
-    int arguments; ///< so many follow the file
-    QList<CommandOption> options;
-    bool hasSecondFile; ///< whether an argument is a file that may have a password of its own
     /// Prints its answer on standard output. `Failed` where the person was told why already, by the
-    /// prompts; raises RefusedCommand and dao::EngineError otherwise.
-    ExitStatus (*run)(const Workplace& workplace, const Call& call);
+    /// prompts; raises RefusedCommand and dao::EngineError otherwise, UsageError for an argument
+    /// that is malformed.
+    ExitStatus (*run)(const Workplace& workplace, const Call& call) = nullptr;
+    int arguments = 0; ///< so many follow the file
+    QList<CommandOption> options = {};
+    bool hasSecondFile = false; ///< whether an argument is a file that may have its own password
 };
 
 /// A command as it was called.
@@ -61,15 +62,16 @@ private:
     QString m_reason;
 };
 
-/// What is wrong with how a command was called: a sentence, and the usage it should have followed.
+/// What is wrong with how a command was called: a sentence. The command's usage is told with it.
 class UsageError : public std::exception {
 public:
-    UsageError(QString fault, QString usage)
-        : m_fault(std::move(fault)), m_usage(std::move(usage)) {}
+    /// `command` is null where there is no such command.
+    UsageError(QString fault, const Command* command)
+        : m_fault(std::move(fault)), m_command(command) {}
     const QString& fault() const { return m_fault; }
-    const QString& usage() const { return m_usage; }
+    const Command* command() const { return m_command; }
 
 private:
     QString m_fault;
-    QString m_usage;
+    const Command* m_command;
 };

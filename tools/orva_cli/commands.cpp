@@ -6,24 +6,12 @@ using namespace Qt::StringLiterals;
 
 const QList<Command>& commandTable() {
     static const QList<Command> commands{
-        {.name = u"check"_s,
-         .usage = u"YEAR"_s,
-         .arguments = 0,
-         .options = {},
-         .hasSecondFile = false,
-         .run = checkYear},
-        {.name = u"repair"_s,
-         .usage = u"YEAR"_s,
-         .arguments = 0,
-         .options = {},
-         .hasSecondFile = false,
-         .run = repairYear},
+        {.name = u"check"_s, .usage = u"YEAR"_s, .run = checkYear},
+        {.name = u"repair"_s, .usage = u"YEAR"_s, .run = repairYear},
         {.name = u"backup"_s,
          .usage = u"YEAR [--compact]"_s,
-         .arguments = 0,
-         .options = {{u"compact"_s, {}}},
-         .hasSecondFile = false,
-         .run = backUpYear},
+         .run = backUpYear,
+         .options = {{u"compact"_s, {}}}},
     };
     return commands;
 }

@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
         return carryOut(readCall(words));
     } catch (const UsageError& error) {
         std::fprintf(stderr, "%s\nusage: %s\n", qPrintable(error.fault()),
-                     qPrintable(error.usage()));
+                     qPrintable(usageOf(error.command())));
         return WrongUsage;
     }
 }

@@ -49,7 +49,7 @@ private:
 /// How a table of a file was found.
 struct TableCheck {
     QString table;
-    qint64 records = 0; ///< that could be read
+    qint64 records = 0; ///< up to the first with a fault
     QString fault;      ///< empty for a table that is whole
 };
 

@@ -5,6 +5,8 @@
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <utility>
 
@@ -13,12 +15,39 @@ using namespace Qt::StringLiterals;
 namespace dao {
 namespace {
 
-/// Reads every field of every record of a table, counting, up to the first that can't be read.
+/// The statement that reads a table, texts as the bytes that they are: a page that was written over
+/// need not show in anything else.
+QString readStatement(const TableStructure& table) {
+    QStringList fields;
+    for (const Field& field : table.fields) {
+        const QString name = quoteName(field.Name);
+        fields += isTextual(field.Type) ? u"CAST(%1 AS BLOB)"_s.arg(name) : name;
+    }
+    return u"SELECT %1 FROM %2"_s.arg(fields.join(u", "_s), quoteName(table.name));
+}
+
+/// Raises what makes bytes no text of the field.
+void checkText(const Field& field, const QByteArray& bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder.decode(bytes);
+    if (decoder.hasError())
+        throw EngineError(DamagedDatabase, u"A text is damaged."_s);
+    if (field.Type == DataType::Text && text.size() > field.Size &&
+        text.toUcs4().size() > field.Size)
+        throw EngineError(TextTooLong, u"A text of '%1' is too long."_s.arg(field.Name));
+}
+
+/// Reads every field of every record of a table, counting, up to the first in which something is
+/// wrong.
 void readRecords(Connection& connection, const TableStructure& table, TableCheck& check) {
-    Statement records(connection, u"SELECT * FROM "_s + quoteName(table.name));
+    Statement records(connection, readStatement(table));
     for (; records.step(); ++check.records) {
-        for (int i = 0; i < table.fields.size(); ++i)
-            records.column(i, table.fields[i].Type);
+        for (int i = 0; i < table.fields.size(); ++i) {
+            const Field& field = table.fields[i];
+            const Value value = records.column(i, field.Type);
+            if (isTextual(field.Type))
+                checkText(field, value.toBinary());
+        }
     }
 }
 
