@@ -1,30 +1,13 @@
 #pragma once
 
 #include "core/console_prompts.h"
-#include "core/progress.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "core/shell.h"
+#include "core/silent_seams.h"
 #include "core/system_clock.h"
 #include "year/year_opening.h"
 
 using namespace Qt::StringLiterals;
-
-/// Ways out of the rules that lead nowhere: nothing of what is measured is the desktop's.
-class SilentProgress : public Progress {
-public:
-    void open(const QString&) override {}
-    void UpdateProgress(int, const QString&, const QString&) override {}
-    void close() override {}
-};
-
-class AbsentShell : public Shell {
-public:
-    void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
-    void PlaySoundFile(const QString&, bool) override {}
-    QImage CaptureScreen() override { return {}; }
-    QByteArray FetchText(const QString&) override { return {}; }
-};
 
 /// A session without a year, over a folder of its own.
 class QuietSession {

@@ -5,13 +5,13 @@
 // input until that ends. docs/file-format.md tells the language; `SHOW TABLES` and
 // `SHOW FIELDS table` are this tool's own.
 
+#include "core/tab_separated.h"
 #include "store/engine/engine.h"
 #include "store/engine/error.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
 
-#include <charconv>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -41,61 +41,28 @@ bool readArguments(const QStringList& given, Arguments& arguments) {
     return !arguments.file.isEmpty();
 }
 
-void printLine(const QString& line) {
-    const QByteArray bytes = line.toUtf8() + '\n';
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
-}
-
-QString escaped(QString text) {
-    text.replace(u'\\', u"\\\\"_s);
-    text.replace(u'\t', u"\\t"_s);
-    text.replace(u'\n', u"\\n"_s);
-    text.replace(u'\r', u"\\r"_s);
-    return text;
-}
-
-/// The shortest decimal that reads back as the same number.
-template<typename Number>
-QString shortest(Number number) {
-    char text[64];
-    const auto end = std::to_chars(std::begin(text), std::end(text), number).ptr;
-    return QString::fromLatin1(text, end - text);
-}
-
-QString printed(const dao::Value& value, dao::DataType type) {
-    if (value.isNull())
-        return u"\\N"_s;
-    if (value.isBinary())
-        return u'x' + QString::fromLatin1(value.toBinary().toHex());
-    if (value.isReal())
-        return type == dao::DataType::Single ? shortest(static_cast<float>(value.toDouble()))
-                                             : shortest(value.toDouble());
-    return escaped(value.toText());
-}
-
 void printRecords(const dao::Database& database, const QString& statement, bool names) {
     dao::Recordset records = database.OpenRecordset(statement, dao::RecordsetType::Snapshot);
     QStringList line;
     if (names) {
         for (int i = 0; i < records.FieldCount(); ++i)
-            line += escaped(records.Fields(i).Name());
-        printLine(line.join(u'\t'));
+            line += records.Fields(i).Name();
+        printLine(line);
     }
     for (; !records.EOF_(); records.MoveNext()) {
         line.clear();
         for (int i = 0; i < records.FieldCount(); ++i)
-            line += printed(records.Collect(i), records.Fields(i).Type());
-        printLine(line.join(u'\t'));
+            line += escapedValue(records.Collect(i), records.Fields(i).Type());
+        printEscapedLine(line);
     }
 }
 
 void printFields(const dao::Database& database, const QString& table, bool names) {
     if (names)
-        printLine(u"name\ttype\tsize"_s);
+        printLine({u"name"_s, u"type"_s, u"size"_s});
     for (const dao::Field& field : database.TableDefs()[table].Fields())
-        printLine(u"%1\t%2\t%3"_s.arg(escaped(field.Name))
-                      .arg(static_cast<int>(field.Type))
-                      .arg(field.Size));
+        printLine({field.Name, QString::number(static_cast<int>(field.Type)),
+                   QString::number(field.Size)});
 }
 
 void answer(const dao::Database& database, const QString& statement, bool names) {
@@ -107,7 +74,7 @@ void answer(const dao::Database& database, const QString& statement, bool names)
     const QRegularExpressionMatch fields = showFields.match(statement);
     if (showTables.match(statement).hasMatch()) {
         for (const QString& name : database.TableDefs().names())
-            printLine(escaped(name));
+            printLine({name});
     } else if (fields.hasMatch()) {
         QString table = fields.captured(1);
         if (table.startsWith(u'['))
@@ -122,9 +89,9 @@ void answerStandardInput(const dao::Database& database, bool names) {
     for (std::string line; std::getline(std::cin, line);) {
         try {
             answer(database, QString::fromStdString(line), names);
-            printLine(u"."_s);
+            printLine({u"."_s});
         } catch (const dao::EngineError& error) {
-            printLine(u"! %1 %2"_s.arg(error.number()).arg(error.description()));
+            printEscapedLine({u"! %1 %2"_s.arg(error.number()).arg(error.description())});
         }
         std::fflush(stdout);
     }

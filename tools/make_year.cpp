@@ -3,7 +3,7 @@
 // answer and the reason), 1 for every other failure. Nothing is left behind by a failure.
 
 #include "core/console_prompts.h"
-#include "core/progress.h"
+#include "core/silent_seams.h"
 #include "store/engine/error.h"
 #include "year/year_answers_json.h"
 #include "year/year_creation.h"
@@ -19,13 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum ExitStatus { Done = 0, Failed = 1, Refused = 2 };
-
-class SilentProgress : public Progress {
-public:
-    void open(const QString&) override {}
-    void UpdateProgress(int, const QString&, const QString&) override {}
-    void close() override {}
-};
 
 struct Arguments {
     QString answers;

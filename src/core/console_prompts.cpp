@@ -1,21 +1,33 @@
 #include "core/console_prompts.h"
 
+#include "core/tab_separated.h"
+
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 void print(const QString& title, const QString& text) {
-    const QString line = (title + u": "_s + text).simplified() + u'\n';
-    std::fputs(line.toLocal8Bit().constData(), stderr);
+    const QString line = u"[%1] %2\n"_s.arg(escapedText(title), escapedText(text));
+    std::fputs(line.toUtf8().constData(), stderr);
 }
 
 } // namespace
 
+PromptAnswer ConsolePrompts::answerTo(int flags) {
+    if (promptButtons(flags).size() == 1)
+        return AnswerOk;
+    if (m_consent == Consent::Yes)
+        return firstOffered(flags, {AnswerYes, AnswerOk, AnswerCancel, AnswerAbort});
+    m_hasDeclined = true;
+    return firstOffered(flags, {AnswerNo, AnswerCancel, AnswerAbort});
+}
+
 PromptAnswer ConsolePrompts::PlainBox(const QString& text, int flags, const QString& title) {
     print(title, text);
-    return decliningAnswer(flags);
+    return answerTo(flags);
 }
 
 BoxAnswer ConsolePrompts::msg_Box(const QString& text, int flags, const QString& title,
@@ -25,8 +37,7 @@ BoxAnswer ConsolePrompts::msg_Box(const QString& text, int flags, const QString&
 
 BoxAnswer ConsolePrompts::MsgAuto_box(const QString& text, int flags, const QString& title, int,
                                       const BoxLook&) {
-    print(title, text);
-    return {defaultAnswer(flags)};
+    return {PlainBox(text, flags, title)};
 }
 
 QString ConsolePrompts::input_box(const QString& text, int, const QString& title, const QString&,
@@ -78,5 +89,7 @@ std::optional<NewField> ConsolePrompts::ReturnString(const NewFieldRequest&) {
 }
 
 QString ConsolePrompts::PromptForPassword() {
-    return {};
+    if (m_password.isEmpty())
+        print(u"Enter Password"_s, u"The file opens with its password only."_s);
+    return std::exchange(m_password, {});
 }

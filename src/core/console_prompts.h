@@ -2,11 +2,25 @@
 
 #include "core/prompts.h"
 
-/// The prompts of a program without windows: a box is printed on standard error, its title and its
-/// text on one line, and nobody is waited for. Questions are declined, boxes that close by
-/// themselves report their default button, and every dialog counts as cancelled.
+/// How a program without windows answers what it is asked.
+enum class Consent { No, Yes };
+
+/// The prompts of a program without windows: a box is one line on standard error, "[Title] text"
+/// with line breaks as \n, and nobody is waited for. A question is answered No, or Yes with the
+/// consent of whoever started the program; a box with OK alone is a message. Every dialog counts as
+/// cancelled.
+///
+/// Of a set of buttons without No that is Cancel, else Abort; of one without Yes it is OK. To retry
+/// helps nobody here, so where that is all there is to agree to, the answer is No's all the same.
 class ConsolePrompts : public Prompts {
 public:
+    explicit ConsolePrompts(Consent consent = Consent::No) : m_consent(consent) {}
+
+    /// Gives the password for the next file that asks for one; each is given once.
+    void OfferPassword(const QString& password) { m_password = password; }
+    /// Whether a question was answered No.
+    bool hasDeclined() const { return m_hasDeclined; }
+
     PromptAnswer PlainBox(const QString& text, int flags, const QString& title) override;
     BoxAnswer msg_Box(const QString& text, int flags, const QString& title,
                       const BoxLook& look) override;
@@ -27,4 +41,11 @@ public:
     std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) override;
     std::optional<NewField> ReturnString(const NewFieldRequest& request) override;
     QString PromptForPassword() override;
+
+private:
+    PromptAnswer answerTo(int flags);
+
+    Consent m_consent;
+    QString m_password;
+    bool m_hasDeclined = false;
 };

@@ -8,11 +8,6 @@ namespace {
 
 constexpr int ButtonsMask = 15;
 
-bool offers(const QList<PromptButton>& buttons, PromptAnswer answer) {
-    return std::any_of(buttons.begin(), buttons.end(),
-                       [answer](const PromptButton& button) { return button.answer == answer; });
-}
-
 } // namespace
 
 QList<PromptButton> promptButtons(int flags) {
@@ -43,11 +38,16 @@ PromptAnswer defaultAnswer(int flags) {
     return buttons.at(second ? 1 : 0).answer;
 }
 
-PromptAnswer decliningAnswer(int flags) {
+PromptAnswer firstOffered(int flags, std::initializer_list<PromptAnswer> answers) {
     const QList<PromptButton> buttons = promptButtons(flags);
-    for (const PromptAnswer answer : {AnswerCancel, AnswerNo, AnswerAbort}) {
-        if (offers(buttons, answer))
+    for (const PromptAnswer answer : answers) {
+        if (std::any_of(buttons.begin(), buttons.end(),
+                        [answer](const PromptButton& button) { return button.answer == answer; }))
             return answer;
     }
     return AnswerOk;
+}
+
+PromptAnswer decliningAnswer(int flags) {
+    return firstOffered(flags, {AnswerCancel, AnswerNo, AnswerAbort});
 }

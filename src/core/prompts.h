@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
 #include <optional>
 
 /// The button that closed a box.
@@ -60,6 +61,9 @@ QList<PromptButton> promptButtons(int flags);
 
 /// The button that Enter presses, and that a box which closes by itself reports.
 PromptAnswer defaultAnswer(int flags);
+
+/// The first of the answers for which a word of flags has a button; OK where it has none of them.
+PromptAnswer firstOffered(int flags, std::initializer_list<PromptAnswer> answers);
 
 /// The answer of somebody who wants nothing done: Cancel, else No, else Abort; "OK" where that is
 /// the only button.

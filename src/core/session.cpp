@@ -45,6 +45,12 @@ bool isInUse(int error) {
            error == dao::OpenedExclusively;
 }
 
+/// Whether a file that opens lacks a table, a field or a record of a year.
+bool isMissingPart(int error) {
+    return error == dao::NoSuchTable || error == dao::NoSuchItem || error == dao::NoCurrentRecord ||
+           error == dao::UnknownFieldInSql;
+}
+
 } // namespace
 
 Session::Session(dao::DBEngine& engine, Settings& settings, const Seams& seams, YearOpening opening)
@@ -124,6 +130,22 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
     if (QFileInfo(m_settings.get(setting::DefaultDatabasePath)) == QFileInfo(path))
         m_settings.set(setting::DefaultDatabasePath, copy);
     return result;
+}
+
+void Session::OpenToRead(const QString& path, const QString& password) {
+    try {
+        CurrentDB = m_engine.OpenDatabase(path, false, true, dao::connectText(password));
+        m_opening.read(*this);
+    } catch (const dao::EngineError& error) {
+        clear();
+        if (isMissingPart(error.number()))
+            throw dao::EngineError(dao::NoSuchItem,
+                                   u"The file is not a year's: "_s + error.description());
+        throw;
+    }
+    DatabasePath = path;
+    DatabasePassword = password;
+    emit m_notices.yearOpened();
 }
 
 void Session::clear() {

@@ -94,6 +94,10 @@ public:
     /// converted copy beside it and opens that; `DatabasePath` then leads to the copy. Whatever
     /// was open has to be closed before.
     OpenResult OpenDatabaseFile(const QString& path, const QString& password);
+    /// Opens a year's file as it stands, for reading alone: asks nothing, brings nothing up to
+    /// date, takes a genuine Jet file too. Raises 3265 for a file that is not a year's, and what
+    /// the engine raises. Whatever was open has to be closed before.
+    void OpenToRead(const QString& path, const QString& password);
     /// Asks for a file to open; empty when it was cancelled. An empty title is the usual one.
     QString ChooseDatabaseFile(const QString& title = {}, int flags = ExistingFileFlags);
     void CloseAllDatabases();

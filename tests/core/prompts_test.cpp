@@ -1,4 +1,4 @@
-#include "core/prompts.h"
+#include "core/console_prompts.h"
 
 #include "support/recording_seams.h"
 
@@ -26,6 +26,35 @@ TEST(PromptButtons, TheDefaultAndTheDecliningAnswerOfEachSet) {
         EXPECT_EQ(defaultAnswer(c.flags), c.usual) << c.flags;
         EXPECT_EQ(decliningAnswer(c.flags), c.declined) << c.flags;
     }
+}
+
+TEST(ConsolePrompts, QuestionsAreAnsweredAsWasAgreed) {
+    struct Case {
+        int flags;
+        PromptAnswer no;
+        PromptAnswer yes;
+        bool isQuestion;
+    };
+    const Case cases[] = {
+        {OkButton | InformationIcon, AnswerOk, AnswerOk, false},
+        {OkCancelButtons, AnswerCancel, AnswerOk, true},
+        {YesNoButtons | SecondButtonDefault, AnswerNo, AnswerYes, true},
+        {YesNoCancelButtons, AnswerNo, AnswerYes, true},
+        {RetryCancelButtons, AnswerCancel, AnswerCancel, true},
+        {AbortRetryIgnoreButtons, AnswerAbort, AnswerAbort, true},
+    };
+    testing::internal::CaptureStderr();
+    for (const Case& each : cases) {
+        ConsolePrompts declining;
+        ConsolePrompts agreeing(Consent::Yes);
+        EXPECT_EQ(declining.PlainBox({}, each.flags, {}), each.no) << each.flags;
+        EXPECT_EQ(declining.hasDeclined(), each.isQuestion) << each.flags;
+        EXPECT_EQ(agreeing.MsgAuto_box({}, each.flags, {}, 1, {}), each.yes) << each.flags;
+    }
+    testing::internal::GetCapturedStderr();
+    testing::internal::CaptureStderr();
+    ConsolePrompts().msg_Box(u"Two\nlines,\ta \\"_s, OkButton, u"Über"_s, {});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "[Über] Two\\nlines,\\ta \\\\\n");
 }
 
 TEST(Shell, MailHasNoBlankInItsCommand) {

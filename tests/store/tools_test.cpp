@@ -2,29 +2,17 @@
 
 #include "support/engine_files.h"
 #include "support/engine_places.h"
+#include "support/engine_program.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Ended {
-    int status;
-    QString output;
-    QString errors;
-};
-
 Ended run(const QString& tool, const QStringList& arguments, const QByteArray& input = {}) {
-    QProcess process;
-    process.start(test::tool(tool), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished(60000)) << qPrintable(process.errorString());
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return runProgram(test::tool(tool), arguments, input);
 }
 
 class ToolsTest : public EngineFiles {

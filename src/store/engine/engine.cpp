@@ -3,6 +3,7 @@
 #include "store/engine/copy.h"
 #include "store/engine/database_core.h"
 #include "store/engine/error.h"
+#include "store/engine/file_check.h"
 #include "store/engine/files.h"
 #include "store/engine/jet_import.h"
 #include "store/engine/jet_reader.h"
@@ -58,7 +59,7 @@ FileKind kindOf(const QByteArray& start, qint64 size) {
     return looksProtected(start, size) ? FileKind::Protected : FileKind::Foreign;
 }
 
-void openOwnFile(DatabaseCore& core, FileKind kind) {
+void connectOwnFile(DatabaseCore& core, FileKind kind) {
     if (kind == FileKind::Foreign)
         throw EngineError(DamagedDatabase, u"The file is not a database, or it is damaged."_s);
     if (kind == FileKind::Plain)
@@ -66,6 +67,10 @@ void openOwnFile(DatabaseCore& core, FileKind kind) {
     else if (core.password.isEmpty())
         throw EngineError(WrongPassword, u"A password is needed."_s);
     core.connection = Connection(core.path, Connection::Mode::Existing, core.password);
+}
+
+void openOwnFile(DatabaseCore& core, FileKind kind) {
+    connectOwnFile(core, kind);
     core.connection.checkStructure();
     if (!core.readOnly)
         core.connection.execute(u"PRAGMA journal_mode = DELETE"_s);
@@ -241,6 +246,19 @@ void DBEngine::CompactDatabase(const QString& source, const QString& destination
         removeDatabaseFile(copy);
         throw;
     }
+}
+
+FileCheck DBEngine::CheckDatabase(const QString& path, const QString& connect) const {
+    const QString absolute = checkedPath(path);
+    auto file = OpenFile::acquire(absolute);
+    const QByteArray start = file->read(headerBytes);
+    const FileKind kind = kindOf(start, file->size());
+    DatabaseCore core(absolute, passwordOf(connect), true, std::move(file));
+    if (kind == FileKind::Jet)
+        openJetFile(core, start);
+    else
+        connectOwnFile(core, kind);
+    return checkTables(core.connection);
 }
 
 void DBEngine::RepairDatabase(const QString& path, const QString& connect) const {

@@ -46,6 +46,19 @@ private:
     std::shared_ptr<WorkspaceCore> m_core;
 };
 
+/// How a table of a file was found.
+struct TableCheck {
+    QString table;
+    qint64 records = 0; ///< up to the first with a fault
+    QString fault;      ///< empty for a table that is whole
+};
+
+/// How a file was found.
+struct FileCheck {
+    QList<TableCheck> tables;
+    QString fault; ///< of the file beyond what its tables tell; empty for none
+};
+
 /// The engine. A process makes one and hands it to who opens files.
 class DBEngine {
 public:
@@ -64,6 +77,10 @@ public:
     void CompactDatabase(const QString& source, const QString& destination,
                          const QString& locale = {}, int options = 0,
                          const QString& sourceConnect = {}) const;
+    /// Reads all records of all tables, of a damaged file as far as that goes, and checks them
+    /// against indexes, rules and relations. Raises what OpenDatabase raises, but for damage only
+    /// where the tables can't be told. The file stays as it is.
+    FileCheck CheckDatabase(const QString& path, const QString& connect = {}) const;
     /// Mends a damaged file in place: keeps what can be read. A file that is whole stays as it is.
     /// Raises 3343 where nothing can be read; the file then stays as it was.
     void RepairDatabase(const QString& path, const QString& connect = {}) const;

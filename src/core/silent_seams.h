@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/progress.h"
+#include "core/shell.h"
+
+/// The seams of a program without windows that lead nowhere: nothing is shown, and the desktop is
+/// left alone. What it asks and says goes through ConsolePrompts.
+
+class SilentProgress : public Progress {
+public:
+    void open(const QString&) override {}
+    void UpdateProgress(int, const QString&, const QString&) override {}
+    void close() override {}
+};
+
+class AbsentShell : public Shell {
+public:
+    void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
+    void PlaySoundFile(const QString&, bool) override {}
+    QImage CaptureScreen() override { return {}; }
+    QByteArray FetchText(const QString&) override { return {}; }
+};

@@ -1,0 +1,56 @@
+#include "file_commands.h"
+
+#include "core/console_prompts.h"
+#include "core/session.h"
+#include "core/tab_separated.h"
+#include "year/backup.h"
+#include "year/restore.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+ExitStatus checkYear(const Workplace& workplace, const Call& call) {
+    Session& session = workplace.session;
+    const dao::FileCheck check =
+        session.Engine().CheckDatabase(call.file, dao::connectText(call.password));
+    for (const dao::TableCheck& each : check.tables)
+        printLine({each.table, QString::number(each.records),
+                   each.fault.isEmpty() ? u"ok"_s : each.fault});
+    if (!check.fault.isEmpty())
+        throw RefusedCommand(check.fault);
+    if (std::any_of(check.tables.begin(), check.tables.end(),
+                    [](const dao::TableCheck& each) { return !each.fault.isEmpty(); }))
+        throw RefusedCommand(u"Not all tables are whole."_s);
+    session.OpenToRead(call.file, call.password);
+    session.CloseAllDatabases();
+    return Done;
+}
+
+ExitStatus repairYear(const Workplace& workplace, const Call& call) {
+    workplace.prompts.OfferPassword(call.password);
+    if (!RepairDatabaseFile(backupContext(workplace.session), call.file))
+        return Failed;
+    printLine({call.file});
+    return Done;
+}
+
+ExitStatus backUpYear(const Workplace& workplace, const Call& call) {
+    Session& session = workplace.session;
+    session.OpenToRead(call.file, call.password);
+    const bool isForeign = session.CurrentDB.isJetFile();
+    session.CloseAllDatabases();
+    if (isForeign)
+        throw RefusedCommand(u"The file is in the older Jet format, which is only read. Open it in "
+                             "the program, which makes a converted copy."_s);
+    const BackupContext context = backupContext(session);
+    const bool compacts = call.has(u"compact"_s);
+    const bool isDone = compacts ? BackupAndCompact(context, call.file, false, call.password)
+                                 : BackupOnly(context, call.file, call.password);
+    if (!isDone)
+        return Failed;
+    printLine({BackupNames(call.file, context.backupFolder()).backup(1)});
+    if (compacts)
+        printLine({call.file});
+    return Done;
+}
