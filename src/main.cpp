@@ -1,7 +1,8 @@
 // Wires the seams and starts the main window.
 //
-// The program reads no command line of the person's. Two words serve the project's own commands:
-// `--tour FOLDER` plays the tour, `--quit-when-shown` ends once the frame stands.
+// The program reads no command line of the person's. Three words serve the project's own commands:
+// `--tour FOLDER` plays the tour; for ./bench, `--quit-when-shown` ends once the frame stands and
+// `--quit-when-opened` once what the start opens is painted too.
 
 #include "controls/family_style.h"
 #include "controls/icons.h"
@@ -48,6 +49,11 @@ int main(int argc, char** argv) {
     progress.SetMainWindow(&frame);
     if (arguments.value(1) == u"--quit-when-shown")
         QObject::connect(&frame, &MainWindow::shown, &application, [] { QApplication::exit(); });
+    if (arguments.value(1) == u"--quit-when-opened")
+        QObject::connect(&frame, &MainWindow::started, &application, [] {
+            QCoreApplication::sendPostedEvents(); // lays out and paints what has been opened
+            QApplication::exit();
+        });
     if (playsTour) {
         frame.show();
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;
