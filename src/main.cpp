@@ -23,6 +23,8 @@
 #include <QPointer>
 #include <QStandardPaths>
 
+#include <cstdlib>
+
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
@@ -52,7 +54,7 @@ int main(int argc, char** argv) {
     if (arguments.value(1) == u"--quit-when-opened")
         QObject::connect(&frame, &MainWindow::started, &application, [] {
             QCoreApplication::sendPostedEvents(); // lays out and paints what has been opened
-            QApplication::exit();
+            std::_Exit(0);                        // closing it is no part of the start
         });
     if (playsTour) {
         frame.show();
