@@ -44,15 +44,6 @@ QString lessonRtf(int number) {
     return richtext::writeDocument(document);
 }
 
-QStringList boxFields() {
-    QStringList fields;
-    for (int period = 1; period <= periods; ++period)
-        fields += {fieldOf({SheetBox::Lesson, period}), fieldOf({SheetBox::Homework, period})};
-    for (const SheetBox block : {SheetBox::Dinner, SheetBox::AfterSchool, SheetBox::Notes})
-        fields += fieldOf({block, 0});
-    return fields;
-}
-
 YearAnswers longDays() {
     YearAnswers answers = sampleAnswers();
     answers.periodsPerDay = periods;
@@ -103,7 +94,7 @@ private:
 class NextSheet : public Work {
 public:
     explicit NextSheet(const QString& path) {
-        const QStringList fields = boxFields();
+        const QStringList fields = sheetFields(periods);
         m_year = m_engine.OpenDatabase(makeFullYear(path, 2, fields));
         for (size_t i = 0; i < m_boxes.all.size(); ++i) {
             m_bound.push_back(std::make_unique<BoundRichText>(*m_boxes.all[i]));

@@ -2,6 +2,7 @@
 
 #include "quiet_session.h"
 
+#include "planning/sheet_fields.h"
 #include "year/year_answers_json.h"
 #include "year/year_creation.h"
 
@@ -23,4 +24,13 @@ void createSampleYear(const QString& path, const YearAnswers& answers) {
     SilentProgress progress;
     ConsolePrompts prompts;
     CreateDB(dao::DBEngine(), answers, path, ExistingFile::Keep, progress, prompts, QLocale::c());
+}
+
+QStringList sheetFields(int periods) {
+    QStringList fields;
+    for (int period = 1; period <= periods; ++period)
+        fields += {fieldOf({SheetBox::Lesson, period}), fieldOf({SheetBox::Homework, period})};
+    for (const SheetBox block : {SheetBox::Dinner, SheetBox::AfterSchool, SheetBox::Notes})
+        fields += fieldOf({block, 0});
+    return fields;
 }

@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 DateField::DateField(const QString& name, Style style, QWidget* parent)
-    : QWidget(parent), m_field(new QLineEdit), m_calendar(new DateCalendar(name)) {
+    : QWidget(parent), m_field(new QLineEdit), m_selected(QDate::currentDate()) {
     m_field->setObjectName(u"txtDate"_s);
     m_field->setAccessibleName(name);
     m_field->setAccessibleDescription(
@@ -30,9 +30,14 @@ DateField::DateField(const QString& name, Style style, QWidget* parent)
     layout->setContentsMargins({});
     layout->addLayout(row);
     if (style == Style::Open) {
+        makeCalendar();
         layout->addWidget(m_calendar);
+        connect(m_calendar, &QCalendarWidget::selectionChanged, this, [this] {
+            if (m_calendar->selectedDate() != date())
+                setDate(m_calendar->selectedDate());
+        });
     } else {
-        makeDropDown();
+        makeButton();
         row->addWidget(m_button);
     }
 
@@ -47,14 +52,6 @@ DateField::DateField(const QString& name, Style style, QWidget* parent)
         if (date().isValid())
             emit dateChosen(date());
     });
-    connect(m_calendar, &QCalendarWidget::clicked, this, &DateField::pick);
-    connect(m_calendar, &QCalendarWidget::activated, this, &DateField::pick);
-    if (style == Style::Open) {
-        connect(m_calendar, &QCalendarWidget::selectionChanged, this, [this] {
-            if (m_calendar->selectedDate() != date())
-                setDate(m_calendar->selectedDate());
-        });
-    }
 }
 
 DateField::~DateField() {
@@ -63,26 +60,32 @@ DateField::~DateField() {
     m_field->disconnect(this);
 }
 
-void DateField::makeDropDown() {
+void DateField::makeButton() {
     m_button = new QToolButton;
     m_button->setArrowType(Qt::DownArrow);
     m_button->setFocusPolicy(Qt::NoFocus);
     m_button->setToolTip(u"Show the calendar"_s);
     m_button->setAccessibleName(u"Show the calendar"_s);
     connect(m_button, &QToolButton::clicked, this, &DateField::dropDown);
+}
 
-    m_popup = new QFrame(this, Qt::Popup);
-    m_popup->setFrameStyle(QFrame::StyledPanel);
-    auto* layout = new QVBoxLayout(m_popup);
-    layout->setContentsMargins({});
-    layout->addWidget(m_calendar);
+void DateField::makeCalendar() {
+    m_calendar = new DateCalendar(m_field->accessibleName());
+    m_calendar->setDateRange(m_first, m_last);
+    m_calendar->setSelectedDate(m_selected);
+    connect(m_calendar, &QCalendarWidget::clicked, this, &DateField::pick);
+    connect(m_calendar, &QCalendarWidget::activated, this, &DateField::pick);
 }
 
 void DateField::setRange(QDate first, QDate last) {
     if (first.isValid())
-        m_calendar->setMinimumDate(first);
+        m_first = first;
     if (last.isValid())
-        m_calendar->setMaximumDate(last);
+        m_last = last;
+    m_first = std::min(m_first, m_last);
+    m_selected = std::clamp(m_selected, m_first, m_last);
+    if (m_calendar)
+        m_calendar->setDateRange(m_first, m_last);
 }
 
 void DateField::setDate(QDate date) {
@@ -95,20 +98,30 @@ bool DateField::isEmpty() const {
 
 QDate DateField::date() const {
     const QDate typed = typedDate(m_field->text(), locale());
-    const bool inRange = typed >= m_calendar->minimumDate() && typed <= m_calendar->maximumDate();
+    const bool inRange = typed >= m_first && typed <= m_last;
     return inRange ? typed : QDate();
 }
 
 void DateField::fieldEdited() {
     const QDate typed = date();
-    if (typed.isValid() && typed != m_calendar->selectedDate())
-        m_calendar->setSelectedDate(typed);
+    if (typed.isValid())
+        m_selected = typed;
+    if (m_calendar && m_calendar->selectedDate() != m_selected)
+        m_calendar->setSelectedDate(m_selected);
     emit dateChanged(typed);
 }
 
 void DateField::dropDown() {
-    if (!m_popup)
+    if (!m_button)
         return;
+    if (!m_popup) {
+        makeCalendar();
+        m_popup = new QFrame(this, Qt::Popup);
+        m_popup->setFrameStyle(QFrame::StyledPanel);
+        auto* layout = new QVBoxLayout(m_popup);
+        layout->setContentsMargins({});
+        layout->addWidget(m_calendar);
+    }
     m_popup->adjustSize();
     const QRect room = screen()->availableGeometry();
     QPoint place = mapToGlobal(QPoint(0, height()));
@@ -132,9 +145,9 @@ void DateField::pick(QDate date) {
 }
 
 void DateField::step(int days, int months) {
-    const QDate from = date().isValid() ? date() : m_calendar->selectedDate();
+    const QDate from = date().isValid() ? date() : m_selected;
     const QDate to = from.addMonths(months).addDays(days);
-    setDate(std::clamp(to, m_calendar->minimumDate(), m_calendar->maximumDate()));
+    setDate(std::clamp(to, m_first, m_last));
     m_field->selectAll();
 }
 

@@ -47,14 +47,18 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void makeDropDown();
+    void makeButton();
+    void makeCalendar();
     void pick(QDate date);
     void step(int days, int months);
     bool fieldKey(int key, Qt::KeyboardModifiers modifiers);
     void fieldEdited();
 
     QLineEdit* m_field;
-    DateCalendar* m_calendar;
+    QDate m_first{1, 1, 1};
+    QDate m_last{7999, 12, 31}; ///< the last that a calendar can show
+    QDate m_selected;           ///< in the calendar: the last date that stood in the field
+    DateCalendar* m_calendar = nullptr;
     QToolButton* m_button = nullptr;
-    QFrame* m_popup = nullptr;
+    QFrame* m_popup = nullptr; ///< with the calendar: made when it first drops down
 };
