@@ -48,11 +48,13 @@ TEST_F(PupilsTest, APupilGetsHisRowsEverywhere) {
     EXPECT_EQ(rows(u"SELECT Caption,Width,Height,Visible FROM sPlan_7A WHERE ID = 1"_s),
               QStringList{u"Zoë\r\nO'Brien|855|600|True"_s});
     bool dontAsk = false;
-    seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, BoxAnswer{AnswerNo, true});
-    EXPECT_FALSE(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts));
-    EXPECT_TRUE(dontAsk);
-    EXPECT_TRUE(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts));
-    EXPECT_EQ(rows(u"SELECT ID FROM REG_7A"_s).size(), 2);
+    for (const PromptAnswer answer : {AnswerNo, AnswerYes}) {
+        seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, BoxAnswer{answer, true});
+        EXPECT_EQ(Delete_Pupil(database, code, 1, {}, dontAsk, seams.prompts), answer == AnswerYes);
+        EXPECT_EQ(dontAsk, answer == AnswerYes) << "a no is no leave for all that follows";
+    }
+    EXPECT_TRUE(Delete_Pupil(database, code, 2, {}, dontAsk, seams.prompts));
+    EXPECT_EQ(rows(u"SELECT ID FROM REG_7A"_s).size(), 1);
 }
 
 TEST_F(PupilsTest, OneOfTwoOfTheSameNameLeaves) {

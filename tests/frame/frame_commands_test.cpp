@@ -146,7 +146,7 @@ TEST_F(CommandTest, TheIncidentReportsWarn) {
     } cases[] = {
         {{AnswerNo, false}, false, true},
         {{AnswerYes, false}, true, true},
-        {{AnswerNo, true}, false, false},
+        {{AnswerNo, true}, false, true}, // a no is no leave for later
         {{AnswerYes, true}, true, false},
     };
     for (const auto& [answer, opens, asksAgain] : cases) {

@@ -132,11 +132,14 @@ TEST_F(RegisterScreenTest, DeletesAClassAndThenThereIsNone) {
     tasks.setFocus();
     press(*window, Qt::Key_Return);
     EXPECT_EQ(window->desk().classCode(), u"E"_s);
+    EXPECT_EQ(tasks.currentRow(), 0) << "another Return deletes nothing";
+    tasks.setCurrentRow(tasks.count() - 1);
     press(*window, Qt::Key_Return); // not asked again
     EXPECT_EQ(window->desk().classCode(), QString());
     EXPECT_EQ(control<QListWidget>(*window, u"ClassList"_s).count(), 0);
     EXPECT_EQ(changes.size(), 2);
     seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);
+    tasks.setCurrentRow(tasks.count() - 1);
     press(*window, Qt::Key_Return);
     window.reset();
     seams.prompts.expect(PromptKind::Plain, u"NO CLASS CODES"_s, AnswerOk);

@@ -200,7 +200,7 @@ TEST_F(DailySheetTest, PicksADateInTheCalendar) {
 TEST_F(DailySheetTest, SelectsThePeriodOfABox) {
     open();
     auto& add = control<QPushButton>(*sheet, u"cmdAddLink"_s);
-    EXPECT_FALSE(add.isEnabled());
+    EXPECT_TRUE(box("Text1(0)").hasFocus());
     QTest::mouseClick(&control<QLabel>(*sheet, u"Label1(2)"_s), Qt::LeftButton);
     EXPECT_TRUE(box("Text1(2)").hasFocus());
     EXPECT_TRUE(add.isEnabled());
