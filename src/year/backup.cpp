@@ -120,6 +120,7 @@ bool compact(const BackupContext& context, const BackupNames& names, const QStri
         try {
             dao::removeDatabaseFile(names.compacted); // of an earlier backup that was cut off
             const QString connect = dao::connectText(used);
+            requireYear(context.engine.OpenDatabase(names.database, true, true, connect));
             context.engine.CompactDatabase(names.database, names.compacted,
                                            dao::GeneralLocale.toString(), 0, connect);
             context.engine.OpenDatabase(names.compacted, true, true, connect).Close();

@@ -3,6 +3,8 @@
 #include "core/session.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
+#include "store/table_names.h"
+#include "store/table_structure.h"
 
 #include <QDir>
 #include <QFile>
@@ -125,6 +127,18 @@ std::shared_ptr<dao::OpenFile> lockClosedFile(const QString& path) {
         throw dao::EngineError(dao::OpenedExclusively,
                                u"The database is still open in this program."_s);
     return file;
+}
+
+void requireYear(const dao::Database& database) {
+    if (database.isJetFile())
+        throw dao::EngineError(dao::InvalidOperation,
+                               u"The file is in the older Jet format, which is only read. Open it "
+                               "as a year first: a converted copy is then made beside it."_s);
+    for (const QString& table : {AdminTable, PlanningTable, TermDatesTable}) {
+        if (!TableExists(database, table))
+            throw dao::EngineError(dao::NotADatabase,
+                                   u"The file is no year's: it has no table %1."_s.arg(table));
+    }
 }
 
 void checkDatabaseFile(const dao::DBEngine& engine, const QString& path, const QString& password) {

@@ -56,6 +56,10 @@ QString withoutExtensionLetters(const QString& path);
 /// has it, or this one; 3024, 3051 as OpenFile does.
 std::shared_ptr<dao::OpenFile> lockClosedFile(const QString& path);
 
+/// Raises what makes an open database none that is backed up: 3219 for a genuine Jet file, with the
+/// way to convert it, 3049 for one that is no year's.
+void requireYear(const dao::Database& database);
+
 /// Raises what makes a file no complete database. One that needs another password than this counts
 /// as complete: no more can be told of it.
 void checkDatabaseFile(const dao::DBEngine& engine, const QString& path,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/settings.h"
+#include "store/schema.h"
 #include "support/engine_files.h"
 #include "support/recording_seams.h"
 #include "year/backup_files.h"
@@ -32,6 +33,8 @@ protected:
     /// A file of pupils with room in it that compaction gives back.
     void makeYear(const QString& name) {
         dao::Database year = pupilsFile(name);
+        for (const Table table : {Table::Admin, Table::Planning, Table::TermDates})
+            year.TableDefs().Append(schemaTableDef(table));
         dao::Transaction filling(year);
         for (int i = 0; i < Pupils; ++i)
             addRecord(year, u"Pupils"_s, {u"Adams"_s, i, QString(3000, u'n')});

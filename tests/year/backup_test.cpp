@@ -338,6 +338,20 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
     }
 }
 
+TEST_F(BackupTest, TheCompactionTakesYearsOnly) {
+    pupilsFile(u"year/Pupils.mdb"_s).Close();
+    QFile::copy(::test::testData(u"jet/year_ab_jet4.mdb"_s), path(u"year/Jet.mdb"_s));
+    for (const auto& [name, reason] : {std::pair{u"year/Pupils.mdb"_s, u"no year's"_s},
+                                       std::pair{u"year/Jet.mdb"_s, u"converted copy"_s}}) {
+        const QByteArray before = bytesOf(path(name));
+        test.prompts.expect(PromptKind::Plain, u"Compacting Error"_s, AnswerOk);
+        EXPECT_FALSE(BackupAndCompact(context(), path(name), false, {}));
+        EXPECT_TRUE(test.prompts.last().text.contains(reason));
+        EXPECT_EQ(bytesOf(path(name)), before);
+        EXPECT_TRUE(filesIn(backups).isEmpty());
+    }
+}
+
 TEST_F(BackupTest, AnExtensionOfAnotherLengthGetsOddNames) {
     const QString odd = path(u"year/Year.sqlite"_s);
     ASSERT_TRUE(QFile::rename(database, odd));

@@ -38,11 +38,8 @@ ExitStatus repairYear(const Workplace& workplace, const Call& call) {
 ExitStatus backUpYear(const Workplace& workplace, const Call& call) {
     Session& session = workplace.session;
     session.OpenToRead(call.file, call.password);
-    const bool isForeign = session.CurrentDB.isJetFile();
+    requireYear(session.CurrentDB);
     session.CloseAllDatabases();
-    if (isForeign)
-        throw RefusedCommand(u"The file is in the older Jet format, which is only read. Open it in "
-                             "the program, which makes a converted copy."_s);
     const BackupContext context = backupContext(session);
     const bool compacts = call.has(u"compact"_s);
     const bool isDone = compacts ? BackupAndCompact(context, call.file, false, call.password)
