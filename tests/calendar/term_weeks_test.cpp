@@ -2,10 +2,6 @@
 
 #include "support/year_file.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QDate day(const char* iso) {

@@ -3,12 +3,7 @@
 #include "classes/class_code.h"
 #include "classes/class_removal.h"
 #include "store/schema.h"
-#include "store/table_structure.h"
 #include "support/class_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

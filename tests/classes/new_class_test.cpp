@@ -3,10 +3,6 @@
 #include "classes/new_class.h"
 #include "support/class_file.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct KeyCase {

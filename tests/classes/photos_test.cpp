@@ -7,14 +7,9 @@
 #include "support/class_file.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QtEndian>
 
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -62,10 +57,7 @@ protected:
     }
 
     QString put(const QString& name, const QByteArray& bytes) {
-        QFile written(folder.filePath(name));
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(bytes);
-        return written.fileName();
+        return writeFile(folder.filePath(name), bytes);
     }
     bool load(qint64 pupil, const QString& path, const QString& failure = {}) {
         seams.prompts.expect(PromptKind::File, u" Load Picture:"_s, path);

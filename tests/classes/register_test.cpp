@@ -7,14 +7,10 @@
 #include "classes/register_lessons.h"
 #include "classes/register_marking.h"
 #include "core/settings.h"
-#include "store/engine/error.h"
 #include "support/class_file.h"
 
 #include <QAbstractItemModelTester>
 #include <QBuffer>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

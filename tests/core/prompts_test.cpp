@@ -1,10 +1,7 @@
-#include "core/prompts.h"
 
 #include "support/recording_seams.h"
 
 #include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 TEST(PromptButtons, TheDefaultAndTheDecliningAnswerOfEachSet) {
     struct Case {

@@ -3,19 +3,10 @@
 #include "core/core_settings.h"
 #include "core/setting_notices.h"
 #include "frame/frame_settings.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <sys/resource.h>
+#include "support/engine_files.h"
 
 #include <csignal>
 #include <limits>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,15 +16,7 @@ protected:
     QString m_file = m_folder.filePath(u"settings.ini"_s);
     QString m_key = setting::keyOf(u"Register");
 
-    void fill(const QByteArray& content) {
-        QFile file(m_file);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    QByteArray content() {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content() { return bytesOf(m_file); }
 };
 
 QStringList namesOf(const QList<SettingEntry>& entries) {
@@ -344,7 +327,7 @@ TEST_F(SettingsTest, DamagedFilesReadAsFarAsTheyCan) {
                           {"open section", head + "[x\nn", 7},
                           {"no section", "n=x\n" + head, 7}}) {
         SCOPED_TRACE(c.what);
-        fill(c.content);
+        writeFile(m_file, c.content);
         Settings settings(m_file);
         EXPECT_EQ(numberAt(settings, setting::Root, u"good"), c.good);
         EXPECT_EQ(settings.find(setting::DefaultOpenFolder), std::nullopt);
@@ -370,15 +353,11 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldFile) {
     Settings settings(m_file);
     settings.CreateRegistryKey(m_key);
     const QByteArray before = content();
-    rlimit usual{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
-    const rlimit small{.rlim_cur = 4096, .rlim_max = usual.rlim_max};
-    std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const SettingStatus status = settings.WriteRegistryValue(m_key, u"n", QString(9000, u'x'));
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &usual), 0);
-    std::signal(SIGXFSZ, SIG_DFL);
-    EXPECT_NE(status, 0);
+    {
+        const FileSizeLimit fullDisk(4096);
+        std::signal(SIGXFSZ, SIG_IGN);
+        EXPECT_NE(settings.WriteRegistryValue(m_key, u"n", QString(9000, u'x')), 0);
+    }
     EXPECT_EQ(content(), before);
     EXPECT_EQ(settings.WriteRegistryValue(m_key, u"m", 1), 0) << "there is room again";
 }

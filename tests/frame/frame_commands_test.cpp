@@ -1,20 +1,11 @@
 // What the main window's commands are called, where they stand and when they are there.
 
-#include "core/session.h"
-#include "core/settings.h"
 #include "frame/frame_commands.h"
 #include "frame/toolbar_side.h"
 #include "incidents/incident_settings.h"
 #include "incidents/security_warning.h"
-#include "support/recording_seams.h"
 #include "support/scripted_frame.h"
-#include "year/year_opening.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/year_session.h"
 
 namespace {
 
@@ -47,14 +38,9 @@ QString tips(const ToolbarLayout& layout) {
     return result.join(u'|');
 }
 
-class CommandTest : public testing::Test {
+class CommandTest : public YearSession {
 protected:
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
     ScriptedFrame frame;
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace

@@ -2,25 +2,13 @@
 
 #include "planning/file_links.h"
 
-#include "core/session.h"
-#include "core/settings.h"
-#include "store/table_structure.h"
-#include "support/engine_files.h"
-#include "support/year_file.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/year_session.h"
 
 namespace {
 
-class PeriodLinksTest : public testing::Test {
+class PeriodLinksTest : public YearSession {
 protected:
-    PeriodLinksTest() {
-        createYear(oneWeekAnswers(), folder.filePath(u"year.mdb"_s), seams);
-        EXPECT_EQ(session.OpenDatabaseFile(folder.filePath(u"year.mdb"_s), {}), OpenDone);
-    }
+    PeriodLinksTest() { openYear(oneWeekAnswers()); }
 
     bool add(const QString& date, int period, const QString& name, const QString& path) {
         seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s, LinkAnswer{name, path});
@@ -35,11 +23,6 @@ protected:
 
     const QString monday = u"24-09-09"_s;
     const QString tuesday = u"24-09-10"_s;
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace

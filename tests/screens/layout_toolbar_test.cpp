@@ -4,17 +4,8 @@
 #include "controls/icons.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QDir>
 #include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QToolButton>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

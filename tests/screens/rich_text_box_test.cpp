@@ -6,18 +6,12 @@
 #include "richtext/objects.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextList>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -128,11 +122,7 @@ TEST_F(RichTextBoxTest, WhatIsTypedTakesTheFormatThatWasSetBefore) {
 }
 
 TEST_F(RichTextBoxTest, TheDefaultFontIsForEmptyBoxesAndNoChange) {
-    FontRecord font;
-    font.name = u"Courier"_s;
-    font.size = 14;
-    font.italic = true;
-    font.colour = 0x0000FF;
+    const FontRecord font{.name = u"Courier"_s, .italic = true, .size = 14, .colour = 0x0000FF};
     for (const QString& empty : {QString(), u" "_s, u"\n"_s}) {
         m_box.setRtf(empty);
         EXPECT_TRUE(m_box.applyDefaultFont(font));

@@ -1,17 +1,10 @@
 #include "store/schema.h"
 
 #include "classes/register_columns.h"
-#include "store/engine/engine.h"
 #include "store/schema_markdown.h"
 #include "store/table_names.h"
+#include "support/engine_files.h"
 #include "support/engine_places.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -110,9 +103,7 @@ TEST(Schema, EveryTableCanBeMadeAndReadBack) {
 }
 
 TEST(Schema, PageIsUpToDate) {
-    QFile page(test::docsPage(u"file-format.md"_s));
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(page.readAll());
+    const QString text = QString::fromUtf8(bytesOf(test::docsPage(u"file-format.md"_s)));
     const qsizetype begin = text.indexOf(SchemaSectionBegin) + SchemaSectionBegin.size();
     const qsizetype end = text.indexOf(SchemaSectionEnd);
     EXPECT_EQ(text.mid(begin, end - begin).trimmed(), schemaMarkdown().trimmed())

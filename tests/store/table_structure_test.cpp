@@ -1,11 +1,6 @@
-#include "store/table_structure.h"
 
-#include "store/table_names.h"
+
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

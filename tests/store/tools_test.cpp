@@ -3,11 +3,7 @@
 #include "support/engine_files.h"
 #include "support/engine_places.h"
 
-#include <QDir>
-#include <QFile>
 #include <QProcess>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,10 +26,7 @@ Ended run(const QString& tool, const QStringList& arguments, const QByteArray& i
 class ToolsTest : public EngineFiles {
 protected:
     QString written(const QString& name, const QByteArray& content) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
+        return writeFile(path(name), content);
     }
     QStringList filesThere() const {
         return QDir(path({})).entryList(QDir::Files | QDir::Hidden, QDir::Name);

@@ -8,10 +8,7 @@
 #include <QStorageInfo>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +26,7 @@ protected:
         for (int number = 1; number <= OldestBackup; ++number)
             QFile::remove(backup(number));
         for (const int number : numbers)
-            write(backup(number), QByteArray::number(number));
+            writeFile(backup(number), QByteArray::number(number));
     }
 
     /// The content of the backups from 1 on: a number that was put there, "year" for one of the
@@ -138,7 +135,7 @@ TEST_F(BackupTest, TheRotation) {
         {{2}, "year - 2 - -"},          {{5}, "year - - - -"},
         {{1, 3, 5}, "year 1 - 3 -"},
     };
-    write(backups + u"Other.001"_s, "o");
+    writeFile(backups + u"Other.001"_s, "o");
     for (const Case& c : cases) {
         putBackups(c.before);
         EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));
@@ -289,7 +286,7 @@ TEST_F(BackupTest, AFullBackupDiskLosesNoBackup) {
 
 TEST_F(BackupTest, AFolderThatCannotBeUsedIsToldAndNothingMoves) {
     const QByteArray before = bytesOf(database);
-    write(path(u"file"_s), "x");
+    writeFile(path(u"file"_s), "x");
     const QStringList folders{{}, path(u"gone/"_s), path(u"file/folder/"_s), u"/proc/"_s};
     for (const QString& folder : folders) {
         backups = folder;
@@ -308,7 +305,7 @@ TEST_F(BackupTest, AFolderThatCannotBeUsedIsToldAndNothingMoves) {
 TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
     putBackups({1});
     const QString garbage = path(u"year/Garbage.mdb"_s);
-    write(garbage, QByteArray(5000, 'g'));
+    writeFile(garbage, QByteArray(5000, 'g'));
     makeYear(u"backups/Year.003"_s);
     makeYear(u"year/Year.new"_s);
     const dao::Database open = engine.OpenDatabase(database);
@@ -389,7 +386,7 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
         if (c.compacted == Compacted::Whole)
             QFile::copy(whole, compacted);
         if (c.compacted == Compacted::Broken)
-            write(compacted, bytesOf(whole).first(4096));
+            writeFile(compacted, bytesOf(whole).first(4096));
         if (c.recovery != BackupRecovery::NothingToDo)
             test.prompts.expect(PromptKind::Plain, u"Backup interrupted"_s, AnswerOk);
         EXPECT_EQ(RecoverInterruptedBackup(context(), database), c.recovery);
@@ -419,7 +416,7 @@ TEST_F(BackupTest, AFailureOfTheLastStepPutsTheDatabaseBack) {
 
 TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
     const QString compacted = path(u"year/Year.new"_s);
-    write(compacted, "half");
+    writeFile(compacted, "half");
     settings.set(setting::BackupInProgress, database);
     int started[2];
     int ending[2];
@@ -449,8 +446,8 @@ TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
 
 TEST_F(BackupTest, AFileOfSomebodysOwnUnderTheCompactedNameIsKept) {
     const QString own = path(u"year/Year.new"_s);
-    write(own, "mine");
-    write(own + u".kept"_s, "older");
+    writeFile(own, "mine");
+    writeFile(own + u".kept"_s, "older");
     RecoverInterruptedBackup(context(), database);
     EXPECT_EQ(bytesOf(own), "mine");
     EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));

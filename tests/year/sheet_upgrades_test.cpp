@@ -1,13 +1,7 @@
 #include "year/sheet_upgrades.h"
 
 #include "calendar/term_weeks.h"
-#include "store/engine/error.h"
-#include "store/table_names.h"
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,15 +1,11 @@
 #include "classes/class_code.h"
+#include "support/engine_files.h"
 #include "support/engine_places.h"
 #include "year/year_answers_json.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,9 +43,7 @@ TEST(YearAnswers, ReadsAGoodFile) {
 }
 
 TEST(YearAnswers, SampleHolds) {
-    QFile file(test::sample(u"year.json"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const ReadAnswers read = readYearAnswers(file.readAll(), QLocale::c());
+    const ReadAnswers read = readYearAnswers(bytesOf(test::sample(u"year.json"_s)), QLocale::c());
     ASSERT_FALSE(read.fault) << read.fault->field.toStdString() << read.fault->text.toStdString();
     EXPECT_EQ(read.answers.terms.size(), 6);
     EXPECT_EQ(read.answers.classes.size(), 7);

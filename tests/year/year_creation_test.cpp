@@ -1,54 +1,25 @@
-#include "classes/class_code.h"
-#include "year/year_creation.h"
 
 #include "calendar/term_weeks.h"
-#include "store/engine/error.h"
+#include "classes/class_code.h"
 #include "store/engine/files.h"
 #include "store/engine/names.h"
-#include "store/table_names.h"
-#include "store/table_structure.h"
+#include "support/engine_kill.h"
 #include "support/year_file.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-
 #include <csignal>
-#include <functional>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 /// The rows of a SELECT: a text a row, its values with a blank between, Null as "-".
 QStringList rows(const dao::Database& database, const QString& source) {
-    QStringList result;
-    dao::Recordset records = database.OpenRecordset(source, dao::RecordsetType::Snapshot);
-    for (; !records.EOF_(); records.MoveNext()) {
-        QStringList values;
-        for (int column = 0; column < records.FieldCount(); ++column) {
-            const dao::Value value = records.Collect(column);
-            values += value.isNull() ? u"-"_s : value.toText();
-        }
-        result += values.join(u' ');
-    }
-    return result;
+    return rowsOf(database, source)
+        .replaceInStrings(u"|"_s, u" "_s)
+        .replaceInStrings(u"~"_s, u"-"_s);
 }
 
 QStringList lines(const char* text) {
     return QString::fromUtf8(text).split(u'\n');
-}
-
-QStringList fieldNames(const dao::Database& database, const QString& table) {
-    QStringList names;
-    const dao::FieldCollection fields = database.TableDefs()[table].Fields();
-    for (int i = 0; i < fields.Count(); ++i)
-        names += fields[i].Name;
-    return names;
 }
 
 QStringList relationNames(const dao::Database& database) {
@@ -235,29 +206,18 @@ TEST(Creation, TextsThatLookLikeNumbersStayTexts) {
 TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"year.mdb"_s);
-    const auto write = [](const QString& name, const QByteArray& bytes) {
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    };
     const auto failure = [&](ExistingFile existing) {
         TestSeams seams;
-        try {
-            createYear(twoWeekAnswers(), path, seams, existing);
-        } catch (const dao::EngineError& error) {
-            return error.number();
-        }
-        return 0;
+        return errorOf([&] { createYear(twoWeekAnswers(), path, seams, existing); });
     };
-    write(path, "no database");
+    writeFile(path, "no database");
     EXPECT_EQ(failure(ExistingFile::Keep), dao::FileExists);
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
-    EXPECT_EQ(old.readAll(), QByteArray("no database"));
+    EXPECT_EQ(bytesOf(path), QByteArray("no database"));
 
     // What killed runs left beside it goes, a journal that would spoil the new file as well.
-    write(dao::unfinishedName(path), "half a file");
-    write(dao::unfinishedName(path) + u"-journal"_s, "its journal");
-    write(path + u"-journal"_s, "the old file's journal");
+    writeFile(dao::unfinishedName(path), "half a file");
+    writeFile(dao::unfinishedName(path) + u"-journal"_s, "its journal");
+    writeFile(path + u"-journal"_s, "the old file's journal");
     EXPECT_EQ(failure(ExistingFile::Replace), 0);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));
 
@@ -278,24 +238,16 @@ TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
 /// Makes the year in a child process that first calls `prepare`; answers the number of the failure,
 /// 0 for none, -1 for a child that died.
 int createInChild(const QString& path, Progress* progress, const std::function<void()>& prepare) {
-    const pid_t child = fork();
-    if (child == 0) {
+    const int status = statusOf([&] {
         prepare();
-        int status = 0;
-        try {
+        const int number = errorOf([&] {
             TestSeams seams;
             CreateDB(dao::DBEngine(), twoWeekAnswers(), path, ExistingFile::Replace,
                      progress ? *progress : seams.progress, seams.prompts, QLocale::c());
-        } catch (const dao::EngineError& error) {
-            status = error.number() - 3000;
-        }
-        _exit(status);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!WIFEXITED(status))
-        return -1;
-    return WEXITSTATUS(status) ? WEXITSTATUS(status) + 3000 : 0;
+        });
+        return number ? number - 3000 : 0;
+    });
+    return status > 0 ? status + 3000 : status;
 }
 
 int createUnderLimit(const QString& path, rlim_t limit) {
@@ -344,12 +296,9 @@ TEST(Creation, AFullDiskLeavesNothingBehind) {
         EXPECT_TRUE(QDir(folder.path()).entryList(all).isEmpty()) << limit;
     }
     EXPECT_EQ(createUnderLimit(path, RLIM_INFINITY), 0);
-    QFile made(path);
-    ASSERT_TRUE(made.open(QIODevice::ReadOnly));
-    const QByteArray bytes = made.readAll();
-    made.seek(0);
+    const QByteArray bytes = bytesOf(path);
     EXPECT_GT(createUnderLimit(path, 20000), 0);
-    EXPECT_EQ(made.readAll(), bytes); // the one to be replaced stands
+    EXPECT_EQ(bytesOf(path), bytes); // the one to be replaced stands
     EXPECT_EQ(QDir(folder.path()).entryList(all), lines("year.mdb"));
 }
 
