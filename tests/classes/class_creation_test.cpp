@@ -1,5 +1,7 @@
 // A class made in a year that exists, against the year's own creation.
 
+#include "classes/class_creation.h"
+
 #include "calendar/class_colours.h"
 #include "classes/class_list.h"
 #include "classes/class_removal.h"

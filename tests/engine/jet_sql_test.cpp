@@ -1,3 +1,4 @@
+#include "store/engine/jet_sql.h"
 
 #include "store/engine/error.h"
 #include "support/engine_sqlite.h"

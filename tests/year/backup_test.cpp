@@ -124,11 +124,10 @@ void BackupTest::killAtAnyInstant(int rounds) {
 } // namespace
 
 TEST_F(BackupTest, TheRotation) {
-    struct Case {
+    const struct {
         QList<int> before;
         const char* after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{}, "year - - - -"},           {{1}, "year 1 - - -"},
         {{1, 2}, "year 1 2 - -"},       {{1, 2, 3}, "year 1 2 3 -"},
         {{1, 2, 3, 4}, "year 1 2 3 4"}, {{1, 2, 3, 4, 5}, "year 1 2 3 4"},
@@ -136,7 +135,7 @@ TEST_F(BackupTest, TheRotation) {
         {{1, 3, 5}, "year 1 - 3 -"},
     };
     writeFile(backups + u"Other.001"_s, "o");
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         putBackups(c.before);
         EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));
         EXPECT_EQ(backupsThere(), QLatin1StringView(c.after));
@@ -175,17 +174,16 @@ TEST_F(BackupTest, TheReportTellsTheSizes) {
 }
 
 TEST_F(BackupTest, TheSavingIsWrittenWithoutZeros) {
-    struct Case {
+    const struct {
         qint64 former;
         qint64 compacted;
         const char* text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {1000, 875, "12.5"}, {100, 88, "12."}, {10000, 9975, ".25"}, {3, 2, "33.33"},
         {1000, 1000, "."},   {100, 90, "10."}, {100, 112, "-12."},   {1000000, 1000001, "."},
         {100000, 1, "100."}, {0, 0, "."},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(compactedPercent(c.former, c.compacted), QLatin1StringView(c.text));
 }
 
@@ -309,11 +307,10 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
     makeYear(u"backups/Year.003"_s);
     makeYear(u"year/Year.new"_s);
     const dao::Database open = engine.OpenDatabase(database);
-    struct Case {
+    const struct {
         QString file;
         QString compactTitle;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {database, u"Backup Error"_s},                 // still open
         {garbage, u"Compacting Error"_s},              // no database
         {path(u"year/gone.mdb"_s), u"Backup Error"_s}, // no file
@@ -321,7 +318,7 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
         {backup(3), u"Backup Error"_s},                // the rotation would take it
         {path(u"year/Year.new"_s), u"Backup Error"_s}, // so would the compaction
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const QByteArray before = bytesOf(c.file);
         test.prompts.expect(PromptKind::Plain, c.compactTitle, AnswerOk);
         EXPECT_FALSE(BackupAndCompact(context(), c.file, true, {})) << qPrintable(c.file);
@@ -362,12 +359,11 @@ TEST_F(BackupTest, AHalfWrittenChangeOfAKilledProgramIsUndoneFirst) {
 
 TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
     enum class Compacted { None, Whole, Broken };
-    struct Case {
+    const struct {
         Compacted compacted; ///< what the temporary file is
         bool hasBackup;
         BackupRecovery recovery;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {Compacted::Whole, true, BackupRecovery::CompactedPutBack},
         {Compacted::Whole, false, BackupRecovery::CompactedPutBack},
         {Compacted::Broken, true, BackupRecovery::BackupPutBack},
@@ -378,7 +374,7 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
     const QString compacted = path(u"year/Year.new"_s);
     const QString whole = path(u"whole.mdb"_s);
     QFile::rename(database, whole);
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         for (const QString& file : {database, compacted, backup(1)})
             QFile::remove(file);
         if (c.hasBackup)

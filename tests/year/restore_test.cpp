@@ -42,13 +42,12 @@ protected:
 } // namespace
 
 TEST_F(RestoreTest, WhereABackupGoes) {
-    struct Case {
+    const struct {
         const char* setDefault; ///< below the test's folder; none where empty
         const char* existing;   ///< a file that is there already
         int answer;             ///< to the question whether to replace; 0 where none comes
         const char* restored;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"year/My year.mdb", "", 0, "year/My year.mdb"},
         {"", "", 0, "open/Year.mdb"},
         {"year/Year.mdb", "", AnswerYes, "year/Year.mdb"},
@@ -58,7 +57,7 @@ TEST_F(RestoreTest, WhereABackupGoes) {
         {"", "open/Year.mdb", AnswerNo, "backups/Year.mdb"},
         {"backups/Year.mdb", "backups/Year.mdb", AnswerNo, ""}, // No would lead to the same file
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const QString restored = QLatin1StringView(c.restored);
         QFile::remove(path(u"backups/Year.mdb"_s));
         QFile::remove(path(u"open/Year.mdb"_s));
