@@ -157,15 +157,6 @@ TEST_F(TimetableTest, AYearWithOneWeekHasNoOtherTable) {
     EXPECT_FALSE(TableExists(session.CurrentDB, ExtraTTinfoBTable));
 }
 
-TEST_F(TimetableTest, ReadsTheYear) {
-    put(AdminTable, u"Break2"_s, 3);
-    const TimetableYear year = readTimetableYear(session.CurrentDB);
-    EXPECT_EQ(timetableTitle(year), u"Timetable for :Mrs A Morrow"_s);
-    EXPECT_EQ(year.periodsPerDay, 5);
-    EXPECT_TRUE(year.twoWeeks);
-    EXPECT_EQ(year.breaks, (std::array<qint32, 3>{0, 3, 0}));
-}
-
 TEST_F(TimetableTest, SavesAPictureAndAsksBeforeItReplacesOne) {
     QImage picture(3, 2, QImage::Format_RGB32);
     picture.fill(Qt::red);

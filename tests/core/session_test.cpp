@@ -1,6 +1,8 @@
 // The one way by which a file enters the session: its four results, what it reads, what it brings
 // up to date, and that a failure leaves nothing half open.
 
+#include "core/session.h"
+
 #include "core/core_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/year_roads.h"
@@ -55,11 +57,8 @@ TEST_F(SessionTest, AYearFillsTheSession) {
     answers.colours = {{u"7A"_s, 0x123456}};
     makeYear("year.mdb", answers);
     change("year.mdb", [](dao::Database& database) {
-        dao::Recordset classes = database.OpenRecordset(ClasscodesTable);
-        classes.FindFirst(u"Classcode = '9C'"_s);
-        classes.Edit();
-        classes[u"Colour"] = dao::Value();
-        classes.Update();
+        changeRecord(database, u"SELECT * FROM Classcodes WHERE Classcode = '9C'"_s, u"Colour"_s,
+                     {});
     });
     ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
     EXPECT_EQ(session.AcademicYear, answers.year);
@@ -351,6 +350,9 @@ TEST_F(SessionTest, ANewerVersionIsOfferedWhereAnAddressIsConfigured) {
         QByteArray build;
         const char* text;
     };
+    seams.prompts.expect(PromptKind::Plain, u"Internet Upgrade"_s, AnswerOk);
+    GetUpgradeInfo(session);
+    EXPECT_TRUE(seams.shell.runs.isEmpty()) << "no address, nobody asked";
     settings.set(setting::UpgradeAddress, u"https://example.org"_s);
     for (const Case& found :
          {Case{{}, "could not be reached"}, Case{"<html>", "could not be reached"},

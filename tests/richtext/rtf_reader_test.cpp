@@ -264,11 +264,3 @@ TEST(RtfReader, AFragmentJoinsTheParagraphThatItComesInto) {
         EXPECT_EQ(document.toPlainText(), u"a[xx]\nb"_s);
     }
 }
-
-TEST(RtfReader, NothingCanBeUndoneAfterReading) {
-    QTextDocument document;
-    readDocument(test::inDialect(u"a"_s), document);
-    EXPECT_FALSE(document.isUndoAvailable());
-    QTextCursor(&document).insertText(u"b"_s);
-    EXPECT_TRUE(document.isUndoAvailable());
-}

@@ -61,11 +61,7 @@ TEST(Upgrades, LettersOnlyWithTwoTimetables) {
 
 TEST(Upgrades, ASheetWithoutADateLeavesTheFileAsItWas) {
     OlderFile file;
-    dao::Recordset sheets = file.database().OpenRecordset(PlanningTable);
-    sheets.Edit();
-    sheets.SetCollect(u"PlanDate", u"nodate"_s);
-    sheets.Update();
-    sheets.Close();
+    changeRecord(file.database(), PlanningTable, u"PlanDate"_s, u"nodate"_s);
     EXPECT_THROW(AddWeekField(file.database()), dao::EngineError);
     EXPECT_FALSE(file.fields().Contains(u"Week"));
 }
