@@ -81,12 +81,6 @@ TEST(Objects, AFileThatCannotBeReadMakesNoObject) {
     EXPECT_TRUE(packageOf(file.fileName()).source.isEmpty());
 }
 
-TEST(Objects, AnEquationShowsItsText) {
-    const EmbeddedObject object = objectOf(equation(u"x\u00b2 + {y} \u2264 1"_s).source);
-    EXPECT_EQ(object.className, u"Equation"_s);
-    EXPECT_EQ(object.name.toStdString(), u"x\u00b2 + {y} \u2264 1"_s.toStdString());
-}
-
 TEST(Objects, AnotherProgramsPackageIsRead) {
     QTextDocument document;
     readDocument(QString::fromLatin1(bytesOf(test::testData(u"rtf/old_edit_box.rtf"_s))), document);

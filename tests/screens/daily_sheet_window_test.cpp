@@ -48,26 +48,16 @@ TEST_F(DailySheetTest, WhatIsTypedIsOnDiskAfterTwoSeconds) {
 }
 
 TEST_F(DailySheetTest, EveryWayOfLeavingKeepsWhatIsTyped) {
-    const struct {
-        const char* way;
-        std::function<void()> leave;
-    } cases[] = {
+    const std::vector<Way> all = ways({
         {"next", [&] { click("Command1(1)"); }},
         {"page key", [&] { press(*window, Qt::Key_PageDown); }},
         {"last", [&] { click("Command2(1)"); }},
         {"tomorrow", [&] { click("Command1(3)"); }},
         {"another sheet", [&] { window->ShowPlan(QDate(2024, 9, 11)); }},
-        {"the window's own close", [&] { window->parentWidget()->close(); }},
-        {"all windows closed", [&] { close(); }},
-        {"another window",
-         [&] {
-             frame->open(ToolWindow::StartupWizard);
-             QCoreApplication::processEvents();
-         }},
-    };
+    });
     QString typed;
-    for (const auto& way : cases) {
-        SCOPED_TRACE(way.way);
+    for (const Way& way : all) {
+        SCOPED_TRACE(way.name);
         open();
         window->ShowPlan(QDate(2024, 9, 9));
         type("Text3(2)", u"x"_s);

@@ -24,19 +24,6 @@ double strongest(const QIcon& icon, const QColor& background) {
 
 } // namespace
 
-TEST(LayoutToolbar, ButtonsStandAsTheLayoutSays) {
-    LayoutToolbar bar(u"Format_Cks"_s, u"BB|B"_s, u"Bold|Italic|Bullets"_s,
-                      u"bold|italic|bullets"_s);
-    QString layout;
-    for (const QAction* action : bar.actions())
-        layout += action->isSeparator() ? u'|' : u'B';
-    EXPECT_EQ(layout, u"BB|B"_s);
-    ASSERT_EQ(bar.buttonCount(), 3);
-    EXPECT_EQ(bar.button(2)->toolTip(), u"Bullets"_s);
-    EXPECT_FALSE(bar.button(2)->icon().isNull());
-    EXPECT_EQ(control<QToolButton>(bar, u"Format_Cks(1)"_s).accessibleName(), u"Italic"_s);
-}
-
 TEST(LayoutToolbar, TheKeyboardReachesEveryButtonOverOneStop) {
     QWidget window;
     auto* layout = new QHBoxLayout(&window);

@@ -52,6 +52,22 @@ protected:
         QTest::keyClicks(&box(name), text);
     }
 
+    /// A way of leaving what is shown.
+    struct Way {
+        const char* name;
+        std::function<void()> leave;
+    };
+    /// Every way that both sheets have, behind those of one's own.
+    std::vector<Way> ways(std::vector<Way> own) {
+        own.push_back({"the window's own close", [this] { window->parentWidget()->close(); }});
+        own.push_back({"all windows closed", [this] { close(); }});
+        own.push_back({"another window", [this] {
+                           frame->open(ToolWindow::StartupWizard);
+                           QCoreApplication::processEvents();
+                       }});
+        return own;
+    }
+
     std::unique_ptr<MainWindow> frame;
     Window* window = nullptr;
 };
