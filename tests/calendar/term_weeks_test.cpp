@@ -2,10 +2,6 @@
 
 #include "support/year_file.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QDate day(const char* iso) {
@@ -28,17 +24,16 @@ TermDays termDays(const char* boundaries) {
 }
 
 TEST(Dates, TwoDigitYearsAndRollingParts) {
-    struct Case {
+    const struct {
         int year, month, day;
         const char* expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {0, 1, 1, "2000-01-01"},     {79, 12, 31, "2079-12-31"},  {80, 1, 1, "1980-01-01"},
         {99, 12, 31, "1999-12-31"},  {2024, 2, 30, "2024-03-01"}, {2025, 2, 30, "2025-03-02"},
         {2024, 13, 1, "2025-01-01"}, {2024, 0, 15, "2023-12-15"}, {2024, 3, 0, "2024-02-29"},
         {2031, 5, 6, "2031-05-06"},
     };
-    for (const Case& each : cases)
+    for (const auto& each : cases)
         EXPECT_EQ(dateFromParts(each.year, each.month, each.day), day(each.expected))
             << each.expected;
     EXPECT_FALSE(dateFromParts(32767, 32767, 32767).isValid());
@@ -55,18 +50,17 @@ TEST(Dates, SheetTextGoesThereAndBack) {
 }
 
 TEST(Dates, WeeksRunFromSundayToSaturday) {
-    struct Case {
+    const struct {
         const char* from;
         const char* to;
         int weeks;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"2024-09-08", "2024-09-14", 0},  {"2024-09-07", "2024-09-08", 1},
         {"2024-09-08", "2024-09-07", -1}, {"2024-09-06", "2024-09-23", 3},
         {"1999-12-31", "2000-01-02", 1},  {"2029-12-31", "2030-01-05", 0},
         {"2024-09-14", "2024-09-08", 0},
     };
-    for (const Case& each : cases)
+    for (const auto& each : cases)
         EXPECT_EQ(weekDifference(day(each.from), day(each.to)), each.weeks) << each.from;
     EXPECT_EQ(weekdayOf(day("2024-09-08")), Sunday);
     EXPECT_EQ(weekdayOf(day("2024-09-14")), Saturday);
@@ -77,14 +71,13 @@ TEST(Dates, WeeksRunFromSundayToSaturday) {
 }
 
 TEST(TermWeeks, TeachingDaysNumbersAndLetters) {
-    struct Case {
+    const struct {
         const char* what;
         const char* boundaries;
         const char* days;
         QList<short> weeks;
         const char* letters;
-    };
-    const QList<Case> cases{
+    } cases[] = {
         {"a one-day term and the next in a later week",
          "2024-09-04 2024-09-04 2024-09-23 2024-09-23",
          "2024-09-04 2024-09-23",
@@ -121,7 +114,7 @@ TEST(TermWeeks, TeachingDaysNumbersAndLetters) {
          {},
          ""},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         const QList<QDate> days = teachingDays(dates(each.boundaries));
         EXPECT_EQ(days, dates(each.days));
@@ -140,12 +133,11 @@ TEST(TermWeeks, TeachingDaysNumbersAndLetters) {
 TEST(TermWeeks, NumberOfAnyDatesWeek) {
     const TermDays terms =
         termDays("2024-09-04 2024-09-06 2024-09-10 2024-09-12 2024-09-30 2024-10-02");
-    struct Case {
+    const struct {
         const char* what;
         const char* date;
         short week;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"before the first week", "2024-08-31", -1},
         {"the Sunday of the first week", "2024-09-01", 1},
         {"the first day", "2024-09-04", 1},
@@ -158,23 +150,22 @@ TEST(TermWeeks, NumberOfAnyDatesWeek) {
         {"the last day", "2024-10-02", 3},
         {"the day behind the last one, in its week", "2024-10-03", -1},
     };
-    for (const Case& each : cases)
+    for (const auto& each : cases)
         EXPECT_EQ(GetWeekNumber(terms, day(each.date)), each.week) << each.what;
     EXPECT_EQ(GetWeekNumber(termDays(""), day("2024-09-04")), -1);
 }
 
 TEST(TermWeeks, TimetableOfAWeek) {
-    struct Case {
+    const struct {
         int twoWeekly;
         const char* startWeek;
         int week;
         const char* letter;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {1, "A", 1, "A"}, {1, "A", 2, "B"}, {1, "B", 1, "B"}, {1, "B", 2, "A"}, {1, "A", -1, "A"},
         {0, "B", 2, "A"}, {0, "", 1, "A"},  {1, "", 1, ""},   {1, "b", 1, ""},  {2, "B", 1, "A"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         const std::optional<QChar> letter =
             timetableLetter(each.twoWeekly, QLatin1String(each.startWeek), each.week);
         EXPECT_EQ(letter ? QString(*letter) : QString(), QLatin1String(each.letter))
@@ -186,19 +177,18 @@ TEST(TermWeeks, TimetableOfAWeek) {
 }
 
 TEST(TermWeeks, HolidaysRunToDay30OfTheLastMonth) {
-    struct Case {
+    const struct {
         const char* what;
         const char* boundaries;
         const char* first;
         const char* last;
-    };
-    const QList<Case> cases{
+    } cases[] = {
         {"31 days: the 31st is left out", "2024-09-04 2025-01-10", "2024-09-02", "2025-01-30"},
         {"February runs into March", "2024-09-02 2025-02-10", "2025-02-11", "2025-02-28"},
         {"February of a leap year, to 1 March", "2023-09-01 2024-02-12", "2024-02-13",
          "2024-03-01"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         const QList<QDate> holidays = FillHolsArray(termDays(each.boundaries));
         ASSERT_FALSE(holidays.isEmpty());
@@ -224,19 +214,18 @@ TEST(TermWeeks, ReadFromAFile) {
 TEST(TermWeeks, LetterOfTheCurrentWeek) {
     YearFile file(twoWeekAnswers()); // 4 to 13 September from week B on, then 23 to 27 September
     const dao::Database database = file.open();
-    struct Case {
+    const struct {
         const char* what;
         const char* today;
         const char* letter;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a teaching day", "2024-09-04", "B"},
         {"its weekend: the next sheet", "2024-09-07", "A"},
         {"a holiday", "2024-09-17", "B"},
         {"before the year", "2023-10-01", "B"},
         {"behind the last sheet", "2024-11-02", "B"},
     };
-    for (const Case& each : cases)
+    for (const auto& each : cases)
         EXPECT_EQ(IsWeek2(database, day(each.today)), QLatin1String(each.letter)) << each.what;
     YearFile single(oneWeekAnswers());
     EXPECT_TRUE(IsWeek2(single.open(), day("2024-09-04")).isEmpty());

@@ -1,45 +1,20 @@
 #include "calendar/timetable.h"
 
 #include "calendar/timetable_picture.h"
-#include "core/session.h"
-#include "core/settings.h"
-#include "store/engine/error.h"
 #include "store/record_steps.h"
-#include "store/table_names.h"
-#include "store/table_structure.h"
-#include "support/year_file.h"
-#include "year/year_opening.h"
+#include "support/year_session.h"
 
-#include <QFile>
 #include <QImage>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint32 red = 0x0000FF;
 
 /// A year with two timetables, open in a session.
-class TimetableTest : public testing::Test {
+class TimetableTest : public YearSession {
 protected:
-    TimetableTest() { open(twoWeekAnswers()); }
+    TimetableTest() { openYear(twoWeekAnswers()); }
 
-    void open(const YearAnswers& answers) {
-        session.CurrentDB.Close();
-        createYear(answers, path(), seams, ExistingFile::Replace);
-        ASSERT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
-    }
-    QString path() const { return folder.filePath(u"year.mdb"_s); }
-    dao::Recordset rows(const QString& source) { return session.CurrentDB.OpenRecordset(source); }
-    /// Writes a field of the first record of a source.
-    void put(const QString& source, const QString& field, const dao::Value& value) {
-        dao::Recordset records = rows(source);
-        records.Edit();
-        records.SetCollect(field, value);
-        records.Update();
-    }
     void add(const QString& table, const QList<dao::Value>& values) {
         dao::Recordset records = rows(table);
         records.AddNew();
@@ -52,21 +27,9 @@ protected:
         LoadTT(session.CurrentDB, week, grid);
         return grid;
     }
-    /// The number of the failure that loading ends in; 0 for none.
     int loadFailure(TimetableGrid& grid) {
-        try {
-            LoadTT(session.CurrentDB, 0, grid);
-        } catch (const dao::EngineError& error) {
-            return error.number();
-        }
-        return 0;
+        return errorOf([&] { LoadTT(session.CurrentDB, 0, grid); });
     }
-
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 TEST_F(TimetableTest, LoadsTheWeekAskedForAndMakesTheRoomsTable) {
@@ -186,21 +149,12 @@ TEST_F(TimetableTest, AFailureLeavesTheFileAndTheColoursAsTheyWere) {
 }
 
 TEST_F(TimetableTest, AYearWithOneWeekHasNoOtherTable) {
-    open(oneWeekAnswers());
+    openYear(oneWeekAnswers());
     TimetableGrid grid = load();
     grid.at(2, 2).caption = u"Free"_s;
     SaveTTinfo(session, 0, grid);
     EXPECT_EQ(load(), grid);
     EXPECT_FALSE(TableExists(session.CurrentDB, ExtraTTinfoBTable));
-}
-
-TEST_F(TimetableTest, ReadsTheYear) {
-    put(AdminTable, u"Break2"_s, 3);
-    const TimetableYear year = readTimetableYear(session.CurrentDB);
-    EXPECT_EQ(timetableTitle(year), u"Timetable for :Mrs A Morrow"_s);
-    EXPECT_EQ(year.periodsPerDay, 5);
-    EXPECT_TRUE(year.twoWeeks);
-    EXPECT_EQ(year.breaks, (std::array<qint32, 3>{0, 3, 0}));
 }
 
 TEST_F(TimetableTest, SavesAPictureAndAsksBeforeItReplacesOne) {

@@ -1,26 +1,15 @@
 // A class made in a year that exists, against the year's own creation.
 
-#include "calendar/class_colours.h"
 #include "classes/class_creation.h"
+
+#include "calendar/class_colours.h"
 #include "classes/class_list.h"
 #include "classes/class_removal.h"
 #include "store/schema.h"
-#include "store/table_structure.h"
 #include "support/class_file.h"
 #include "year/year_builder.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
-
-QStringList fieldNames(const dao::Database& database, const QString& table) {
-    QStringList names;
-    for (const dao::Field& field : database.TableDefs()[table].Fields())
-        names += field.Name;
-    return names;
-}
 
 class ClassCreationTest : public testing::Test {
 protected:

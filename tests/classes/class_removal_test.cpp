@@ -3,18 +3,15 @@
 #include "classes/class_code.h"
 #include "classes/class_removal.h"
 #include "store/schema.h"
-#include "store/table_structure.h"
 #include "support/class_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 class ClassRemovalTest : public testing::Test {
 protected:
     TestSeams seams;
+    YearFile file{twoWeekAnswers()};
+    dao::Database database = file.open();
 };
 
 void addSeatingPlan(const dao::Database& database, const QString& classCode, const QString& room) {
@@ -29,8 +26,6 @@ void addSeatingPlan(const dao::Database& database, const QString& classCode, con
 } // namespace
 
 TEST_F(ClassRemovalTest, AClassGoesWithAllItHas) {
-    YearFile file(twoWeekAnswers());
-    const dao::Database database = file.open();
     addPupils(database, u"7A"_s, {u"Ames,Ann"_s});
     addSeatingPlan(database, u"7A"_s, {});
     addSeatingPlan(database, u"7A"_s, u"R1"_s);
@@ -61,8 +56,8 @@ TEST_F(ClassRemovalTest, CodesThatContainOneAnotherOrHoldOddCharacters) {
     answers.weekA = {};
     answers.weekA[0] = answers.classes.mid(0, 5);
     answers.weekA[1] = {answers.classes.mid(5)};
-    YearFile file(answers);
-    const dao::Database database = file.open();
+    YearFile odd(answers);
+    database = odd.open();
     QStringList left = answers.classes;
     for (const QString& code : answers.classes) {
         SCOPED_TRACE(code.toStdString());
@@ -85,8 +80,6 @@ TEST_F(ClassRemovalTest, CodesThatContainOneAnotherOrHoldOddCharacters) {
 }
 
 TEST_F(ClassRemovalTest, AFailureUndoesTheDeletion) {
-    YearFile file(twoWeekAnswers());
-    const dao::Database database = file.open();
     database.TableDefs().Delete(u"REG_7A");
     database.TableDefs().Delete(u"Marks_7A");
     database.TableDefs().Delete(u"Class_7A");
@@ -112,8 +105,6 @@ TEST_F(ClassRemovalTest, TheQuestionCanBeSwitchedOff) {
 }
 
 TEST_F(ClassRemovalTest, PupilsGoWithTheirMarks) {
-    YearFile file(twoWeekAnswers());
-    const dao::Database database = file.open();
     addPupils(database, u"7A"_s, {u"Ames,Ann"_s, u"O'Brien,Zoë"_s, u"Cole"_s});
     seams.prompts.expect(PromptKind::Message, u"Remove ALL Pupils"_s, int(AnswerNo));
     EXPECT_FALSE(Delete_All_Pupils(database, u"7A"_s, {1, 2, 3}, seams.prompts));

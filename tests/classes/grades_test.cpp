@@ -7,12 +7,7 @@
 #include "classes/sort_query.h"
 #include "core/session.h"
 #include "core/settings.h"
-#include "store/engine/error.h"
 #include "support/class_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,11 +45,9 @@ protected:
         return names;
     }
     void put(const QString& table, int pupil, const QString& column, const dao::Value& value) {
-        dao::Recordset row = database.OpenRecordset(
-            u"SELECT * FROM %1 WHERE ID = %2"_s.arg(dao::writeName(table)).arg(pupil));
-        row.Edit();
-        row.SetCollect(column, value);
-        row.Update();
+        changeRecord(database,
+                     u"SELECT * FROM %1 WHERE ID = %2"_s.arg(dao::writeName(table)).arg(pupil),
+                     column, value);
     }
     QStringList grades(const QString& column) {
         return rowsOf(database, u"SELECT %1 FROM %2 ORDER BY ID"_s.arg(

@@ -6,10 +6,6 @@
 #include "store/schema.h"
 #include "support/class_file.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class PupilsTest : public testing::Test {

@@ -7,8 +7,6 @@
 
 #include <QRandomGenerator>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Reports how many marks are on the disk after each: column by column, pupil by pupil.

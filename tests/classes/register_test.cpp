@@ -2,19 +2,13 @@
 
 #include "classes/class_settings.h"
 #include "classes/class_views.h"
-#include "classes/pupil_photo.h"
 #include "classes/register_keys.h"
 #include "classes/register_lessons.h"
 #include "classes/register_marking.h"
 #include "core/settings.h"
-#include "store/engine/error.h"
 #include "support/class_file.h"
 
 #include <QAbstractItemModelTester>
-#include <QBuffer>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -92,11 +86,8 @@ TEST_F(RegisterTest, DoubleLessonsInEveryShape) {
     EXPECT_EQ(sheet().text(0, columnOf(2, 1)), u"L"_s);
 
     // The timetable of week A alone decides, as it stands now.
-    dao::Recordset classes = database.OpenRecordset(ClasscodesTable);
-    classes.Edit();
-    classes.SetCollect(u"Mon", u"24"_s);
-    classes.SetCollect(u"Tue", u"45"_s);
-    classes.Update();
+    changeRecord(database, ClasscodesTable, u"Mon"_s, u"24"_s);
+    changeRecord(database, ClasscodesTable, u"Tue"_s, u"45"_s);
     EXPECT_FALSE(doubleLessonColumn(database, code, sheet(), columnOf(2)));
     EXPECT_TRUE(doubleLessonColumn(database, code, sheet(), columnOf(3)));
 }
@@ -275,36 +266,6 @@ TEST_F(RegisterTest, PupilsOfOneNameAreNotToldApart) {
     EXPECT_EQ(selection.clauseForView(sheet(), true),
               u" WHERE Surname = 'Ames' AND Firstname = 'Ann' OR Surname = 'Ames' AND Firstname = "
               "'Ann'"_s);
-}
-
-TEST_F(RegisterTest, PhotosOfEveryKindAreFound) {
-    QImage picture(67, 87, QImage::Format_RGB32);
-    picture.fill(Qt::darkGreen);
-    dao::Recordset pupils = database.OpenRecordset(classTable(code));
-    for (const char* format : {"BMP", "PNG", ""}) {
-        QByteArray bytes = "no picture";
-        if (*format) {
-            QBuffer buffer(&bytes);
-            buffer.open(QIODevice::WriteOnly | QIODevice::Truncate);
-            picture.save(&buffer, format);
-        }
-        pupils.Edit();
-        pupils.SetCollect(u"Photo", bytes);
-        pupils.Update();
-        const QImage photo = pupilPhoto(database, code, pupils.Collect(u"ID").toInteger());
-        EXPECT_EQ(photo.isNull(), !*format) << format;
-        if (*format) {
-            EXPECT_EQ(photo.convertToFormat(QImage::Format_RGB32), picture) << format;
-        }
-        pupils.MoveNext();
-    }
-    EXPECT_TRUE(pupilPhoto(database, code, 99).isNull());
-}
-
-TEST_F(RegisterTest, AClassWithoutARegisterIsTold) {
-    YearFile other(twoWeekAnswers());
-    seams.prompts.expect(PromptKind::Plain, u"No Register available"_s, AnswerOk);
-    EXPECT_FALSE(openRegister(other.open(), u"8X"_s, {}, seams.prompts));
 }
 
 TEST_F(RegisterTest, AMarkThatIsNotTakenChangesNothing) {

@@ -1,9 +1,6 @@
 #include "core/database_closing.h"
 
-#include "store/table_names.h"
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -4,25 +4,14 @@
 #include "core/file_state.h"
 #include "core/settings.h"
 #include "core/shell_services.h"
+#include "support/engine_files.h"
 #include "support/recording_seams.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 class LinkTargetTest : public testing::Test {
 protected:
-    QString write(const QString& name) {
-        QFile file(m_folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("content");
-        return file.fileName();
-    }
+    QString write(const QString& name) { return writeFile(m_folder.filePath(name), "content"); }
 
     void open(const QString& path) {
         OpenFileLink(path, m_settings, m_seams.shell, m_seams.prompts);

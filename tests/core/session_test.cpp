@@ -1,31 +1,21 @@
 // The one way by which a file enters the session: its four results, what it reads, what it brings
 // up to date, and that a failure leaves nothing half open.
 
-#include "core/core_settings.h"
 #include "core/session.h"
-#include "core/settings.h"
-#include "frame/frame_settings.h"
+
+#include "core/core_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/year_roads.h"
-#include "store/engine/error.h"
-#include "store/table_names.h"
 #include "support/engine_places.h"
 #include "support/scripted_frame.h"
-#include "support/year_file.h"
+#include "support/year_session.h"
 #include "year/backup_settings.h"
-#include "year/year_opening.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-class SessionTest : public testing::Test {
+class SessionTest : public YearSession {
 protected:
     SessionTest() {
         // As the main window does.
@@ -36,7 +26,7 @@ protected:
                          });
     }
 
-    QString path(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    QString path(const char* name) const { return YearSession::path(QString::fromUtf8(name)); }
     void makeYear(const char* name, const YearAnswers& answers = twoWeekAnswers()) {
         createYear(answers, path(name), seams);
     }
@@ -57,18 +47,8 @@ protected:
         ActivateMainWindow(session, frame);
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
     ScriptedFrame frame;
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -77,11 +57,8 @@ TEST_F(SessionTest, AYearFillsTheSession) {
     answers.colours = {{u"7A"_s, 0x123456}};
     makeYear("year.mdb", answers);
     change("year.mdb", [](dao::Database& database) {
-        dao::Recordset classes = database.OpenRecordset(ClasscodesTable);
-        classes.FindFirst(u"Classcode = '9C'"_s);
-        classes.Edit();
-        classes[u"Colour"] = dao::Value();
-        classes.Update();
+        changeRecord(database, u"SELECT * FROM Classcodes WHERE Classcode = '9C'"_s, u"Colour"_s,
+                     {});
     });
     ASSERT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenDone);
     EXPECT_EQ(session.AcademicYear, answers.year);
@@ -177,7 +154,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         QFile::remove(path("old (converted).mdb"));
         ASSERT_TRUE(
             QFile::copy(test::testData(u"jet/%1.mdb"_s.arg(QString::fromUtf8(name))), original));
-        const QByteArray before = contentOf(original);
+        const QByteArray before = bytesOf(original);
         setDefault(original, 1);
         seams.prompts.expect(PromptKind::Message, u"Older Database"_s, AnswerCancel);
         EXPECT_EQ(session.OpenDatabaseFile(original, {}), OpenCancelled);
@@ -187,7 +164,7 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
         ASSERT_EQ(session.OpenDatabaseFile(original, {}), OpenDone);
         EXPECT_EQ(session.DatabasePath, path("old (converted).mdb"));
         EXPECT_EQ(settings.get(setting::DefaultDatabasePath), session.DatabasePath);
-        EXPECT_EQ(contentOf(original), before) << "the original is untouched";
+        EXPECT_EQ(bytesOf(original), before) << "the original is untouched";
 
         const dao::Database jet = engine.OpenDatabase(original);
         ASSERT_EQ(jet.TableDefs().names(), session.CurrentDB.TableDefs().names());
@@ -373,6 +350,9 @@ TEST_F(SessionTest, ANewerVersionIsOfferedWhereAnAddressIsConfigured) {
         QByteArray build;
         const char* text;
     };
+    seams.prompts.expect(PromptKind::Plain, u"Internet Upgrade"_s, AnswerOk);
+    GetUpgradeInfo(session);
+    EXPECT_TRUE(seams.shell.runs.isEmpty()) << "no address, nobody asked";
     settings.set(setting::UpgradeAddress, u"https://example.org"_s);
     for (const Case& found :
          {Case{{}, "could not be reached"}, Case{"<html>", "could not be reached"},

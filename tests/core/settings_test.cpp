@@ -3,19 +3,9 @@
 #include "core/core_settings.h"
 #include "core/setting_notices.h"
 #include "frame/frame_settings.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <sys/resource.h>
+#include "support/engine_files.h"
 
 #include <csignal>
-#include <limits>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,15 +15,7 @@ protected:
     QString m_file = m_folder.filePath(u"settings.ini"_s);
     QString m_key = setting::keyOf(u"Register");
 
-    void fill(const QByteArray& content) {
-        QFile file(m_file);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    QByteArray content() {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content() { return bytesOf(m_file); }
 };
 
 QStringList namesOf(const QList<SettingEntry>& entries) {
@@ -216,19 +198,6 @@ TEST_F(SettingsTest, NamesMayHoldAnyCharacter) {
     }
 }
 
-TEST_F(SettingsTest, NumbersKeepTheirTypeAndSign) {
-    Settings settings(m_file);
-    settings.CreateRegistryKey(m_key);
-    const qint32 windowColour = static_cast<qint32>(0x80000005U);
-    for (const qint32 number : {0, 1, 42, -1, windowColour, std::numeric_limits<qint32>::max()}) {
-        ASSERT_EQ(settings.WriteRegistryValue(m_key, u"n", number), 0);
-        ASSERT_EQ(settings.ReadRegistryValue(m_key, u"n"), 0);
-        EXPECT_EQ(settings.RegValue(), dao::Value(number));
-    }
-    settings.WriteRegistryValue(m_key, u"n", 42);
-    EXPECT_TRUE(content().contains("n=dword:0000002a\n")) << content().constData();
-}
-
 TEST_F(SettingsTest, NamesMatchWithoutRegardToCase) {
     Settings settings(m_file);
     settings.CreateRegistryKey(setting::keyOf(u"Über\\Été"));
@@ -245,16 +214,6 @@ TEST_F(SettingsTest, NamesMatchWithoutRegardToCase) {
     EXPECT_EQ(settings.DeleteRegistryValue(setting::keyOf(u"ÜBER\\ÉTÉ"), u"ωmega"), 0);
     EXPECT_EQ(settings.DeleteRegistryKey(setting::keyOf(u"ÜBER")), 0);
     EXPECT_EQ(settings.EnumRegistrySubkeys(setting::Root), u"Badkey"_s);
-}
-
-TEST_F(SettingsTest, AbsentValuesLeaveRegValueEmpty) {
-    Settings settings(m_file);
-    EXPECT_NE(settings.ReadRegistryValue(m_key, u"n"), 0);
-    settings.CreateRegistryKey(m_key);
-    settings.WriteRegistryValue(m_key, u"n", 5);
-    settings.ReadRegistryValue(m_key, u"n");
-    EXPECT_NE(settings.ReadRegistryValue(m_key, u"other"), 0);
-    EXPECT_TRUE(settings.RegValue().isNull());
 }
 
 TEST_F(SettingsTest, ANumberIsWhatATextBeginsWith) {
@@ -283,6 +242,11 @@ TEST_F(SettingsTest, AWriteNeverMakesItsKey) {
     EXPECT_NE(settings.DeleteRegistryValue(m_key, u"n"), 0);
     EXPECT_NE(settings.DeleteRegistryKey(m_key), 0);
     settings.CreateRegistryKey(m_key);
+    settings.WriteRegistryValue(m_key, u"n", 5);
+    settings.ReadRegistryValue(m_key, u"n");
+    EXPECT_EQ(settings.RegValue(), dao::Value(5));
+    EXPECT_NE(settings.ReadRegistryValue(m_key, u"other"), 0);
+    EXPECT_TRUE(settings.RegValue().isNull());
     EXPECT_EQ(settings.WriteRegistryValue(setting::Root, u"n", 1), 0) << "keys above exist too";
 }
 
@@ -344,7 +308,7 @@ TEST_F(SettingsTest, DamagedFilesReadAsFarAsTheyCan) {
                           {"open section", head + "[x\nn", 7},
                           {"no section", "n=x\n" + head, 7}}) {
         SCOPED_TRACE(c.what);
-        fill(c.content);
+        writeFile(m_file, c.content);
         Settings settings(m_file);
         EXPECT_EQ(numberAt(settings, setting::Root, u"good"), c.good);
         EXPECT_EQ(settings.find(setting::DefaultOpenFolder), std::nullopt);
@@ -356,29 +320,15 @@ TEST_F(SettingsTest, DamagedFilesReadAsFarAsTheyCan) {
     }
 }
 
-TEST_F(SettingsTest, AFileThatCannotBeWrittenGivesAStatus) {
-    // A folder in the file's place stops everybody, whatever rights the tests run with.
-    ASSERT_TRUE(QDir().mkdir(m_file));
-    Settings settings(m_file);
-    EXPECT_NE(settings.CreateRegistryKey(m_key), 0);
-    ASSERT_TRUE(QDir().rmdir(m_file));
-    EXPECT_EQ(settings.CreateRegistryKey(m_key), 0) << "the next one is answered for itself";
-    EXPECT_EQ(settings.WriteRegistryValue(m_key, u"n", 1), 0);
-}
-
 TEST_F(SettingsTest, AFullDiskLeavesTheOldFile) {
     Settings settings(m_file);
     settings.CreateRegistryKey(m_key);
     const QByteArray before = content();
-    rlimit usual{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
-    const rlimit small{.rlim_cur = 4096, .rlim_max = usual.rlim_max};
-    std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const SettingStatus status = settings.WriteRegistryValue(m_key, u"n", QString(9000, u'x'));
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &usual), 0);
-    std::signal(SIGXFSZ, SIG_DFL);
-    EXPECT_NE(status, 0);
+    {
+        const FileSizeLimit fullDisk(4096);
+        std::signal(SIGXFSZ, SIG_IGN);
+        EXPECT_NE(settings.WriteRegistryValue(m_key, u"n", QString(9000, u'x')), 0);
+    }
     EXPECT_EQ(content(), before);
     EXPECT_EQ(settings.WriteRegistryValue(m_key, u"m", 1), 0) << "there is room again";
 }

@@ -36,11 +36,10 @@ TEST(ConfinedReader, AnswersTheBytesThatWereRead) {
 }
 
 TEST(ConfinedReader, HasNoAnswerWhereTheReadingGoesWrong) {
-    struct Case {
+    const struct {
         const char* name;
         std::function<void()> goWrong;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"throws", [] { throw 1; }},
         {"crashes", [] { std::raise(SIGSEGV); }},
         {"ends the process", [] { std::exit(EXIT_SUCCESS); }},
@@ -59,7 +58,7 @@ TEST(ConfinedReader, HasNoAnswerWhereTheReadingGoesWrong) {
         {"takes too much memory", [] { bytesOfSize(2 * Narrow.memory); }},
 #endif
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         QElapsedTimer time;
         time.start();
         EXPECT_FALSE(readConfined(Narrow, [&each] {

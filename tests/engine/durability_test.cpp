@@ -5,11 +5,7 @@
 #include "support/engine_files.h"
 #include "support/engine_kill.h"
 
-#include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

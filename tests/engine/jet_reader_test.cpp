@@ -1,42 +1,24 @@
 #include "store/engine/jet_reader.h"
 
-#include "store/engine/error.h"
 #include "store/engine/jet_content.h"
+#include "support/engine_files.h"
 #include "support/engine_jet.h"
 #include "support/engine_places.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QtEndian>
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 using namespace dao;
 
 namespace {
 
 QByteArray readData(const QString& name) {
-    QFile file(test::testData(u"jet/"_s + name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
-    return file.readAll();
-}
-
-int errorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const EngineError& error) {
-        return error.number();
-    }
-    return 0;
+    return bytesOf(test::testData(u"jet/"_s + name));
 }
 
 // The samples against the JSON beside them.

@@ -1,10 +1,9 @@
-#include "store/engine/error.h"
 #include "store/engine/jet_sql.h"
+
+#include "store/engine/error.h"
 #include "support/engine_sqlite.h"
 
 #include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 using namespace dao;
 

@@ -1,30 +1,17 @@
 // Opening: what is told apart, who may have a file, passwords, and copies.
 
 #include "support/engine_files.h"
+#include "support/engine_kill.h"
 
-#include <QFile>
 #include <QRandomGenerator>
 
 #include <sqlcipher/sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 using dao::connectText;
 
 namespace {
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray readFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QByteArray noise(int bytes) {
     QRandomGenerator random(7);
@@ -32,16 +19,6 @@ QByteArray noise(int bytes) {
     for (char& byte : made)
         byte = static_cast<char>(random.bounded(256));
     return made;
-}
-
-/// Runs work in a process of its own; answers what it returns.
-int inAnotherProcess(const std::function<int()>& work) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 class OpenTest : public EngineFiles {
@@ -68,8 +45,8 @@ protected:
 TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
     makeFile(u"whole.mdb"_s);
     makeFile(u"locked.mdb"_s, u"secret"_s);
-    const QByteArray whole = readFile(path(u"whole.mdb"_s));
-    const QByteArray locked = readFile(path(u"locked.mdb"_s));
+    const QByteArray whole = bytesOf(path(u"whole.mdb"_s));
+    const QByteArray locked = bytesOf(path(u"locked.mdb"_s));
     QByteArray damaged = whole;
     for (qsizetype at = 4096; at < damaged.size(); at += 4096)
         damaged.replace(at, 200, QByteArray(200, '\x55'));
@@ -95,7 +72,7 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
           Case{"noise.mdb", noise(9 * 1024), dao::WrongPassword}}) {
         writeFile(path(QString::fromUtf8(file.name)), file.bytes);
         EXPECT_EQ(openError(QString::fromUtf8(file.name)), file.error) << file.name;
-        EXPECT_EQ(readFile(path(QString::fromUtf8(file.name))), file.bytes) << file.name;
+        EXPECT_EQ(bytesOf(path(QString::fromUtf8(file.name))), file.bytes) << file.name;
     }
     EXPECT_EQ(openError(u"missing.mdb"_s), dao::NoSuchFile);
     EXPECT_EQ(openError(u"."_s), dao::CannotOpenFile);
@@ -104,7 +81,7 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
 
 TEST_F(OpenTest, AProtectedFileOpensWithItsPasswordAlone) {
     makeFile(u"year.mdb"_s, u"päss;pwd=w'ord"_s);
-    EXPECT_FALSE(readFile(path(u"year.mdb"_s)).contains("Adams"));
+    EXPECT_FALSE(bytesOf(path(u"year.mdb"_s)).contains("Adams"));
     EXPECT_EQ(openError(u"year.mdb"_s), dao::WrongPassword);
     EXPECT_EQ(openError(u"year.mdb"_s, u"wrong"_s), dao::WrongPassword);
     dao::Database database =
@@ -129,7 +106,7 @@ TEST_F(OpenTest, OneProcessOwnsAFile) {
         return errorOf([&] { other.OpenDatabase(path(u"year.mdb"_s)).Close(); }) -
                dao::OpenedExclusively;
     };
-    EXPECT_EQ(inAnotherProcess([&] {
+    EXPECT_EQ(statusOf([&] {
                   _exit(execl("/bin/true", "true", nullptr));
                   return 1;
               }),
@@ -174,10 +151,10 @@ TEST_F(OpenTest, TheSameProcessMayOpenAFileTwice) {
 TEST_F(OpenTest, ACompactCopyHoldsAllAndIsProtectedAlike) {
     for (const QString& password : {QString(), u"secret"_s}) {
         makeFile(u"year.mdb"_s, password);
-        const QByteArray before = readFile(path(u"year.mdb"_s));
+        const QByteArray before = bytesOf(path(u"year.mdb"_s));
         engine.CompactDatabase(path(u"year.mdb"_s), path(u"copy.mdb"_s), {}, 0,
                                connectText(password));
-        EXPECT_EQ(readFile(path(u"year.mdb"_s)), before);
+        EXPECT_EQ(bytesOf(path(u"year.mdb"_s)), before);
         EXPECT_EQ(openError(u"copy.mdb"_s), password.isEmpty() ? 0 : dao::WrongPassword);
         dao::Database copy =
             engine.OpenDatabase(path(u"copy.mdb"_s), false, false, connectText(password));
@@ -200,9 +177,9 @@ TEST_F(OpenTest, ACompactCopyHoldsAllAndIsProtectedAlike) {
 
 TEST_F(OpenTest, RepairKeepsWhatCanBeRead) {
     makeFile(u"year.mdb"_s);
-    const QByteArray whole = readFile(path(u"year.mdb"_s));
+    const QByteArray whole = bytesOf(path(u"year.mdb"_s));
     engine.RepairDatabase(path(u"year.mdb"_s));
-    EXPECT_EQ(readFile(path(u"year.mdb"_s)), whole) << "a whole file stays as it is";
+    EXPECT_EQ(bytesOf(path(u"year.mdb"_s)), whole) << "a whole file stays as it is";
     QByteArray damaged = whole;
     damaged.replace(damaged.size() / 8192 * 4096, 4096, QByteArray(4096, '\x55'));
     writeFile(path(u"year.mdb"_s), damaged);

@@ -5,8 +5,6 @@
 
 #include "store/engine/names.h"
 
-using namespace Qt::StringLiterals;
-
 using dao::Value;
 
 namespace {

@@ -3,20 +3,11 @@
 
 #include "support/engine_files.h"
 
-using namespace Qt::StringLiterals;
-
 using dao::DataType;
 using dao::TableDef;
 using dao::Value;
 
 namespace {
-
-QStringList fieldNames(const dao::Database& database, const QString& table) {
-    QStringList names;
-    for (const dao::Field& field : database.TableDefs()[table].Fields())
-        names += field.Name;
-    return names;
-}
 
 /// A class with pupils, a register and marks, related as a year's file relates them.
 class TableDefTest : public EngineFiles {

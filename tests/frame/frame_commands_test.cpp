@@ -1,26 +1,14 @@
 // What the main window's commands are called, where they stand and when they are there.
 
-#include "core/session.h"
-#include "core/settings.h"
 #include "frame/frame_commands.h"
 #include "frame/toolbar_side.h"
 #include "incidents/incident_settings.h"
 #include "incidents/security_warning.h"
-#include "support/recording_seams.h"
 #include "support/scripted_frame.h"
-#include "year/year_opening.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/year_session.h"
 
 namespace {
 
-bool every(ToolWindow) {
-    return true;
-}
 bool none(ToolWindow) {
     return false;
 }
@@ -47,37 +35,12 @@ QString tips(const ToolbarLayout& layout) {
     return result.join(u'|');
 }
 
-class CommandTest : public testing::Test {
+class CommandTest : public YearSession {
 protected:
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
     ScriptedFrame frame;
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace
-
-TEST(FrameCommands, TheMenusAreInOrder) {
-    EXPECT_EQ(written(frameMenus(every)),
-              QStringList({u"&File|Open a ORVA Database... |Setup a New ORVA database...|"
-                           "Return to the Startup Wizard...|-|E&xit"_s,
-                           u"&View|Planning Sheets...|Personal Timetable...|"
-                           "Register, Grades && Classes...|Calendar of Events...|-|Toolbar|-|"
-                           "General Settings..."_s,
-                           u"&Help|&About ORVA|Help Contents|Search for help on...|"
-                           "Check for Internet Upgrade"_s}));
-    EXPECT_EQ(written({popupMenu(FrameCommand::PlanningMenu, every),
-                       popupMenu(FrameCommand::PostitMenu, every)}),
-              QStringList({u"Planning Sheets...|&Daily Planning Sheets...|"
-                           "&Weekly Planning Sheets..."_s,
-                           u"postit|Create a New Post-it|Show All Post-it's|Hide All Post-it's|"
-                           "Delete All Post-it's|Import Notes from Outlook|"
-                           "Export Post-it notes to Outlook"_s}));
-    EXPECT_EQ(commandEntry(frameMenus(every)[0].items.back().command).name, u"mnufileItem(8)");
-    EXPECT_EQ(commandEntry(frameMenus(every)[1].items.back().command).name, u"mnuSettingsItem(7)");
-}
 
 TEST(FrameCommands, WhatHasNoWindowIsNowhere) {
     const struct {
@@ -86,12 +49,6 @@ TEST(FrameCommands, WhatHasNoWindowIsNowhere) {
         QString tips;
         QString view;
     } cases[] = {
-        {every, u"BB|BBBB|BBBB|B|B"_s,
-         u"Open Existing Database.|Startup Wizard.|Planning Sheets...|Personal Timetable.|"
-         "Register, Grades & Classes.|Calendar of Events.|Post-it Notes|Schedule Reminder|"
-         "Seating Plans|Incident Report|Tools...|Address Book"_s,
-         u"&View|Planning Sheets...|Personal Timetable...|Register, Grades && Classes...|"
-         "Calendar of Events...|-|Toolbar|-|General Settings..."_s},
         {none, u"BB"_s, u"Open Existing Database.|Startup Wizard."_s, u"&View|Toolbar"_s},
         {only({ToolWindow::Timetable, ToolWindow::AddressBook}), u"BB|B|B"_s,
          u"Open Existing Database.|Startup Wizard.|Personal Timetable.|Address Book"_s,

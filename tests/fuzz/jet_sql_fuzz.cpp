@@ -5,8 +5,6 @@
 
 #include <cstdlib>
 
-using namespace Qt::StringLiterals;
-
 using namespace dao;
 
 namespace {

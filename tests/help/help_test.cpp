@@ -3,14 +3,9 @@
 
 #include "help/help.h"
 #include "help/help_file.h"
+#include "support/engine_files.h"
 
 #include <QDateTime>
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,18 +34,6 @@ QStringList found(const QString& words) {
     for (const HelpHit& hit : book.search(words))
         names += book.pages[hit.page].name;
     return names;
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray bytesOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
 }
 
 class HelpFileTest : public testing::Test {
@@ -158,7 +141,7 @@ TEST_F(HelpFileTest, AFileThatIsNotWholeIsRefused) {
         {},          "ORVA",  whole.left(8),        whole.left(40), whole.chopped(1),
         whole + 'x', flipped, QByteArray(5000, 'x')};
     for (const QByteArray& bytes : broken) {
-        write(stock, bytes);
+        writeFile(stock, bytes);
         const ReadHelp read = readHelpFile(stock);
         EXPECT_FALSE(read.book);
         EXPECT_TRUE(read.fault.contains(u"damaged") && read.fault.contains(stock));
@@ -171,7 +154,7 @@ TEST_F(HelpFileTest, ThePersonsCopyFollowsTheStock) {
     EXPECT_TRUE(openHelpFile(copy, stock).book); // the first time
     EXPECT_EQ(bytesOf(copy), bytesOf(stock));
 
-    write(copy, "damaged");
+    writeFile(copy, "damaged");
     EXPECT_TRUE(openHelpFile(copy, stock).book);
 
     HelpBook newer = sampleBook();
@@ -185,7 +168,7 @@ TEST_F(HelpFileTest, ThePersonsCopyFollowsTheStock) {
 
     ASSERT_TRUE(QFile::remove(stock)); // the copy does without
     EXPECT_TRUE(openHelpFile(copy, stock).book);
-    write(copy, "damaged");
+    writeFile(copy, "damaged");
     EXPECT_TRUE(openHelpFile(copy, stock).fault.contains(u"damaged"));
     ASSERT_TRUE(QFile::remove(copy));
     EXPECT_TRUE(openHelpFile(copy, stock).fault.contains(u"missing"));

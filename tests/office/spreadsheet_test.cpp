@@ -1,17 +1,11 @@
 // The first sheet of a spreadsheet file, whole and damaged.
 
 #include "office/spreadsheet.h"
+#include "support/engine_files.h"
 #include "support/engine_places.h"
 #include "support/scripted_prompts.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,17 +33,11 @@ TEST(SpreadsheetTest, CellsReadAsInTheSheet) {
 
 TEST(SpreadsheetTest, WhatIsNoneIsRefused) {
     const QTemporaryDir folder;
-    QFile whole(workbook(u"class_list.xls"_s));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    const QByteArray bytes = bytesOf(workbook(u"class_list.xls"_s));
     const QString path = folder.filePath(u"damaged.xls"_s);
     EXPECT_FALSE(Spreadsheet::read(path));
     for (const qsizetype length : {0, 7, 511, 512, 700, 1024}) {
-        QFile cut(path);
-        ASSERT_TRUE(cut.open(QIODevice::WriteOnly));
-        cut.write(bytes.left(length));
-        cut.close();
-        EXPECT_FALSE(Spreadsheet::read(path)) << length;
+        EXPECT_FALSE(Spreadsheet::read(writeFile(path, bytes.left(length)))) << length;
     }
 }
 
@@ -57,9 +45,7 @@ TEST(SpreadsheetTest, WhatIsNoneIsRefused) {
 /// records of the sheet.
 TEST(SpreadsheetTest, AnyBytesEndInASheetOrInNone) {
     const QTemporaryDir folder;
-    QFile whole(workbook(u"class_list.xls"_s));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    const QByteArray bytes = bytesOf(workbook(u"class_list.xls"_s));
     const QString path = folder.filePath(u"damaged.xls"_s);
     std::minstd_rand random(20030903);
     constexpr int rounds = 60;
@@ -70,11 +56,7 @@ TEST(SpreadsheetTest, AnyBytesEndInASheetOrInNone) {
             const auto area = change % 4 == 0 ? 512u : static_cast<unsigned>(bytes.size());
             damaged[static_cast<qsizetype>(random() % area)] = static_cast<char>(random());
         }
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(damaged);
-        file.close();
-        const std::optional<Spreadsheet> sheet = Spreadsheet::read(path);
+        const std::optional<Spreadsheet> sheet = Spreadsheet::read(writeFile(path, damaged));
         refused += !sheet;
         EXPECT_TRUE(!sheet || (sheet->rowCount() <= Spreadsheet::LargestRow &&
                                sheet->columnCount() <= Spreadsheet::LargestColumn));

@@ -4,17 +4,8 @@
 #include "planning/daily_sheets.h"
 #include "planning/sheet_making.h"
 
-#include "core/session.h"
-#include "core/settings.h"
-#include "richtext/plain_text.h"
 #include "store/schema.h"
-#include "support/engine_files.h"
-#include "support/year_file.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/planning_year.h"
 
 namespace {
 
@@ -38,11 +29,10 @@ struct PlainBound : BoundBox {
 
 /// A year from 4 to 13 and 23 to 27 September 2024 (thirteen sheets, week 1 is a B week); today is
 /// Monday the 9th, in week 2.
-class SheetsTest : public testing::Test {
+class SheetsTest : public PlanningYear {
 protected:
     explicit SheetsTest(const YearAnswers& answers = twoWeekAnswers()) {
-        createYear(answers, folder.filePath(u"year.mdb"_s), seams);
-        EXPECT_EQ(session.OpenDatabaseFile(folder.filePath(u"year.mdb"_s), {}), OpenDone);
+        openYear(answers);
         sheets.binding().bind(u"Lesson1"_s, lesson, u"Period 1"_s);
         sheets.binding().bind(u"Homework1"_s, homework);
         sheets.binding().bind(u"Class1"_s, classBox);
@@ -52,42 +42,25 @@ protected:
         seams.clock.advance(QDateTime(date, QTime(9, 0)) - seams.clock.now());
     }
     void deleteAllBut(int count) {
-        dao::Recordset rows = session.CurrentDB.OpenRecordset(u"Planning"_s);
+        dao::Recordset rows = YearSession::rows(u"Planning"_s);
         while (rows.RecordCount() > count) {
             rows.MoveLast();
             rows.Delete();
         }
     }
-    QStringList rows(const QString& what) {
+    QStringList columns(const QString& what) {
         return rowsOf(session.CurrentDB, u"SELECT %1 FROM Planning ORDER BY PlanDate"_s.arg(what));
-    }
-    dao::Value stored(const QString& planDate, const QString& field) {
-        return session.CurrentDB
-            .OpenRecordset(u"SELECT %1 FROM Planning WHERE PlanDate = '%2'"_s.arg(field, planDate))
-            .Collect(0);
-    }
-    void store(const QString& planDate, const QString& field, const QString& text) {
-        dao::Recordset row = session.CurrentDB.OpenRecordset(
-            u"SELECT * FROM Planning WHERE PlanDate = '%1'"_s.arg(planDate));
-        row.Edit();
-        row.SetCollect(field, text);
-        row.Update();
     }
     /// The dates of the sheets whose field holds text.
     QStringList filled(const QString& field) {
         QStringList dates;
-        for (const QString& row : rows(u"PlanDate, "_s + field)) {
+        for (const QString& row : columns(u"PlanDate, "_s + field)) {
             if (!richtext::plainText(row.section(u'|', 1)).isEmpty() && !row.endsWith(u"|~"_s))
                 dates += row.section(u'|', 0, 0);
         }
         return dates;
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     DailySheets sheets{session};
     PlainBound lesson;
     PlainBound homework;
@@ -154,12 +127,12 @@ TEST_F(SheetsTest, ANewSheetHasTheClassesOfItsDay) {
     deleteAllBut(0);
     seams.prompts.expect(PromptKind::Message, u"The planning table is empty!"_s, AnswerOk);
     sheets.showFirst();
-    dao::Recordset clone = session.CurrentDB.OpenRecordset(u"Planning"_s);
+    dao::Recordset clone = rows(u"Planning"_s);
     const QStringList dates{u"24-09-09"_s, u"24-09-23"_s, u"24-09-04"_s,
                             u"24-09-14"_s, u"24-09-08"_s, u"24-09-18"_s};
     for (const QString& date : dates)
         AddNewPlan(session.CurrentDB, clone, date);
-    EXPECT_EQ(rows(u"PlanDate, Week, ABWeek, Class1, Class2, Class3, Class5"_s),
+    EXPECT_EQ(columns(u"PlanDate, Week, ABWeek, Class1, Class2, Class3, Class5"_s),
               (QStringList{
                   u"24-09-04|1|~|~|~|~|7A"_s, // Wednesday of a B week
                   u"24-09-08|2|~|~|~|~|~"_s,  // Sunday: its week's number and no classes
@@ -173,8 +146,7 @@ TEST_F(SheetsTest, ANewSheetHasTheClassesOfItsDay) {
 TEST_F(OneWeekSheetsTest, AYearWithoutLettersHasClassesToo) {
     setToday(QDate(2024, 9, 9));
     sheets.showFirst();
-    session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-13'"_s)
-        .Delete();
+    rows(sheet(u"24-09-13"_s)).Delete();
     sheets.reopenOn(u"Last"_s);
     seams.prompts.expect(PromptKind::Message, u"Create Plan"_s, AnswerYes);
     sheets.pickDate(QDate(2024, 9, 13));
@@ -282,12 +254,10 @@ TEST_F(SheetsTest, ASheetDeletedElsewhereComesBackWithWhatIsTyped) {
     store(u"24-09-09"_s, u"Notes"_s, u"old note"_s);
     sheets.showFirst();
     lesson.type(u"typed"_s);
-    session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-09'"_s)
-        .Delete();
+    rows(sheet(u"24-09-09"_s)).Delete();
     EXPECT_TRUE(sheets.binding().flush());
-    EXPECT_EQ(rows(u"PlanDate, Lesson1, Notes"_s).at(3), u"24-09-09|typed|old note"_s);
-    session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning WHERE PlanDate = '24-09-10'"_s)
-        .Delete();
+    EXPECT_EQ(columns(u"PlanDate, Lesson1, Notes"_s).at(3), u"24-09-09|typed|old note"_s);
+    rows(sheet(u"24-09-10"_s)).Delete();
     sheets.move(SheetMove::Next); // nothing was typed on that one
     EXPECT_EQ(sheets.count(), 12);
     EXPECT_EQ(sheets.planDate(), u"24-09-09"_s);
@@ -295,7 +265,7 @@ TEST_F(SheetsTest, ASheetDeletedElsewhereComesBackWithWhatIsTyped) {
 
 TEST_F(SheetsTest, ASheetMadeElsewhereIsNotMadeAgain) {
     sheets.showFirst();
-    dao::Recordset planning = session.CurrentDB.OpenRecordset(u"Planning"_s);
+    dao::Recordset planning = rows(u"Planning"_s);
     AddNewPlan(session.CurrentDB, planning, u"24-09-14"_s);
     setToday(QDate(2024, 9, 14));
     sheets.showToday();
@@ -304,14 +274,14 @@ TEST_F(SheetsTest, ASheetMadeElsewhereIsNotMadeAgain) {
 }
 
 TEST_F(SheetsTest, AnEventReachesExactlyItsRows) {
-    dao::Recordset planning = session.CurrentDB.OpenRecordset(u"Planning"_s);
+    dao::Recordset planning = rows(u"Planning"_s);
     for (const QString& date : {u"24-09-16"_s, u"24-09-30"_s}) // Mondays of no teaching week
         AddNewPlan(session.CurrentDB, planning, date);
     store(u"24-09-23"_s, u"Homework2"_s, u"{\\rtf1 sheet}"_s);
     SheetSelection item{{SheetBox::Homework, 2}, u"it's"_s, u"{\\rtf1 it's}"_s, u"24-09-09"_s, 2};
     addToEveryWeek(session.CurrentDB, item);
     EXPECT_EQ(filled(u"Homework2"_s), (QStringList{u"24-09-16"_s, u"24-09-23"_s, u"24-09-30"_s}));
-    EXPECT_EQ(richtext::plainText(stored(u"24-09-23"_s, u"Homework2"_s).toText()), u"sheetit's"_s);
+    EXPECT_EQ(storedText(u"24-09-23"_s, u"Homework2"_s), u"sheetit's"_s);
     EXPECT_EQ(stored(u"24-09-16"_s, u"Homework2"_s).toText(), item.rtf);
 
     item.place = {SheetBox::Lesson, 1};
@@ -325,8 +295,8 @@ TEST_F(SheetsTest, AnEventReachesExactlyItsRows) {
     item.place = {SheetBox::Homework, 2};
     store(u"24-09-16"_s, u"Homework2"_s, u"{\\rtf1 it's \\b i\\b0 t's IT'S}"_s);
     removeFromEveryWeek(session.CurrentDB, item); // the first occurrence of each
-    EXPECT_EQ(richtext::plainText(stored(u"24-09-16"_s, u"Homework2"_s).toText()), u" it's IT'S"_s);
-    EXPECT_EQ(richtext::plainText(stored(u"24-09-23"_s, u"Homework2"_s).toText()), u"sheet"_s);
+    EXPECT_EQ(storedText(u"24-09-16"_s, u"Homework2"_s), u" it's IT'S"_s);
+    EXPECT_EQ(storedText(u"24-09-23"_s, u"Homework2"_s), u"sheet"_s);
 }
 
 TEST_F(SheetsTest, AnEventIsAskedForInItsOwnWords) {
@@ -369,22 +339,18 @@ TEST_F(SheetsTest, PostsACalendarEntryInPlaceOfABlock) {
     Add_to_Planning(session.CurrentDB, QDate(2024, 9, 9), SheetBox::Dinner, u"{\\rtf1 fair}"_s);
     Add_to_Planning(session.CurrentDB, QDate(2024, 9, 14), SheetBox::Notes, u"{\\rtf1 fair}"_s);
     EXPECT_EQ(stored(u"24-09-09"_s, u"Dinner"_s).toText(), u"{\\rtf1 fair}"_s);
-    EXPECT_EQ(rows(u"ID"_s).size(), 13);
+    EXPECT_EQ(columns(u"ID"_s).size(), 13);
 }
 
 TEST_F(SheetsTest, ShowsClassesAndEvents) {
-    dao::Recordset months =
-        session.CurrentDB.OpenRecordset(u"SELECT * FROM Calendar WHERE Month = 'Sep1'"_s);
-    months.Edit();
-    months.SetCollect(u"D9"_s, u"{\\rtf1 Open \\b evening}"_s);
-    months.Update();
+    put(u"SELECT * FROM Calendar WHERE Month = 'Sep1'"_s, u"D9"_s, u"{\\rtf1 Open \\b evening}"_s);
     sheets.showFirst();
     EXPECT_EQ(sheets.eventText(), u"Open evening"_s);
     EXPECT_EQ(sheets.classCoding(true).at(0).colour, 16744448);
     EXPECT_FALSE(sheets.classCoding(true).at(1).colour);
     EXPECT_FALSE(sheets.classCoding(false).at(0).colour);
     session.CurrentDB.TableDefs().Append(schemaTableDef(Table::STPdata));
-    dao::Recordset plans = session.CurrentDB.OpenRecordset(u"STPdata"_s);
+    dao::Recordset plans = rows(u"STPdata"_s);
     for (const QString& date : {u"24-09-09"_s, u"24-09-10"_s}) {
         plans.AddNew();
         plans.SetCollect(u"PlanDate", date);

@@ -2,25 +2,13 @@
 
 #include "planning/file_links.h"
 
-#include "core/session.h"
-#include "core/settings.h"
-#include "store/table_structure.h"
-#include "support/engine_files.h"
-#include "support/year_file.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/year_session.h"
 
 namespace {
 
-class PeriodLinksTest : public testing::Test {
+class PeriodLinksTest : public YearSession {
 protected:
-    PeriodLinksTest() {
-        createYear(oneWeekAnswers(), folder.filePath(u"year.mdb"_s), seams);
-        EXPECT_EQ(session.OpenDatabaseFile(folder.filePath(u"year.mdb"_s), {}), OpenDone);
-    }
+    PeriodLinksTest() { openYear(oneWeekAnswers()); }
 
     bool add(const QString& date, int period, const QString& name, const QString& path) {
         seams.prompts.expect(PromptKind::Link, u"Create a File Link"_s, LinkAnswer{name, path});
@@ -35,11 +23,6 @@ protected:
 
     const QString monday = u"24-09-09"_s;
     const QString tuesday = u"24-09-10"_s;
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
 };
 
 } // namespace
@@ -57,6 +40,7 @@ TEST_F(PeriodLinksTest, ANameIsUniqueInItsPeriod) {
     EXPECT_EQ(names(monday, 1), QStringList{u"Dad's maths"_s});
     EXPECT_EQ(names(tuesday, 1), QStringList());
     EXPECT_EQ(AllFileLinks(session.CurrentDB, seams.prompts).size(), 2);
+    EXPECT_TRUE(ReadFileLinks(session.CurrentDB, u"' OR '1'='1"_s).isEmpty());
 }
 
 TEST_F(PeriodLinksTest, OpensByDateAndRemovesByNameAlone) {
@@ -71,27 +55,4 @@ TEST_F(PeriodLinksTest, OpensByDateAndRemovesByNameAlone) {
     RemoveFileLink(session.CurrentDB, seams.prompts, u"site"_s);
     EXPECT_EQ(names(monday, 1), QStringList());
     EXPECT_EQ(names(tuesday, 1), (QStringList{u"site"_s, u"gone"_s}));
-}
-
-TEST(ReadFileLinks, WithAndWithoutADate) {
-    const QTemporaryDir folder;
-    const dao::DBEngine engine;
-    dao::Database year =
-        engine.CreateDatabase(folder.filePath(u"year.mdb"_s), dao::GeneralLocale.toString());
-    EXPECT_TRUE(ReadFileLinks(year).isEmpty());
-    CreateFileLinksTable(year);
-    dao::Recordset rows = year.OpenRecordset(u"FileLinks"_s);
-    for (const auto& [date, name] : {std::pair{u"24-09-05"_s, u"Map"_s}, {u"24-09-06"_s, u"A"_s}}) {
-        rows.AddNew();
-        rows[u"PlanDate"] = date;
-        rows[u"Period"] = u"1"_s;
-        rows[u"LinkName"] = name;
-        rows[u"FilePath"] = u"/maps"_s;
-        rows.Update();
-    }
-    EXPECT_EQ(ReadFileLinks(year).size(), 2);
-    const QList<FileLink> links = ReadFileLinks(year, u"24-09-05"_s);
-    ASSERT_EQ(links.size(), 1);
-    EXPECT_EQ(links[0].name, u"Map"_s);
-    EXPECT_TRUE(ReadFileLinks(year, u"' OR '1'='1"_s).isEmpty());
 }

@@ -5,20 +5,10 @@
 
 #include "support/year_file.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class SheetMakingTest : public testing::Test {
 protected:
-    void set(const QString& source, const QString& field, const QString& text) {
-        dao::Recordset row = database.OpenRecordset(source);
-        row.Edit();
-        row.SetCollect(field, text);
-        row.Update();
-    }
     /// Of a sheet that is added for Monday 9 September, in an A week.
     QStringList classesOfNewSheet() {
         dao::Recordset sheets = database.OpenRecordset(u"Planning"_s);
@@ -36,12 +26,13 @@ protected:
 } // namespace
 
 TEST_F(SheetMakingTest, ALaterClassWinsAClashAndPeriodsBeyondTheDayAreNone) {
-    set(u"SELECT * FROM Classcodes WHERE Classcode = '8X'"_s, u"Mon"_s, u"1790x"_s);
+    changeRecord(database, u"SELECT * FROM Classcodes WHERE Classcode = '8X'"_s, u"Mon"_s,
+                 u"1790x"_s);
     EXPECT_EQ(classesOfNewSheet(), (QStringList{u"8X"_s, {}, u"7A"_s, {}, {}}));
 }
 
 TEST_F(SheetMakingTest, WithoutAStartLetterNoTimetableHolds) {
-    set(u"Admin"_s, u"StartWeek"_s, u"C"_s);
+    changeRecord(database, u"Admin"_s, u"StartWeek"_s, u"C"_s);
     EXPECT_EQ(classesOfNewSheet(), (QStringList{{}, {}, {}, {}, {}}));
 }
 

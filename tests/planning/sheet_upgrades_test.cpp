@@ -1,13 +1,7 @@
 #include "planning/sheet_upgrades.h"
 
 #include "calendar/term_weeks.h"
-#include "store/engine/error.h"
-#include "store/table_names.h"
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -67,11 +61,7 @@ TEST(Upgrades, LettersOnlyWithTwoTimetables) {
 
 TEST(Upgrades, ASheetWithoutADateLeavesTheFileAsItWas) {
     OlderFile file;
-    dao::Recordset sheets = file.database().OpenRecordset(PlanningTable);
-    sheets.Edit();
-    sheets.SetCollect(u"PlanDate", u"nodate"_s);
-    sheets.Update();
-    sheets.Close();
+    changeRecord(file.database(), PlanningTable, u"PlanDate"_s, u"nodate"_s);
     EXPECT_THROW(AddWeekField(file.database()), dao::EngineError);
     EXPECT_FALSE(file.fields().Contains(u"Week"));
 }

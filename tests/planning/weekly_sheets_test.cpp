@@ -3,42 +3,22 @@
 
 #include "planning/weekly_sheets.h"
 
-#include "core/session.h"
-#include "core/settings.h"
-#include "support/engine_files.h"
-#include "support/year_file.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/planning_year.h"
 
 namespace {
 
 const QString seventh = u"7A"_s;
 const QString ninth = u"9C"_s;
 
-class WeeklySheetsTest : public testing::Test {
+class WeeklySheetsTest : public PlanningYear {
 protected:
     WeeklySheetsTest() { open(twoWeekAnswers()); }
 
     void open(const YearAnswers& answers) {
-        const QString path = folder.filePath(u"year.mdb"_s);
-        session.CurrentDB.Close();
-        createYear(answers, path, seams, ExistingFile::Replace);
-        EXPECT_EQ(session.OpenDatabaseFile(path, {}), OpenDone);
+        openYear(answers);
         EXPECT_TRUE(sheets.load());
     }
-    void put(const QString& planDate, const QString& field, const dao::Value& value) {
-        dao::Recordset row = rowOf(planDate);
-        row.Edit();
-        row.SetCollect(field, value);
-        row.Update();
-    }
-    dao::Recordset rowOf(const QString& planDate) {
-        return session.CurrentDB.OpenRecordset(
-            u"SELECT * FROM Planning WHERE PlanDate = '%1'"_s.arg(planDate));
-    }
+    dao::Recordset rowOf(const QString& planDate) { return rows(sheet(planDate)); }
     QStringList captions() {
         QStringList all;
         for (const LessonSlot& slot : sheets.lessons())
@@ -52,11 +32,6 @@ protected:
         return all;
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     WeeklySheets sheets{session};
 };
 
@@ -78,9 +53,9 @@ TEST_F(WeeklySheetsTest, AWeekIsListedByItsFirstTeachingDay) {
 }
 
 TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
-    put(u"24-09-09"_s, u"Class1"_s, ninth);
-    put(u"24-09-09"_s, u"Class2"_s, ninth);
-    put(u"24-09-09"_s, u"Lesson2"_s, u"second"_s);
+    store(u"24-09-09"_s, u"Class1"_s, ninth);
+    store(u"24-09-09"_s, u"Class2"_s, ninth);
+    store(u"24-09-09"_s, u"Lesson2"_s, u"second"_s);
     ASSERT_TRUE(sheets.showWeek(1, ninth));
     ASSERT_GE(sheets.lessons().size(), 2);
     const LessonSlot first = sheets.lessons()[0];
@@ -91,7 +66,7 @@ TEST_F(WeeklySheetsTest, TwoLessonsOnOneDayAreTwoSlotsWithFieldsOfTheirOwn) {
     EXPECT_EQ(first.record, second.record);
     EXPECT_EQ(first.lesson, QString()); // Null
     EXPECT_EQ(second.lesson, u"second"_s);
-    put(u"24-09-09"_s, u"Lesson3"_s, u"another class"_s);
+    store(u"24-09-09"_s, u"Lesson3"_s, u"another class"_s);
     QList<SlotTexts> typed(sheets.lessons().size());
     typed[0] = {u"L "_s + first.caption, QString()};
     typed[1].homework = u"H "_s + second.caption;
@@ -122,12 +97,12 @@ TEST_F(WeeklySheetsTest, SheetsAddedLaterShowInTheOrderOfTheirDates) {
         return static_cast<int>(sheets.lessons().size());
     }();
     const auto add = [&](const QString& planDate, int week) {
-        dao::Recordset rows = session.CurrentDB.OpenRecordset(u"Planning"_s);
-        rows.AddNew();
-        rows.SetCollect(u"PlanDate", planDate);
-        rows.SetCollect(u"Week", week);
-        rows.SetCollect(u"Class5", seventh);
-        rows.Update();
+        dao::Recordset all = rows(u"Planning"_s);
+        all.AddNew();
+        all.SetCollect(u"PlanDate", planDate);
+        all.SetCollect(u"Week", week);
+        all.SetCollect(u"Class5", seventh);
+        all.Update();
     };
     add(u"24-09-17"_s, -1);
     add(u"24-09-08"_s, 2);
@@ -143,7 +118,7 @@ TEST_F(WeeklySheetsTest, SheetsAddedLaterShowInTheOrderOfTheirDates) {
 TEST_F(WeeklySheetsTest, TheHeadingTellsTheLetterOrTheNumber) {
     sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.heading(), u"Week A"_s);
-    put(u"24-09-09"_s, u"ABWeek"_s, {});
+    store(u"24-09-09"_s, u"ABWeek"_s, {});
     sheets.showWeek(1, seventh);
     EXPECT_EQ(sheets.heading(), u"Week "_s);
     open(oneWeekAnswers());
@@ -157,11 +132,11 @@ TEST_F(WeeklySheetsTest, APeriodBeyondTheNinthIsNeverWritten) {
     answers.periodsPerDay = 11;
     open(answers);
     for (const int period : {1, 9, 10, 11}) {
-        put(u"24-09-09"_s, u"Class%1"_s.arg(period), period == 1 ? u"8X"_s : seventh);
-        put(u"24-09-09"_s, u"Lesson%1"_s.arg(period), u"kept"_s);
+        store(u"24-09-09"_s, u"Class%1"_s.arg(period), period == 1 ? u"8X"_s : seventh);
+        store(u"24-09-09"_s, u"Lesson%1"_s.arg(period), u"kept"_s);
     }
     for (int period = 2; period < 9; ++period)
-        put(u"24-09-09"_s, u"Class%1"_s.arg(period), {});
+        store(u"24-09-09"_s, u"Class%1"_s.arg(period), {});
     sheets.showWeek(1, seventh);
     ASSERT_EQ(captions().value(1), u"Monday 09/Sep/2024 : Lesson 10"_s);
     EXPECT_EQ(captionPeriod(captions()[1]), 0);
@@ -173,9 +148,9 @@ TEST_F(WeeklySheetsTest, APeriodBeyondTheNinthIsNeverWritten) {
 }
 
 TEST_F(WeeklySheetsTest, ARowThatVanishedComesBackWithWhatWasTyped) {
-    put(u"24-09-09"_s, u"Class1"_s, seventh);
-    put(u"24-09-09"_s, u"Class2"_s, seventh);
-    put(u"24-09-09"_s, u"Notes"_s, u"note"_s);
+    store(u"24-09-09"_s, u"Class1"_s, seventh);
+    store(u"24-09-09"_s, u"Class2"_s, seventh);
+    store(u"24-09-09"_s, u"Notes"_s, u"note"_s);
     const dao::Value number = rowOf(u"24-09-09"_s).Collect(u"ID");
     sheets.showWeek(1, seventh);
     rowOf(u"24-09-09"_s).Delete();
@@ -192,7 +167,7 @@ TEST_F(WeeklySheetsTest, ARowThatVanishedComesBackWithWhatWasTyped) {
 }
 
 TEST_F(WeeklySheetsTest, AFailureChangesNothingAndIsToldOnce) {
-    put(u"24-09-09"_s, u"Class1"_s, seventh);
+    store(u"24-09-09"_s, u"Class1"_s, seventh);
     sheets.showWeek(1, seventh);
     QList<SlotTexts> all = texts();
     for (SlotTexts& each : all)

@@ -1,13 +1,9 @@
 #include "richtext/object_files.h"
 
 #include "richtext/formula.h"
+#include "support/engine_files.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
 #include <QFileInfo>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,9 +42,8 @@ TEST(ObjectFiles, AreTheOwnersAloneAndGoWithTheProcess) {
 TEST(ObjectFiles, WhatAKilledProcessLeftGoes) {
     const QTemporaryDir place;
     ASSERT_TRUE(QDir(place.path()).mkpath(u"objects-abcdef/1"_s));
-    QFile left(place.filePath(u"objects-abcdef/1/Report.doc"_s));
-    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
-    left.setPermissions(QFile::ReadOwner);
+    QFile::setPermissions(writeFile(place.filePath(u"objects-abcdef/1/Report.doc"_s), {}),
+                          QFile::ReadOwner);
     richtext::ObjectFiles files(place.path());
     EXPECT_FALSE(files.write(package(u"a"_s, "b")).isEmpty());
     EXPECT_FALSE(QFile::exists(place.filePath(u"objects-abcdef"_s)));
@@ -78,9 +73,7 @@ TEST(ObjectFiles, NoNameLeadsOutOfTheFolder) {
 
 TEST(ObjectFiles, AFolderThatTakesNothingIsTold) {
     const QTemporaryDir place;
-    QFile inTheWay(place.filePath(u"file"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    richtext::ObjectFiles files(inTheWay.fileName());
+    richtext::ObjectFiles files(writeFile(place.filePath(u"file"_s), {}));
     EXPECT_TRUE(files.write(package(u"a"_s, "b")).isEmpty());
     EXPECT_TRUE(files.write(package(u"a"_s, "b")).isEmpty());
 }

@@ -4,7 +4,6 @@
 #include "core/window_placement.h"
 #include "support/screen_register.h"
 
-#include <QLineEdit>
 #include <QSignalSpy>
 
 TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {

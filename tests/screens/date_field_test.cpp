@@ -3,14 +3,7 @@
 #include "controls/date_calendar.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
-#include <QToolButton>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

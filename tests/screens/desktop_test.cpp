@@ -5,23 +5,15 @@
 #include "desktop/screens/progress_dialog.h"
 #include "frame/screens/about_dialog.h"
 #include "frame/screens/splash_window.h"
+#include "support/engine_files.h"
 #include "support/recording_seams.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
-#include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -30,10 +22,7 @@ class DesktopTest : public testing::Test {
 protected:
     /// A file of this content in the test's own folder.
     QString write(const QString& name, const QByteArray& content) {
-        QFile file(m_folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
+        return writeFile(m_folder.filePath(name), content);
     }
 
     QTemporaryDir m_folder;
@@ -45,22 +34,17 @@ protected:
 class FakeDesktop {
 public:
     FakeDesktop(const QString& folder, int code) : m_notes(folder + u"/opened"_s) {
-        QFile opener(folder + u"/xdg-open"_s);
-        EXPECT_TRUE(opener.open(QIODevice::WriteOnly));
-        opener.write(
+        const QString opener = writeFile(
+            folder + u"/xdg-open"_s,
             u"#!/bin/sh\necho \"$1\" >> '%1'\nexit %2\n"_s.arg(m_notes).arg(code).toUtf8());
-        opener.close();
-        opener.setPermissions(opener.permissions() | QFile::ExeOwner);
+        QFile::setPermissions(opener, QFile::permissions(opener) | QFile::ExeOwner);
         qputenv("PATH", folder.toLocal8Bit() + ':' + m_path);
     }
     ~FakeDesktop() { qputenv("PATH", m_path); }
     FakeDesktop(const FakeDesktop&) = delete;
     FakeDesktop& operator=(const FakeDesktop&) = delete;
 
-    QString opened() const {
-        QFile notes(m_notes);
-        return notes.open(QIODevice::ReadOnly) ? QString::fromUtf8(notes.readAll()) : QString();
-    }
+    QString opened() const { return QString::fromUtf8(bytesOf(m_notes)); }
 
 private:
     QByteArray m_path = qgetenv("PATH");
@@ -157,11 +141,11 @@ TEST_F(DesktopTest, TheShellTellsWhatCanNotBeOpened) {
                   "found on your system in the folders shown.\n\n"_s +
                       missing);
         shell.ShellRun(u"Open"_s, page, {}, {});
-        shell.SendMail(u"head@school.example"_s, u"School trip"_s, u"Dear all"_s);
+        shell.SendMail(u"head@school.example"_s, u"Week 3 & 4"_s, u"Dear all,\nsee you"_s);
         EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.opened().count(u'\n') == 2; }));
         EXPECT_TRUE(desktop.opened().contains(page));
         EXPECT_TRUE(desktop.opened().contains(
-            u"mailto:head@school.example?subject=School%20trip&body=Dear%20all"_s));
+            u"mailto:head@school.example?subject=Week%203%20%26%204&body=Dear%20all%2C%0Asee%20you"_s));
     }
     const FakeDesktop noProgram(m_folder.path(), 3);
     m_seams.prompts.expect(PromptKind::Plain, title, AnswerOk);

@@ -9,32 +9,18 @@
 #include "controls/rich_text_box.h"
 #include "controls/spelling_marks.h"
 #include "controls/symbol_dialog.h"
-#include "core/session.h"
-#include "core/settings.h"
 #include "richtext/highlight.h"
 #include "richtext/object_files.h"
 #include "richtext/objects.h"
-#include "store/engine/engine.h"
-#include "support/recording_seams.h"
 #include "support/screen_checks.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
+#include "support/year_session.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,10 +39,10 @@ QStringList entries(const QMenu& menu) {
     return texts;
 }
 
-class FormatToolsTest : public testing::Test {
+class FormatToolsTest : public YearSession {
 protected:
     FormatToolsTest() {
-        m_session.Start(m_folder.filePath(u"app"_s));
+        session.Start(path(u"app"_s));
         m_window.setObjectName(u"ORVAfrm"_s);
         auto* layout = new QVBoxLayout(&m_window);
         layout->addWidget(m_tools.toolbar());
@@ -92,15 +78,10 @@ protected:
         return entry(*m_tools.colourToolbar()->button(0)->menu<QMenu*>(), name);
     }
 
-    QTemporaryDir m_folder;
-    TestSeams m_seams;
-    dao::DBEngine m_engine;
-    Settings m_settings{m_folder.filePath(u"settings.ini"_s)};
-    Session m_session{m_engine, m_settings, m_seams.seams(), yearOpening()};
     QWidget m_window;
     RichTextBox* m_first = new RichTextBox(u"Lesson, period 1"_s);
     RichTextBox* m_second = new RichTextBox(u"Lesson, period 2"_s);
-    FormatTools m_tools{m_session, u"BBBB|BB|B"_s, m_window};
+    FormatTools m_tools{session, u"BBBB|BB|B"_s, m_window};
 };
 
 } // namespace
@@ -153,16 +134,13 @@ TEST_F(FormatToolsTest, SizesColoursAndFontsActOnTheSelection) {
     EXPECT_TRUE(entry(sizeMenu, u"24"_s).isChecked());
     colour(u"Red"_s).trigger();
     EXPECT_EQ(m_first->selectionFormat().colour, QColor(255, 0, 0));
-    m_seams.prompts.expect(PromptKind::Colour, {}, 0x00FF00);
+    seams.prompts.expect(PromptKind::Colour, {}, 0x00FF00);
     colour(u"Other..."_s).trigger();
     EXPECT_EQ(m_first->selectionFormat().colour, QColor(0, 255, 0));
     colour(u"Default"_s).trigger();
     EXPECT_FALSE(m_first->selectionFormat().colour->isValid());
-    FontRecord font;
-    font.name = u"Courier"_s;
-    font.size = 9;
-    font.underline = true;
-    m_seams.prompts.expect(PromptKind::Font, {}, font);
+    seams.prompts.expect(PromptKind::Font, {},
+                         FontRecord{.name = u"Courier"_s, .underline = true, .size = 9});
     entry(*m_tools.formatMenu(), u"Font..."_s).trigger();
     EXPECT_EQ(m_first->selectionFormat().fontName, u"Courier"_s);
     EXPECT_EQ(m_first->selectionFormat().underline, true);
@@ -298,37 +276,32 @@ TEST_F(FormatToolsTest, AnEquationIsMadeAndEditedAgain) {
 
 TEST_F(FormatToolsTest, APackagedFileIsOpenedFromAPrivateCopy) {
     show();
-    const QString path = m_folder.filePath(u"Work sheet.txt"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("2 + 2 =");
-    file.close();
-    m_seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, path);
+    const QString original = writeFile(path(u"Work sheet.txt"_s), "2 + 2 =");
+    seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, original);
     entry(*m_tools.insertMenu(), u"Packager..."_s).trigger();
     EXPECT_TRUE(richtext::holdsObject(m_first->rtf()));
     m_first->setRtf(m_first->rtf());
-    file.remove();
+    QFile::remove(original);
 
     m_first->select(0, 1);
     emit m_first->objectActivated();
-    ASSERT_EQ(m_seams.shell.runs.size(), 1);
-    EXPECT_EQ(m_seams.shell.runs[0].verb, u"Open"_s);
-    QFile copy(m_seams.shell.runs[0].file);
+    ASSERT_EQ(seams.shell.runs.size(), 1);
+    EXPECT_EQ(seams.shell.runs[0].verb, u"Open"_s);
+    const QString copy = seams.shell.runs[0].file;
     EXPECT_EQ(QFileInfo(copy).fileName(), u"Work sheet.txt"_s);
-    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
-    EXPECT_EQ(copy.readAll(), QByteArray("2 + 2 ="));
+    EXPECT_EQ(bytesOf(copy), QByteArray("2 + 2 ="));
     delete &richtext::ObjectFiles::ofProcess({}); // as the end of the program does
-    EXPECT_FALSE(copy.exists());
+    EXPECT_FALSE(QFile::exists(copy));
 
-    m_seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, path);
-    m_seams.prompts.expect(PromptKind::Plain, u"Insert Object"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, original);
+    seams.prompts.expect(PromptKind::Plain, u"Insert Object"_s, AnswerOk);
     entry(*m_tools.insertMenu(), u"Packager..."_s).trigger();
-    EXPECT_TRUE(m_seams.prompts.last().text.contains(path));
+    EXPECT_TRUE(seams.prompts.last().text.contains(original));
 }
 
 TEST_F(FormatToolsTest, AShortToolbarLeavesTheOtherCommandsToTheMenu) {
     QWidget window;
-    FormatTools tools(m_session, u"BBB"_s, window);
+    FormatTools tools(session, u"BBB"_s, window);
     auto* box = new RichTextBox(u"Day 1"_s, &window);
     tools.serve(*box);
     window.show();

@@ -1,8 +1,6 @@
 // How the help is made from its pages, what the real pages hold, and the help window driven through
 // its controls.
 
-#include "core/session.h"
-#include "core/settings.h"
 #include "frame/screens/window_table.h"
 #include "help/help_builder.h"
 #include "help/help_file.h"
@@ -11,25 +9,11 @@
 #include "help/screens/help_viewer.h"
 #include "help/screens/help_window.h"
 #include "support/engine_places.h"
-#include "support/recording_seams.h"
 #include "support/screen_checks.h"
-#include "year/year_opening.h"
+#include "support/year_session.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QDialog>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,9 +30,7 @@ protected:
     }
 
     void add(const QString& name, const QString& content) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content.toUtf8());
+        writeFile(folder.filePath(name), content.toUtf8());
     }
     BuiltHelp make(const QStringList& windows = {u"TwoFrm"_s}) const {
         return buildHelp(folder.path(), folder.path(), windows);
@@ -132,17 +114,14 @@ TEST_F(HelpPagesTest, FaultsAreTold) {
         {u"contents.txt"_s, u"C\n one\n two\n one\n"_s, u"one: is in the contents twice"_s},
     };
     for (const auto& [name, content, fault] : cases) {
-        QFile file(folder.filePath(name));
-        const bool isNew = !file.exists();
-        const QString former =
-            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-        file.close();
+        const QString file = folder.filePath(name);
+        const QByteArray former = bytesOf(file);
         add(name, content);
         EXPECT_TRUE(make().faults.join(u'\n').contains(fault)) << fault.toStdString();
-        if (isNew)
-            file.remove();
+        if (former.isEmpty())
+            QFile::remove(file);
         else
-            add(name, former);
+            writeFile(file, former);
     }
 }
 
@@ -261,10 +240,10 @@ TEST_F(HelpWindowTest, PicturesAreNoWiderThanTheView) {
 
 namespace {
 
-class HelpViewerTest : public testing::Test {
+class HelpViewerTest : public YearSession {
 protected:
     HelpViewerTest() {
-        session.Start(folder.filePath(u"app"_s));
+        session.Start(path(u"app"_s));
         main.setObjectName(u"mdiORVA"_s);
         main.show();
     }
@@ -277,11 +256,6 @@ protected:
         return nullptr;
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     QWidget main;
     HelpViewer viewer{session, main};
 };

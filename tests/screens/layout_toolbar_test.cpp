@@ -4,17 +4,8 @@
 #include "controls/icons.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QDir>
 #include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QToolButton>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,19 +23,6 @@ double strongest(const QIcon& icon, const QColor& background) {
 }
 
 } // namespace
-
-TEST(LayoutToolbar, ButtonsStandAsTheLayoutSays) {
-    LayoutToolbar bar(u"Format_Cks"_s, u"BB|B"_s, u"Bold|Italic|Bullets"_s,
-                      u"bold|italic|bullets"_s);
-    QString layout;
-    for (const QAction* action : bar.actions())
-        layout += action->isSeparator() ? u'|' : u'B';
-    EXPECT_EQ(layout, u"BB|B"_s);
-    ASSERT_EQ(bar.buttonCount(), 3);
-    EXPECT_EQ(bar.button(2)->toolTip(), u"Bullets"_s);
-    EXPECT_FALSE(bar.button(2)->icon().isNull());
-    EXPECT_EQ(control<QToolButton>(bar, u"Format_Cks(1)"_s).accessibleName(), u"Italic"_s);
-}
 
 TEST(LayoutToolbar, TheKeyboardReachesEveryButtonOverOneStop) {
     QWidget window;

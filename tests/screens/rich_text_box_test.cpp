@@ -6,18 +6,12 @@
 #include "richtext/objects.h"
 #include "support/screen_checks.h"
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextList>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -114,25 +108,8 @@ TEST_F(RichTextBoxTest, ReadsAndWritesTheLookOfASelection) {
     }
 }
 
-TEST_F(RichTextBoxTest, WhatIsTypedTakesTheFormatThatWasSetBefore) {
-    m_box.setBold(true);
-    type(u"ab"_s);
-    m_box.setBold(false);
-    m_box.setCharOffset(CharOffset::Superscript);
-    type(u"2"_s);
-    m_box.select(0, 2);
-    EXPECT_EQ(m_box.selectionFormat().bold, true);
-    m_box.select(2, 1);
-    EXPECT_EQ(m_box.selectionFormat().bold, false);
-    EXPECT_EQ(m_box.selectionFormat().offset, CharOffset::Superscript);
-}
-
 TEST_F(RichTextBoxTest, TheDefaultFontIsForEmptyBoxesAndNoChange) {
-    FontRecord font;
-    font.name = u"Courier"_s;
-    font.size = 14;
-    font.italic = true;
-    font.colour = 0x0000FF;
+    const FontRecord font{.name = u"Courier"_s, .italic = true, .size = 14, .colour = 0x0000FF};
     for (const QString& empty : {QString(), u" "_s, u"\n"_s}) {
         m_box.setRtf(empty);
         EXPECT_TRUE(m_box.applyDefaultFont(font));

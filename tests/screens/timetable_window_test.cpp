@@ -2,62 +2,31 @@
 
 #include "calendar/screens/timetable_window.h"
 #include "calendar/timetable_settings.h"
-#include "core/session.h"
-#include "core/settings.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/window_table.h"
 #include "frame/year_roads.h"
-#include "store/table_names.h"
 #include "support/engine_places.h"
 #include "support/screen_checks.h"
-#include "support/year_file.h"
+#include "support/year_session.h"
 #include "year/year_answers_json.h"
-#include "year/year_opening.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QFile>
 #include <QFrame>
 #include <QImage>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 #include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint32 blue = 0xFF0000;
 
 YearAnswers sampleYear() {
-    QFile file(test::sample(u"year.json"_s));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return readYearAnswers(file.readAll(), QLocale::c()).answers;
+    return readYearAnswers(bytesOf(test::sample(u"year.json"_s)), QLocale::c()).answers;
 }
 
-class TimetableScreenTest : public testing::Test {
+class TimetableScreenTest : public YearSession {
 protected:
-    TimetableScreenTest() { open(sampleYear()); }
+    TimetableScreenTest() { openYear(sampleYear()); }
 
-    void open(const YearAnswers& answers) {
-        session.CurrentDB.Close();
-        createYear(answers, path(), seams, ExistingFile::Replace);
-        ASSERT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
-    }
-    QString path() const { return folder.filePath(u"year.mdb"_s); }
-    void put(const QString& source, const QString& field, const dao::Value& value) {
-        dao::Recordset records = session.CurrentDB.OpenRecordset(source);
-        records.Edit();
-        records.SetCollect(field, value);
-        records.Update();
-    }
     void show() {
         window = std::make_unique<TimetableWindow>(session);
         window->resize(800, 560);
@@ -77,11 +46,6 @@ protected:
         return grid;
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<TimetableWindow> window;
 };
 

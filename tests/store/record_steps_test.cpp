@@ -1,12 +1,6 @@
 #include "store/record_steps.h"
 
-#include "store/table_names.h"
-#include "store/table_structure.h"
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,17 +1,10 @@
 #include "store/schema.h"
 
 #include "classes/register_columns.h"
-#include "store/engine/engine.h"
 #include "store/schema_markdown.h"
 #include "store/table_names.h"
+#include "support/engine_files.h"
 #include "support/engine_places.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,51 +27,6 @@ QString written(const QList<dao::Field>& fields) {
     for (const dao::Field& field : fields)
         texts.append(written(field));
     return texts.join(u' ');
-}
-
-TEST(Schema, FieldsOfTables) {
-    struct Case {
-        Table table;
-        YearShape shape;
-        const char* fields;
-    };
-    const Case cases[] = {
-        {Table::Planning,
-         {1, false},
-         "ID:4+ PlanDate:10:8 Week:3 Class1:10:55Z Lesson1:12Z Homework1:12Z Dinner:12Z "
-         "AfterSchool:12Z Notes:12Z"},
-        {Table::Planning,
-         {2, true},
-         "ID:4+ PlanDate:10:8 Week:3 ABWeek:10:1 Class1:10:55Z Lesson1:12Z Homework1:12Z "
-         "Class2:10:55Z Lesson2:12Z Homework2:12Z Dinner:12Z AfterSchool:12Z Notes:12Z"},
-        {Table::Admin,
-         {5, false},
-         "Teacher:10:30 Year:10:9 PeriodsPerDay:3 TTweekly:3 Break1:3 Break2:3 Break3:3"},
-        {Table::Admin,
-         {5, true},
-         "Teacher:10:30 Year:10:9 PeriodsPerDay:3 TTweekly:3 StartWeek:10:1 Break1:3 Break2:3 "
-         "Break3:3"},
-        {Table::Classcodes,
-         {5, true},
-         "Classcode:10:6 Mon:10:10Z Tue:10:10Z Wed:10:10Z Thu:10:10Z Fri:10:10Z Caption:10:255Z "
-         "Colour:4 MonB:10:10Z TueB:10:10Z WedB:10:10Z ThuB:10:10Z FriB:10:10Z"},
-        {Table::Class,
-         {},
-         "ID:4+ Surname:10:20 Firstname:10:20 Sex:10:1Z Tutor:10:10Z Address1:10:250Z "
-         "Address2:10:250Z Address3:10:250Z PostCode:10:10Z Tel1:10:15Z Tel2:10:15Z Email:10:50Z "
-         "Notes:12Z Photo:11"},
-        {Table::LessonNotes, {}, "Ldate:10:10R Lcode:10:10R Lpupil:3R Lnotes:12"},
-        {Table::Marks, {}, "ID:4"},
-        {Table::ClassTemp, {}, "Surname:10:20 Firstname:10:20 Photo:11"},
-        {Table::RoomID, {}, "Day:3 Period:3 Week:3 Caption:10:255Z"},
-    };
-    for (const Case& each : cases)
-        EXPECT_EQ(written(schemaFields(each.table, each.shape)), QLatin1String(each.fields));
-    const QList<dao::Field> calendar = schemaFields(Table::DateField);
-    ASSERT_EQ(calendar.size(), 32);
-    EXPECT_EQ(written(calendar.first()), u"Month:10:4"_s);
-    EXPECT_EQ(written(calendar.last()), u"D31:12Z"_s);
-    EXPECT_EQ(written(schemaField(Table::Class, u"pid")), u"PID:10:50Z"_s);
 }
 
 TEST(Schema, EveryTableCanBeMadeAndReadBack) {
@@ -110,9 +58,7 @@ TEST(Schema, EveryTableCanBeMadeAndReadBack) {
 }
 
 TEST(Schema, PageIsUpToDate) {
-    QFile page(test::docsPage(u"file-format.md"_s));
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(page.readAll());
+    const QString text = QString::fromUtf8(bytesOf(test::docsPage(u"file-format.md"_s)));
     const qsizetype begin = text.indexOf(SchemaSectionBegin) + SchemaSectionBegin.size();
     const qsizetype end = text.indexOf(SchemaSectionEnd);
     EXPECT_EQ(text.mid(begin, end - begin).trimmed(), schemaMarkdown().trimmed())
@@ -120,14 +66,13 @@ TEST(Schema, PageIsUpToDate) {
 }
 
 TEST(TableNames, TakenApart) {
-    struct Case {
+    static constexpr const char* none = "-";
+    const struct {
         const char* table;
         const char* ofClass;
         const char* ofRegister;
         const char* room; ///< as a plan of class 7A
-    };
-    static constexpr const char* none = "-";
-    const Case cases[] = {
+    } cases[] = {
         {"Class_7A", "7A", none, none},       {"class_7A", "7A", none, none},
         {"Class_Temp", none, none, none},     {"CLASS_TEMP", none, none, none},
         {"Class_TEMPS", "TEMPS", none, none}, {"Class_", none, none, none},
@@ -139,7 +84,7 @@ TEST(TableNames, TakenApart) {
     const auto text = [](const std::optional<QString>& name) {
         return name ? *name : QString::fromLatin1(none);
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.table);
         const QString table = QString::fromLatin1(each.table);
         EXPECT_EQ(text(classOfClassTable(table)), QLatin1String(each.ofClass));
@@ -151,16 +96,15 @@ TEST(TableNames, TakenApart) {
 }
 
 TEST(RegisterColumns, NamesGoThereAndBack) {
-    struct Case {
+    const struct {
         RegisterColumn column;
         const char* name;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{QDate(2004, 9, 13), 17}, "13/09/04 17"},
         {{QDate(1999, 12, 31), 1}, "31/12/99 1"},
         {{QDate(2029, 1, 2), 250}, "02/01/29 250"},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         EXPECT_EQ(registerColumnName(each.column), QLatin1String(each.name));
         EXPECT_EQ(readRegisterColumn(QLatin1String(each.name).toString()), each.column);
     }

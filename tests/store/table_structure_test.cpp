@@ -1,11 +1,6 @@
 #include "store/table_structure.h"
 
-#include "store/table_names.h"
 #include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,19 +19,18 @@ TEST_F(TableStructure, TablesMatchExactlyAndFieldsByAnyCase) {
 
 TEST_F(TableStructure, AddFieldComesLastWithItsFlag) {
     using enum dao::DataType;
-    struct Case {
+    const struct {
         const char* name;
         dao::DataType type;
         int size;
         ZeroLengthFlag flag;
         bool allowed;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"A", Text, 7, ZeroLengthFlag::On, true},   {"B", Memo, 0, ZeroLengthFlag::On, true},
         {"C", Text, 7, ZeroLengthFlag::Off, false}, {"D", Memo, 0, ZeroLengthFlag::NotGiven, false},
         {"E", Long, 0, ZeroLengthFlag::On, false},
     };
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         AddField(m_database, TermDatesTable, QLatin1String(each.name), each.type, each.size,
                  each.flag);
         const dao::FieldCollection fields = m_database.TableDefs()[TermDatesTable].Fields();
@@ -44,15 +38,6 @@ TEST_F(TableStructure, AddFieldComesLastWithItsFlag) {
         EXPECT_EQ(last.Name, QLatin1String(each.name));
         EXPECT_EQ(last.AllowZeroLength, each.allowed) << each.name;
     }
-}
-
-TEST_F(TableStructure, TablesOnDemand) {
-    CreateFileLinksTable(m_database);
-    CreateLessonNotesTable(m_database);
-    CreateRoomIDTable(m_database);
-    CreateClassTempTable(m_database);
-    for (const QString& table : {FileLinksTable, LessonNotesTable, RoomIDTable, ClassTempTable})
-        EXPECT_TRUE(TableExists(m_database, table)) << table.toStdString();
 }
 
 } // namespace

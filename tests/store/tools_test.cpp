@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QFile>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 Ended run(const QString& tool, const QStringList& arguments, const QByteArray& input = {}) {
@@ -18,10 +16,7 @@ Ended run(const QString& tool, const QStringList& arguments, const QByteArray& i
 class ToolsTest : public EngineFiles {
 protected:
     QString written(const QString& name, const QByteArray& content) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return file.fileName();
+        return writeFile(path(name), content);
     }
     QStringList filesThere() const {
         return QDir(path({})).entryList(QDir::Files | QDir::Hidden, QDir::Name);

@@ -1,7 +1,5 @@
 #include "support/class_file.h"
 
-using namespace Qt::StringLiterals;
-
 void addPupils(const dao::Database& database, const QString& classCode, const QStringList& names) {
     dao::Transaction transaction(database);
     dao::Recordset pupils = database.OpenRecordset(classTable(classCode));

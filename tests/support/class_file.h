@@ -2,8 +2,6 @@
 
 #include "classes/class_creation.h"
 #include "store/engine/names.h"
-#include "store/table_names.h"
-#include "support/engine_files.h"
 #include "support/year_file.h"
 
 /// Adds pupils to a class, with their rows of the register and the grades, by "Surname,Firstname";

@@ -1,9 +1,5 @@
 #include "support/engine_files.h"
 
-#include <sys/resource.h>
-
-using namespace Qt::StringLiterals;
-
 dao::Database EngineFiles::pupilsFile(const QString& name) {
     dao::Database database = engine.CreateDatabase(path(name), dao::GeneralLocale.toString());
     appendTable(database, u"Pupils"_s,
@@ -34,12 +30,27 @@ dao::Field emptyableField(const QString& name, dao::DataType type, int size) {
     return field;
 }
 
+QStringList fieldNames(const dao::Database& database, const QString& table) {
+    QStringList names;
+    for (const dao::Field& field : database.TableDefs()[table].Fields())
+        names += field.Name;
+    return names;
+}
+
 void addRecord(const dao::Database& database, const QString& table,
                const QList<dao::Value>& values) {
     dao::Recordset records = database.OpenRecordset(table);
     records.AddNew();
     for (int i = 0; i < values.size(); ++i)
         records.SetCollect(i + 1, values.at(i));
+    records.Update();
+}
+
+void changeRecord(const dao::Database& database, const QString& source, const QString& field,
+                  const dao::Value& value) {
+    dao::Recordset records = database.OpenRecordset(source);
+    records.Edit();
+    records.SetCollect(field, value);
     records.Update();
 }
 
@@ -55,6 +66,18 @@ QStringList rowsOf(const dao::Database& database, const QString& source) {
         rows += row.join(u'|');
     }
     return rows;
+}
+
+QString writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
+        << qPrintable(path);
+    return path;
+}
+
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 int errorOf(const std::function<void()>& work) {

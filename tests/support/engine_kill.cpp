@@ -15,6 +15,15 @@ void endAfter(int microseconds) {
     setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
+int statusOf(const std::function<int()>& work) {
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(work());
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 int lastReportOf(const std::function<void(const std::function<void(int)>&)>& work) {
     int reports[2];
     EXPECT_EQ(pipe(reports), 0);

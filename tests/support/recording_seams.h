@@ -6,8 +6,6 @@
 #include "support/scripted_clock.h"
 #include "support/scripted_prompts.h"
 
-#include <QList>
-
 using namespace Qt::StringLiterals;
 
 /// Keeps what a progress window would have shown.

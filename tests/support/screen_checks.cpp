@@ -2,22 +2,13 @@
 
 #include "controls/colours.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
-#include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
 #include <QDir>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

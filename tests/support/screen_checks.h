@@ -1,9 +1,21 @@
 #pragma once
 
-#include <QString>
-#include <QWidget>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 /// What a window has to be, whatever it is for: each of these fails the test and names the control.
 

@@ -2,36 +2,23 @@
 
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
-#include "core/session.h"
-#include "core/settings.h"
 #include "support/class_file.h"
 #include "support/screen_checks.h"
 #include "support/scripted_frame.h"
-#include "year/year_opening.h"
+#include "support/year_session.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenu>
 #include <QTableView>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 #include <memory>
-
-using namespace Qt::StringLiterals;
 
 /// Three weeks of September 2024 and two classes: D with three pupils, taught Monday 2 and 3 (a
 /// double lesson), Tuesday 2 and 4 and Thursday 5; E without pupils or lessons. Today is Monday,
 /// the 9th.
-class RegisterScreenTest : public testing::Test {
+class RegisterScreenTest : public YearSession {
 protected:
     RegisterScreenTest() {
         session.SetWindows(&frame);
-        createYear(answers(), path(), seams, ExistingFile::Replace);
-        EXPECT_EQ(session.OpenDatabaseFile(path(), {}), OpenDone);
+        openYear(answers());
         addPupils(session.CurrentDB, u"D"_s, {u"Ames,Ann"_s, u"O'Brien,Zoë"_s, u"Cole,Ed"_s});
     }
     ~RegisterScreenTest() override { session.SetWindows(nullptr); }
@@ -46,7 +33,6 @@ protected:
         answers.weekA = {QStringList{{}, d, d}, {{}, d, {}, d}, {}, {{}, {}, {}, {}, d}, {}};
         return answers;
     }
-    QString path() const { return folder.filePath(u"year.mdb"_s); }
     void show() {
         window = std::make_unique<ClassWindow>(session);
         window->resize(900, 480);
@@ -78,11 +64,6 @@ protected:
     }
     QString marksOf(int pupil) { return marksInFile(session.CurrentDB, u"D"_s, pupil); }
 
-    QTemporaryDir folder;
-    TestSeams seams;
     ScriptedFrame frame;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<ClassWindow> window;
 };

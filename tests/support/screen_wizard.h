@@ -1,28 +1,17 @@
 #pragma once
 
-#include "core/session.h"
-#include "core/settings.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/window_table.h"
 #include "support/screen_checks.h"
-#include "support/year_file.h"
+#include "support/year_session.h"
 #include "year/screens/startup_wizard.h"
-#include "year/year_opening.h"
-
-#include <gtest/gtest.h>
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QListWidget>
 #include <QPointer>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 /// The frame without a year, and in it the start-up wizard as a person with a keyboard drives it.
-class WizardTest : public testing::Test {
+class WizardTest : public YearSession {
 protected:
     WizardTest() {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
@@ -30,7 +19,6 @@ protected:
     }
     ~WizardTest() override { QLocale::setDefault(QLocale::c()); }
 
-    QString path(const QString& name) const { return folder.filePath(name); }
     /// Where the wizard puts a file by itself.
     QString saved(const QString& name) const {
         return session.FolderDefaults[SaveFolder].folder + name;
@@ -159,11 +147,6 @@ protected:
         }
     }
 
-    QTemporaryDir folder;
-    TestSeams seams;
-    dao::DBEngine engine;
-    Settings settings{folder.filePath(u"settings.ini"_s)};
-    Session session{engine, settings, seams.seams(), yearOpening()};
     std::unique_ptr<MainWindow> frame;
     QPointer<StartupWizard> wizard;
 };

@@ -1,7 +1,5 @@
 #include "support/year_file.h"
 
-using namespace Qt::StringLiterals;
-
 YearAnswers twoWeekAnswers() {
     YearAnswers answers;
     answers.title = u"Mrs"_s;

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "store/table_names.h"
+#include "store/table_structure.h"
+#include "support/engine_files.h"
 #include "support/recording_seams.h"
 #include "year/year_creation.h"
-
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 /// Short answers that pass the checks: two timetables from week B on, 4 to 13 and 23 to 27
 /// September 2024, five periods. 7A is taught in both weeks, 9C in week B alone (Monday 1 and 2),

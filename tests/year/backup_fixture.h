@@ -3,19 +3,9 @@
 #include "core/settings.h"
 #include "store/schema.h"
 #include "support/engine_files.h"
+#include "support/engine_kill.h"
 #include "support/recording_seams.h"
 #include "year/backup_files.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-
-using namespace Qt::StringLiterals;
 
 /// A year with pupils in a folder of its own, an empty backup folder, and what backups work with.
 class BackupFiles : public EngineFiles {
@@ -70,41 +60,17 @@ protected:
 
     QString backup(int number) const { return backups + u"Year.00%1"_s.arg(number); }
 
-    static QByteArray bytesOf(const QString& file) {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-    }
-
-    static void write(const QString& file, const QByteArray& bytes) {
-        QFile opened(file);
-        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
-        opened.write(bytes);
-    }
-
     /// The files of a folder, hidden ones too, sorted by name.
     static QStringList filesIn(const QString& folder) {
         return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
 
-    /// Does work in a process of its own and waits for its end. True when it got to the end.
-    template<typename Work>
-    static bool completes(Work work) {
-        const pid_t child = fork();
-        if (child == 0) {
-            work();
-            _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    }
-
-    /// Ends this process, as a kill would, after so many microseconds.
-    static void endAfter(int microseconds) {
-        std::signal(SIGALRM, SIG_DFL);
-        itimerval timer{};
-        timer.it_value.tv_usec = microseconds;
-        setitimer(ITIMER_REAL, &timer, nullptr);
+    /// Does work in a process of its own. True when it got to the end.
+    static bool completes(const std::function<void()>& work) {
+        return statusOf([&work] {
+                   work();
+                   return 0;
+               }) == 0;
     }
 
     QString backups;  ///< with a separator at its end

@@ -8,10 +8,7 @@
 #include <QStorageInfo>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,7 +26,7 @@ protected:
         for (int number = 1; number <= OldestBackup; ++number)
             QFile::remove(backup(number));
         for (const int number : numbers)
-            write(backup(number), QByteArray::number(number));
+            writeFile(backup(number), QByteArray::number(number));
     }
 
     /// The content of the backups from 1 on: a number that was put there, "year" for one of the
@@ -127,19 +124,18 @@ void BackupTest::killAtAnyInstant(int rounds) {
 } // namespace
 
 TEST_F(BackupTest, TheRotation) {
-    struct Case {
+    const struct {
         QList<int> before;
         const char* after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{}, "year - - - -"},           {{1}, "year 1 - - -"},
         {{1, 2}, "year 1 2 - -"},       {{1, 2, 3}, "year 1 2 3 -"},
         {{1, 2, 3, 4}, "year 1 2 3 4"}, {{1, 2, 3, 4, 5}, "year 1 2 3 4"},
         {{2}, "year - 2 - -"},          {{5}, "year - - - -"},
         {{1, 3, 5}, "year 1 - 3 -"},
     };
-    write(backups + u"Other.001"_s, "o");
-    for (const Case& c : cases) {
+    writeFile(backups + u"Other.001"_s, "o");
+    for (const auto& c : cases) {
         putBackups(c.before);
         EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));
         EXPECT_EQ(backupsThere(), QLatin1StringView(c.after));
@@ -178,17 +174,16 @@ TEST_F(BackupTest, TheReportTellsTheSizes) {
 }
 
 TEST_F(BackupTest, TheSavingIsWrittenWithoutZeros) {
-    struct Case {
+    const struct {
         qint64 former;
         qint64 compacted;
         const char* text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {1000, 875, "12.5"}, {100, 88, "12."}, {10000, 9975, ".25"}, {3, 2, "33.33"},
         {1000, 1000, "."},   {100, 90, "10."}, {100, 112, "-12."},   {1000000, 1000001, "."},
         {100000, 1, "100."}, {0, 0, "."},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(compactedPercent(c.former, c.compacted), QLatin1StringView(c.text));
 }
 
@@ -289,7 +284,7 @@ TEST_F(BackupTest, AFullBackupDiskLosesNoBackup) {
 
 TEST_F(BackupTest, AFolderThatCannotBeUsedIsToldAndNothingMoves) {
     const QByteArray before = bytesOf(database);
-    write(path(u"file"_s), "x");
+    writeFile(path(u"file"_s), "x");
     const QStringList folders{{}, path(u"gone/"_s), path(u"file/folder/"_s), u"/proc/"_s};
     for (const QString& folder : folders) {
         backups = folder;
@@ -308,15 +303,14 @@ TEST_F(BackupTest, AFolderThatCannotBeUsedIsToldAndNothingMoves) {
 TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
     putBackups({1});
     const QString garbage = path(u"year/Garbage.mdb"_s);
-    write(garbage, QByteArray(5000, 'g'));
+    writeFile(garbage, QByteArray(5000, 'g'));
     makeYear(u"backups/Year.003"_s);
     makeYear(u"year/Year.new"_s);
     const dao::Database open = engine.OpenDatabase(database);
-    struct Case {
+    const struct {
         QString file;
         QString compactTitle;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {database, u"Backup Error"_s},                 // still open
         {garbage, u"Compacting Error"_s},              // no database
         {path(u"year/gone.mdb"_s), u"Backup Error"_s}, // no file
@@ -324,7 +318,7 @@ TEST_F(BackupTest, WhatIsNoClosedYearIsLeftAlone) {
         {backup(3), u"Backup Error"_s},                // the rotation would take it
         {path(u"year/Year.new"_s), u"Backup Error"_s}, // so would the compaction
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const QByteArray before = bytesOf(c.file);
         test.prompts.expect(PromptKind::Plain, c.compactTitle, AnswerOk);
         EXPECT_FALSE(BackupAndCompact(context(), c.file, true, {})) << qPrintable(c.file);
@@ -379,12 +373,11 @@ TEST_F(BackupTest, AHalfWrittenChangeOfAKilledProgramIsUndoneFirst) {
 
 TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
     enum class Compacted { None, Whole, Broken };
-    struct Case {
+    const struct {
         Compacted compacted; ///< what the temporary file is
         bool hasBackup;
         BackupRecovery recovery;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {Compacted::Whole, true, BackupRecovery::CompactedPutBack},
         {Compacted::Whole, false, BackupRecovery::CompactedPutBack},
         {Compacted::Broken, true, BackupRecovery::BackupPutBack},
@@ -395,7 +388,7 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
     const QString compacted = path(u"year/Year.new"_s);
     const QString whole = path(u"whole.mdb"_s);
     QFile::rename(database, whole);
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         for (const QString& file : {database, compacted, backup(1)})
             QFile::remove(file);
         if (c.hasBackup)
@@ -403,7 +396,7 @@ TEST_F(BackupTest, TheExposedMomentIsMendedAtTheNextStart) {
         if (c.compacted == Compacted::Whole)
             QFile::copy(whole, compacted);
         if (c.compacted == Compacted::Broken)
-            write(compacted, bytesOf(whole).first(4096));
+            writeFile(compacted, bytesOf(whole).first(4096));
         if (c.recovery != BackupRecovery::NothingToDo)
             test.prompts.expect(PromptKind::Plain, u"Backup interrupted"_s, AnswerOk);
         EXPECT_EQ(RecoverInterruptedBackup(context(), database), c.recovery);
@@ -433,7 +426,7 @@ TEST_F(BackupTest, AFailureOfTheLastStepPutsTheDatabaseBack) {
 
 TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
     const QString compacted = path(u"year/Year.new"_s);
-    write(compacted, "half");
+    writeFile(compacted, "half");
     settings.set(setting::BackupInProgress, database);
     int started[2];
     int ending[2];
@@ -463,8 +456,8 @@ TEST_F(BackupTest, AStartLeavesTheBackupOfAnotherProgramAlone) {
 
 TEST_F(BackupTest, AFileOfSomebodysOwnUnderTheCompactedNameIsKept) {
     const QString own = path(u"year/Year.new"_s);
-    write(own, "mine");
-    write(own + u".kept"_s, "older");
+    writeFile(own, "mine");
+    writeFile(own + u".kept"_s, "older");
     RecoverInterruptedBackup(context(), database);
     EXPECT_EQ(bytesOf(own), "mine");
     EXPECT_TRUE(BackupAndCompact(context(), database, true, {}));

@@ -5,8 +5,6 @@
 
 #include <QRandomGenerator>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const QString chooseTitle = u" Select the backup database file to restore:"_s;
@@ -44,13 +42,12 @@ protected:
 } // namespace
 
 TEST_F(RestoreTest, WhereABackupGoes) {
-    struct Case {
+    const struct {
         const char* setDefault; ///< below the test's folder; none where empty
         const char* existing;   ///< a file that is there already
         int answer;             ///< to the question whether to replace; 0 where none comes
         const char* restored;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"year/My year.mdb", "", 0, "year/My year.mdb"},
         {"", "", 0, "open/Year.mdb"},
         {"year/Year.mdb", "", AnswerYes, "year/Year.mdb"},
@@ -60,7 +57,7 @@ TEST_F(RestoreTest, WhereABackupGoes) {
         {"", "open/Year.mdb", AnswerNo, "backups/Year.mdb"},
         {"backups/Year.mdb", "backups/Year.mdb", AnswerNo, ""}, // No would lead to the same file
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const QString restored = QLatin1StringView(c.restored);
         QFile::remove(path(u"backups/Year.mdb"_s));
         QFile::remove(path(u"open/Year.mdb"_s));
@@ -109,9 +106,9 @@ TEST_F(RestoreTest, WhatCannotBeRestoredLeavesTheFile) {
         EXPECT_EQ(bytesOf(database), before);
         EXPECT_EQ(filesIn(path(u"year"_s)), QStringList{u"Year.mdb"_s});
     };
-    write(backup(2), bytesOf(backup(1)).first(8192));
+    writeFile(backup(2), bytesOf(backup(1)).first(8192));
     refuses(backup(2));
-    write(backup(3), "no database");
+    writeFile(backup(3), "no database");
     refuses(backup(3));
     refuses(backup(4));
     {
@@ -160,7 +157,7 @@ TEST_F(RestoreTest, RepairAsksFirst) {
 }
 
 TEST_F(RestoreTest, WhatCannotBeRepairedIsTold) {
-    write(path(u"year/Garbage.mdb"_s), QByteArray(5000, 'g'));
+    writeFile(path(u"year/Garbage.mdb"_s), QByteArray(5000, 'g'));
     const dao::Database open = engine.OpenDatabase(database);
     for (const QString& file : {path(u"year/Garbage.mdb"_s), path(u"year/gone.mdb"_s), database}) {
         test.prompts.expect(PromptKind::Message, u"Repair Database:"_s, AnswerYes);
@@ -174,7 +171,7 @@ TEST_F(RestoreTest, TheOlderRestoreKeepsTheFormerFile) {
     const QString old = path(u"app/ORVA.OLD"_s);
     QDir().mkpath(path(u"stick"_s));
     QFile::copy(backup(1), path(u"stick/Year.mdb"_s));
-    write(old, "older");
+    writeFile(old, "older");
     test.prompts.expect(PromptKind::Folder, chooseFolder, path(u"open"_s));
     test.prompts.expect(PromptKind::Plain, u"Invalid directory"_s, AnswerOk);
     test.prompts.expect(PromptKind::Folder, chooseFolder, path(u"stick"_s));
@@ -194,7 +191,7 @@ TEST_F(RestoreTest, TheOlderRestoreKeepsTheFormerFile) {
     EXPECT_EQ(calls.last(), u"reopen"_s);
 
     isOpen = false;
-    write(path(u"stick/Year.mdb"_s), "no database");
+    writeFile(path(u"stick/Year.mdb"_s), "no database");
     test.prompts.expect(PromptKind::Folder, chooseFolder, path(u"stick"_s));
     test.prompts.expect(PromptKind::Plain, u"Restore Error"_s, AnswerOk);
     RestoreBackup(context(), database, session());

@@ -1,54 +1,25 @@
-#include "classes/class_code.h"
 #include "year/year_creation.h"
 
-#include "calendar/term_weeks.h"
-#include "store/engine/error.h"
+#include "classes/class_code.h"
 #include "store/engine/files.h"
 #include "store/engine/names.h"
-#include "store/table_names.h"
-#include "store/table_structure.h"
-#include "support/year_file.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
+#include "support/class_file.h"
+#include "support/engine_kill.h"
 
 #include <csignal>
-#include <functional>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 /// The rows of a SELECT: a text a row, its values with a blank between, Null as "-".
 QStringList rows(const dao::Database& database, const QString& source) {
-    QStringList result;
-    dao::Recordset records = database.OpenRecordset(source, dao::RecordsetType::Snapshot);
-    for (; !records.EOF_(); records.MoveNext()) {
-        QStringList values;
-        for (int column = 0; column < records.FieldCount(); ++column) {
-            const dao::Value value = records.Collect(column);
-            values += value.isNull() ? u"-"_s : value.toText();
-        }
-        result += values.join(u' ');
-    }
-    return result;
+    return rowsOf(database, source)
+        .replaceInStrings(u"|"_s, u" "_s)
+        .replaceInStrings(u"~"_s, u"-"_s);
 }
 
 QStringList lines(const char* text) {
     return QString::fromUtf8(text).split(u'\n');
-}
-
-QStringList fieldNames(const dao::Database& database, const QString& table) {
-    QStringList names;
-    const dao::FieldCollection fields = database.TableDefs()[table].Fields();
-    for (int i = 0; i < fields.Count(); ++i)
-        names += fields[i].Name;
-    return names;
 }
 
 QStringList relationNames(const dao::Database& database) {
@@ -123,38 +94,15 @@ TEST(Creation, AYearOfOneTimetable) {
     EXPECT_EQ(relationNames(database), lines("CMark_7A\nCMark_8X\nCMark_9C\nCReg_7A"));
 }
 
-TEST(Creation, OneLessonMakesNoRegister) {
-    YearAnswers answers = oneWeekAnswers();
-    answers.weekA[2] = {u"9C"_s};
-    answers.terms = {{QDate(2024, 9, 7), QDate(2024, 9, 13)}}; // from a Saturday
-    YearFile file(answers);
-    const dao::Database database = file.open();
-    EXPECT_FALSE(TableExists(database, u"REG_9C"_s));
-    EXPECT_TRUE(TableExists(database, u"Marks_9C"_s));
-    EXPECT_EQ(rows(database, u"SELECT PlanDate FROM Planning"_s).first(), u"24-09-09"_s);
-    EXPECT_EQ(rows(database, u"SELECT Class1 FROM Planning WHERE PlanDate = "
-                             "'24-09-11'"_s),
-              lines("9C"));
-}
-
 TEST(Creation, RegistersEndAt250Lessons) {
-    const auto answersWithLessons = [](qsizetype lessons) {
-        YearAnswers answers = oneWeekAnswers();
-        answers.terms = {{QDate(2024, 9, 2), QDate(2024, 11, 8)}}; // 50 days from a Monday
-        for (QStringList& day : answers.weekA)
-            day = QStringList(5, u"7A"_s);
-        if (lessons > 250)
-            answers.terms.append({QDate(2024, 11, 11), QDate(2024, 11, 11)});
-        return answers;
-    };
-    YearFile exact(answersWithLessons(250)); // no box foreseen
-    EXPECT_EQ(fieldNames(exact.open(), u"REG_7A"_s).size(), 251);
-
+    YearAnswers answers = oneWeekAnswers();
+    answers.terms = {{QDate(2024, 9, 2), QDate(2024, 11, 11)}}; // 51 days from a Monday
+    for (QStringList& day : answers.weekA)
+        day = QStringList(5, u"7A"_s);
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"long.mdb"_s);
     TestSeams seams;
     seams.prompts.expect(PromptKind::Plain, u"Too many fields"_s, int(AnswerOk));
-    YearAnswers answers = answersWithLessons(255);
     createYear(answers, path, seams);
     EXPECT_EQ(seams.prompts.last().text,
               u"The register for 7A may be limited since the number of registrations "
@@ -177,87 +125,32 @@ TEST(Creation, ClassCodesOfAllKindsWork) {
     const dao::Database database = file.open();
     for (const QString& code : answers.classes) {
         SCOPED_TRACE(code.toStdString());
-        dao::Recordset pupils = database.OpenRecordset(classTable(code));
-        pupils.AddNew();
-        pupils.SetCollect(u"Surname", u"Ames"_s);
-        pupils.Update();
-        dao::Recordset marks = database.OpenRecordset(marksTable(code));
-        marks.AddNew();
-        marks.SetCollect(u"ID", 1);
-        marks.Update();
+        addPupils(database, code, {u"Ames"_s});
         const QString own = dao::writeName(classTable(code));
         const QString other = dao::writeName(marksTable(code));
         EXPECT_EQ(rows(database, u"SELECT Surname FROM %1 INNER JOIN %2 ON %1.ID = "
                                  "%2.ID"_s.arg(own, other)),
                   lines("Ames"));
-        pupils.MoveFirst();
-        pupils.Delete();
+        database.OpenRecordset(classTable(code)).Delete();
         EXPECT_TRUE(rows(database, marksTable(code)).isEmpty()); // the deletion cascades
-    }
-}
-
-TEST(Creation, TextsThatLookLikeNumbersStayTexts) {
-    YearFile file(twoWeekAnswers());
-    dao::Database database = file.open();
-    CreateFileLinksTable(database);
-    CreateLessonNotesTable(database);
-    CreateRoomIDTable(database);
-    CreateClassTempTable(database);
-    for (const QString& table : database.TableDefs().names()) {
-        dao::Recordset records = database.OpenRecordset(table);
-        for (const QString& text : {u"007"_s, u"1e5"_s, u"+3"_s, u"1.0"_s}) {
-            if (records.HasField(u"ID") && !table.startsWith(ClassPrefix) && table != PlanningTable)
-                continue; // these need a pupil of that number
-            records.AddNew();
-            QStringList expected;
-            for (int column = 0; column < records.FieldCount(); ++column) {
-                const dao::RecordsetField field = records.Fields(column);
-                const bool isText =
-                    field.Type() == dao::DataType::Text || field.Type() == dao::DataType::Memo;
-                const int room = field.Type() == dao::DataType::Memo ? 10 : field.Size();
-                if (isText)
-                    field.setValue(text.left(room));
-                else if (field.Name() == QLatin1String("Lpupil"))
-                    field.setValue(1);
-                expected += isText ? text.left(room) : QString();
-            }
-            records.Update();
-            records.SetBookmark(records.LastModified());
-            for (int column = 0; column < records.FieldCount(); ++column)
-                if (!expected[column].isEmpty()) {
-                    EXPECT_EQ(records.Collect(column), dao::Value(expected[column]))
-                        << table.toStdString() << column;
-                }
-        }
     }
 }
 
 TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"year.mdb"_s);
-    const auto write = [](const QString& name, const QByteArray& bytes) {
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    };
     const auto failure = [&](ExistingFile existing) {
         TestSeams seams;
-        try {
-            createYear(twoWeekAnswers(), path, seams, existing);
-        } catch (const dao::EngineError& error) {
-            return error.number();
-        }
-        return 0;
+        return errorOf([&] { createYear(twoWeekAnswers(), path, seams, existing); });
     };
-    write(path, "no database");
+    writeFile(path, "no database");
     EXPECT_EQ(failure(ExistingFile::Keep), dao::FileExists);
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
-    EXPECT_EQ(old.readAll(), QByteArray("no database"));
+    EXPECT_EQ(bytesOf(path), QByteArray("no database"));
 
     // What killed runs left beside it goes, a journal that would spoil the new file as well.
-    write(dao::unfinishedName(path), "half a file");
-    write(dao::unfinishedName(path) + u"-journal"_s, "its journal");
-    write(path + u"-journal"_s, "the old file's journal");
+    writeFile(dao::unfinishedName(path), "half a file");
+    writeFile(dao::unfinishedName(path) + u"-journal"_s, "its journal");
+    writeFile(path + u"-journal"_s, "the old file's journal");
     EXPECT_EQ(failure(ExistingFile::Replace), 0);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), lines("year.mdb"));
 
@@ -278,24 +171,16 @@ TEST(Creation, ExistingFilesAreKeptUnlessReplaced) {
 /// Makes the year in a child process that first calls `prepare`; answers the number of the failure,
 /// 0 for none, -1 for a child that died.
 int createInChild(const QString& path, Progress* progress, const std::function<void()>& prepare) {
-    const pid_t child = fork();
-    if (child == 0) {
+    const int status = statusOf([&] {
         prepare();
-        int status = 0;
-        try {
+        const int number = errorOf([&] {
             TestSeams seams;
             CreateDB(dao::DBEngine(), twoWeekAnswers(), path, ExistingFile::Replace,
                      progress ? *progress : seams.progress, seams.prompts, QLocale::c());
-        } catch (const dao::EngineError& error) {
-            status = error.number() - 3000;
-        }
-        _exit(status);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (!WIFEXITED(status))
-        return -1;
-    return WEXITSTATUS(status) ? WEXITSTATUS(status) + 3000 : 0;
+        });
+        return number ? number - 3000 : 0;
+    });
+    return status > 0 ? status + 3000 : status;
 }
 
 int createUnderLimit(const QString& path, rlim_t limit) {
@@ -344,18 +229,10 @@ TEST(Creation, AFullDiskLeavesNothingBehind) {
         EXPECT_TRUE(QDir(folder.path()).entryList(all).isEmpty()) << limit;
     }
     EXPECT_EQ(createUnderLimit(path, RLIM_INFINITY), 0);
-    QFile made(path);
-    ASSERT_TRUE(made.open(QIODevice::ReadOnly));
-    const QByteArray bytes = made.readAll();
-    made.seek(0);
+    const QByteArray bytes = bytesOf(path);
     EXPECT_GT(createUnderLimit(path, 20000), 0);
-    EXPECT_EQ(made.readAll(), bytes); // the one to be replaced stands
+    EXPECT_EQ(bytesOf(path), bytes); // the one to be replaced stands
     EXPECT_EQ(QDir(folder.path()).entryList(all), lines("year.mdb"));
-}
-
-TEST(Creation, AMissingFolderIsAnError) {
-    TestSeams seams;
-    EXPECT_THROW(createYear(twoWeekAnswers(), u"/nowhere/at/all.mdb"_s, seams), dao::EngineError);
 }
 
 } // namespace
