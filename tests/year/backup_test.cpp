@@ -1,6 +1,7 @@
 #include "year/backup.h"
 
 #include "store/engine/files.h"
+#include "support/engine_places.h"
 #include "year/backup_fixture.h"
 #include "year/backup_settings.h"
 
