@@ -2,8 +2,12 @@
 
 #include "calendar/class_colours.h"
 #include "classes/pupil_notes.h"
+#include "planning/sheet_fields.h"
 #include "planning/sheet_upgrades.h"
+#include "store/engine/error.h"
 #include "store/table_names.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,10 +26,19 @@ void countTerms(Session& session) {
     session.TermCount = static_cast<qint16>(dao::Value(terms.RecordCount() / 2.0).toInteger());
 }
 
+/// A day has as many periods as a sheet has room for, and one at least: windows are laid out by it.
+void checkPeriods(const Session& session) {
+    const dao::Recordset sheets = session.CurrentDB.OpenRecordset(PlanningTable);
+    if (session.PeriodsPerDay < 1 || !sheets.HasField(classField(session.PeriodsPerDay)))
+        throw dao::EngineError(
+            dao::DamagedDatabase,
+            u"The file says that a day has %1 periods."_s.arg(session.PeriodsPerDay));
+}
+
 /// What makes a file a year's: it has all these tables with these fields.
 void readYear(Session& session) {
     readAdmin(session);
-    session.CurrentDB.OpenRecordset(PlanningTable);
+    checkPeriods(session);
     countTerms(session);
     session.CurrentDB.OpenRecordset(CalendarTable);
     LoadClassColours(session);

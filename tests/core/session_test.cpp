@@ -110,6 +110,19 @@ TEST_F(SessionTest, AFileThatLacksAPieceIsInvalid) {
     EXPECT_EQ(session.OpenDatabaseFile(test::sample(u"year.json"_s), {}), OpenInvalid);
 }
 
+TEST_F(SessionTest, AFileWithASenselessDayIsInvalid) {
+    makeYear("year.mdb");
+    for (const int periods : {-6, 0, 10, 32767}) {
+        change("year.mdb", [periods](dao::Database& database) {
+            dao::Recordset admin = database.OpenRecordset(AdminTable);
+            admin.Edit();
+            admin[u"PeriodsPerDay"] = periods;
+            admin.Update();
+        });
+        EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenInvalid) << periods;
+    }
+}
+
 TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {
     makeYear("year.mdb");
     change("year.mdb", [](dao::Database& database) {

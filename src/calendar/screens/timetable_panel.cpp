@@ -4,6 +4,7 @@
 #include "calendar/timetable.h"
 #include "controls/colours.h"
 #include "controls/fonts.h"
+#include "controls/wheel_guard.h"
 #include "core/dates.h"
 
 #include <QComboBox>
@@ -53,6 +54,7 @@ TimetablePanel::TimetablePanel(const TimetableYear& year, const FontRecord& font
     m_weeks->setAccessibleName(u"Week"_s);
     m_weeks->addItems({u"Week A"_s, u"Week B"_s});
     m_weeks->setVisible(year.twoWeeks);
+    ignoreWheel(*m_weeks);
     m_corner = makeHeading(u"Label1"_s, u"Period"_s);
     for (int day = 1; day <= Days; ++day)
         m_dayHeadings += makeHeading(u"Label2(%1)"_s.arg(day - 1), DayName(day + 1).left(3));

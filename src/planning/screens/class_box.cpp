@@ -1,10 +1,10 @@
 #include "planning/screens/class_box.h"
 
 #include "controls/colours.h"
+#include "controls/wheel_guard.h"
 
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +22,7 @@ ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QCom
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setFocusPolicy(Qt::StrongFocus);
+    ignoreWheel(*this);
     setCodes(codes);
     lineEdit()->setMaxLength(LongestClass);
     lineEdit()->setAccessibleName(accessibleName());
@@ -56,8 +57,4 @@ void ClassBox::setPaper(const QColor& colour) {
 void ClassBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
     emit entered();
-}
-
-void ClassBox::wheelEvent(QWheelEvent* event) {
-    event->ignore();
 }

@@ -31,7 +31,6 @@ signals:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     bool m_isChanged = false;

@@ -7,6 +7,7 @@
 #include "controls/insert_object_menu.h"
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
+#include "controls/wheel_guard.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "planning/daily_sheets.h"
@@ -118,8 +119,7 @@ QWidget* WeeklySheetWindow::makeSelectors() {
     return panel;
 }
 
-/// A list that drops down from the choice that it stands on. The mouse wheel goes past it, so that
-/// scrolling over the window leads to no other week.
+/// A list that drops down from the choice that it stands on.
 QComboBox* WeeklySheetWindow::makeSelector(const QString& name, const QString& list,
                                            const QString& meaning) {
     auto* selector = new QComboBox;
@@ -131,7 +131,7 @@ QComboBox* WeeklySheetWindow::makeSelector(const QString& name, const QString& l
     selector->view()->setAccessibleName(meaning);
     selector->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     selector->setFocusPolicy(Qt::StrongFocus);
-    selector->installEventFilter(this);
+    ignoreWheel(*selector);
     connect(selector, &QComboBox::currentIndexChanged, this, &WeeklySheetWindow::reload);
     return selector;
 }
@@ -351,12 +351,4 @@ void WeeklySheetWindow::placeMaximiseButton() {
     m_maximiseButton->setMaximised(m_isMaximised, tip);
     m_maximiseButton->standOn(m_selected >= 0 ? m_slots.at(m_selected)->lesson().viewport()
                                               : nullptr);
-}
-
-bool WeeklySheetWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && (watched == m_week || watched == m_class)) {
-        event->ignore();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
 }
