@@ -12,6 +12,17 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The tool window or dialog that a control stands in.
+const QWidget* enclosingWindow(const QWidget* control) {
+    while (!control->isWindow() && control->windowType() != Qt::SubWindow)
+        control = control->parentWidget();
+    return control;
+}
+
+} // namespace
+
 KeptWriting::KeptWriting(QWidget& window, const Seams& seams, Writer writer)
     : QObject(&window)
     , m_window(window)
@@ -27,8 +38,9 @@ KeptWriting::KeptWriting(QWidget& window, const Seams& seams, Writer writer)
 }
 
 void KeptWriting::followFocus(QWidget* from, QWidget* to) {
-    const auto isHere = [this](const QWidget* widget) {
-        return widget && (widget == &m_window || m_window.isAncestorOf(widget));
+    const QWidget* here = enclosingWindow(&m_window);
+    const auto isHere = [here](const QWidget* widget) {
+        return widget && enclosingWindow(widget) == here;
     };
     if (isHere(from) && !isHere(to))
         save();

@@ -23,6 +23,7 @@ ClassHomePage::ClassHomePage(ClassDesk& desk)
     layout->addWidget(makeTasks(), 1, 1);
     layout->setColumnStretch(1, 1);
     layout->setRowStretch(1, 1);
+    setFocusProxy(m_classes);
 }
 
 QWidget* ClassHomePage::makeClassList() {

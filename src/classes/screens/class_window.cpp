@@ -46,6 +46,7 @@ ClassWindow::ClassWindow(Session& session) : m_session(session), m_desk(session)
     setWindowTitle(u"Class lists, register & grades"_s);
     makeParts();
     load();
+    m_first->setFocus();
 }
 
 ClassWindow::~ClassWindow() {
@@ -127,8 +128,10 @@ QWidget* ClassWindow::makeSelector() {
     layout->addWidget(m_home);
     layout->addWidget(m_selector);
     connect(m_home, &QToolButton::clicked, this, &ClassWindow::showFirstPage);
-    connect(m_selector, &QComboBox::activated, this,
-            [this](int index) { selectClass(m_selector->itemText(index)); });
+    connect(m_selector, &QComboBox::activated, this, [this](int index) {
+        selectClass(m_selector->itemText(index));
+        m_pages->currentWidget()->setFocus();
+    });
     return selector;
 }
 
@@ -190,6 +193,7 @@ void ClassWindow::wantView(ClassView view) {
         showNoClasses(m_session.GetSeams().prompts);
     else
         showView(view);
+    m_pages->currentWidget()->setFocus();
 }
 
 /// The first page opens no view of a class without pupils.

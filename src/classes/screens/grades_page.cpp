@@ -27,6 +27,7 @@ GradesPage::GradesPage(Session& session, ClassDesk& desk)
     , m_sort(new SortPanel(session, desk))
     , m_menu(new QMenu(this)) {
     m_grid->setObjectName(u"GradesGrid"_s);
+    setFocusProxy(m_grid);
     m_grid->setAccessibleName(u"Grades"_s);
     m_grid->setEditTriggers(QAbstractItemView::AllEditTriggers ^ QAbstractItemView::CurrentChanged ^
                             QAbstractItemView::SelectedClicked);

@@ -34,6 +34,7 @@ PupilInformationPage::PupilInformationPage(Session& session, ClassDesk& desk)
     m_notes->setTabChangesFocus(true);
     auto* layout = new QGridLayout(this);
     layout->addWidget(makeBoxes(), 0, 0);
+    setFocusProxy(m_firstname);
     layout->addWidget(m_photo, 0, 1, Qt::AlignTop | Qt::AlignRight);
     auto* label = new QLabel(u"More information"_s);
     label->setBuddy(m_notes);

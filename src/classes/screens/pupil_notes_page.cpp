@@ -40,6 +40,7 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
                  .save = [this] { return !m_binding || m_binding->flush(); },
                  .leave = [this] { return !m_binding || m_binding->leave(); }}) {
     m_note->setObjectName(u"RTFnotes"_s);
+    setFocusProxy(m_note);
     m_tools->serve(*m_note);
     auto* body = new QHBoxLayout;
     body->addWidget(makeCategories());

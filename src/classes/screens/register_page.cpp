@@ -32,6 +32,7 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     , m_panel(new SidePanel(session, desk, m_keys))
     , m_menu(new QMenu(this)) {
     m_grid->setObjectName(u"RegisterGrid"_s);
+    setFocusProxy(m_grid);
     m_grid->setAccessibleName(u"Register"_s);
     m_grid->setHorizontalHeader(m_header);
     m_grid->watchHead();

@@ -230,7 +230,19 @@ const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const Windo
     if (!entry.placementKey.isEmpty())
         RestoreWindowPlacement(m_session.GetSettings(), place, entry.placementKey);
     holder->show();
+    takeFocus(*window);
     return find(entry, subject);
+}
+
+/// A window that comes forward has the keyboard: where it says itself, else in its first control.
+void MainWindow::takeFocus(QWidget& window) {
+    if (window.isAncestorOf(QApplication::focusWidget()))
+        return;
+    QWidget* target = window.focusWidget() ? window.focusWidget() : window.nextInFocusChain();
+    while (target != &window && (!(target->focusPolicy() & Qt::TabFocus) ||
+                                 !window.isAncestorOf(target) || !target->isEnabledTo(&window)))
+        target = target->nextInFocusChain();
+    target->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void MainWindow::forget(const QWidget* holder) {
@@ -265,6 +277,7 @@ void MainWindow::bringForward(const Loaded& loaded) {
     }
     if (auto* form = qobject_cast<QMdiSubWindow*>(loaded.holder)) {
         m_client->setActiveSubWindow(form);
+        takeFocus(*loaded.window);
     } else {
         loaded.holder->raise();
         loaded.holder->activateWindow();

@@ -94,6 +94,7 @@ private:
     void addMenus(const QWidget& window) const;
     PlacedWidget placed(const Loaded& loaded) const;
     void bringForward(const Loaded& loaded);
+    static void takeFocus(QWidget& window);
     void yearOpened();
     void leaveDesktop(QSessionManager& manager);
 
