@@ -35,7 +35,8 @@ class KeptWriting : public QObject {
     Q_OBJECT
 
 public:
-    /// `window` is what has the boxes, a tool window or a page of one; the seams have to outlive it.
+    /// `window` is what has the boxes, a tool window or a page of one; the seams have to outlive
+    /// it.
     KeptWriting(QWidget& window, const Seams& seams, Writer writer);
 
     /// Something has been typed.
