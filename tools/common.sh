@@ -50,23 +50,11 @@ build() {
     (cd "$root" && cmake --build --preset "$preset" -j "$(nproc)" "${targets[@]}")
 }
 
-# What the platform without a screen says, under no category of Qt's log, of things that only a
-# screen has.
-screenless_lines='^This plugin does not support (propagateSizeHints\(\)|raise\(\)|grabbing the keyboard)$'
-
-# Runs a program without a screen and without touching what the person has: every folder of the
-# person's own lies in a temporary one, which goes with the caller. Its errors come without
-# screenless_lines.
+# Runs a program by tools/screenless, in a home folder that goes with the caller.
 in_isolation() {
     if [[ -z ${isolated_home:-} ]]; then
         isolated_home=$(mktemp -d)
         trap 'rm -rf "$isolated_home"' EXIT
-        mkdir -m 700 "$isolated_home/run"
     fi
-    env -u DISPLAY -u WAYLAND_DISPLAY -u DBUS_SESSION_BUS_ADDRESS \
-        QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 HOME="$isolated_home" \
-        XDG_CONFIG_HOME="$isolated_home/config" XDG_DATA_HOME="$isolated_home/data" \
-        XDG_CACHE_HOME="$isolated_home/cache" XDG_STATE_HOME="$isolated_home/state" \
-        XDG_RUNTIME_DIR="$isolated_home/run" "$@" \
-        2> >(grep --line-buffered -vE "$screenless_lines" >&2)
+    "$root/tools/screenless" "$isolated_home" "$@"
 }
