@@ -16,8 +16,9 @@ class SettingNotices : public QObject {
 public:
     /// Calls `act` after every change of a setting, as long as the receiver lives.
     template<class T, class Form>
-    void onChange(const Setting<T, Form>& setting, QObject* receiver, std::function<void()> act) {
-        follow(setting.key, setting.name, receiver, std::move(act));
+    void onChange(const Setting<T, Form>& setting, QObject* receiver,
+                  const std::function<void()>& act) {
+        follow(setting.key, setting.name, receiver, act);
     }
 
 signals:

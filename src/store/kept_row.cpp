@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-KeptRow::KeptRow(const dao::Recordset& data) : m_data(data) {
+KeptRow::KeptRow(dao::Recordset data) : m_data(std::move(data)) {
     for (int column = 0; m_data.isOpen() && column < m_data.FieldCount(); ++column)
         m_columns += m_data.Fields(column).Name();
 }

@@ -19,7 +19,7 @@ public:
 
     KeptRow() = default;
     /// The recordset whose current row is meant. Nothing is read yet.
-    explicit KeptRow(const dao::Recordset& data);
+    explicit KeptRow(dao::Recordset data);
 
     /// Whether the recordset is open and stands on a row.
     bool exists() const;
