@@ -324,6 +324,7 @@ void ClassWindow::addPupil() {
         Add_New_Pupil(m_session.CurrentDB, m_desk.classCode(), m_session.GetSeams().prompts);
     if (!pupil)
         return;
+    emit m_session.GetNotices().pupilsChanged(m_desk.classCode());
     showFirstPage();
     m_names->goTo(static_cast<int>(m_desk.sheet().pupils().indexOf(*pupil)));
 }
@@ -354,6 +355,7 @@ void ClassWindow::deletePupil(bool all) {
                           pupilName(m_desk.sheet(), m_desk.currentRow()),
                           m_session.DontAskDeletePupil, prompts))
         m_desk.forgetCurrent();
+    emit m_session.GetNotices().pupilsChanged(m_desk.classCode());
     showFirstPage();
     m_first->selectFirstTask(); // Return does no further harm
 }
