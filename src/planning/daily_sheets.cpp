@@ -262,15 +262,17 @@ void DailySheets::selectPeriod(int period) {
     m_session.CurrentClass = period > 0 ? classOf(period) : QString();
 }
 
+std::optional<qint32> DailySheets::classColour(const QString& code) const {
+    const auto found =
+        std::find_if(m_session.ClassColours.begin(), m_session.ClassColours.end(),
+                     [&code](const ClassColour& entry) { return dao::sameName(entry.code, code); });
+    return found == m_session.ClassColours.end() ? std::nullopt : std::optional(found->colour);
+}
+
 QList<ClassCoding> DailySheets::classCoding(bool isOn) const {
     QList<ClassCoding> coding(m_session.PeriodsPerDay);
-    for (int period = 1; isOn && period <= m_session.PeriodsPerDay; ++period) {
-        const auto found = std::find_if(
-            m_session.ClassColours.begin(), m_session.ClassColours.end(),
-            [&](const ClassColour& entry) { return dao::sameName(entry.code, classOf(period)); });
-        if (found != m_session.ClassColours.end())
-            coding[period - 1].colour = found->colour;
-    }
+    for (int period = 1; isOn && period <= m_session.PeriodsPerDay; ++period)
+        coding[period - 1].colour = classColour(classOf(period));
     try {
         markShortTermPlans(coding);
     } catch (const dao::EngineError& error) {

@@ -76,6 +76,8 @@ public:
     /// A period has been selected (0: none): its class is the session's current one.
     void selectPeriod(int period);
 
+    /// The colour of a class; none for a code that is no class's.
+    std::optional<qint32> classColour(const QString& code) const;
     /// How the class box of each period looks, from period 1 on. `isOn`: with class colours.
     QList<ClassCoding> classCoding(bool isOn) const;
     /// The plain text that the calendar of events has for the sheet's date. Empty without one; a

@@ -139,9 +139,10 @@ void DailySheetWindow::bindBoxes() {
 void DailySheetWindow::bindClass(int period) {
     ClassBox& box = m_periods->classBox(period);
     m_sheets.binding().bind(classField(period), box);
-    connect(&box, &ClassBox::edited, this, [this] {
-        m_writing.save(); // its colour goes by what the row holds
-        m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
+    connect(&box, &ClassBox::edited, this, [this, &box, period] {
+        m_writing.typed();
+        if (m_showsCoding)
+            m_periods->showColour(period, m_sheets.classColour(box.currentText()));
     });
 }
 

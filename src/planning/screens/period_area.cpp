@@ -151,10 +151,14 @@ void PeriodArea::setHasSheet(bool hasSheet) {
     }
 }
 
+void PeriodArea::showColour(int period, std::optional<qint32> colour) {
+    classBox(period).setPaper(colour ? toColour(*colour) : sheetPaper(true));
+}
+
 void PeriodArea::showCoding(const QList<ClassCoding>& coding) {
     for (int period = 1; period <= periods(); ++period) {
         const ClassCoding look = coding.value(period - 1);
-        classBox(period).setPaper(look.colour ? toColour(*look.colour) : sheetPaper(true));
+        showColour(period, look.colour);
         classBox(period).setToolTip(look.hasShortTermPlan ? ShortTermPlanTip : QString());
     }
 }

@@ -34,6 +34,7 @@ public:
 
     /// Whether there is a sheet to write on; without one everything is grey.
     void setHasSheet(bool hasSheet);
+    void showColour(int period, std::optional<qint32> colour);
     void showCoding(const QList<ClassCoding>& coding);
     /// The classes to choose from; what stands in the boxes stays.
     void setClassCodes(const QStringList& codes);
