@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/wheel_guard.h"
 
+#include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -18,9 +19,8 @@ constexpr int LongestClass = 55;
 ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QComboBox(parent) {
     setObjectName(u"text2(%1)"_s.arg(period - 1));
     setAccessibleName(u"Class, period %1"_s.arg(period));
-    setEditable(true);
+    makeEditable();
     setInsertPolicy(NoInsert);
-    setCompleter(nullptr);
     setFocusPolicy(Qt::StrongFocus);
     ignoreWheel(*this);
     setCodes(codes);
@@ -30,6 +30,16 @@ ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QCom
         m_isChanged = true;
         emit edited();
     });
+}
+
+/// Does what setEditable does, without the list and the completer that it makes at once: a sheet
+/// has a box a period, and is to stand at once.
+void ClassBox::makeEditable() {
+    QCompleter none;
+    auto* edit = new QLineEdit(this);
+    edit->setCompleter(&none);
+    setLineEdit(edit);
+    setCompleter(nullptr);
 }
 
 void ClassBox::setCodes(const QStringList& codes) {

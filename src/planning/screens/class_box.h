@@ -33,5 +33,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    void makeEditable();
+
     bool m_isChanged = false;
 };

@@ -3,8 +3,7 @@
 #include "store/engine/error.h"
 #include "store/engine/jet_sql.h"
 #include "store/engine/names.h"
-
-#include <sqlcipher/sqlite3.h>
+#include "store/engine/sqlcipher.h"
 
 #include <cerrno>
 
@@ -19,7 +18,7 @@ constexpr int busyMilliseconds = 250;
 bool isFullDisk(sqlite3* database, int extended) {
     if ((extended & 0xff) == SQLITE_FULL)
         return true;
-    const int cause = sqlite3_system_errno(database);
+    const int cause = sqlcipher().systemErrorNumber(database);
     return (extended & 0xff) == SQLITE_IOERR &&
            (cause == ENOSPC || cause == EDQUOT || cause == EFBIG);
 }
@@ -27,12 +26,12 @@ bool isFullDisk(sqlite3* database, int extended) {
 /// The code of a failure. One inside a function of the library's own (the export of a copy) comes
 /// as its text alone.
 int causeOf(sqlite3* database) {
-    const int extended = sqlite3_extended_errcode(database);
+    const int extended = sqlcipher().extendedErrorCode(database);
     if ((extended & 0xff) != SQLITE_ERROR)
         return extended;
-    const QByteArrayView message(sqlite3_errmsg(database));
+    const QByteArrayView message(sqlcipher().errorMessage(database));
     for (const int code : {SQLITE_FULL, SQLITE_IOERR, SQLITE_CORRUPT}) {
-        if (message == QByteArrayView(sqlite3_errstr(code)))
+        if (message == QByteArrayView(sqlcipher().errorText(code)))
             return code;
     }
     return extended;
@@ -58,42 +57,43 @@ int compareCollated(void*, int leftSize, const void* left, int rightSize, const 
 
 /// A value as the text that LIKE compares: a number as the engine writes it.
 QString argumentText(sqlite3_value* value) {
-    switch (sqlite3_value_type(value)) {
+    switch (sqlcipher().valueType(value)) {
     case SQLITE_INTEGER:
-        return QString::number(sqlite3_value_int64(value));
+        return QString::number(sqlcipher().valueInt64(value));
     case SQLITE_FLOAT:
-        return numberText(sqlite3_value_double(value));
+        return numberText(sqlcipher().valueDouble(value));
     default:
-        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)),
-                                 sqlite3_value_bytes(value));
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlcipher().valueText(value)),
+                                 sqlcipher().valueBytes(value));
     }
 }
 
 void jetLike(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL ||
-        sqlite3_value_type(arguments[1]) == SQLITE_NULL)
-        return sqlite3_result_null(context);
+    if (sqlcipher().valueType(arguments[0]) == SQLITE_NULL ||
+        sqlcipher().valueType(arguments[1]) == SQLITE_NULL)
+        return sqlcipher().resultNull(context);
     try {
-        sqlite3_result_int(context,
-                           matchesLike(argumentText(arguments[1]), argumentText(arguments[0])));
+        sqlcipher().resultInt(context,
+                              matchesLike(argumentText(arguments[1]), argumentText(arguments[0])));
     } catch (const EngineError&) {
-        sqlite3_result_error(context, "The pattern of LIKE is not closed.", -1);
+        sqlcipher().resultError(context, "The pattern of LIKE is not closed.", -1);
     }
 }
 
 void jetText(sqlite3_context* context, int, sqlite3_value** arguments) {
-    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL)
-        return sqlite3_result_null(context);
+    if (sqlcipher().valueType(arguments[0]) == SQLITE_NULL)
+        return sqlcipher().resultNull(context);
     const QByteArray text = argumentText(arguments[0]).toUtf8();
-    sqlite3_result_text(context, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+    sqlcipher().resultText(context, text.constData(), static_cast<int>(text.size()),
+                           SQLITE_TRANSIENT);
 }
 
 void registerFunctions(sqlite3* database) {
-    sqlite3_create_collation_v2(database, sql::TextCollation, SQLITE_UTF8, nullptr, compareCollated,
+    sqlcipher().createCollation(database, sql::TextCollation, SQLITE_UTF8, nullptr, compareCollated,
                                 nullptr);
-    sqlite3_create_function_v2(database, sql::LikeFunction, 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+    sqlcipher().createFunction(database, sql::LikeFunction, 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                                nullptr, jetLike, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(database, sql::TextFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+    sqlcipher().createFunction(database, sql::TextFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                                nullptr, jetText, nullptr, nullptr, nullptr);
 }
 
@@ -115,7 +115,7 @@ void configure(Connection& connection) {
                                 "PRAGMA temp_store = MEMORY", "PRAGMA trusted_schema = OFF",
                                 "PRAGMA legacy_alter_table = ON", "PRAGMA cell_size_check = ON"})
         connection.execute(QLatin1StringView(setting));
-    sqlite3_db_config(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlcipher().configure(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
 }
 
 } // namespace
@@ -149,12 +149,12 @@ void raiseDatabaseError(sqlite3* database) {
         throw std::bad_alloc();
     default:
         throw EngineError(SyntaxError, u"The statement could not be carried out: %1"_s.arg(
-                                           QString::fromUtf8(sqlite3_errmsg(database))));
+                                           QString::fromUtf8(sqlcipher().errorMessage(database))));
     }
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
+    sqlcipher().finalize(statement);
 }
 
 Statement::Statement(Connection& connection, const QString& sql) : m_database(connection.handle()) {
@@ -162,8 +162,8 @@ Statement::Statement(Connection& connection, const QString& sql) : m_database(co
         throw EngineError(ObjectInvalid, u"The database is closed."_s);
     const QByteArray text = sql.toUtf8();
     sqlite3_stmt* statement = nullptr;
-    const int result = sqlite3_prepare_v2(m_database, text.constData(),
-                                          static_cast<int>(text.size()) + 1, &statement, nullptr);
+    const int result = sqlcipher().prepare(m_database, text.constData(),
+                                           static_cast<int>(text.size()) + 1, &statement, nullptr);
     m_statement.reset(statement);
     if (result != SQLITE_OK)
         raiseDatabaseError(m_database);
@@ -173,29 +173,29 @@ void Statement::bind(int position, const Value& value) {
     sqlite3_stmt* statement = m_statement.get();
     int result = SQLITE_OK;
     if (value.isNull()) {
-        result = sqlite3_bind_null(statement, position);
+        result = sqlcipher().bindNull(statement, position);
     } else if (value.isInteger()) {
-        result = sqlite3_bind_int64(statement, position, value.toInteger());
+        result = sqlcipher().bindInt64(statement, position, value.toInteger());
     } else if (value.isReal()) {
-        result = sqlite3_bind_double(statement, position, value.toDouble());
+        result = sqlcipher().bindDouble(statement, position, value.toDouble());
     } else if (value.isText()) {
         const QByteArray text = value.toText().toUtf8();
-        result = sqlite3_bind_text64(statement, position, text.constData(),
-                                     static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
-                                     SQLITE_UTF8);
+        result = sqlcipher().bindText64(statement, position, text.constData(),
+                                        static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                                        SQLITE_UTF8);
     } else {
         const QByteArray bytes = value.toBinary();
-        result = bytes.isEmpty() ? sqlite3_bind_zeroblob(statement, position, 0)
-                                 : sqlite3_bind_blob64(statement, position, bytes.constData(),
-                                                       static_cast<sqlite3_uint64>(bytes.size()),
-                                                       SQLITE_TRANSIENT);
+        result = bytes.isEmpty() ? sqlcipher().bindZeroblob(statement, position, 0)
+                                 : sqlcipher().bindBlob64(statement, position, bytes.constData(),
+                                                          static_cast<sqlite3_uint64>(bytes.size()),
+                                                          SQLITE_TRANSIENT);
     }
     if (result != SQLITE_OK)
         raiseDatabaseError(m_database);
 }
 
 bool Statement::step() {
-    const int result = sqlite3_step(m_statement.get());
+    const int result = sqlcipher().step(m_statement.get());
     if (result == SQLITE_ROW)
         return true;
     if (result == SQLITE_DONE)
@@ -203,35 +203,35 @@ bool Statement::step() {
     try {
         raiseDatabaseError(m_database);
     } catch (...) {
-        sqlite3_reset(m_statement.get());
+        sqlcipher().reset(m_statement.get());
         throw;
     }
 }
 
 void Statement::reset() {
-    sqlite3_reset(m_statement.get());
-    sqlite3_clear_bindings(m_statement.get());
+    sqlcipher().reset(m_statement.get());
+    sqlcipher().clearBindings(m_statement.get());
 }
 
 Value Statement::column(int position, DataType type) const {
     // The value is looked up once: this is what a walk over records spends its time on.
-    sqlite3_value* value = sqlite3_column_value(m_statement.get(), position);
-    switch (sqlite3_value_type(value)) {
+    sqlite3_value* value = sqlcipher().columnValue(m_statement.get(), position);
+    switch (sqlcipher().valueType(value)) {
     case SQLITE_INTEGER: {
-        const qint64 number = sqlite3_value_int64(value);
+        const qint64 number = sqlcipher().valueInt64(value);
         const bool hasDecimals =
             type == DataType::Single || type == DataType::Double || type == DataType::Currency;
         return hasDecimals ? Value(static_cast<double>(number)) : Value(number);
     }
     case SQLITE_FLOAT:
-        return sqlite3_value_double(value);
+        return sqlcipher().valueDouble(value);
     case SQLITE_TEXT: {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-        return QString::fromUtf8(text, sqlite3_value_bytes(value));
+        const auto* text = reinterpret_cast<const char*>(sqlcipher().valueText(value));
+        return QString::fromUtf8(text, sqlcipher().valueBytes(value));
     }
     case SQLITE_BLOB: {
-        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
-        return QByteArray(bytes, sqlite3_value_bytes(value));
+        const auto* bytes = static_cast<const char*>(sqlcipher().valueBlob(value));
+        return QByteArray(bytes, sqlcipher().valueBytes(value));
     }
     default:
         return {};
@@ -239,17 +239,17 @@ Value Statement::column(int position, DataType type) const {
 }
 
 qint64 Statement::integer(int position) const {
-    return sqlite3_column_int64(m_statement.get(), position);
+    return sqlcipher().columnInt64(m_statement.get(), position);
 }
 
 QString Statement::text(int position) const {
-    const unsigned char* bytes = sqlite3_column_text(m_statement.get(), position);
+    const unsigned char* bytes = sqlcipher().columnText(m_statement.get(), position);
     return QString::fromUtf8(reinterpret_cast<const char*>(bytes),
-                             sqlite3_column_bytes(m_statement.get(), position));
+                             sqlcipher().columnBytes(m_statement.get(), position));
 }
 
 void Connection::Close::operator()(sqlite3* database) const {
-    sqlite3_close_v2(database);
+    sqlcipher().close(database);
 }
 
 Connection::Connection(const QString& path, Mode mode, const QString& password) {
@@ -258,17 +258,17 @@ Connection::Connection(const QString& path, Mode mode, const QString& password) 
                       (mode == Mode::Existing ? 0 : SQLITE_OPEN_CREATE);
     const QByteArray name = mode == Mode::Memory ? QByteArray(":memory:") : path.toUtf8();
     sqlite3* database = nullptr;
-    const int result = sqlite3_open_v2(name.constData(), &database, flags, nullptr);
+    const int result = sqlcipher().open(name.constData(), &database, flags, nullptr);
     m_database.reset(database);
     if (result != SQLITE_OK)
         raiseDatabaseError(database);
-    sqlite3_extended_result_codes(database, 1);
-    sqlite3_busy_timeout(database, busyMilliseconds);
+    sqlcipher().extendedResultCodes(database, 1);
+    sqlcipher().busyTimeout(database, busyMilliseconds);
     for (const char* setting : protectionSettings)
         execute(QLatin1StringView(setting));
     if (!password.isEmpty()) {
         const QByteArray key = password.toUtf8();
-        sqlite3_key(database, key.constData(), static_cast<int>(key.size()));
+        sqlcipher().key(database, key.constData(), static_cast<int>(key.size()));
     }
     registerFunctions(database);
     try {
@@ -298,15 +298,15 @@ qint64 Connection::firstInteger(const QString& sql) {
 }
 
 int Connection::changes() const {
-    return sqlite3_changes(m_database.get());
+    return sqlcipher().changes(m_database.get());
 }
 
 qint64 Connection::lastInsertedRow() const {
-    return sqlite3_last_insert_rowid(m_database.get());
+    return sqlcipher().lastInsertRowid(m_database.get());
 }
 
 bool Connection::inTransaction() const {
-    return sqlite3_get_autocommit(m_database.get()) == 0;
+    return sqlcipher().getAutocommit(m_database.get()) == 0;
 }
 
 void Connection::checkTransaction() const {
@@ -357,7 +357,7 @@ ReadScope::ReadScope(Connection& connection)
 
 ReadScope::~ReadScope() {
     if (m_begun)
-        sqlite3_exec(m_connection.handle(), "COMMIT", nullptr, nullptr, nullptr);
+        sqlcipher().execute(m_connection.handle(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 Savepoint::~Savepoint() {

@@ -1,14 +1,16 @@
 #include "store/engine/late_library.h"
 
+#include <dlfcn.h>
+
 namespace dao {
 
-LateLibrary::LateLibrary(const char* name) : m_library(QString::fromLatin1(name)) {
-    m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint); // nothing is left for a child to do
-    m_isWhole = m_library.load();
-}
+// The system's own call and not QLibrary, which tries some dozens of other names before this one.
+LateLibrary::LateLibrary(const char* name, Binding binding)
+    : m_library(dlopen(name, binding == Binding::WhileLoading ? RTLD_NOW : RTLD_LAZY))
+    , m_isWhole(m_library != nullptr) {}
 
 LateLibrary::Address LateLibrary::function(const char* name) {
-    const Address address{m_isWhole ? m_library.resolve(name) : nullptr};
+    const Address address{m_isWhole ? dlsym(m_library, name) : nullptr};
     m_isWhole = address.function != nullptr;
     return address;
 }

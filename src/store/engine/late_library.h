@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QLibrary>
-
 namespace dao {
 
 /// A library of C functions that the first window does without. It is loaded when its first
@@ -19,12 +17,16 @@ public:
     bool isWhole() const { return m_isWhole; }
 
 protected:
+    /// When the library's own calls into others are tied: all while it loads, so that nothing is
+    /// left for a child process to do, or each when it is first made.
+    enum class Binding { WhileLoading, AtFirstCall };
+
     /// `name`: what programs that link the library find it by, as "libfreexl.so.1".
-    explicit LateLibrary(const char* name);
+    explicit LateLibrary(const char* name, Binding binding = Binding::WhileLoading);
 
     /// Becomes the pointer that it initialises, whatever the function's type.
     struct Address {
-        QFunctionPointer function;
+        void* function;
         template<typename Function>
         operator Function*() const {
             return reinterpret_cast<Function*>(function);
@@ -33,7 +35,8 @@ protected:
     Address function(const char* name);
 
 private:
-    QLibrary m_library;
+    void*
+        m_library; ///< stays loaded to the end, for it may have left its own things to be done then
     bool m_isWhole;
 };
 
