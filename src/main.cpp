@@ -1,11 +1,13 @@
 // Wires the seams and starts the main window.
 //
-// The program reads no command line of the person's. Three words serve the project's own commands:
-// `--tour FOLDER` plays the tour; for ./bench, `--quit-when-shown` ends once the frame stands and
-// `--quit-when-opened` once what the start opens is painted too.
+// The program reads no command line of the person's. Four words serve the project's own commands:
+// `--tour FOLDER` plays the tour; `--sample FOLDER` opens the `sample.mdb` of that folder, where
+// everything else is kept too that otherwise is the person's; for ./bench, `--quit-when-shown` ends
+// once the frame stands and `--quit-when-opened` once what the start opens is painted too.
 
 #include "controls/family_style.h"
 #include "controls/icons.h"
+#include "core/core_settings.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/system_clock.h"
@@ -14,6 +16,8 @@
 #include "desktop/screens/desktop_prompts.h"
 #include "desktop/screens/desktop_shell.h"
 #include "desktop/screens/progress_dialog.h"
+#include "frame/frame_settings.h"
+#include "frame/screens/accessible_program.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/splash_window.h"
 #include "frame/screens/window_table.h"
@@ -29,16 +33,35 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Everything that is kept for a person lies in one folder, and the start opens the sample there.
+void keepSampleIn(const QString& folder, Settings& settings) {
+    const Settings::Batch whole(settings);
+    settings.set(setting::DefaultDatabasePath, folder + u"/sample.mdb"_s);
+    settings.set(setting::DontShowStartup, true);
+    settings.set(setting::Open_Planning, true);
+    for (const Setting<QString>& kept :
+         {setting::DefaultOpenFolder, setting::DefaultSaveFolder, setting::DefaultBackupFolder})
+        settings.set(kept, folder + u'/');
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setStyle(new FamilyStyle(QApplication::style()->name())); // the desktop's own
     QCoreApplication::setApplicationName(u"ORVA"_s);
     QCoreApplication::setApplicationVersion(programVersion());
     QApplication::setWindowIcon(icon(u"orva"_s));
+    showContextMenusToAssistiveTools();
     const QStringList arguments = QCoreApplication::arguments();
 
     dao::DBEngine engine;
-    Settings settings;
+    const QString sample = arguments.value(1) == u"--sample" ? arguments.value(2) : QString();
+    Settings settings(sample.isEmpty() ? Settings::defaultFile() : sample + u"/settings.ini"_s);
+    if (!sample.isEmpty())
+        keepSampleIn(sample, settings);
     SystemClock clock;
     DesktopPrompts prompts(clock);
     DesktopProgress progress;
@@ -47,7 +70,9 @@ int main(int argc, char** argv) {
 
     const bool playsTour = arguments.value(1) == u"--tour";
     QPointer<SplashWindow> splash = playsTour ? nullptr : new SplashWindow(clock);
-    session.Start(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    session.Start(sample.isEmpty()
+                      ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                      : sample);
     MainWindow frame(session, windowTable(), !playsTour, splash);
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);

@@ -20,8 +20,10 @@ DateField::DateField(const QString& name, Style style, QWidget* parent)
     m_field->setAccessibleName(name);
     m_field->setAccessibleDescription(
         u"A date such as %1"_s.arg(typedDateText(QDate(2024, 9, 25), locale())));
+    m_field->setPlaceholderText(typedDateFormat(locale()).toLower());
     m_field->installEventFilter(this);
     setFocusProxy(m_field);
+    setFocusPolicy(Qt::StrongFocus); // or the key of its caption would not reach it
 
     auto* row = new QHBoxLayout;
     row->setSpacing(0);

@@ -8,9 +8,9 @@ class QFrame;
 class QLineEdit;
 class QToolButton;
 
-/// A box for one date: a field to type it in, in the person's short form, and a calendar to pick it
-/// from. In the field Up and Down go a day on and back, Page Up and Page Down a month; Alt and
-/// Down, or F4, drop the calendar down, Escape folds it up.
+/// A box for one date: a field to type it in, in the person's short form, which the empty field
+/// shows, and a calendar to pick it from. In the field Up and Down go a day on and back, Page Up
+/// and Page Down a month; Alt and Down, or F4, drop the calendar down, Escape folds it up.
 class DateField : public QWidget {
     Q_OBJECT
 

@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 EditMenu::EditMenu(const FocusedBox& focused, QWidget* parent)
-    : QMenu(u"Edit"_s, parent), m_focused(focused) {
+    : QMenu(u"&Edit"_s, parent), m_focused(focused) {
     setObjectName(u"mnuEdit"_s);
     addEditActions();
     connect(this, &QMenu::aboutToShow, this, &EditMenu::refresh);

@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QByteArrayView familyBlue = "#2f80d0";
+
 QByteArray drawing(const QString& name) {
     QFile file(u":/icons/%1.svg"_s.arg(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -31,8 +33,11 @@ QColor lineColour(QIcon::Mode mode) {
     }
 }
 
-void paintDrawing(QPainter& painter, const QRect& rect, QByteArray svg, const QColor& lines) {
+void paintDrawing(QPainter& painter, const QRect& rect, QByteArray svg, const QColor& lines,
+                  bool isSelected = false) {
     svg.replace("currentColor", lines.name().toLatin1());
+    if (isSelected) // where the family's blue may stand on itself
+        svg.replace(familyBlue, lines.name().toLatin1());
     QSvgRenderer(svg).render(&painter, rect);
 }
 
@@ -43,7 +48,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         if (mode == QIcon::Disabled)
             painter->setOpacity(0.5);
-        paintDrawing(*painter, rect, m_svg, lineColour(mode));
+        paintDrawing(*painter, rect, m_svg, lineColour(mode), mode == QIcon::Selected);
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {

@@ -1,6 +1,7 @@
 #include "controls/placed_widget.h"
 
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -46,8 +47,9 @@ void PlacedWidget::setWindowState(int state) {
         m_window.showNormal();
 }
 
+/// A window on the screen is placed with the frame that the desktop puts around it.
 Placement PlacedWidget::placement() const {
-    const QRect place = m_window.geometry();
+    const QRect place(m_client ? m_window.geometry().topLeft() : m_window.pos(), m_window.size());
     return {inTwips(place.top()), inTwips(place.left()), inTwips(place.width()),
             inTwips(place.height())};
 }
@@ -57,11 +59,16 @@ void PlacedWidget::setPlacement(const Placement& placement) {
                  inPixels(placement.Height));
     if (wanted.isEmpty())
         wanted.setSize(m_window.size());
-    m_window.setGeometry(within(wanted, area()));
+    wanted = within(wanted, area());
+    m_window.resize(wanted.size());
+    m_window.move(wanted.topLeft());
 }
 
 QRect PlacedWidget::area() const {
-    return m_client ? m_client->rect() : m_window.screen()->availableGeometry();
+    if (m_client)
+        return m_client->rect();
+    const int title = m_window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &m_window);
+    return m_window.screen()->availableGeometry().adjusted(0, 0, 0, -title);
 }
 
 QSize PlacedWidget::screenSize() const {

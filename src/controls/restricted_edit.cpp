@@ -1,5 +1,7 @@
 #include "controls/restricted_edit.h"
 
+#include <QApplication>
+
 #include <algorithm>
 
 RestrictedEdit::RestrictedEdit(const QString& name, Accepts accepts, Letters letters,
@@ -9,6 +11,7 @@ RestrictedEdit::RestrictedEdit(const QString& name, Accepts accepts, Letters let
     // Not a validator: the text can come by keys, by pasting or from an input method, and is kept
     // as far as it is accepted.
     connect(this, &QLineEdit::textEdited, this, &RestrictedEdit::restrict);
+    connect(this, &QLineEdit::inputRejected, this, &QApplication::beep);
 }
 
 QString RestrictedEdit::acceptedPart(const QString& text) const {

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 
 /// A line to type in that takes only some characters. What else is typed or pasted does not stay,
-/// and `refused` tells of it.
+/// and `refused` tells of it; what is longer than the line may be is refused with a beep.
 class RestrictedEdit : public QLineEdit {
     Q_OBJECT
 

@@ -6,7 +6,7 @@
 namespace setting {
 
 inline constexpr Setting<QString> DefaultDatabasePath{Root, u"DefaultDatabasePath"};
-/// Where dialogs start and backups go. Empty: the program's own folder.
+/// Where dialogs start and backups go. Empty: as ReadFolderDefaults says.
 inline constexpr Setting<QString> DefaultOpenFolder{Root, u"DefaultOpenFolder"};
 inline constexpr Setting<QString> DefaultSaveFolder{Root, u"DefaultSaveFolder"};
 inline constexpr Setting<QString> DefaultBackupFolder{Root, u"DefaultBackupFolder"};

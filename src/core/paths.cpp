@@ -4,6 +4,7 @@
 #include "core/settings.h"
 
 #include <QDir>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -24,14 +25,22 @@ QString ShortenPath(const QString& path, int limit) {
     return trimmed.left(headLength) + ellipsis + trimmed.mid(tail);
 }
 
-FolderDefaults ReadFolderDefaults(const Settings& settings, const QString& appPath) {
-    const auto row = [&](const QString& label, const Setting<QString>& kept) -> FolderDefault {
-        QString folder = settings.get(kept);
-        if (folder.isEmpty())
-            folder = appPath;
-        return {label, folder, ShortenPath(folder.toLower())};
+FolderDefaults ReadFolderDefaults(const Settings& settings) {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString years = QDir::toNativeSeparators(documents + u"/ORVA/"_s);
+    const auto row = [&](const QString& label, const Setting<QString>& kept,
+                         const QString& below = {}) -> FolderDefault {
+        const QString set = settings.get(kept);
+        const QString folder = set.isEmpty() ? years + below : set;
+        return {label, folder, set.isEmpty(), ShortenPath(folder.toLower())};
     };
     return {row(u"Open File Directory:"_s, setting::DefaultOpenFolder),
             row(u"Save File Directory:"_s, setting::DefaultSaveFolder),
-            row(u"Backup File Directory:"_s, setting::DefaultBackupFolder)};
+            row(u"Backup File Directory:"_s, setting::DefaultBackupFolder,
+                u"Backups"_s + QDir::separator())};
+}
+
+void MakeProposedFolder(const FolderDefault& row) {
+    if (row.isProposed)
+        QDir().mkpath(row.folder);
 }

@@ -13,14 +13,21 @@ QString ShortenPath(const QString& path, int limit = 50);
 
 /// A folder in which a dialog starts or backups go.
 struct FolderDefault {
-    QString label;       ///< "Open File Directory:"
-    QString folder;      ///< with a separator at its end
-    QString shortFolder; ///< in lower case and shortened, for show
+    QString label;           ///< "Open File Directory:"
+    QString folder;          ///< with a separator at its end
+    bool isProposed = false; ///< it was never set: the program's proposal, which need not be there
+    QString shortFolder;     ///< in lower case and shortened, for show
 };
 
 /// The rows of FolderDefaults.
 enum FolderRow { OpenFolder = 0, SaveFolder = 1, BackupFolder = 2 };
 using FolderDefaults = std::array<FolderDefault, 3>;
 
-/// Reads the three default folders from the settings; each is `appPath` where none was set.
-FolderDefaults ReadFolderDefaults(const Settings& settings, const QString& appPath);
+/// Reads the three default folders from the settings. Where none was set years lie in `ORVA` in the
+/// person's folder of documents, and backups in `Backups` below that; neither has to be there.
+FolderDefaults ReadFolderDefaults(const Settings& settings);
+
+/// Makes the program's proposal where something is about to be kept in it. A folder that the person
+/// has set is not made: one that is missing lies on a drive that is. What fails is found out by the
+/// writing.
+void MakeProposedFolder(const FolderDefault& row);

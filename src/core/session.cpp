@@ -62,7 +62,7 @@ void Session::Start(const QString& appPath) {
     WindowsPath = withSeparator(QDir::toNativeSeparators(QDir::homePath()));
     GradientsAvailable = true;
     GradientsEnabled = !m_settings.get(setting::DisableGradients);
-    FolderDefaults = ReadFolderDefaults(m_settings, AppPath);
+    FolderDefaults = ReadFolderDefaults(m_settings);
     ShortDateFormat = QLocale().dateFormat(QLocale::ShortFormat);
     DateSeparator = separatorOf(ShortDateFormat);
 }

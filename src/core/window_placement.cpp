@@ -23,8 +23,10 @@ struct PlacementSettings {
     Setting<qint32> height;
 };
 
-/// The one window that stands in the middle of the screen before it has a place of its own.
+/// The one window that stands in the middle of the screen before it has a place of its own, and the
+/// one that stands at its right, beside what it explains.
 constexpr QStringView CentredWindow = u"CPlanFrm";
+constexpr QStringView WindowAtTheRight = u"HelpFrm";
 
 qint32 stored(float twips) {
     return static_cast<qint32>(std::lround(twips));
@@ -44,8 +46,10 @@ void placeByDefault(PlacedWindow& window) {
     Placement place = window.placement();
     place.Top = 0;
     place.Left = 0;
+    const QSize screen = window.screenSize() * TwipsPerPixel;
+    if (window.windowName() == WindowAtTheRight)
+        place.Left = static_cast<float>(screen.width()) - place.Width;
     if (window.windowName() == CentredWindow) {
-        const QSize screen = window.screenSize() * TwipsPerPixel;
         place.Top = (static_cast<float>(screen.height()) - place.Height) / 2;
         place.Left = (static_cast<float>(screen.width()) - place.Width) / 2;
     }

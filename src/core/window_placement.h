@@ -40,7 +40,7 @@ public:
 void SaveWindowPlacement(Settings& settings, const PlacedWindow& window, QStringView keyName);
 
 /// Gives the window the state and place kept under that name. A window that was never kept goes to
-/// the top left of the main window; `CPlanFrm` to the middle of the screen.
+/// the top left of the main window; `CPlanFrm` to the middle of the screen, `HelpFrm` to its right.
 void RestoreWindowPlacement(const Settings& settings, PlacedWindow& window, QStringView keyName);
 
 /// Moves the window to the place kept under that name, if all of it is there and the window is not

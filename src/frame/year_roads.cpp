@@ -73,6 +73,21 @@ void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
     backToWizard(session, frame);
 }
 
+/// Leaves for another database that was chosen from the menu; for none, stays.
+void leaveFor(Session& session, MainFrame& frame, const QString& path) {
+    if (path.isEmpty() || !LeaveDatabase(session, frame))
+        return;
+    session.DatabasePath = path;
+    const OpenResult result = session.OpenDatabaseFile(path, {});
+    if (result == OpenDone)
+        return RunCurrentStartup(session, frame);
+    if (result != OpenCancelled) {
+        const OpenFailure failure = openFailure(result, path);
+        session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
+    }
+    backToWizard(session, frame);
+}
+
 } // namespace
 
 void LoadMainWindow(Session& session, MainFrame& frame) {
@@ -102,18 +117,12 @@ bool LeaveDatabase(Session& session, MainFrame& frame) {
 }
 
 void OpenDatabaseCommand(Session& session, MainFrame& frame) {
-    const QString path = session.ChooseDatabaseFile();
-    if (path.isEmpty() || !LeaveDatabase(session, frame))
-        return;
-    session.DatabasePath = path;
-    const OpenResult result = session.OpenDatabaseFile(path, {});
-    if (result == OpenDone)
-        return RunCurrentStartup(session, frame);
-    if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
-        session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
-    }
-    backToWizard(session, frame);
+    leaveFor(session, frame, session.ChooseDatabaseFile());
+}
+
+void OpenRecentYear(Session& session, MainFrame& frame, const QString& path) {
+    if (path != session.CurrentDB.Name())
+        leaveFor(session, frame, path);
 }
 
 void SetupDatabaseCommand(Session& session, MainFrame& frame) {

@@ -18,6 +18,8 @@ void ActivateMainWindow(Session& session, MainFrame& frame);
 
 /// "Open a ORVA Database... ". Cancelled, the session stays as it was.
 void OpenDatabaseCommand(Session& session, MainFrame& frame);
+/// One of the years opened last. Nothing where it is the open one.
+void OpenRecentYear(Session& session, MainFrame& frame, const QString& path);
 /// "Setup a New ORVA database..."
 void SetupDatabaseCommand(Session& session, MainFrame& frame);
 /// "Return to the Startup Wizard..."

@@ -154,12 +154,17 @@ void exchange(const BackupNames& names, const QString& becomesBackup) {
     }
 }
 
+void prepareBackupFolder(const BackupContext& context, const BackupNames& names) {
+    MakeProposedFolder(context.folders[BackupFolder]);
+    checkBackupFolder(names);
+}
+
 /// The steps of BackupAndCompact on the files. Raises what goes wrong but for compaction.
 bool compactAndExchange(const BackupContext& context, const BackupNames& names,
                         const QString& password) {
     Progress& progress = context.seams.progress;
     const BackupAtWork atWork(context, names);
-    checkBackupFolder(names);
+    prepareBackupFolder(context, names);
     const bool isRenamed = canRenameToBackup(names);
     progress.UpdateProgress(Compacting, u"Compacting Database"_s);
     if (!compact(context, names, password))
@@ -219,7 +224,7 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
     const BackupNames names(path, context.backupFolder());
     try {
         const BackupAtWork atWork(context, names);
-        checkBackupFolder(names);
+        prepareBackupFolder(context, names);
         finishInterruptedWrite(context.engine, path, password);
         const QString copy = copyBeside(path, names.backup(1));
         checkDatabaseFile(context.engine, copy, password);

@@ -98,6 +98,8 @@ QString RestoreBackupFile(const BackupContext& context) {
     if (target.isEmpty())
         return {};
     try {
+        MakeProposedFolder(
+            context.folders[OpenFolder]); // where one without a place of its own goes
         restoreTo(context.engine, backup, target);
         return target;
     } catch (const dao::EngineError& error) {

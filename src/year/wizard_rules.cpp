@@ -83,9 +83,12 @@ int previousFrame(int frame, bool twoWeeks) {
 }
 
 QString pageLabel(int frame, bool twoWeeks) {
-    if (frame <= TeacherFrame)
+    if (frame == FirstPage)
         return {};
-    return u"Page %1"_s.arg(!twoWeeks && frame > WeekBFrame ? frame - 1 : frame);
+    int page = 1;
+    for (int before = TeacherFrame; before < frame; before = nextFrame(before, twoWeeks))
+        ++page;
+    return u"Page %1"_s.arg(page);
 }
 
 QStringList academicYears(QDate today) {

@@ -13,6 +13,7 @@
 
 /// What the wizard's first page offers, in the order of its list.
 enum StartupAction {
+    NoAction = -1,
     SetupAction = 0,
     OpenAction = 1,
     RestoreAction = 2,
@@ -36,8 +37,8 @@ enum SetupFrame {
 };
 int nextFrame(int frame, bool twoWeeks);
 int previousFrame(int frame, bool twoWeeks);
-/// "Page " and the number of the frame; with one week the pages behind the missing timetable are
-/// numbered one lower, and so the last one too. Empty for the first frame and the first page.
+/// "Page " and the place of the frame among those that the person meets, from 1. Empty for the
+/// first page.
 QString pageLabel(int frame, bool twoWeeks);
 
 /// The years to choose from, "2026-2027": from last year to five years ahead.

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -36,20 +38,24 @@ TEST(ShortenPath, KeepsTheStartAndAsMuchOfTheEndAsFits) {
     }
 }
 
-TEST(FolderDefaults, AreTheProgramFolderUntilSet) {
+TEST(FolderDefaults, LieAmongTheDocumentsUntilSetAndAreMadeOnlyThen) {
     const QTemporaryDir folder;
     Settings settings(folder.filePath(u"settings.ini"_s));
-    const QString appPath = u"/home/Teacher/.local/share/orva/"_s;
-    const FolderDefaults unset = ReadFolderDefaults(settings, appPath);
-    for (const int row : {OpenFolder, SaveFolder, BackupFolder}) {
-        EXPECT_EQ(unset.at(row).folder, appPath);
-        EXPECT_EQ(unset.at(row).shortFolder, u"/home/teacher/.local/share/orva/"_s);
-    }
+    const QString years =
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u"/ORVA/"_s;
+    const FolderDefaults unset = ReadFolderDefaults(settings);
+    EXPECT_EQ(unset.at(OpenFolder).folder, years);
+    EXPECT_EQ(unset.at(SaveFolder).folder, years);
+    EXPECT_EQ(unset.at(BackupFolder).folder, years + u"Backups/"_s);
+    MakeProposedFolder(unset.at(BackupFolder));
+    EXPECT_TRUE(QFileInfo(years + u"Backups"_s).isDir());
 
     const QString backups = u"/Media/A very long name/of folders/below/each other/Backups/"_s;
     settings.set(setting::DefaultBackupFolder, backups);
-    const FolderDefaults set = ReadFolderDefaults(settings, appPath);
-    EXPECT_EQ(set.at(OpenFolder).folder, appPath);
+    const FolderDefaults set = ReadFolderDefaults(settings);
+    EXPECT_EQ(set.at(OpenFolder).folder, years);
+    MakeProposedFolder(set.at(BackupFolder)); // on a drive that is not in
+    EXPECT_FALSE(QFileInfo::exists(backups));
     EXPECT_EQ(set.at(BackupFolder).folder, backups);
     EXPECT_EQ(set.at(BackupFolder).shortFolder, u"/me.../of folders/below/each other/backups/"_s);
 }

@@ -3,6 +3,7 @@
 #include "calendar/timetable_settings.h"
 #include "core/core_settings.h"
 #include "frame/frame_settings.h"
+#include "frame/screens/accessible_program.h"
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"
 #include "frame/screens/main_window.h"
@@ -10,7 +11,9 @@
 #include "help/screens/context_help.h"
 #include "support/screen_checks.h"
 #include "support/year_session.h"
+#include "year/recent_years.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -310,6 +313,68 @@ TEST_F(FrameTest, AToolWindowHasTheMenusOfTheFrame) {
     EXPECT_EQ(closed, QStringList(u"TTfrm"_s));
     EXPECT_TRUE(frame->visible().isEmpty());
     EXPECT_FALSE(frame->menus().action(FrameCommand::Timetable).isEnabled());
+}
+
+TEST_F(FrameTest, AssistiveToolsFindTheMenusOfEveryBarAndThoseOfContexts) {
+    showContextMenusToAssistiveTools();
+    const std::unique_ptr<MainWindow> frame = fullFrame(true);
+    const auto menusIn = [&frame](const QString& bar) {
+        QStringList names;
+        QAccessibleInterface* found =
+            QAccessible::queryAccessibleInterface(&control<QMenuBar>(*frame, bar));
+        for (int i = 0; i < found->childCount(); ++i) {
+            QAccessibleInterface* menu = found->child(i);
+            names += menu && menu->isValid() ? menu->text(QAccessible::Name) : u"gone"_s;
+        }
+        return names.join(u' ');
+    };
+    for (const ToolWindow window : {ToolWindow::DailySheet, ToolWindow::WeeklySheet}) {
+        frame->open(window);
+        const QString name = window == ToolWindow::DailySheet ? u"ORVAfrm"_s : u"ORVA2frm"_s;
+        EXPECT_EQ(menusIn(name + u"_bar"_s), u"File View Help"_s);
+        EXPECT_TRUE(frame->close(window));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(menusIn(u"menuBar"_s), u"File View Help"_s);
+    }
+    QMenu context(frame.get());
+    context.addAction(u"Edit..."_s);
+    QAccessibleInterface* program = QAccessible::queryAccessibleInterface(qApp);
+    const int before = program->childCount();
+    context.popup({});
+    ASSERT_EQ(program->childCount(), before + 1);
+    EXPECT_EQ(program->child(before)->object(), &context);
+    EXPECT_EQ(program->indexOfChild(program->child(before)), before);
+    context.close();
+}
+
+TEST_F(FrameTest, TheYearsOpenedLastStandInTheFileMenu) {
+    const QStringList names{u"a.mdb"_s, u"b & c.mdb"_s};
+    for (const QString& name : names)
+        createYear(oneWeekAnswers(), path(name), seams);
+    const std::unique_ptr<MainWindow> frame = fullFrame(false);
+    for (const QString& name : names) {
+        session.CloseAllDatabases();
+        ASSERT_EQ(session.OpenDatabaseFile(path(name), {}), OpenDone);
+    }
+    NoteRecentYear(settings, path(u"gone.mdb"_s));
+    auto& menu = control<QMenu>(*frame, u"mnuFile"_s);
+    const auto listed = [&menu] {
+        emit menu.aboutToShow();
+        QList<QAction*> years;
+        for (QAction* item : menu.actions()) {
+            if (item->text().startsWith(u'&') && item->text().at(1).isDigit())
+                years += item;
+        }
+        return years;
+    };
+    ASSERT_EQ(listed().size(), 2);
+    EXPECT_EQ(listed()[0]->text(), u"&1 "_s + ShortenPath(path(names[1])).replace(u"&"_s, u"&&"_s));
+    listed()[1]->trigger();
+    EXPECT_EQ(session.CurrentDB.Name(), path(names[0]));
+    for (const int number : {1, 2, 3, 4, 5, 6})
+        NoteRecentYear(settings, writeFile(path(QString::number(number)), ""));
+    EXPECT_EQ(RecentYears(settings),
+              (QStringList{path(u"6"_s), path(u"5"_s), path(u"4"_s), path(u"3"_s), path(u"2"_s)}));
 }
 
 TEST_F(FrameTest, AMaximisedWindowKeepsItsCaptionAndTheMenuBarWhole) {

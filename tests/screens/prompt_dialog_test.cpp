@@ -100,6 +100,7 @@ TEST_F(PromptDialogs, AScreenReaderIsToldTheTextAndALongPathIsBroken) {
     whenAsked([&](QWidget& box) {
         EXPECT_EQ(box.accessibleName(), title);
         EXPECT_EQ(box.accessibleDescription(), text);
+        EXPECT_EQ(control<QLabel>(box, u"lblMessage"_s).accessibleName(), text);
         EXPECT_LT(box.width(), 1000);
         checkScreen(box, u"msg_box_long"_s);
         press(box, Qt::Key_Escape);

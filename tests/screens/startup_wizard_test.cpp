@@ -5,6 +5,7 @@
 #include "frame/year_roads.h"
 #include "support/engine_places.h"
 #include "support/screen_wizard.h"
+#include "year/recent_years.h"
 #include "year/wizard_rules.h"
 
 #include <QProcess>
@@ -81,10 +82,15 @@ TEST_F(WizardTest, MakesTheYearsFileByKeysAlone) {
         const QString expected =
             openedYear(answers, path(answers.startWeek + u"expected.mdb"_s), seams);
         start();
-        EXPECT_EQ(items("CL1"), startupActions(engine.Version()));
+        QStringList actions = startupActions(engine.Version());
+        if (answers.twoWeeks) // a year was opened before
+            actions.move(OpenAction, 0);
+        EXPECT_EQ(items("CL1"), actions);
+        on<QListWidget>("CL1").setCurrentRow(
+            static_cast<int>(actions.indexOf(startupActions(engine.Version())[SetupAction])));
         answerAll(answers);
         ASSERT_EQ(shownFrame(), FileFrame);
-        EXPECT_EQ(on<QLabel>("LBpage").text(), answers.twoWeeks ? u"Page 6"_s : u"Page 5"_s);
+        EXPECT_EQ(on<QLabel>("LBpage").text(), answers.twoWeeks ? u"Page 7"_s : u"Page 5"_s);
         EXPECT_EQ(on<QLineEdit>("DBName").text(), u"A Morrow (2024-2025).mdb"_s);
         const QString name = answers.startWeek + u"Own.mdb"_s;
         key(Qt::Key_A, Qt::ControlModifier);
@@ -435,8 +441,50 @@ TEST_F(WizardTest, ImportsTermDates) {
     imports(u"jet.mdb"_s);
     click("cmdImport");
     EXPECT_EQ(items("List2").size(), 8);
-    EXPECT_EQ(items("List2").first(), dates("04/09/2024", "13/09/2024"));
-    EXPECT_EQ(items("List2").last(), dates("06/06/2005", "20/07/2005"));
+    EXPECT_EQ(items("List2")[5], dates("06/06/2005", "20/07/2005"));
+    EXPECT_EQ(items("List2")[6], dates("04/09/2024", "13/09/2024"));
+}
+
+TEST_F(WizardTest, TheYearOpenedLastIsOneKeyAway) {
+    for (const QString& name : {u"a.mdb"_s, u"b.mdb"_s}) {
+        createYear(oneWeekAnswers(), path(name), seams);
+        NoteRecentYear(settings, path(name));
+    }
+    start();
+    EXPECT_EQ(items("CL1")[0], u"Open an Existing database"_s);
+    EXPECT_EQ(on<QComboBox>("cboYears").count(), 2);
+    key(Qt::Key_Down);
+    EXPECT_FALSE(on<QComboBox>("cboYears").isEnabled());
+    key(Qt::Key_Up);
+    key(Qt::Key_Return);
+    EXPECT_EQ(session.CurrentDB.Name(), path(u"b.mdb"_s));
+    frame->menus().action(FrameCommand::ReturnToWizard).trigger();
+    wizard = frame->findChild<StartupWizard*>();
+    seams.prompts.expect(PromptKind::File, u" Select the database to open:"_s, path(u"a.mdb"_s));
+    click("cmdOtherYear");
+    EXPECT_EQ(session.CurrentDB.Name(), path(u"a.mdb"_s));
+}
+
+TEST_F(WizardTest, WeekBCanBeginAsWeekA) {
+    start();
+    key(Qt::Key_Return);
+    const YearAnswers answers = twoWeekAnswers();
+    answerTeacher(answers);
+    answerClasses(answers);
+    answerWeek(answers, u'A');
+    const auto weekB = [this] { return items("lbMonB") + items("lbFriB"); };
+    const QStringList weekA = items("lbMon") + items("lbFri");
+    click("cmdCopyWeek");
+    EXPECT_EQ(weekB(), weekA);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Space);
+    ASSERT_NE(weekB(), weekA);
+    seams.prompts.expect(PromptKind::Plain, u"Copy week A to week B"_s, AnswerNo);
+    click("cmdCopyWeek");
+    EXPECT_NE(weekB(), weekA);
+    seams.prompts.expect(PromptKind::Plain, u"Copy week A to week B"_s, AnswerYes);
+    click("cmdCopyWeek");
+    EXPECT_EQ(weekB(), weekA);
 }
 
 TEST(WizardRules, TheSmallRules) {

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDir>
+#include <QMenuBar>
 #include <QPointer>
 #include <QRadioButton>
 #include <QTimer>
@@ -91,8 +92,38 @@ void checkNothingCut(QWidget& window) {
     }
 }
 
+void checkLetters(QWidget& window) {
+    // Below the menus of the frame, unless it has them itself or stands apart.
+    const bool isBelowMenus =
+        !qobject_cast<QDialog*>(&window) && window.findChildren<QMenuBar*>().isEmpty();
+    QString taken = isBelowMenus ? u"FVH"_s : QString();
+    const auto take = [&](const QString& text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (key.isEmpty())
+            return;
+        const QChar letter = key.toString().back();
+        EXPECT_FALSE(taken.contains(letter))
+            << "twice underlined: " << text.toStdString() << " of " << described(window);
+        taken += letter;
+    };
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&window) || widget->window() != window.window())
+            continue;
+        if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->buddy()) {
+            take(label->text());
+            EXPECT_NE(label->buddy()->focusPolicy(), Qt::NoFocus) << described(*label->buddy());
+        } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
+            take(button->text());
+        } else if (qobject_cast<const QMenuBar*>(widget)) {
+            for (const QAction* action : widget->actions())
+                take(action->text());
+        }
+    }
+}
+
 void checkScreen(QWidget& window, const QString& name) {
     checkFocus(window);
+    checkLetters(window);
     const QPalette usual = QApplication::palette();
     for (const bool dark : {false, true}) {
         QApplication::setPalette(schemePalette(dark));

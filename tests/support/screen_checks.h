@@ -27,6 +27,9 @@ void checkLegible(QWidget& window);
 /// No label is smaller than its text needs.
 void checkNothingCut(QWidget& window);
 
+/// Every letter that is underlined is underlined once, and reaches something.
+void checkLetters(QWidget& window);
+
 /// All of the above, in the light and the dark scheme. Leaves a picture of each in the folder that
 /// the environment names in ORVA_PICTURES, if it does.
 void checkScreen(QWidget& window, const QString& name);

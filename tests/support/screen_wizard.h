@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/core_settings.h"
 #include "frame/screens/main_window.h"
 #include "frame/screens/window_table.h"
 #include "support/screen_checks.h"
@@ -15,6 +16,9 @@ class WizardTest : public YearSession {
 protected:
     WizardTest() {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        for (const Setting<QString>& kept :
+             {setting::DefaultOpenFolder, setting::DefaultSaveFolder, setting::DefaultBackupFolder})
+            settings.set(kept, path(u"app/"_s));
         session.Start(path(u"app"_s));
     }
     ~WizardTest() override { QLocale::setDefault(QLocale::c()); }
@@ -124,10 +128,10 @@ protected:
         key(Qt::Key_Return);
     }
     void answerTerms(const YearAnswers& answers) {
-        for (const DatePeriod& term : answers.terms) {
-            type(term.first.toString(u"d/M/yyyy"_s));
+        for (auto term = answers.terms.crbegin(); term != answers.terms.crend(); ++term) {
+            type(term->first.toString(u"d/M/yyyy"_s));
             key(Qt::Key_Tab);
-            type(term.last.toString(u"d/M/yyyy"_s));
+            type(term->last.toString(u"d/M/yyyy"_s));
             key(Qt::Key_Return);
         }
         key(Qt::Key_Return);

@@ -7,10 +7,9 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QPixmap>
-#include <QToolButton>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -21,7 +20,7 @@ TimetableEditor::TimetableEditor(Prompts& prompts, QWidget* parent)
     , m_prompts(prompts)
     , m_caption(new QLineEdit(this))
     , m_room(new QLineEdit(this))
-    , m_pickColour(new QToolButton(this)) {
+    , m_pickColour(new QPushButton(u"Co&lour..."_s, this)) {
     setObjectName(u"PicX"_s);
     setFrameShape(QFrame::Box);
     m_caption->setObjectName(u"Tx1"_s);
@@ -29,20 +28,26 @@ TimetableEditor::TimetableEditor(Prompts& prompts, QWidget* parent)
     m_room->setObjectName(u"tx2"_s);
     m_room->setToolTip(u"Enter a room discription for this period"_s);
     m_pickColour->setObjectName(u"cmdCol"_s);
-    m_pickColour->setToolTip(u"Colour"_s);
-    m_pickColour->setFocusPolicy(Qt::StrongFocus);
-    for (QLineEdit* box : {m_caption, m_room}) {
-        box->setMaxLength(LongestCaption);
-        connect(box, &QLineEdit::returnPressed, this, &TimetableEditor::accepted);
-    }
-    connect(m_pickColour, &QToolButton::clicked, this, &TimetableEditor::chooseColour);
+    m_pickColour->setIcon(icon(u"colour"_s));
+    m_pickColour->setAutoDefault(true); // Enter presses it
+    connect(m_pickColour, &QPushButton::clicked, this, &TimetableEditor::chooseColour);
     auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(2, 2, 2, 2);
-    layout->setSpacing(2);
-    layout->addWidget(m_caption, 0, 0, 1, 2);
-    layout->addWidget(m_room, 1, 0);
-    layout->addWidget(m_pickColour, 1, 1);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(3);
+    addBox(*m_caption, u"&Caption:"_s, *layout);
+    addBox(*m_room, u"&Room:"_s, *layout);
+    layout->addWidget(m_pickColour, layout->rowCount(), 1, Qt::AlignLeft);
     reset();
+}
+
+void TimetableEditor::addBox(QLineEdit& box, const QString& text, QGridLayout& layout) {
+    box.setMaxLength(LongestCaption);
+    connect(&box, &QLineEdit::returnPressed, this, &TimetableEditor::accepted);
+    auto* label = new QLabel(text, this);
+    label->setBuddy(&box);
+    const int row = layout.rowCount();
+    layout.addWidget(label, row, 0);
+    layout.addWidget(&box, row, 1);
 }
 
 void TimetableEditor::open(const TimetableCell& cell, const QString& place, const QRect& over) {
@@ -87,13 +92,6 @@ void TimetableEditor::showColour(qint32 colour) {
     setBackground(this, background);
     setBackground(m_caption, background);
     setBackground(m_room, QGuiApplication::palette().color(QPalette::Base));
-    QPixmap picture(m_pickColour->iconSize() * devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paintIcon(painter, picture.rect(), u"colour"_s, textColourOn(background));
-    painter.end();
-    m_pickColour->setIcon(QIcon(picture));
-    m_pickColour->setAutoRaise(true);
 }
 
 void TimetableEditor::keyPressEvent(QKeyEvent* event) {

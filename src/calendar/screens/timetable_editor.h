@@ -5,11 +5,13 @@
 #include <QFrame>
 
 class Prompts;
+class QGridLayout;
 class QLineEdit;
-class QToolButton;
+class QPushButton;
 
-/// `PicX`: the in-place editor of a cell, with the caption, the room and the colour. Enter ends it
-/// with what stands in it, Escape without.
+/// `PicX`: the in-place editor of a cell, with the caption, the room and the colour, each reached
+/// by the letter that is underlined in its label. Enter ends it with what stands in it, Escape
+/// without.
 class TimetableEditor : public QFrame {
     Q_OBJECT
 
@@ -30,12 +32,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void addBox(QLineEdit& box, const QString& label, QGridLayout& layout);
     void chooseColour();
     void showColour(qint32 colour);
 
     Prompts& m_prompts;
     QLineEdit* m_caption;
     QLineEdit* m_room;
-    QToolButton* m_pickColour;
+    QPushButton* m_pickColour;
     qint32 m_colour = NoColourChosen;
 };

@@ -138,6 +138,9 @@ void TimetableWindow::makePopup() {
         connect(action, &QAction::triggered, this, act);
         return action;
     };
+    QAction* edit = m_popup->addAction(u"Edit...\tF2"_s, this, &TimetableWindow::openEditor);
+    edit->setObjectName(u"mnuEdit"_s);
+    m_popup->addSeparator();
     add(u"Copy"_s, QKeySequence::Copy, &TimetableWindow::copy)->setObjectName(u"mnuCopy"_s);
     m_paste = add(u"Paste"_s, QKeySequence::Paste, &TimetableWindow::paste);
     m_paste->setObjectName(u"mnuPaste"_s);

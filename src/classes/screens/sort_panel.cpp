@@ -105,6 +105,7 @@ QWidget* SortPanel::makeConditionRow() {
     m_value->setInsertPolicy(QComboBox::NoInsert);
     m_value->setCompleter(nullptr); // 1 is 1, whatever 12 was looked up
     m_value->setMinimumContentsLength(16);
+    m_value->lineEdit()->setAccessibleName(m_value->accessibleName());
     m_value->lineEdit()->installEventFilter(this);
     auto* arrow = new QToolButton;
     arrow->setObjectName(u"cmdBuild"_s);

@@ -12,6 +12,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -67,6 +68,14 @@ QStringList nameFilters(const QList<FileFilter>& filters) {
     for (const FileFilter& filter : filters)
         result += u"%1 (%2)"_s.arg(filter.label, patternsOf(filter));
     return result;
+}
+
+/// A folder, or the nearest above it that is there.
+QString existingFolder(const QString& folder) {
+    QString path = QDir::cleanPath(folder);
+    while (!path.isEmpty() && !QDir(path).exists() && QFileInfo(path).path() != path)
+        path = QFileInfo(path).path();
+    return path;
 }
 
 } // namespace
@@ -125,7 +134,7 @@ std::optional<LinkAnswer> DesktopPrompts::File_Link(const QString& title, const 
 
 QString DesktopPrompts::OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
                                        const QString& startFolder, int flags, bool save) {
-    QFileDialog dialog(owner(), title, startFolder);
+    QFileDialog dialog(owner(), title, existingFolder(startFolder));
     dialog.setNameFilters(nameFilters(filters));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     const bool mustExist = !save && (flags & FileMustExist) != 0;

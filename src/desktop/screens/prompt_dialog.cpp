@@ -225,6 +225,7 @@ void PromptDialog::writeText(const QString& text, const BoxLook& look) {
     constexpr int narrowest = 30;
     constexpr int widest = 75;
     m_text->setText(breakable(text));
+    m_text->setAccessibleName(text); // as it is, without the places where it may be broken
     m_text->ensurePolished();
     const QFontMetrics metrics(m_text->font());
     const int letter = metrics.averageCharWidth();

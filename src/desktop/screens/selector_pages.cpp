@@ -127,6 +127,7 @@ QComboBox* SpreadsheetContent::makeColumn(const SpreadsheetRequest& request, int
     box->setObjectName(names.value(index));
     box->setAccessibleName(request.columnLabels[index]);
     box->setEditable(true);
+    box->lineEdit()->setAccessibleName(box->accessibleName());
     box->addItems(request.columnChoices);
     if (index == third && request.thirdMayBeNone)
         box->addItem(NoColumn);
@@ -148,6 +149,7 @@ QComboBox* SpreadsheetContent::makeRow(const SpreadsheetRequest& request) {
     box->setObjectName(u"cboRow"_s);
     box->setAccessibleName(request.rowLabel);
     box->setEditable(true);
+    box->lineEdit()->setAccessibleName(box->accessibleName());
     for (int row = 1; row <= offered; ++row)
         box->addItem(QString::number(row));
     box->setCurrentText(QString::number(request.row));

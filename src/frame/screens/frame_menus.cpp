@@ -1,12 +1,29 @@
 #include "frame/screens/frame_menus.h"
 
 #include "controls/icons.h"
+#include "core/session.h"
+#include "frame/year_roads.h"
+#include "year/recent_years.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Toolkits that read the screen know a menu as the one of the bar that they asked first. When that
+/// bar goes they are to ask again, or the menu is gone from the other bars too.
+void forgetAccessible(QAction* menuAction) {
+    if (QAccessibleInterface* known = QAccessible::queryAccessibleInterface(menuAction))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(known));
+}
+
+} // namespace
 
 FrameMenus::FrameMenus(Session& session, MainFrame& frame, WindowTest has, QWidget& window)
     : QObject(&window)
@@ -50,7 +67,27 @@ QMenu* FrameMenus::makeMenu(const MenuEntry& entry) {
         if (!item.isSeparator && isPopup(item.command))
             action(item.command).setMenu(&popup(item.command));
     }
+    if (menu->actions().contains(&action(FrameCommand::Exit)))
+        connect(menu, &QMenu::aboutToShow, this, [this, menu] { listRecentYears(*menu); });
     return menu;
+}
+
+/// Made anew whenever the menu opens, above "Exit": a start reads none of it.
+void FrameMenus::listRecentYears(QMenu& menu) {
+    qDeleteAll(m_recentYears);
+    m_recentYears.clear();
+    QAction* exit = &action(FrameCommand::Exit);
+    for (const QString& path : RecentYears(m_session.GetSettings())) {
+        auto* year = new QAction(
+            u"&%1 %2"_s.arg(m_recentYears.size() + 1).arg(ShortenPath(path).replace(u'&', u"&&"_s)),
+            &menu);
+        connect(year, &QAction::triggered, this,
+                [this, path] { OpenRecentYear(m_session, m_frame, path); });
+        menu.insertAction(exit, year);
+        m_recentYears += year;
+    }
+    if (!m_recentYears.isEmpty())
+        m_recentYears += menu.insertSeparator(exit);
 }
 
 QMenu& FrameMenus::popup(FrameCommand popup) {
@@ -64,6 +101,10 @@ void FrameMenus::addTo(QMenuBar& bar) const {
     QAction* first = bar.actions().value(0);
     for (QMenu* menu : m_menus)
         bar.insertAction(first, menu->menuAction());
+    connect(&bar, &QObject::destroyed, this, [this] {
+        for (const QMenu* menu : m_menus)
+            forgetAccessible(menu->menuAction());
+    });
 }
 
 void FrameMenus::EnableInput(bool enable) {

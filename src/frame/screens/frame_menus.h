@@ -32,6 +32,7 @@ public:
 private:
     void makeActions(QWidget& window);
     QMenu* makeMenu(const MenuEntry& entry);
+    void listRecentYears(QMenu& menu);
 
     Session& m_session;
     MainFrame& m_frame;
@@ -40,4 +41,5 @@ private:
     QMap<FrameCommand, QAction*> m_actions;
     QMap<FrameCommand, QMenu*> m_popups;
     QList<QMenu*> m_menus;
+    QList<QAction*> m_recentYears; ///< of the file menu, with the separator behind them
 };

@@ -13,6 +13,7 @@
 #include "frame/year_roads.h"
 #include "help/screens/context_help.h"
 #include "help/screens/help_viewer.h"
+#include "year/recent_years.h"
 
 #include <QAction>
 #include <QApplication>
@@ -141,6 +142,7 @@ void MainWindow::SetCaption(const QString& caption) {
 
 void MainWindow::yearOpened() {
     SetCaption(mainCaption(m_session.CurrentDB.Name()));
+    NoteRecentYear(m_session.GetSettings(), m_session.CurrentDB.Name());
     EnableInput(true);
 }
 
@@ -249,14 +251,26 @@ void MainWindow::forget(const QWidget* holder) {
     m_loaded.removeIf([holder](const Loaded& loaded) { return loaded.holder == holder; });
 }
 
+/// Ctrl+F4 closes a tool window on every desktop; some have Ctrl+W alone.
+void MainWindow::addCloseKey(QWidget& holder) {
+    const QKeySequence key(Qt::CTRL | Qt::Key_F4);
+    if (QKeySequence::keyBindings(QKeySequence::Close).contains(key))
+        return;
+    auto* shortcut = new QShortcut(key, &holder);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, &holder, &QWidget::close);
+}
+
 /// Puts a window where its kind stands.
 QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
     addMenus(window);
     QWidget* holder = &window;
-    if (entry.kind == WindowKind::Tool)
+    if (entry.kind == WindowKind::Tool) {
         holder = m_client->addSubWindow(&window);
-    else
+        addCloseKey(*holder);
+    } else {
         window.setParent(this, window.windowFlags() | Qt::Tool);
+    }
     holder->setAttribute(Qt::WA_DeleteOnClose);
     holder->installEventFilter(this);
     return holder;

@@ -1,12 +1,14 @@
 #include "frame/screens/mdi_background.h"
 
 #include "controls/colours.h"
+#include "controls/placed_widget.h"
 #include "core/session.h"
 #include "core/setting_notices.h"
 #include "core/settings.h"
 #include "frame/frame_settings.h"
 
 #include <QLinearGradient>
+#include <QMdiSubWindow>
 #include <QResizeEvent>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,16 @@ void MdiBackground::ShadeMDI() {
 void MdiBackground::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
     ShadeMDI();
+    keepFormsInside();
+}
+
+/// The desktop fits the main window to the screen when the first of them may be open already.
+void MdiBackground::keepFormsInside() {
+    for (QMdiSubWindow* form : subWindowList()) {
+        PlacedWidget place(*form, form->objectName(), viewport());
+        if (place.windowState() == WindowNormal && !viewport()->rect().contains(form->geometry()))
+            place.setPlacement(place.placement());
+    }
 }
 
 /// The default end of the shading is a colour of the person's scheme.

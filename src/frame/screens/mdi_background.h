@@ -4,7 +4,8 @@
 
 class Session;
 
-/// The area of the tool windows, shaded from one colour of the settings to another.
+/// The area of the tool windows, shaded from one colour of the settings to another. A window that
+/// it becomes too small for is made smaller or moved, so that all of it can be reached.
 class MdiBackground : public QMdiArea {
     Q_OBJECT
 
@@ -19,5 +20,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void keepFormsInside();
+
     Session& m_session;
 };

@@ -1,6 +1,7 @@
 #include "help/screens/help_page_view.h"
 
 #include "controls/colours.h"
+#include "help/screens/help_page_reader.h"
 
 #include <QEvent>
 #include <QImage>
@@ -32,6 +33,7 @@ QString nameIn(const QUrl& address) {
 
 HelpPageView::HelpPageView(const HelpBook& book, QWidget* parent)
     : QTextBrowser(parent), m_book(book) {
+    showHelpPagesToAssistiveTools();
     setObjectName(u"HelpPage"_s);
     setAccessibleName(u"Help page"_s);
     document()->setDocumentMargin(margin);

@@ -108,6 +108,7 @@ HelpListPane::HelpListPane(const QString& name, const QString& question)
     m_field->setObjectName(name + u"Field"_s);
     m_field->setAccessibleName(question);
     m_field->setClearButtonEnabled(true);
+    setFocusProxy(m_field);
     m_list->setObjectName(name + u"List"_s);
     m_list->setAccessibleName(name + u" list"_s);
     auto* label = new QLabel(question);

@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -89,6 +90,8 @@ QWidget* HelpWindow::makePanes() {
     m_tabs->addTab(m_contents, u"&Contents"_s);
     m_tabs->addTab(index, u"I&ndex"_s);
     m_tabs->addTab(m_search, u"&Search"_s);
+    m_tabs->tabBar()->installEventFilter(this);
+    connect(m_tabs, &QTabWidget::tabBarClicked, this, &HelpWindow::focusPane, Qt::QueuedConnection);
     const auto showUnmarked = [this](int page) {
         m_view->setMarkedWords({});
         m_view->showPage(page);
@@ -164,12 +167,11 @@ void HelpWindow::showHelp(HelpCommand command, const QStringList& controlPath) {
     switch (command) {
     case HelpIndex:
         m_tabs->setCurrentWidget(m_contents);
-        m_contents->setFocus();
+        focusPane();
         break;
     case HelpSearch:
         m_tabs->setCurrentWidget(m_search);
-        m_search->field().setFocus();
-        m_search->field().selectAll();
+        focusPane();
         break;
     case HelpContext:
         m_view->setMarkedWords({});
@@ -177,6 +179,20 @@ void HelpWindow::showHelp(HelpCommand command, const QStringList& controlPath) {
         m_view->setFocus();
         break;
     }
+}
+
+/// The pane in front has the keyboard, ready for the next word.
+void HelpWindow::focusPane() {
+    m_tabs->currentWidget()->setFocus();
+    if (auto* pane = qobject_cast<HelpListPane*>(m_tabs->currentWidget()))
+        pane->field().selectAll();
+}
+
+/// The letter underlined in a tab goes to the pane, also where that is in front already.
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_tabs->tabBar() && event->type() == QEvent::Shortcut)
+        QMetaObject::invokeMethod(this, &HelpWindow::focusPane, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
 }
 
 void HelpWindow::pageShown(int page) {

@@ -32,6 +32,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* makePanes();
@@ -39,6 +40,7 @@ private:
     QFrame* makeFindBar();
     void makeToolbar();
     void makeShortcuts();
+    void focusPane();
     void pageShown(int page);
     void startFinding();
     void endFinding();

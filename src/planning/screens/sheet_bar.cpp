@@ -28,7 +28,6 @@ SheetBar::SheetBar(DailySheets& sheets, QWidget* parent)
     large.setBold(true);
     m_heading->setFont(large);
     m_position->setObjectName(u"L1"_s);
-    m_position->setAccessibleName(u"Position of the sheet"_s);
     m_position->setAlignment(Qt::AlignCenter);
     m_position->setMinimumWidth(m_position->fontMetrics().horizontalAdvance(u"0000/0000"_s));
 
@@ -105,6 +104,7 @@ void SheetBar::showPosition() {
     m_heading->setText(m_sheets.heading());
     m_calendar->setDate(m_sheets.date());
     m_position->setText(m_sheets.positionText());
+    m_position->setAccessibleName(u"Position of the sheet: %1"_s.arg(m_sheets.positionText()));
     m_buttons[First]->setEnabled(m_sheets.canMove(SheetMove::First));
     m_buttons[Previous]->setEnabled(m_sheets.canMove(SheetMove::Previous));
     m_buttons[Next]->setEnabled(m_sheets.canMove(SheetMove::Next));

@@ -59,6 +59,7 @@ WeeklySheetWindow::WeeklySheetWindow(Session& session)
     for (auto notice : {&Notices::classesChanged, &Notices::sheetsChanged})
         connect(&session.GetNotices(), notice, this, &WeeklySheetWindow::showClassesAgain);
     showWeek(m_sheets.currentWeek());
+    m_class->setFocus(); // the toolbar before it begins with buttons that do nothing
 }
 
 WeeklySheetWindow::~WeeklySheetWindow() {

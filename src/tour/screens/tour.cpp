@@ -6,6 +6,7 @@
 #include "core/session.h"
 #include "desktop/screens/progress_dialog.h"
 #include "frame/screens/main_window.h"
+#include "frame/year_roads.h"
 #include "help/help_file.h"
 #include "help/screens/help_window.h"
 #include "incidents/security_warning.h"
@@ -16,6 +17,7 @@
 #include "tour/screens/tour_timetable.h"
 #include "tour/screens/tour_wizard.h"
 #include "year/screens/startup_wizard.h"
+#include "year/wizard_rules.h"
 #include "year/year_answers_json.h"
 #include "year/year_creation.h"
 
@@ -124,6 +126,10 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     try {
         if (!answers)
             return false;
+        // Pictures tell nothing of the machine that they are taken on: the wizard would, once it
+        // knows a year.
+        session.FolderDefaults[SaveFolder].folder = u"/home/teacher/Documents/ORVA/"_s;
+        visitWizard(frame, *answers, pictures);
         makeYear(session, *answers, year);
         session.DatabasePath = year;
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
@@ -135,6 +141,8 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     } catch (const dao::EngineError& error) {
         return fail(error.description());
     }
+    frame.SetCaption(
+        mainCaption(u"/home/teacher/Documents/ORVA/%1"_s.arg(defaultFileName(*answers))));
     frame.EnableInput(true);
     pictures.save(frame, u"mdiORVA"_s);
     for (const WindowEntry& entry : windowTable()) {
@@ -147,9 +155,6 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
-    // Pictures tell nothing of the machine that they were taken on.
-    session.FolderDefaults[SaveFolder].folder = u"/home/teacher/Documents/"_s;
-    visitWizard(frame, *answers, pictures);
     visitHelp(frame, pictures);
     return pictures.areWhole() && writeWindowNames(folder + u"/windows.txt"_s);
 }

@@ -5,6 +5,7 @@
 #include "core/version.h"
 #include "store/engine/error.h"
 #include "year/backup.h"
+#include "year/recent_years.h"
 #include "year/restore.h"
 #include "year/screens/startup_wizard_lists.h"
 #include "year/screens/startup_wizard_pages.h"
@@ -51,7 +52,7 @@ StartupWizard::StartupWizard(Session& session)
 
 StartupWizard::StartupWizard(Session& session, const QString& engineVersion)
     : m_session(session)
-    , m_actions(new ActionsPage(startupActions(engineVersion)))
+    , m_actions(new ActionsPage(startupActions(engineVersion), RecentYears(session.GetSettings())))
     , m_teacher(new TeacherPage(session.GetSeams().clock.today()))
     , m_classes(new ClassesPage(session.GetSeams().prompts))
     , m_weekA(new TimetablePage(u'A'))
@@ -66,6 +67,7 @@ StartupWizard::StartupWizard(Session& session, const QString& engineVersion)
     , m_next(new QPushButton(nextCaption())) {
     setObjectName(u"StartupWiz"_s);
     setWindowTitle(u"Startup Wizard"_s);
+    connect(m_weekB, &TimetablePage::copyWanted, this, &StartupWizard::copyWeek);
     makePages();
     showFrame(FirstPage);
 }
@@ -81,6 +83,7 @@ void StartupWizard::makePages() {
     m_parts->addWidget(first);
     m_parts->addWidget(makeSetupPages());
     connect(m_actions, &ActionsPage::activated, this, &StartupWizard::next);
+    connect(m_actions, &ActionsPage::otherYearWanted, this, &StartupWizard::openExisting);
 
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
@@ -210,6 +213,18 @@ void StartupWizard::fillWeekB() {
     m_weekB->fill(given.periodsPerDay, given.classes);
 }
 
+/// What stands in week B already goes only when that is wanted.
+void StartupWizard::copyWeek() {
+    const bool copies =
+        m_weekB->isFree() ||
+        m_session.GetSeams().prompts.PlainBox(
+            u"There are classes in week B already.\n\nDo you want to replace them by week A?"_s,
+            YesNoButtons | QuestionIcon | SecondButtonDefault,
+            u"Copy week A to week B"_s) == AnswerYes;
+    if (copies)
+        m_weekB->setWeek(m_weekA->week());
+}
+
 YearAnswers StartupWizard::answers() const {
     YearAnswers given;
     m_teacher->putInto(given);
@@ -234,6 +249,8 @@ void StartupWizard::runAction(int action) {
     case SetupAction:
         return nextInSetup({});
     case OpenAction:
+        if (const QString year = m_actions->chosenYear(); !year.isEmpty())
+            return openAndLeave(year, chosenFileFailure);
         return openExisting();
     case RestoreAction:
         return restoreBackup();
@@ -306,6 +323,8 @@ void StartupWizard::finishSetup() {
             return m_file->setFocus();
         existing = ExistingFile::Replace;
     }
+    if (m_file->folder() == m_session.FolderDefaults[SaveFolder].folder)
+        MakeProposedFolder(m_session.FolderDefaults[SaveFolder]);
     if (!createDatabase(path, existing) || !openDatabase(path, chosenFileFailure))
         return m_file->setFocus();
     leave();

@@ -63,6 +63,7 @@ private:
     void showFrame(int frame);
     bool mayLeave(int frame);
     void prepareBehind(int frame);
+    void copyWeek();
     YearAnswers answers() const;
 
     void runAction(int action);

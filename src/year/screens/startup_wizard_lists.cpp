@@ -179,6 +179,12 @@ TimetablePage::TimetablePage(QChar letter)
     auto* picker = new QHBoxLayout;
     picker->addWidget(new QLabel(u"<b>for Week %1</b>"_s.arg(letter)));
     picker->addStretch();
+    if (letter == u'B') {
+        QPushButton* copy = makePageButton(u"cmdCopyWeek"_s, u"&Copy week A to week B"_s);
+        connect(copy, &QPushButton::clicked, this, &TimetablePage::copyWanted);
+        picker->addWidget(copy);
+        picker->addStretch();
+    }
     picker->addWidget(caption);
     picker->addWidget(m_class);
     auto* grid = new QGridLayout;
@@ -245,12 +251,28 @@ void TimetablePage::selectPeriod(int day) {
     if (row < 0)
         return;
     const QString picked = m_class->currentText();
-    const QString text = list->item(row)->text() == picked ? QString() : picked;
-    list->setPeriod(row, text);
-    QStringList& chosen = m_chosen[static_cast<size_t>(day)];
+    choose(static_cast<size_t>(day), row, list->item(row)->text() == picked ? QString() : picked);
+}
+
+void TimetablePage::choose(size_t day, int row, const QString& text) {
+    m_lists[day]->setPeriod(row, text);
+    QStringList& chosen = m_chosen[day];
     while (chosen.size() <= row)
         chosen += QString();
     chosen[row] = text;
+}
+
+void TimetablePage::setWeek(const WeekTimetable& week) {
+    for (size_t day = 0; day < Days; ++day) {
+        for (int row = 0; row < m_lists[day]->count(); ++row)
+            choose(day, row, week[day].value(row));
+    }
+}
+
+bool TimetablePage::isFree() const {
+    const WeekTimetable shown = week();
+    return std::all_of(shown.begin(), shown.end(),
+                       [](const QStringList& day) { return day.join(QString()).isEmpty(); });
 }
 
 void TimetablePage::moveToDay(int day, int row) {
@@ -338,15 +360,22 @@ void TermsPage::addPeriod() {
         showFault(m_session.GetSeams().prompts, *fault);
         return (period.first.isValid() ? m_last : m_first)->setFocus();
     }
-    append(period);
+    insert(period);
     m_first->setDate({});
     m_last->setDate({});
     m_first->setFocus();
 }
 
-void TermsPage::append(const DatePeriod& period) {
-    auto* item = new QListWidgetItem(periodItem(period, locale()), m_periods);
+void TermsPage::insert(const DatePeriod& period) {
+    const auto isBehind = [this, &period](int row) {
+        return m_periods->item(row)->data(PeriodRole).value<DatePeriod>().first > period.first;
+    };
+    int row = m_periods->count();
+    while (row > 0 && isBehind(row - 1))
+        --row;
+    auto* item = new QListWidgetItem(periodItem(period, locale()));
     item->setData(PeriodRole, QVariant::fromValue(period));
+    m_periods->insertItem(row, item);
     m_periods->setCurrentItem(item);
 }
 
@@ -359,5 +388,5 @@ void TermsPage::importPeriods() {
         ImportTermDates(m_session.Engine(), m_session.GetSeams().prompts,
                         m_session.FolderDefaults[OpenFolder].folder);
     for (const DatePeriod& period : periods)
-        append(period);
+        insert(period);
 }

@@ -72,6 +72,14 @@ public:
     /// and come back have what was chosen before.
     void fill(int periods, const QStringList& classes);
     WeekTimetable week() const;
+    /// Chooses all rows as in another week.
+    void setWeek(const WeekTimetable& week);
+    /// Whether no class is taught in any row.
+    bool isFree() const;
+
+signals:
+    /// Week A is to be copied to this one, week B.
+    void copyWanted();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -82,6 +90,7 @@ private:
     void makeLists(QChar letter);
     /// Sets the current row of a day to the class picked, or clears it when that is there already.
     void selectPeriod(int day);
+    void choose(size_t day, int row, const QString& text);
     void moveToDay(int day, int row);
 
     QComboBox* m_class;
@@ -105,7 +114,8 @@ private:
     QPushButton* makeButton(const QString& objectName, const QString& caption,
                             void (TermsPage::*command)());
     void addPeriod();
-    void append(const DatePeriod& period);
+    /// Puts a period into the list, in the order of the year.
+    void insert(const DatePeriod& period);
     void removePeriod();
     void importPeriods();
 

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int UsualPeriods = 5;
 constexpr int LongestFileName = 200;
+constexpr int ActionRole = Qt::UserRole; ///< a StartupAction
 
 /// A caption's "&&" is read as "&", as on a button.
 class CaptionDelegate : public QStyledItemDelegate {
@@ -34,6 +35,8 @@ public:
 /// A row of a form. The caption is the field's name for screen readers, without its access key.
 void addRow(QFormLayout* form, const QString& caption, QWidget* field) {
     field->setAccessibleName(QString(caption).remove(u'&').remove(u':'));
+    if (auto* combo = qobject_cast<QComboBox*>(field); combo && combo->isEditable())
+        combo->lineEdit()->setAccessibleName(combo->accessibleName());
     form->addRow(caption, field);
 }
 
@@ -46,29 +49,74 @@ QComboBox* makeCombo(const QString& objectName, const QStringList& items) {
 
 } // namespace
 
-ActionsPage::ActionsPage(const QStringList& actions) : m_actions(new QListWidget) {
+ActionsPage::ActionsPage(const QStringList& actions, const QStringList& recentYears)
+    : m_actions(new QListWidget), m_years(new QComboBox) {
     auto* question = new QLabel(u"What would you like to do today?"_s);
     m_actions->setObjectName(u"CL1"_s);
     m_actions->setAccessibleName(question->text());
     m_actions->setItemDelegate(new CaptionDelegate(m_actions));
-    for (const QString& action : actions) {
-        auto* item = new QListWidgetItem(action, m_actions);
-        item->setData(Qt::AccessibleTextRole, QString(action).replace(u"&&"_s, u"and"_s));
+    if (!recentYears.isEmpty())
+        addLine(OpenAction, actions[OpenAction]);
+    for (int action = 0; action < actions.size(); ++action) {
+        if (recentYears.isEmpty() || action != OpenAction)
+            addLine(action, actions[action]);
     }
-    m_actions->setCurrentRow(0);
     setFocusProxy(m_actions);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(question);
     layout->addWidget(m_actions);
+    QWidget* years = makeYears(recentYears);
+    layout->addWidget(years);
+    years->setVisible(!recentYears.isEmpty());
     connect(m_actions, &QListWidget::itemDoubleClicked, this, &ActionsPage::activated);
+    connect(m_actions, &QListWidget::currentRowChanged, years,
+            [this, years] { years->setEnabled(action() == OpenAction); });
+    m_actions->setCurrentRow(0);
+}
+
+void ActionsPage::addLine(int action, const QString& text) {
+    auto* item = new QListWidgetItem(text, m_actions);
+    item->setData(ActionRole, action);
+    item->setData(Qt::AccessibleTextRole, QString(text).replace(u"&&"_s, u"and"_s));
+}
+
+QWidget* ActionsPage::makeYears(const QStringList& recentYears) {
+    auto* years = new QWidget;
+    m_years->setObjectName(u"cboYears"_s);
+    m_years->setAccessibleName(u"Year to open"_s);
+    m_years->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    for (const QString& path : recentYears) {
+        m_years->addItem(ShortenPath(path), path);
+        m_years->setItemData(m_years->count() - 1, path, Qt::ToolTipRole);
+    }
+    auto* caption = new QLabel(u"&Year:"_s);
+    caption->setBuddy(m_years);
+    auto* other = new QPushButton(u"&Another file..."_s);
+    other->setObjectName(u"cmdOtherYear"_s);
+    other->setAutoDefault(true);
+    connect(other, &QPushButton::clicked, this, &ActionsPage::otherYearWanted);
+    auto* layout = new QHBoxLayout(years);
+    layout->setContentsMargins({});
+    layout->addWidget(caption);
+    layout->addWidget(m_years, 1);
+    layout->addWidget(other);
+    return years;
 }
 
 int ActionsPage::action() const {
-    return m_actions->currentRow();
+    const QListWidgetItem* item = m_actions->currentItem();
+    return item ? item->data(ActionRole).toInt() : NoAction;
 }
 
 void ActionsPage::setAction(int action) {
-    m_actions->setCurrentRow(action);
+    for (int row = 0; row < m_actions->count(); ++row) {
+        if (m_actions->item(row)->data(ActionRole).toInt() == action)
+            m_actions->setCurrentRow(row);
+    }
+}
+
+QString ActionsPage::chosenYear() const {
+    return m_years->currentData().toString();
 }
 
 TeacherPage::TeacherPage(QDate today)
@@ -143,7 +191,7 @@ FilePage::FilePage(const QString& folder, Prompts& prompts)
     m_name->setMaxLength(LongestFileName);
     m_location->setObjectName(u"LBlocation"_s);
     m_location->setTextFormat(Qt::PlainText);
-    auto* browse = new QPushButton(u"C&hange..."_s);
+    auto* browse = new QPushButton(u"Chan&ge..."_s);
     browse->setObjectName(u"cmdLocation"_s);
     browse->setAccessibleName(u"Change the location of the file"_s);
     browse->setAutoDefault(true);
@@ -154,7 +202,7 @@ FilePage::FilePage(const QString& folder, Prompts& prompts)
     location->addWidget(m_location, 1);
     location->addWidget(browse);
     auto* form = new QFormLayout(this);
-    form->addRow(u"&File name:"_s, m_name);
+    form->addRow(u"File &name:"_s, m_name);
     form->addRow(u"Location:"_s, location);
 
     connect(m_name, &QLineEdit::textEdited, this,

@@ -14,20 +14,29 @@ class QLineEdit;
 /// The pages of StartupWizard that ask for single answers; startupwiz_lists.h has those with lists.
 /// Each page takes the focus for its first field and writes what was answered into YearAnswers.
 
-/// The list of what the program can do without an open year.
+/// The list of what the program can do without an open year. Where years were opened before, to
+/// open one is its first line, and the last of them is chosen.
 class ActionsPage : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ActionsPage(const QStringList& actions);
+    /// The texts in the order of StartupAction; the paths of the years, the newest first.
+    ActionsPage(const QStringList& actions, const QStringList& recentYears);
     int action() const; ///< a StartupAction
     void setAction(int action);
+    /// The path of the year that is chosen to be opened; empty where there were none.
+    QString chosenYear() const;
 
 signals:
     void activated(); ///< by a double click
+    void otherYearWanted();
 
 private:
+    void addLine(int action, const QString& text);
+    QWidget* makeYears(const QStringList& recentYears);
+
     QListWidget* m_actions;
+    QComboBox* m_years;
 };
 
 /// Who teaches, when, in how many periods and weeks.
