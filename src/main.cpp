@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "core/system_clock.h"
 #include "core/termination_signals.h"
+#include "core/toolkit_settings.h"
 #include "core/version.h"
 #include "desktop/screens/desktop_prompts.h"
 #include "desktop/screens/desktop_shell.h"
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(icon(u"orva"_s));
     const QStringList arguments = QCoreApplication::arguments();
 
+    KeepToolkitSettingsPrivate();
     dao::DBEngine engine;
     Settings settings;
     SystemClock clock;
