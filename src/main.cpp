@@ -12,6 +12,7 @@
 #include "core/settings.h"
 #include "core/system_clock.h"
 #include "core/termination_signals.h"
+#include "core/toolkit_settings.h"
 #include "core/version.h"
 #include "desktop/screens/desktop_prompts.h"
 #include "desktop/screens/desktop_shell.h"
@@ -57,6 +58,7 @@ int main(int argc, char** argv) {
     showContextMenusToAssistiveTools();
     const QStringList arguments = QCoreApplication::arguments();
 
+    KeepToolkitSettingsPrivate();
     dao::DBEngine engine;
     const QString sample = arguments.value(1) == u"--sample" ? arguments.value(2) : QString();
     Settings settings(sample.isEmpty() ? Settings::defaultFile() : sample + u"/settings.ini"_s);

@@ -1,10 +1,12 @@
-// jet FILE.mdb [--password P] [--names] [SQL...]
+// jet FILE.mdb [--password P | --password-fd N] [--names] [SQL...]
 //
 // Opens a year's file (or a genuine Jet file, which is only read) and prints what Jet SQL answers:
 // a line a row, values separated by tabs. Without SQL it answers one statement a line from standard
 // input until that ends. docs/file-format.md tells the language; `SHOW TABLES` and
-// `SHOW FIELDS table` are this tool's own.
+// `SHOW FIELDS table` are this tool's own. The password may stand in `ORVA_PASSWORD` too, or on a
+// line of the file that is open under the number N.
 
+#include "core/given_password.h"
 #include "core/tab_separated.h"
 #include "store/engine/engine.h"
 #include "store/engine/error.h"
@@ -28,15 +30,21 @@ struct Arguments {
 };
 
 bool readArguments(const QStringList& given, Arguments& arguments) {
+    arguments.password = passwordFromEnvironment();
     for (qsizetype i = 1; i < given.size(); ++i) {
-        if (given.at(i) == u"--password" && i + 1 < given.size())
+        if (given.at(i) == u"--password" && i + 1 < given.size()) {
             arguments.password = given.at(++i);
-        else if (given.at(i) == u"--names")
+        } else if (given.at(i) == u"--password-fd" && i + 1 < given.size()) {
+            arguments.password = passwordFromDescriptor(given.at(++i));
+            if (arguments.password.isNull())
+                return false;
+        } else if (given.at(i) == u"--names") {
             arguments.names = true;
-        else if (arguments.file.isEmpty())
+        } else if (arguments.file.isEmpty()) {
             arguments.file = given.at(i);
-        else
+        } else {
             arguments.statements += given.at(i);
+        }
     }
     return !arguments.file.isEmpty();
 }
@@ -103,7 +111,8 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     Arguments arguments;
     if (!readArguments(QCoreApplication::arguments(), arguments)) {
-        std::fputs("usage: jet FILE.mdb [--password P] [--names] [SQL...]\n", stderr);
+        std::fputs("usage: jet FILE.mdb [--password P | --password-fd N] [--names] [SQL...]\n",
+                   stderr);
         return 2;
     }
     try {

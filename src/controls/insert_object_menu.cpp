@@ -7,7 +7,7 @@
 #include "controls/symbol_dialog.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "core/shell.h"
+#include "core/shell_services.h"
 #include "richtext/object_files.h"
 #include "richtext/objects.h"
 
@@ -101,7 +101,7 @@ void InsertObjectMenu::openPackage(const richtext::EmbeddedObject& object) {
     if (path.isEmpty())
         tell(u"The file could not be opened, since there is no room to put it:\n"_s + object.name);
     else
-        m_session.GetSeams().shell.ShellRun(u"Open"_s, path);
+        OpenForeignFile(path, m_session.GetSeams().shell, m_session.GetSeams().prompts);
 }
 
 void InsertObjectMenu::tell(const QString& text) {

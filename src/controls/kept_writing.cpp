@@ -7,7 +7,6 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +23,7 @@ const QWidget* enclosingWindow(const QWidget* control) {
 } // namespace
 
 KeptWriting::KeptWriting(QWidget& window, const Seams& seams, Writer writer)
-    : QObject(&window)
+    : BeforeGoing(&window)
     , m_window(window)
     , m_clock(seams.clock)
     , m_prompts(seams.prompts)
@@ -87,10 +86,4 @@ bool KeptWriting::mayGo() {
 void KeptWriting::end() {
     save();
     m_hasEnded = true;
-}
-
-bool mayWindowGo(const QWidget& window) {
-    const QList<KeptWriting*> all = window.findChildren<KeptWriting*>();
-    return std::all_of(all.begin(), all.end(),
-                       [](KeptWriting* writing) { return writing->mayGo(); });
 }

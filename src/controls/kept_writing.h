@@ -1,8 +1,8 @@
 #pragma once
 
+#include "controls/window_going.h"
 #include "core/clock.h"
 
-#include <QObject>
 #include <QString>
 
 #include <chrono>
@@ -31,7 +31,7 @@ struct Writer {
 ///
 /// A window that keeps writing has one as its last member, calls `typed` for every change that a
 /// person makes, and `end` before its boxes are destroyed. Closing asks mayGo.
-class KeptWriting : public QObject {
+class KeptWriting : public BeforeGoing {
     Q_OBJECT
 
 public:
@@ -47,7 +47,7 @@ public:
     bool leave();
     /// Whether the window may close: everything is written, or the person has chosen to lose what
     /// could not be. From then on it counts as given up until something more is typed.
-    bool mayGo();
+    bool mayGo() override;
     /// Writes for the last time and takes no part in anything more.
     void end();
 
@@ -68,6 +68,3 @@ private:
     bool m_isWriting = false;
     bool m_hasEnded = false;
 };
-
-/// mayGo of everything that is kept in a window.
-bool mayWindowGo(const QWidget& window);

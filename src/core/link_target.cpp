@@ -37,5 +37,5 @@ void OpenFileLink(const QString& path, const Settings& settings, Shell& shell, P
     else if (isGwbFile(path))
         OpenGwbFile(path, settings, shell, prompts);
     else
-        shell.ShellRun(u"Open"_s, path);
+        OpenForeignFile(path, shell, prompts);
 }

@@ -11,6 +11,7 @@ class Notices : public QObject {
 
 signals:
     void yearOpened();  ///< the session has a year now
+    void yearMoved();   ///< it goes on in another file
     void yearClosing(); ///< its windows have gone, its file is closed next
 
     void classesChanged(); ///< classes have come or gone, or look different

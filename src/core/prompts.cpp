@@ -49,5 +49,7 @@ PromptAnswer firstOffered(int flags, std::initializer_list<PromptAnswer> answers
 }
 
 PromptAnswer decliningAnswer(int flags) {
+    if ((flags & FirstButtonDeclines) != 0)
+        return promptButtons(flags).constFirst().answer;
     return firstOffered(flags, {AnswerCancel, AnswerNo, AnswerAbort});
 }

@@ -46,6 +46,8 @@ enum PromptFlag {
     WarningIcon = 48,
     InformationIcon = 64,
     SecondButtonDefault = 256,
+    /// Escape presses the first button: for a question whose Yes leaves everything as it is.
+    FirstButtonDeclines = 0x10000,
 };
 
 /// The part of a word of flags that picks the icon.
@@ -65,8 +67,8 @@ PromptAnswer defaultAnswer(int flags);
 /// The first of the answers for which a word of flags has a button; OK where it has none of them.
 PromptAnswer firstOffered(int flags, std::initializer_list<PromptAnswer> answers);
 
-/// The answer of somebody who wants nothing done: Cancel, else No, else Abort; "OK" where that is
-/// the only button.
+/// The answer of somebody who wants nothing done, which Escape gives too: Cancel, else No, else
+/// Abort; "OK" where that is the only button. With FirstButtonDeclines that of the first button.
 PromptAnswer decliningAnswer(int flags);
 
 /// What msg_Box and MsgAuto_box may be given beyond their text.

@@ -6,6 +6,7 @@
 #include "core/prompts.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
+#include "store/engine/files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -30,14 +31,47 @@ QString separatorOf(const QString& format) {
     return found == format.end() ? QString() : QString(*found);
 }
 
-/// A name beside an older file for its converted copy that no file has yet.
-QString convertedName(const QString& path) {
+/// The names for converted copies beside an older file.
+struct ConvertedNames {
+    QString newest; ///< of those that there are; empty for none
+    QString next;   ///< the first that no file has yet
+};
+
+ConvertedNames convertedNames(const QString& path) {
     const QFileInfo info(path);
     const QString base = info.absolutePath() + u'/' + info.completeBaseName();
-    QString name = base + u" (converted).mdb"_s;
-    for (int number = 2; QFileInfo::exists(name); ++number)
-        name = u"%1 (converted %2).mdb"_s.arg(base).arg(number);
-    return name;
+    ConvertedNames names{{}, base + u" (converted).mdb"_s};
+    for (int number = 2; QFileInfo::exists(names.next); ++number) {
+        names.newest = names.next;
+        names.next = u"%1 (converted %2).mdb"_s.arg(base).arg(number);
+    }
+    return names;
+}
+
+/// Which converted copy the person wants.
+enum class Converted { None, New, Existing };
+
+Converted askForConverted(Prompts& prompts, const QString& path, const ConvertedNames& names) {
+    const QString isOlder =
+        u"The database :\n\n%1\n\nis in the older Jet format.\n\n"_s.arg(ShortenPath(path));
+    const QString title = u"Older Database"_s;
+    if (names.newest.isEmpty()) {
+        const BoxAnswer answer = prompts.msg_Box(
+            isOlder +
+                u"A converted copy will be made beside it and opened:\n\n%1\n\nThe original "
+                "file stays as it is. Do you wish to continue ?"_s.arg(ShortenPath(names.next)),
+            OkCancelButtons | InformationIcon, title);
+        return answer == AnswerOk ? Converted::New : Converted::None;
+    }
+    BoxLook look;
+    look.captions = {u"Open that copy"_s, u"Make a new copy"_s};
+    const BoxAnswer answer = prompts.msg_Box(
+        isOlder + u"A converted copy of it is there already, with all that was changed in it "
+                  "since:\n\n%1\n\nDo you wish to open that copy?"_s.arg(ShortenPath(names.newest)),
+        YesNoCancelButtons | QuestionIcon, title, look);
+    if (answer == AnswerYes)
+        return Converted::Existing;
+    return answer == AnswerNo ? Converted::New : Converted::None;
 }
 
 bool isInUse(int error) {
@@ -96,6 +130,8 @@ OpenResult Session::openOnce(const QString& path, const QString& password) {
     m_opening.read(*this);
     if (CurrentDB.isJetFile())
         return openConverted(path, password);
+    dao::makePrivate(CurrentDB.Name());
+    warnOfOtherNames();
     m_opening.bringUpToDate(*this);
     DatabasePassword = password;
     emit m_notices.yearOpened();
@@ -103,22 +139,24 @@ OpenResult Session::openOnce(const QString& path, const QString& password) {
 }
 
 OpenResult Session::openConverted(const QString& path, const QString& password) {
-    CurrentDB.Close();
-    const QString copy = convertedName(path);
-    const BoxAnswer answer = m_seams.prompts.msg_Box(
-        u"The database :\n\n%1\n\nis in the older Jet format.\n\nA converted copy "
-        "will be made beside it and opened:\n\n%2\n\nThe original file stays as it "
-        "is. Do you wish to continue ?"_s.arg(ShortenPath(path), ShortenPath(copy)),
-        OkCancelButtons | InformationIcon, u"Older Database"_s);
-    if (answer != AnswerOk) {
-        clear();
+    clear();
+    const ConvertedNames names = convertedNames(path);
+    switch (askForConverted(m_seams.prompts, path, names)) {
+    case Converted::New:
+        return makeConverted(path, names.next, password);
+    case Converted::Existing:
+        return openExistingCopy(path, names.newest, password);
+    default:
         return OpenCancelled;
     }
+}
+
+OpenResult Session::makeConverted(const QString& path, const QString& copy,
+                                  const QString& password) {
     try {
         m_engine.CompactDatabase(path, copy, dao::GeneralLocale.toString(), 0,
                                  dao::connectText(password));
     } catch (const dao::EngineError& error) {
-        clear();
         m_seams.prompts.PlainBox(
             u"The converted copy could not be made:\n\n%1\n\nThe original file is "
             "unchanged."_s.arg(error.description()),
@@ -126,10 +164,37 @@ OpenResult Session::openConverted(const QString& path, const QString& password) 
         return OpenCancelled;
     }
     const OpenResult result = openOnce(copy, password);
-    DatabasePath = copy;
-    if (QFileInfo(m_settings.get(setting::DefaultDatabasePath)) == QFileInfo(path))
-        m_settings.set(setting::DefaultDatabasePath, copy);
+    useCopy(path, copy);
     return result;
+}
+
+/// It may have a password of its own by now; what keeps it from opening is told under its name.
+OpenResult Session::openExistingCopy(const QString& path, const QString& copy,
+                                     const QString& password) {
+    const OpenResult result = OpenDatabaseFile(copy, password);
+    if (result == OpenDone)
+        useCopy(path, copy);
+    if (result == OpenDone || result == OpenCancelled)
+        return result;
+    const OpenFailure failure = openFailure(result, copy);
+    m_seams.prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
+    return OpenCancelled;
+}
+
+/// The copy takes the place of the original, for the next start too.
+void Session::useCopy(const QString& original, const QString& copy) {
+    DatabasePath = copy;
+    if (QFileInfo(m_settings.get(setting::DefaultDatabasePath)) == QFileInfo(original))
+        m_settings.set(setting::DefaultDatabasePath, copy);
+}
+
+void Session::warnOfOtherNames() {
+    if (CurrentDB.HasOtherNames())
+        m_seams.prompts.PlainBox(
+            u"The database : \n\n%1\n\nhas another name on the disk as well (a hard link). When it "
+            "is compacted this name gets a new file, and the other one keeps the former.\n\nPlease "
+            "work with one of the names alone."_s.arg(ShortenPath(CurrentDB.Name())),
+            OkButton | WarningIcon, u"Database with two names"_s);
 }
 
 void Session::OpenToRead(const QString& path, const QString& password) {
@@ -165,6 +230,16 @@ QString Session::ChooseDatabaseFile(const QString& title, int flags) {
     return m_seams.prompts.OpenFileDialog(
         title.isEmpty() ? u" Select the database to open:"_s : title, {{u"*.mdb"_s, u"*.mdb"_s}},
         FolderDefaults[OpenFolder].folder, flags, false);
+}
+
+void Session::MoveDatabase(const QString& path) {
+    const QString former = CurrentDB.Name();
+    CurrentDB.MoveTo(path);
+    const QString byDefault = m_settings.get(setting::DefaultDatabasePath);
+    if (byDefault == DatabasePath || byDefault == former)
+        m_settings.set(setting::DefaultDatabasePath, path);
+    DatabasePath = path;
+    emit m_notices.yearMoved();
 }
 
 void Session::CloseAllDatabases() {

@@ -90,9 +90,10 @@ public:
     const Seams& GetSeams() const { return m_seams; }
 
     /// Opens a year's file into the session: the only way in. Asks for a password as often as the
-    /// teacher tries; brings an older file up to date. For a genuine Jet file it offers to make a
-    /// converted copy beside it and opens that; `DatabasePath` then leads to the copy. Whatever
-    /// was open has to be closed before.
+    /// teacher tries; brings an older file up to date. For a genuine Jet file it offers to open the
+    /// converted copy beside it, or to make one; `DatabasePath` then leads to the copy. The file of
+    /// a year is its owner's alone from then on; of one with a second hard link the teacher is
+    /// warned. Whatever was open has to be closed before.
     OpenResult OpenDatabaseFile(const QString& path, const QString& password);
     /// Opens a year's file as it stands, for reading alone: asks nothing, brings nothing up to
     /// date, takes a genuine Jet file too. Raises 3265 for a file that is not a year's, and what
@@ -101,6 +102,10 @@ public:
     /// Asks for a file to open; empty when it was cancelled. An empty title is the usual one.
     QString ChooseDatabaseFile(const QString& title = {}, int flags = ExistingFileFlags);
     void CloseAllDatabases();
+    /// The open year goes on in another file, at a path that is free, with all that it holds; its
+    /// windows stay open. Where its former file opened by default the new one does. Raises what
+    /// dao::Database::MoveTo raises.
+    void MoveDatabase(const QString& path);
     /// Whether the file at `DatabasePath` is still open somewhere; if so the teacher is told.
     bool IsDBOpen();
 
@@ -109,6 +114,10 @@ public:
 private:
     OpenResult openOnce(const QString& path, const QString& password);
     OpenResult openConverted(const QString& path, const QString& password);
+    OpenResult makeConverted(const QString& path, const QString& copy, const QString& password);
+    OpenResult openExistingCopy(const QString& path, const QString& copy, const QString& password);
+    void useCopy(const QString& original, const QString& copy);
+    void warnOfOtherNames();
     void clear();
 
     dao::DBEngine& m_engine;

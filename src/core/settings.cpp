@@ -2,6 +2,7 @@
 
 #include "core/setting_notices.h"
 #include "core/settings_format.h"
+#include "store/engine/files.h"
 #include "store/engine/names.h"
 
 #include <QStandardPaths>
@@ -113,7 +114,9 @@ FontSettings fontSettings(QStringView key) {
 
 Settings::Settings(const QString& file)
     : m_store(std::make_unique<QSettings>(file, settingsFormat()))
-    , m_notices(std::make_unique<SettingNotices>()) {}
+    , m_notices(std::make_unique<SettingNotices>()) {
+    dao::makePrivate(file);
+}
 
 Settings::~Settings() = default;
 

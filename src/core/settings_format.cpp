@@ -40,9 +40,13 @@ bool writeFile(QIODevice& device, const QSettings::SettingsMap& map) {
                 percentEscaped(entry.value().toString(), ValueEscapes) % u'\n';
     }
     const QByteArray bytes = text.toUtf8();
+    // Before there is anything in it: paths and names are nobody else's business.
+    auto* file = qobject_cast<QFileDevice*>(&device);
+    if (file)
+        file->setPermissions(file->permissions() &
+                             (QFileDevice::ReadOwner | QFileDevice::WriteOwner));
     if (device.write(bytes) != bytes.size())
         return false;
-    auto* file = qobject_cast<QFileDevice*>(&device);
     return !file || file->flush();
 }
 

@@ -5,6 +5,8 @@
 #include "core/settings.h"
 #include "core/shell.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -52,7 +54,34 @@ QString quotedParameter(QString path) {
     return u'"' + path.replace(u'"', u"\"\"\""_s) + u'"';
 }
 
+bool isStarter(const QString& path) {
+    return path.endsWith(u".desktop"_s, Qt::CaseInsensitive);
+}
+
+bool isScript(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(2) == "#!";
+}
+
 } // namespace
+
+bool startsProgram(const QString& path) {
+    const QFileInfo file(path);
+    return file.isFile() && (file.isExecutable() || isStarter(path) ||
+                             isStarter(file.canonicalFilePath()) || isScript(path));
+}
+
+void OpenForeignFile(const QString& path, Shell& shell, Prompts& prompts) {
+    if (startsProgram(path)) {
+        const BoxAnswer answer = prompts.msg_Box(
+            u"To open this file may start a program, which can then do whatever you can do on this "
+            "computer:\n\n%1\n\nDo you trust it, and wish to open it?"_s.arg(path),
+            YesNoButtons | WarningIcon | SecondButtonDefault, u"Start a program"_s);
+        if (answer != AnswerYes)
+            return;
+    }
+    shell.ShellRun(u"Open"_s, path);
+}
 
 void ShowShellError(int code, Prompts& prompts) {
     const QString text = shellErrorText(code);
@@ -65,12 +94,11 @@ bool isGwbFile(const QString& path) {
 }
 
 void OpenGwbFile(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts) {
-    const QString verb = u"Open"_s;
     const QString viewer = settings.get(setting::GwbViewer);
     if (viewer.isEmpty())
-        shell.ShellRun(verb, path);
+        OpenForeignFile(path, shell, prompts);
     else if (QStandardPaths::findExecutable(viewer).isEmpty())
         ShowShellError(NoApplication, prompts);
     else
-        shell.ShellRun(verb, viewer, quotedParameter(path));
+        shell.ShellRun(u"Open"_s, viewer, quotedParameter(path));
 }

@@ -7,7 +7,9 @@
 #include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
+#include "richtext/object_files.h"
 #include "year/backup.h"
+#include "year/moved_year.h"
 #include "year/restore.h"
 
 #include <QFileInfo>
@@ -92,6 +94,7 @@ void leaveFor(Session& session, MainFrame& frame, const QString& path) {
 
 void LoadMainWindow(Session& session, MainFrame& frame) {
     session.DatabasePath = session.GetSettings().get(setting::DefaultDatabasePath);
+    richtext::ObjectFiles::removeLeftovers(session.AppPath);
     recoverInterruptedBackups(session);
     if (!QFileInfo::exists(session.DatabasePath))
         session.DatabasePath.clear();
@@ -175,7 +178,7 @@ void SaveCurrentStartup(Session& session, MainFrame& frame) {
 }
 
 void ShutDown(Session& session, bool mayAsk) {
-    const QString path = session.CurrentDB.Name();
+    const QString path = HasMoved(session) ? QString() : session.CurrentDB.Name();
     const QString password = session.DatabasePassword;
     session.CloseAllDatabases();
     if (!path.isEmpty())

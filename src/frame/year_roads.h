@@ -8,8 +8,8 @@ class MainFrame;
 /// the frame either with an open year or with the start-up wizard; those that begin in a year leave
 /// everything as it was where LeaveDatabase is refused.
 
-/// The main window has been loaded: takes over the default database, if its file is still there. A
-/// backup of it that was cut off is put right before.
+/// The main window has been loaded: takes over the default database, if its file is still there.
+/// What a run that was killed has left, a backup cut off or opened objects, is put right before.
 void LoadMainWindow(Session& session, MainFrame& frame);
 
 /// The first activation of the main window: opens the default database when the teacher has asked

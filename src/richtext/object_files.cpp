@@ -51,14 +51,14 @@ ObjectFiles& ObjectFiles::ofProcess(const QString& place) {
     return *new ObjectFiles(place, application);
 }
 
-void ObjectFiles::removeLeftovers() {
-    const QDir place(m_place);
-    for (const QString& name : place.entryList({folderPattern}, QDir::Dirs)) {
-        QLockFile lock(lockOf(place.filePath(name)));
+void ObjectFiles::removeLeftovers(const QString& place) {
+    const QDir folder(place);
+    for (const QString& name : folder.entryList({folderPattern}, QDir::Dirs)) {
+        QLockFile lock(lockOf(folder.filePath(name)));
         if (!lock.tryLock(0))
             continue;
         lock.unlock();
-        QDir(place.filePath(name)).removeRecursively();
+        QDir(folder.filePath(name)).removeRecursively();
     }
 }
 
@@ -66,7 +66,6 @@ bool ObjectFiles::makeFolder() {
     if (m_folder)
         return m_folder->isValid();
     QDir().mkpath(m_place);
-    removeLeftovers();
     m_folder = std::make_unique<QTemporaryDir>(QDir(m_place).filePath(u"objects-XXXXXX"_s));
     m_lock = std::make_unique<QLockFile>(lockOf(m_folder->path()));
     m_lock->setStaleLockTime(0);

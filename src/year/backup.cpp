@@ -70,6 +70,7 @@ public:
                 dao::InvalidOperation,
                 u"The file is itself one of the backups. Please restore it first."_s);
         m_lock = lockClosedFile(names.database);
+        dao::makePrivate(names.database);
         if (InterruptedBackup(context) != names.database)
             setAside(names.compacted);
         noteInterruption(context, names.database);
@@ -225,8 +226,8 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
     try {
         const BackupAtWork atWork(context, names);
         prepareBackupFolder(context, names);
-        finishInterruptedWrite(context.engine, path, password);
-        const QString copy = copyBeside(path, names.backup(1));
+        finishInterruptedWrite(context.engine, names.database, password);
+        const QString copy = copyBeside(names.database, names.backup(1));
         checkDatabaseFile(context.engine, copy, password);
         rotate(names, context.seams.progress);
         dao::replaceFile(copy, names.backup(1));
@@ -237,13 +238,21 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
     }
 }
 
+void KeepAsBackup(const BackupContext& context, const QString& path) {
+    const BackupNames names(path, context.backupFolder());
+    checkBackupFolder(names);
+    const QString copy = copyBeside(names.database, names.backup(1));
+    rotate(names, context.seams.progress);
+    dao::replaceFile(copy, names.backup(1));
+}
+
 bool BackupAndCompact(const BackupContext& context, const QString& path, bool silent,
                       const QString& password) {
     Progress& progress = context.seams.progress;
     const BackupNames names(path, context.backupFolder());
     {
         std::optional<ProgressWindow> window;
-        if (QStorageInfo(QFileInfo(path).absolutePath()) != QStorageInfo(context.appPath))
+        if (QStorageInfo(QFileInfo(names.database).absolutePath()) != QStorageInfo(context.appPath))
             window.emplace(progress, u"Backing up Database: "_s + path);
         progress.UpdateProgress(Acquiring, u"Acquiring filenames"_s);
         try {
@@ -281,8 +290,8 @@ QString InterruptedBackup(const BackupContext& context) {
 
 BackupRecovery RecoverInterruptedBackup(const BackupContext& context, const QString& databasePath) {
     const BackupNames names(databasePath, context.backupFolder());
-    if (QFile::exists(databasePath)) {
-        if (InterruptedBackup(context) == databasePath && !isInUse(databasePath)) {
+    if (QFile::exists(names.database)) {
+        if (InterruptedBackup(context) == names.database && !isInUse(names.database)) {
             removeBackupLeftovers(names);
             forgetInterruption(context, names);
         }

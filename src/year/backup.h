@@ -23,6 +23,11 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
 bool BackupAndCompact(const BackupContext& context, const QString& path, bool silent,
                       const QString& password);
 
+/// Keeps a file that is about to be replaced as backup 1, as it is and unverified, for it may be
+/// replaced because it is damaged; after the rotation. Raises what goes wrong; then the file is
+/// where it was.
+void KeepAsBackup(const BackupContext& context, const QString& path);
+
 /// What was gained by compaction as the report writes it, "##.##": no zeros around the point, which
 /// stays ("12.", ".25").
 QString compactedPercent(qint64 formerSize, qint64 compactedSize);

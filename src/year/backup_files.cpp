@@ -10,28 +10,17 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype blockBytes = qsizetype{1024} * 1024;
-
 QString journalOf(const QString& path) {
     return path + u"-journal"_s;
-}
-
-dao::EngineError writeError(int cause) {
-    if (cause == ENOSPC || cause == EDQUOT || cause == EFBIG)
-        return {dao::DiskFull, u"There is not enough space on the disk."_s};
-    return {dao::DiskError, u"The disk or the network reported an error."_s};
 }
 
 /// Renames over what has the new name. Answers the system's number of the failure, 0 for none.
@@ -41,47 +30,19 @@ int systemRename(const QString& from, const QString& to) {
     return done ? 0 : errno;
 }
 
-void writeWhole(int descriptor, QByteArrayView bytes) {
-    while (!bytes.isEmpty()) {
-        const ssize_t written =
-            ::write(descriptor, bytes.data(), static_cast<size_t>(bytes.size()));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written < 0)
-            throw writeError(errno);
-        bytes = bytes.sliced(written);
-    }
-}
-
-void openFor(QFile& file, QIODevice::OpenMode mode) {
-    if (!file.open(mode | QIODevice::Unbuffered))
-        throw dao::EngineError(dao::CannotOpenFile,
-                               u"The file can't be opened:\n%1\n%2"_s.arg(
-                                   QDir::toNativeSeparators(file.fileName()), file.errorString()));
-}
-
 void copyBytes(const QString& source, const QString& copy) {
     QFile in(source);
-    QFile out(copy);
-    openFor(in, QIODevice::ReadOnly);
-    openFor(out, QIODevice::WriteOnly | QIODevice::NewOnly);
-    QByteArray block(blockBytes, Qt::Uninitialized);
-    for (;;) {
-        const qint64 count = in.read(block.data(), block.size());
-        if (count < 0)
-            throw dao::EngineError(dao::DiskError, u"The file could not be read."_s);
-        if (count == 0)
-            break;
-        writeWhole(out.handle(), QByteArrayView(block).first(count));
-    }
-    // Kept as private as it was, where the file system knows of that; and a copy of a file on a
-    // read-only medium is one to work with.
-    out.setPermissions(in.permissions() | QFileDevice::WriteOwner);
+    if (!in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw dao::EngineError(dao::CannotOpenFile,
+                               u"The file can't be opened:\n%1\n%2"_s.arg(
+                                   QDir::toNativeSeparators(source), in.errorString()));
+    dao::copyContent(in.handle(), copy);
+    dao::makeAsStrict(copy, source);
 }
 
 void makeEmptyFile(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly, QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         throw dao::EngineError(
             dao::CannotOpenFile,
             u"Nothing can be written to this folder:\n%1\n%2"_s.arg(
@@ -100,11 +61,11 @@ BackupContext backupContext(Session& session) {
 }
 
 BackupNames::BackupNames(const QString& databasePath, const QString& backupFolder)
-    : database(databasePath)
+    : database(dao::behindLinks(databasePath))
     , folder(backupFolder)
-    , compacted(withoutExtensionLetters(databasePath) + u"new"_s)
-    , m_stem(backupFolder + withoutExtensionLetters(databasePath.mid(
-                                databasePath.lastIndexOf(QDir::separator()) + 1))) {}
+    , compacted(withoutExtensionLetters(database) + u"new"_s)
+    , m_stem(backupFolder +
+             withoutExtensionLetters(database.mid(database.lastIndexOf(QDir::separator()) + 1))) {}
 
 QString BackupNames::backup(int number) const {
     return m_stem + u"00"_s + QString::number(number);
@@ -171,6 +132,7 @@ void renameDatabaseFile(const QString& from, const QString& to) {
     if (systemRename(from, to) != 0)
         throw dao::EngineError(dao::CannotOpenFile, u"The file can't be renamed:\n%1"_s.arg(
                                                         QDir::toNativeSeparators(from)));
+    dao::makePrivate(to);
 }
 
 void checkBackupFolder(const BackupNames& names) {
@@ -191,9 +153,14 @@ bool canRenameToBackup(const BackupNames& names) {
     return isRenamed;
 }
 
-void copyOver(const QString& source, const QString& target) {
+void copyOver(const QString& source, const QString& path, const std::function<void()>& before) {
+    const QString target = dao::behindLinks(path);
     const QString copy = copyBeside(source, target);
     try {
+        // A copy of a file on a medium that can't be written to is one to work with.
+        QFile::setPermissions(copy, QFile::permissions(copy) | QFileDevice::WriteOwner);
+        if (before)
+            before();
         dao::replaceFile(copy, target);
     } catch (const dao::EngineError&) {
         dao::removeDatabaseFile(copy);

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class Session;
@@ -30,14 +31,15 @@ BackupContext backupContext(Session& session);
 inline constexpr int OldestBackup = 5;
 
 /// The names of the files of a backup. For D/Year.mdb: D/Year.new, and Year.001 to Year.005 in the
-/// backup folder, which is used as it stands, with its separator.
+/// backup folder, which is used as it stands, with its separator. A link stands for the file behind
+/// it.
 ///
 /// They are cut by position, for an extension of three letters; one of another length gets odd
 /// names (Year.sqlite: Year.sqlnew and Year.sql001), which is known and harmless.
 struct BackupNames {
     BackupNames(const QString& databasePath, const QString& backupFolder);
 
-    QString database;
+    QString database;  ///< the file behind links
     QString folder;    ///< of the backups
     QString compacted; ///< the temporary file, beside the database
     QString backup(int number) const;
@@ -70,8 +72,8 @@ void checkDatabaseFile(const dao::DBEngine& engine, const QString& path,
 /// nothing is left of the copy.
 QString copyBeside(const QString& source, const QString& target);
 
-/// Gives a database file another name, with the journal that may stand beside it. No file has the
-/// new name. Raises 3051.
+/// Gives a database file another name, with the journal that may stand beside it, and makes it
+/// private. No file has the new name. Raises 3051.
 void renameDatabaseFile(const QString& from, const QString& to);
 
 /// Raises 3051 when the backup folder is missing or can't be written to. Leaves an empty file under
@@ -86,5 +88,7 @@ bool canRenameToBackup(const BackupNames& names);
 void removeBackupLeftovers(const BackupNames& names);
 
 /// Copies a file over another, or to where none is, whatever interrupts it: the name stands for the
-/// former file or the whole copy. Raises as copyBeside.
-void copyOver(const QString& source, const QString& target);
+/// former file or the whole copy, which its owner may write in. A link stands for
+/// the file behind it. `before` is called once the copy is there and before it takes the name.
+/// Raises as copyBeside, and what `before` raises; then the name stands for the former file.
+void copyOver(const QString& source, const QString& path, const std::function<void()>& before = {});

@@ -6,6 +6,7 @@
 #include "core/settings.h"
 #include "store/engine/error.h"
 #include "store/engine/files.h"
+#include "year/backup.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,7 +38,8 @@ QString chooseTarget(const BackupContext& context, const QString& backup) {
     if (!QFile::exists(usual))
         return usual;
     const BoxAnswer answer =
-        context.seams.prompts.msg_Box(u"Do you wish to replace the file "_s + usual,
+        context.seams.prompts.msg_Box(u"Do you wish to replace the file "_s + usual +
+                                          u"\n\nWhat it holds now is kept as the newest backup."_s,
                                       YesNoButtons | QuestionIcon, u"Restore File"_s);
     if (answer == AnswerYes)
         return usual;
@@ -46,11 +48,14 @@ QString chooseTarget(const BackupContext& context, const QString& backup) {
     return QFileInfo(other) == QFileInfo(usual) ? QString() : other;
 }
 
-/// Puts a verified copy of the backup in the place of the target.
-void restoreTo(const dao::DBEngine& engine, const QString& backup, const QString& target) {
-    checkDatabaseFile(engine, backup);
-    const auto lock = QFile::exists(target) ? lockClosedFile(target) : nullptr;
-    copyOver(backup, target);
+/// Puts a verified copy of the backup in the place of the target, which is kept as a backup. That
+/// may give the backup itself another number, or its end: by then it is copied.
+void restoreTo(const BackupContext& context, const QString& backup, const QString& target) {
+    checkDatabaseFile(context.engine, backup);
+    if (!QFile::exists(target))
+        return copyOver(backup, target);
+    const auto lock = lockClosedFile(target);
+    copyOver(backup, target, [&] { KeepAsBackup(context, target); });
 }
 
 /// The folder of a backup that has a file of this name; empty when the teacher calls it off.
@@ -72,15 +77,14 @@ void restoreOver(const BackupContext& context, const QString& backup, const QStr
     const QString former = context.appPath + u"ORVA.OLD"_s;
     try {
         checkDatabaseFile(context.engine, backup);
-        const QString restored = copyBeside(backup, database);
-        if (QFile::exists(database))
-            copyOver(database, former);
-        dao::replaceFile(restored, database);
+        copyOver(backup, database, [&] {
+            if (QFile::exists(database))
+                copyOver(database, former);
+        });
         prompts.PlainBox(u"The backup database has been restored.\n"
                          "The previously used database has been saved as the file ORVA.OLD"_s,
                          OkButton | InformationIcon, u"Backup restored:"_s);
     } catch (const dao::EngineError& error) {
-        dao::removeDatabaseFile(dao::unfinishedName(database));
         prompts.PlainBox(u"Sorry this program was unable to copy the database file: \n"
                          "%1\n  TO\n%2\nPlease try to do this manually.\n\n%3"_s.arg(
                              backup, database, error.description()),
@@ -98,9 +102,9 @@ QString RestoreBackupFile(const BackupContext& context) {
     if (target.isEmpty())
         return {};
     try {
-        MakeProposedFolder(
-            context.folders[OpenFolder]); // where one without a place of its own goes
-        restoreTo(context.engine, backup, target);
+        // Where one without a place of its own goes.
+        MakeProposedFolder(context.folders[OpenFolder]);
+        restoreTo(context, backup, target);
         return target;
     } catch (const dao::EngineError& error) {
         context.seams.prompts.PlainBox(

@@ -10,7 +10,8 @@
 
 /// Asks for a backup and copies it to where the database is kept by default; without a default, to
 /// its own name in the open folder. A file that stands there is replaced if the teacher agrees;
-/// otherwise the copy goes to the backup's name in the backup folder, over any that is there.
+/// otherwise the copy goes to the backup's name in the backup folder, over any that is there. What
+/// is replaced is kept as the newest backup of its name; where that fails nothing is replaced.
 /// Answers the path of the restored file, empty when nothing was restored.
 QString RestoreBackupFile(const BackupContext& context);
 

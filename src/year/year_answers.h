@@ -29,6 +29,7 @@ struct YearAnswers {
     WeekTimetable weekA;
     WeekTimetable weekB; ///< of two weeks only
 
+    bool operator==(const YearAnswers&) const = default;
     const WeekTimetable& week(QChar letter) const { return letter == u'B' ? weekB : weekA; }
 };
 

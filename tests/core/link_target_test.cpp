@@ -68,6 +68,39 @@ TEST_F(LinkTargetTest, EachKindOfLinkGoesItsWay) {
     EXPECT_EQ(opened, (QStringList{u"http://example.org"_s, file, board, u"sh"_s}));
 }
 
+TEST_F(LinkTargetTest, WhatWouldStartAProgramIsNamedFirst) {
+    const auto named = [&](const QString& name, const QByteArray& content, bool executable) {
+        const QString file = writeFile(m_folder.filePath(name), content);
+        if (executable)
+            QFile::setPermissions(file, QFile::permissions(file) | QFile::ExeOwner);
+        return file;
+    };
+    const QString link = m_folder.filePath(u"worksheet.odt"_s);
+    QFile::link(named(u"game.desktop"_s, "[Desktop Entry]", false), link);
+    const QString programs[] = {
+        named(u"game"_s,
+              "\x7f"
+              "ELF",
+              true),
+        named(u"worksheet.txt"_s, "#!/bin/sh\n", false),
+        named(u"Sheet.DESKTOP"_s, "[Desktop Entry]", false),
+        named(u"plan.gwb"_s, "x", true),
+        link,
+    };
+    for (const QString& program : programs) {
+        m_seams.prompts.expect(PromptKind::Message, u"Start a program"_s, AnswerNo);
+        open(program);
+        EXPECT_TRUE(m_seams.prompts.last().text.contains(program));
+        EXPECT_TRUE(m_seams.prompts.last().flags & SecondButtonDefault);
+        EXPECT_TRUE(m_seams.shell.runs.isEmpty());
+        m_seams.prompts.expect(PromptKind::Message, u"Start a program"_s, AnswerYes);
+        open(program);
+        EXPECT_EQ(m_seams.shell.runs.takeLast().file, program);
+    }
+    open(m_folder.path());
+    EXPECT_EQ(m_seams.shell.runs.size(), 1) << "a folder is no program";
+}
+
 TEST_F(LinkTargetTest, AFileIsLockedWhileAnybodyHasIt) {
     const QString path = write(u"plan.doc"_s);
     EXPECT_FALSE(FileExists({}));

@@ -6,12 +6,16 @@
 #include "core/core_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/year_roads.h"
+#include "store/table_names.h"
 #include "support/engine_places.h"
 #include "support/scripted_frame.h"
 #include "support/year_session.h"
 #include "year/backup_settings.h"
+#include "year/moved_year.h"
 
 #include <QCryptographicHash>
+
+#include <unistd.h>
 
 namespace {
 
@@ -193,11 +197,59 @@ TEST_F(SessionTest, AJetYearOpensAsAConvertedCopy) {
             }
         }
         session.CloseAllDatabases();
-        ASSERT_EQ(session.OpenDatabaseFile(path("old (converted).mdb"), {}), OpenDone);
+        change("old (converted).mdb",
+               [](dao::Database& copy) { copy.NewPassword({}, u"secret"_s); });
+        seams.prompts.expect(PromptKind::Message, u"Older Database"_s, AnswerYes);
+        seams.prompts.expect(PromptKind::Password, {}, u"secret"_s);
+        ASSERT_EQ(session.OpenDatabaseFile(original, {}), OpenDone) << "the copy is offered";
+        EXPECT_EQ(session.DatabasePath, path("old (converted).mdb"));
         session.CloseAllDatabases();
     }
     EXPECT_EQ(session.OpenDatabaseFile(test::testData(u"jet/not_a_year.mdb"_s), {}), OpenInvalid)
         << "a Jet file that is no year is refused without a question";
+}
+
+TEST_F(SessionTest, AYearIsItsOwnersAloneAndASecondNameIsWarnedOf) {
+    makeYear("year.mdb");
+    const QFileDevice::Permissions others = QFile::ReadGroup | QFile::ReadOther;
+    QFile::setPermissions(path("year.mdb"), QFile::permissions(path("year.mdb")) | others);
+    ASSERT_EQ(::link(qPrintable(path("year.mdb")), qPrintable(path("second.mdb"))), 0);
+    seams.prompts.expect(PromptKind::Plain, u"Database with two names"_s, AnswerOk);
+    ASSERT_EQ(session.OpenDatabaseFile(path("second.mdb"), {}), OpenDone);
+    EXPECT_FALSE(QFile::permissions(path("year.mdb")) & others);
+}
+
+TEST_F(SessionTest, AYearWhoseFileIsGoneIsSavedAsAnotherOrStays) {
+    makeYear("year.mdb");
+    setDefault(path("year.mdb"), true);
+    start();
+    EXPECT_TRUE(MayLeaveMovedYear(session));
+    QFile::remove(path("year.mdb"));
+    const QString title = u"Database moved or deleted"_s;
+    const QString saveTitle = u" Save the database as :"_s;
+    seams.prompts.expect(PromptKind::Message, title, AnswerCancel);
+    EXPECT_FALSE(MayLeaveMovedYear(session));
+    seams.prompts.expect(PromptKind::Message, title, AnswerNo);
+    EXPECT_TRUE(MayLeaveMovedYear(session));
+    seams.prompts.expect(PromptKind::Message, title, AnswerYes);
+    seams.prompts.expect(PromptKind::File, saveTitle);
+    EXPECT_FALSE(MayLeaveMovedYear(session)) << "called off in the file dialog";
+
+    makeYear("taken.mdb");
+    seams.prompts.expect(PromptKind::Message, title, AnswerYes);
+    seams.prompts.expect(PromptKind::File, saveTitle, path("taken"));
+    seams.prompts.expect(PromptKind::Plain, u"File exists"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::File, saveTitle, path("gone/saved.mdb"));
+    seams.prompts.expect(PromptKind::Plain, title, AnswerOk);
+    seams.prompts.expect(PromptKind::File, saveTitle, path("saved"));
+    TellMovedYear(session);
+    EXPECT_TRUE(MayLeaveMovedYear(session));
+    EXPECT_EQ(session.DatabasePath, path("saved.mdb"));
+    EXPECT_EQ(settings.get(setting::DefaultDatabasePath), path("saved.mdb"));
+    put(AdminTable, u"Teacher"_s, u"Ms Still Here"_s);
+    session.CloseAllDatabases();
+    ASSERT_EQ(session.OpenDatabaseFile(path("saved.mdb"), {}), OpenDone);
+    EXPECT_EQ(session.TeacherName, u"Ms Still Here"_s);
 }
 
 TEST_F(SessionTest, TheStartOpensTheDefaultDatabaseWhenAskedTo) {

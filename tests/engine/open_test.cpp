@@ -6,6 +6,7 @@
 #include <QRandomGenerator>
 
 #include <sqlcipher/sqlite3.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -84,6 +85,14 @@ TEST_F(OpenTest, AProtectedFileOpensWithItsPasswordAlone) {
     EXPECT_FALSE(bytesOf(path(u"year.mdb"_s)).contains("Adams"));
     EXPECT_EQ(openError(u"year.mdb"_s), dao::WrongPassword);
     EXPECT_EQ(openError(u"year.mdb"_s, u"wrong"_s), dao::WrongPassword);
+    EXPECT_EQ(statusOf([&] {
+                  ::prctl(PR_SET_DUMPABLE, 1);
+                  engine.OpenDatabase(path(u"year.mdb"_s), false, false,
+                                      connectText(u"päss;pwd=w'ord"_s));
+                  return ::prctl(PR_GET_DUMPABLE);
+              }),
+              0)
+        << "no image of what is protected";
     dao::Database database =
         engine.OpenDatabase(path(u"year.mdb"_s), false, false, connectText(u"päss;pwd=w'ord"_s));
     EXPECT_EQ(rowsOf(database, u"Pupils"_s).size(), 200);
@@ -97,6 +106,52 @@ TEST_F(OpenTest, AProtectedFileOpensWithItsPasswordAlone) {
     addRecord(database, u"Pupils"_s, {u"Baker"_s});
     database.Close();
     EXPECT_EQ(openError(u"year.mdb"_s), 0);
+}
+
+TEST_F(OpenTest, AFileThatLosesItsNameGoesOnInAnother) {
+    for (const QString& password : {QString(), u"secret"_s}) {
+        const QString former = path(u"former.mdb"_s);
+        const QString target = path(u"target%1.mdb"_s.arg(password.size()));
+        QFile::remove(former);
+        makeFile(u"former.mdb"_s, password);
+        dao::Database database =
+            engine.OpenDatabase(former, false, false, dao::connectText(password));
+        changeRecord(database, u"SELECT * FROM Pupils WHERE ID = 7"_s, u"Mark"_s, 1000);
+        dao::Recordset records = database.OpenRecordset(u"Pupils"_s);
+        records.FindFirst(u"Mark = 1000"_s);
+        const auto write = [&](const QString& name) {
+            records.Edit();
+            records[u"Surname"] = name;
+            records.Update();
+        };
+        EXPECT_TRUE(database.IsInPlace());
+        QFile::rename(former, path(u"elsewhere.mdb"_s));
+        pupilsFile(u"former.mdb"_s).Close(); // another one has its name
+        EXPECT_FALSE(database.IsInPlace());
+        EXPECT_EQ(errorOf([&] { write(u"Baker"_s); }), dao::NoSuchFile);
+        records.CancelUpdate();
+        EXPECT_EQ(errorOf([&] { database.MoveTo(former); }), dao::FileExists);
+        {
+            const FileSizeLimit full(20000);
+            EXPECT_EQ(errorOf([&] { database.MoveTo(target); }), dao::DiskFull);
+        }
+        EXPECT_FALSE(QFile::exists(target));
+        QFile::remove(path(u"elsewhere.mdb"_s));
+        database.MoveTo(target);
+        EXPECT_TRUE(database.IsInPlace());
+        EXPECT_EQ(database.Name(), target);
+        write(u"Baker"_s);
+        EXPECT_EQ(errorOf([&] { database.TableDefs().Delete(u"Pupils"_s); }), dao::TableInUse);
+        records.Close();
+        database.Close();
+        const dao::Database again =
+            engine.OpenDatabase(target, false, false, dao::connectText(password));
+        EXPECT_EQ(rowsOf(again, u"SELECT Surname FROM Pupils WHERE Mark = 1000"_s),
+                  QStringList(u"Baker"_s));
+        EXPECT_EQ(rowsOf(again, u"Pupils"_s).size(), 200);
+        EXPECT_EQ(QFile::permissions(target) & (QFile::ReadGroup | QFile::ReadOther),
+                  QFile::Permissions());
+    }
 }
 
 TEST_F(OpenTest, OneProcessOwnsAFile) {

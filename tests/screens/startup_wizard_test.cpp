@@ -302,6 +302,41 @@ TEST_F(WizardTest, CancelsByItsRules) {
     EXPECT_FALSE(frame->isVisible());
 }
 
+TEST_F(WizardTest, HalfMadeAnswersAreNotLostOnTheWayOut) {
+    createYear(oneWeekAnswers(), path(u"year.mdb"_s), seams);
+    start();
+    EXPECT_TRUE(frame->MayLeave());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(frame->MayLeave()) << "nothing was answered";
+    tabTo(u"Text1"_s);
+    type(u"Brown"_s);
+    click("cmdBack");
+    const auto stays = [this] {
+        seams.prompts.expect(PromptKind::Plain, u"Setup incomplete"_s, AnswerNo);
+    };
+    stays();
+    frame->Unload();
+    EXPECT_TRUE(frame->isVisible());
+    const QString title = u" Select the database to open:"_s;
+    for (int way = 0; way < 2; ++way) { // the menu's, and the wizard's own
+        seams.prompts.expect(PromptKind::File, title, path(u"year.mdb"_s));
+        stays();
+        if (way == 0) {
+            RunCommand(session, *frame, FrameCommand::OpenDatabase);
+        } else {
+            on<QListWidget>("CL1").setCurrentRow(OpenAction);
+            click("cmdNext");
+        }
+        EXPECT_FALSE(session.CurrentDB.isOpen());
+    }
+    on<QListWidget>("CL1").setCurrentRow(SetupAction);
+    click("cmdNext");
+    EXPECT_EQ(on<QLineEdit>("Text1").text(), u"Brown"_s);
+    seams.prompts.expect(PromptKind::Plain, u"Setup incomplete"_s, AnswerYes);
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(frame->MayLeave()) << "they were given up";
+}
+
 TEST_F(WizardTest, RunsTheActionsOfItsFirstPage) {
     createYear(oneWeekAnswers(), path(u"year.mdb"_s), seams);
     start();

@@ -108,6 +108,12 @@ TEST_F(ToolsTest, AProtectedFileNeedsItsPassword) {
     EXPECT_TRUE(run(u"jet"_s, {file, u"SHOW TABLES"_s}).errors.startsWith(u"3031: "));
     EXPECT_EQ(run(u"jet"_s, {file, u"--password"_s, u"geheim"_s, u"SHOW TABLES"_s}).output,
               u"Pupils\n");
+    EXPECT_EQ(run(u"jet"_s, {file, u"--password-fd"_s, u"0"_s}, "geheim\nSHOW TABLES").output,
+              u"Pupils\n.\n");
+    qputenv("ORVA_PASSWORD", "geheim");
+    EXPECT_EQ(run(u"jet"_s, {file, u"SHOW TABLES"_s}).output, u"Pupils\n");
+    qunsetenv("ORVA_PASSWORD");
+    EXPECT_EQ(run(u"jet"_s, {file, u"--password-fd"_s, u"777"_s}).status, 2);
     EXPECT_EQ(run(u"jet"_s, {path(u"gone.mdb"_s), u"SHOW TABLES"_s}).errors.left(6), u"3024: ");
     EXPECT_EQ(run(u"jet"_s, {}).status, 2);
 }

@@ -124,6 +124,24 @@ void BackupTest::killAtAnyInstant(int rounds) {
 
 } // namespace
 
+TEST_F(BackupTest, ALinkStandsForTheFileBehindItAndAllIsPrivate) {
+    const QString link = path(u"open/Link.mdb"_s);
+    ASSERT_TRUE(QFile::link(database, link));
+    const QFileDevice::Permissions open = QFile::ReadOther | QFile::ReadGroup;
+    QFile::setPermissions(database, QFile::permissions(database) | open);
+    EXPECT_TRUE(BackupOnly(context(), link));
+    EXPECT_TRUE(BackupAndCompact(context(), link, true, {}));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(filesIn(path(u"open"_s)), QStringList{u"Link.mdb"_s});
+    EXPECT_EQ(backupsThere(), u"year year - - -"_s);
+    for (const QString& file : {database, backup(1), backup(2), path(u"settings.conf"_s)})
+        EXPECT_FALSE(QFile::permissions(file) & open) << qPrintable(file);
+
+    QFile::setPermissions(database, QFile::ReadOwner);
+    EXPECT_TRUE(BackupOnly(context(), database));
+    EXPECT_FALSE(QFile::permissions(backup(1)) & QFile::WriteOwner) << "as strict as the source";
+}
+
 TEST_F(BackupTest, TheRotation) {
     const struct {
         QList<int> before;

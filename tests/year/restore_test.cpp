@@ -14,8 +14,16 @@ protected:
     /// A backup of Year.mdb that has one pupil more than it.
     void SetUp() override {
         BackupFiles::SetUp();
-        QFile::copy(database, backup(1));
-        addRecord(engine.OpenDatabase(backup(1)), u"Pupils"_s, {u"Baker"_s, 1});
+        QFile::copy(database, path(u"newer.mdb"_s));
+        addRecord(engine.OpenDatabase(path(u"newer.mdb"_s)), u"Pupils"_s, {u"Baker"_s, 1});
+        putBackup();
+    }
+
+    /// The one backup that there is.
+    void putBackup() {
+        for (int number = 1; number <= OldestBackup; ++number)
+            QFile::remove(backup(number));
+        QFile::copy(path(u"newer.mdb"_s), backup(1));
     }
 
     void setDefault(const QString& file) { settings.set(setting::DefaultDatabasePath, file); }
@@ -59,6 +67,7 @@ TEST_F(RestoreTest, WhereABackupGoes) {
     };
     for (const auto& c : cases) {
         const QString restored = QLatin1StringView(c.restored);
+        putBackup();
         QFile::remove(path(u"backups/Year.mdb"_s));
         QFile::remove(path(u"open/Year.mdb"_s));
         settings.remove(setting::DefaultDatabasePath);
@@ -66,6 +75,8 @@ TEST_F(RestoreTest, WhereABackupGoes) {
             setDefault(path(QLatin1StringView(c.setDefault)));
         if (*c.existing)
             QFile::copy(database, path(QLatin1StringView(c.existing)));
+        const bool isReplaced = !restored.isEmpty() && QFile::exists(path(restored));
+        const int kept = pupilsIn(isReplaced ? path(restored) : backup(1));
         choose(backup(1));
         if (c.answer != 0)
             answer(static_cast<PromptAnswer>(c.answer));
@@ -77,7 +88,8 @@ TEST_F(RestoreTest, WhereABackupGoes) {
         if (!answered.isEmpty()) {
             EXPECT_EQ(pupilsIn(answered), Pupils + 1) << c.restored;
         }
-        EXPECT_EQ(pupilsIn(backup(1)), Pupils + 1);
+        EXPECT_EQ(pupilsIn(backup(1)), kept);
+        EXPECT_EQ(pupilsIn(backup(isReplaced ? 2 : 1)), Pupils + 1);
     }
     EXPECT_EQ(test.prompts.seen().constFirst().proposal, backups);
     test.prompts.expect(PromptKind::File, chooseTitle);
@@ -93,6 +105,23 @@ TEST_F(RestoreTest, ABackupWithAPasswordIsRestoredWithIt) {
     EXPECT_EQ(RestoreBackupFile(context()), database);
     EXPECT_EQ(pupilsIn(database, u"geheim"_s), Pupils + 1);
     EXPECT_TRUE(QFile::permissions(database) & QFileDevice::WriteOwner);
+}
+
+TEST_F(RestoreTest, ALinkStandsForTheFileBehindIt) {
+    const QString link = path(u"open/Link.mdb"_s);
+    ASSERT_TRUE(QFile::link(database, link));
+    setDefault(link);
+    const auto restores = [&] {
+        EXPECT_EQ(RestoreBackupFile(context()), link);
+        EXPECT_TRUE(QFileInfo(link).isSymLink());
+        EXPECT_EQ(pupilsIn(database), Pupils + 1);
+    };
+    choose(backup(1));
+    answer(AnswerYes);
+    restores();
+    QFile::remove(database);
+    choose(backup(2));
+    restores();
 }
 
 TEST_F(RestoreTest, WhatCannotBeRestoredLeavesTheFile) {

@@ -1,27 +1,26 @@
 #include "arguments.h"
 
 #include "commands.h"
+#include "core/given_password.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QList<CommandOption>& commonOptions() {
-    static const QList<CommandOption> options{{u"yes"_s, {}}, {u"password-fd"_s, u"N"_s}};
+    static const QList<CommandOption> options{
+        {u"yes"_s, {}}, {u"password-fd"_s, u"N"_s}, {u"password"_s, u"P"_s}};
     return options;
 }
 
 /// The command whose name the words begin with.
 const Command& namedCommand(const QStringList& words) {
-    for (const Command& command : commandTable()) {
+    for (const Command& command : programCommands()) {
         const QStringList name = command.name.split(u' ');
         if (words.first(std::min(name.size(), words.size())) == name)
             return command;
@@ -31,31 +30,22 @@ const Command& namedCommand(const QStringList& words) {
                      nullptr);
 }
 
-/// A line from a descriptor, byte by byte: what stands behind it is left for who reads next. Null
-/// where nothing can be read.
-QString readLine(int descriptor) {
-    QByteArray line("");
-    for (char byte = 0;;) {
-        const ssize_t got = ::read(descriptor, &byte, 1);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return {};
-        if (got == 0 || byte == '\n')
-            return QString::fromUtf8(line);
-        line += byte;
+/// The passwords from where the call says, or else from the environment.
+void readPasswords(Call& call) {
+    call.password = passwordFromEnvironment();
+    call.secondPassword = passwordFromEnvironment("ORVA_SECOND_PASSWORD");
+    if (call.has(u"password"_s))
+        call.password = call.options.take(u"password"_s);
+    if (call.has(u"password-fd"_s)) {
+        const QString descriptor = call.options.take(u"password-fd"_s);
+        call.password = passwordFromDescriptor(descriptor);
+        if (call.password.isNull())
+            throw UsageError(
+                u"--password-fd takes the number of a file that is open for reading."_s,
+                call.command);
+        if (call.command->hasSecondFile)
+            call.secondPassword = passwordFromDescriptor(descriptor);
     }
-}
-
-void readPasswords(const QString& descriptor, Call& call) {
-    bool isNumber = false;
-    const int number = descriptor.toInt(&isNumber);
-    call.password = isNumber ? readLine(number) : QString();
-    if (call.password.isNull())
-        throw UsageError(u"--password-fd takes the number of a file that is open for reading."_s,
-                         call.command);
-    if (call.command->hasSecondFile)
-        call.secondPassword = readLine(number);
     if (call.secondPassword.isEmpty())
         call.secondPassword = call.password;
 }
@@ -65,8 +55,9 @@ void readPasswords(const QString& descriptor, Call& call) {
 QString usageOf(const Command* command) {
     if (command)
         return u"orva-cli %1 %2"_s.arg(command->name, command->usage);
-    QString usage = u"orva-cli COMMAND FILE.mdb ARGUMENTS [--yes] [--password-fd N]"_s;
-    for (const Command& each : commandTable())
+    QString usage =
+        u"orva-cli COMMAND FILE.mdb ARGUMENTS [--yes] [--password-fd N | --password P]"_s;
+    for (const Command& each : programCommands())
         usage += u"\n       "_s + usageOf(&each);
     return usage;
 }
@@ -90,7 +81,6 @@ Call readCall(const QStringList& words) {
             call.options[option.name] = parser.value(option.name);
     }
     call.consents = call.options.remove(u"yes"_s) > 0;
-    if (call.has(u"password-fd"_s))
-        readPasswords(call.options.take(u"password-fd"_s), call);
+    readPasswords(call);
     return call;
 }

@@ -1,7 +1,7 @@
 #include "frame/screens/main_window.h"
 
-#include "controls/kept_writing.h"
 #include "controls/placed_widget.h"
+#include "controls/window_going.h"
 #include "core/session.h"
 #include "core/setting_notices.h"
 #include "core/settings.h"
@@ -13,6 +13,7 @@
 #include "frame/year_roads.h"
 #include "help/screens/context_help.h"
 #include "help/screens/help_viewer.h"
+#include "year/moved_year.h"
 #include "year/recent_years.h"
 
 #include <QAction>
@@ -50,6 +51,8 @@ MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItsel
     makeToolbar();
     m_session.SetWindows(this);
     connect(&m_session.GetNotices(), &Notices::yearOpened, this, &MainWindow::yearOpened);
+    connect(&m_session.GetNotices(), &Notices::yearMoved, this, &MainWindow::watchYear);
+    connect(&m_yearFile, &QFileSystemWatcher::fileChanged, this, &MainWindow::followYearFile);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::leaveDesktop);
     LoadMainWindow(m_session, *this);
 }
@@ -141,9 +144,25 @@ void MainWindow::SetCaption(const QString& caption) {
 }
 
 void MainWindow::yearOpened() {
-    SetCaption(mainCaption(m_session.CurrentDB.Name()));
+    watchYear();
     NoteRecentYear(m_session.GetSettings(), m_session.CurrentDB.Name());
     EnableInput(true);
+}
+
+void MainWindow::watchYear() {
+    const QString file = m_session.CurrentDB.Name();
+    SetCaption(mainCaption(file));
+    if (!m_yearFile.files().isEmpty())
+        m_yearFile.removePaths(m_yearFile.files());
+    m_yearFile.addPath(file);
+    m_hasToldMoved = false;
+}
+
+/// Told at once, while the person remembers what was done to the file; where the system tells of no
+/// changes it is told at the next write that fails, and on leaving.
+void MainWindow::followYearFile() {
+    if (HasMoved(m_session) && !std::exchange(m_hasToldMoved, true))
+        TellMovedYear(m_session);
 }
 
 void MainWindow::EnableInput(bool enable) {
@@ -156,7 +175,8 @@ void MainWindow::EnableInput(bool enable) {
 }
 
 bool MainWindow::MayLeave() {
-    return std::all_of(m_loaded.begin(), m_loaded.end(),
+    return MayLeaveMovedYear(m_session) &&
+           std::all_of(m_loaded.begin(), m_loaded.end(),
                        [](const Loaded& loaded) { return mayWindowGo(*loaded.window); });
 }
 

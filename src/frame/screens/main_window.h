@@ -3,6 +3,7 @@
 #include "frame/main_frame.h"
 #include "frame/screens/window_table.h"
 
+#include <QFileSystemWatcher>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -97,6 +98,8 @@ private:
     void bringForward(const Loaded& loaded);
     static void takeFocus(QWidget& window);
     void yearOpened();
+    void watchYear();
+    void followYearFile();
     void leaveDesktop(QSessionManager& manager);
 
     Session& m_session;
@@ -108,5 +111,7 @@ private:
     QPointer<QWidget> m_splash;
     bool m_startPending;
     bool m_isTerminated = false;
-    QList<Loaded> m_loaded; ///< in the order of loading
+    QFileSystemWatcher m_yearFile;
+    bool m_hasToldMoved = false; ///< that the year's file is gone
+    QList<Loaded> m_loaded;      ///< in the order of loading
 };

@@ -5,6 +5,8 @@
 #include "store/engine/names.h"
 #include "store/engine/sqlcipher.h"
 
+#include <sys/prctl.h>
+
 #include <cerrno>
 
 using namespace Qt::StringLiterals;
@@ -122,6 +124,9 @@ void configure(Connection& connection) {
 
 void raiseDatabaseError(sqlite3* database) {
     const int cause = causeOf(database);
+    if (cause == SQLITE_READONLY_DBMOVED)
+        throw EngineError(NoSuchFile,
+                          u"The file has been moved, deleted or replaced while it was open."_s);
     if (isFullDisk(database, cause))
         throw EngineError(DiskFull, u"There is not enough space on the disk."_s);
     switch (cause & 0xff) {
@@ -151,6 +156,10 @@ void raiseDatabaseError(sqlite3* database) {
         throw EngineError(SyntaxError, u"The statement could not be carried out: %1"_s.arg(
                                            QString::fromUtf8(sqlcipher().errorMessage(database))));
     }
+}
+
+void leaveNoImage() {
+    ::prctl(PR_SET_DUMPABLE, 0);
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
@@ -267,6 +276,7 @@ Connection::Connection(const QString& path, Mode mode, const QString& password) 
     for (const char* setting : protectionSettings)
         execute(QLatin1StringView(setting));
     if (!password.isEmpty()) {
+        leaveNoImage();
         const QByteArray key = password.toUtf8();
         sqlcipher().key(database, key.constData(), static_cast<int>(key.size()));
     }
@@ -343,6 +353,8 @@ void Connection::rollback() {
 }
 
 void Connection::attach(const QString& path, const QString& schema, const QString& password) {
+    if (!password.isEmpty())
+        leaveNoImage();
     Statement statement(*this, u"ATTACH DATABASE ?1 AS %1 KEY ?2"_s.arg(quoteName(schema)));
     statement.bind(1, path);
     statement.bind(2, password.isNull() ? u""_s : password);

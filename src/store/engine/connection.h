@@ -110,6 +110,11 @@ private:
     bool m_open = true;
 };
 
+/// From now on a crash of this process leaves no image of its memory, and no other program of the
+/// person's reads it: it holds a password, and what that protects. For good, since what a closed
+/// file has left in the memory is not wiped.
+void leaveNoImage();
+
 /// Turns the state that the library is in after a failed call into an EngineError.
 [[noreturn]] void raiseDatabaseError(sqlite3* database);
 

@@ -6,8 +6,6 @@
 #include "store/engine/files.h"
 #include "store/engine/names.h"
 
-#include <QFile>
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -50,8 +48,7 @@ void writeInto(Connection& connection, const QString& path, const QString& passw
     removeDatabaseFile(path);
     connection.execute(u"PRAGMA foreign_keys = OFF"_s);
     try {
-        if (!QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            throw EngineError(CannotOpenFile, u"The file could not be opened for writing."_s);
+        makePrivateFile(path);
         {
             const Attachment attachment(connection, path, password);
             write();

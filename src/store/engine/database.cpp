@@ -7,6 +7,8 @@
 #include "store/engine/names.h"
 #include "store/engine/recordset_core.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +103,40 @@ void Database::NewPassword(const QString& oldPassword, const QString& newPasswor
 
 void Database::FlushWhenReplaced() {
     checkedCore()->connection.execute(u"PRAGMA synchronous = OFF"_s);
+}
+
+bool Database::IsInPlace() const {
+    const auto core = checkedCore();
+    return core->file->isAt(core->path);
+}
+
+bool Database::HasOtherNames() const {
+    return checkedCore()->file->hasOtherNames();
+}
+
+void Database::MoveTo(const QString& path) {
+    const auto core = checkedCore();
+    core->checkWritable();
+    if (core->connection.inTransaction() || core->file->handles > 1)
+        throw EngineError(InvalidOperation, u"The database is in use and can't be changed now."_s);
+    if (QFileInfo::exists(path))
+        throw EngineError(FileExists, u"The file already exists."_s);
+    const QString copy = unfinishedName(path);
+    removeDatabaseFile(copy);
+    try {
+        {
+            const ReadScope unchanged(core->connection);
+            core->connection.firstInteger(
+                u"SELECT count(*) FROM sqlite_master"_s); // takes the lock
+            core->file->copyInto(copy);
+        }
+        const auto copyFile = OpenFile::acquire(copy);
+        replaceFile(copy, path);
+        core->moveTo(path, copyFile);
+    } catch (...) {
+        removeDatabaseFile(copy);
+        throw;
+    }
 }
 
 void Database::Close() {

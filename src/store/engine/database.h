@@ -44,6 +44,19 @@ public:
     /// the file whole; a power cut may not.
     void FlushWhenReplaced();
 
+    /// Whether its file still has its name: another program may have moved, deleted or replaced it.
+    /// Then the content is there as long as the database is open, and can be read; a change raises
+    /// 3024.
+    bool IsInPlace() const;
+    /// Whether its file has another name too (a hard link). What replaces the file as a whole, as a
+    /// backup does, leaves the former content under that one.
+    bool HasOtherNames() const;
+    /// Copies the file, byte for byte, to a path that is free and goes on there: recordsets stay
+    /// open, the password stays the same. The former file is let go as it is. Raises 3204 where the
+    /// path is taken, 3219 in a transaction or with the file open more than once, and what copying
+    /// raises; then it goes on where it was.
+    void MoveTo(const QString& path);
+
     void Close(); ///< closes its recordsets too; nothing happens when it is closed already
 
 private:

@@ -41,6 +41,20 @@ void DatabaseCore::close() {
     file.reset();
 }
 
+void DatabaseCore::moveTo(const QString& newPath, const std::shared_ptr<OpenFile>& newFile) {
+    Connection moved(newPath, Connection::Mode::Existing, password);
+    for (const auto& recordset : recordsets())
+        recordset->releaseReaders();
+    m_prepared.clear();
+    connection = std::move(moved);
+    newFile->tablesInUse = file->tablesInUse;
+    newFile->changes = file->changes;
+    newFile->handles = std::exchange(file->handles, 0);
+    file = newFile;
+    path = newPath;
+    catalog.invalidate();
+}
+
 std::shared_ptr<const TableStructure> DatabaseCore::table(QStringView name, int missing) {
     auto structure = catalog.find(name);
     if (!structure)

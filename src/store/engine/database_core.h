@@ -23,13 +23,16 @@ public:
 
     Connection connection;
     Catalog catalog{connection};
-    const QString path;
+    QString path;
     QString password; ///< in memory alone, to write a copy that is protected in the same way
     const bool readOnly;
     bool jetFile = false;
     std::shared_ptr<OpenFile> file;
 
     void close();
+    /// Goes on with the same content in another file. Raises what connecting to it raises; then
+    /// nothing has changed.
+    void moveTo(const QString& newPath, const std::shared_ptr<OpenFile>& newFile);
     bool isOpen() const { return connection.isOpen(); }
 
     /// The structure of a table. Raises `missing` where there is none.

@@ -8,7 +8,6 @@
 #include "store/engine/jet_import.h"
 #include "store/engine/jet_reader.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <unistd.h>
@@ -81,6 +80,8 @@ void openJetFile(DatabaseCore& core, const QByteArray& start) {
     if (password != core.password && !password.isEmpty())
         throw EngineError(WrongPassword, u"A password is needed."_s);
     core.password = password;
+    if (!password.isEmpty())
+        leaveNoImage();
     core.connection = Connection({}, Connection::Mode::Memory, {});
     fillFromJet(core.connection, readJetFile(core.file->read(core.file->size())));
     core.jetFile = true;
@@ -155,8 +156,7 @@ Database Workspace::CreateDatabase(const QString& path, const QString& /*locale*
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (QFileInfo::exists(absolute))
         throw EngineError(FileExists, u"The file already exists."_s);
-    if (!QFile(absolute).open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        throw EngineError(CannotOpenFile, u"The file \"%1\" could not be made."_s.arg(absolute));
+    makePrivateFile(absolute);
     auto file = OpenFile::acquire(absolute);
     Connection connection(absolute, Connection::Mode::Existing, {});
     // A mark in the header makes the file one that can be recognised before it has a table.
@@ -240,6 +240,8 @@ void DBEngine::CompactDatabase(const QString& source, const QString& destination
     Database database = m_default.OpenDatabase(source, false, true, sourceConnect);
     const QString copy = unfinishedName(destination);
     writeCopy(database.m_core->connection, copy, database.m_core->password);
+    if (!database.isJetFile()) // whose copy is one to work with
+        makeAsStrict(copy, database.Name());
     try {
         replaceFile(copy, destination);
     } catch (const EngineError&) {

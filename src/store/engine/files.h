@@ -10,9 +10,24 @@ namespace dao {
 /// last step is a rename.
 QString unfinishedName(const QString& path);
 
-/// The file that a link leads to, so that it is replaced and not the link; a path that leads to no
-/// file stays as it is.
+/// The file that a link leads to, so that it is replaced and not the link; also one that is missing
+/// still. A path that is no link's and leads to no file stays as it is.
 QString behindLinks(const QString& path);
+
+/// Makes an empty file that its owner alone may read and write. Raises 3051, also where the path is
+/// taken.
+void makePrivateFile(const QString& path);
+
+/// Copies the bytes that a descriptor leads to, from the first to the last, into a private file
+/// that it makes. Raises 3051, 3043 and on a full disk 3182; then nothing is left of the file.
+void copyContent(int source, const QString& copy);
+
+/// Takes from a copy what its owner may not do with the source either.
+void makeAsStrict(const QString& copy, const QString& source);
+
+/// Takes a file from everybody but its owner, who keeps what he may do with it. A file system that
+/// knows of no owners, or another person's file, stays as it is.
+void makePrivate(const QString& path);
 
 /// Makes the content of a file or folder durable on the disk, as far as its file system can. Raises
 /// 3043, on a full disk 3182.
@@ -20,9 +35,9 @@ void flushToDisk(const QString& path);
 
 /// Puts a finished file in the place of `target`, over one that stands there: at every moment, also
 /// when the power fails, the name stands for the old file or for the new one. Side files that an
-/// old database left beside `target` go first, or they would be played into the new one. Who may
-/// read and write the old file may do so with the new one. Both must be in the same folder. Raises
-/// as flushToDisk; then `target` is as it was.
+/// old database left beside `target` go first, or they would be played into the new one. What the
+/// owner may do with the old file he may do with the new one, and nobody else may anything. Both
+/// must be in the same folder. Raises as flushToDisk; then `target` is as it was.
 void replaceFile(const QString& finished, const QString& target);
 
 /// Removes a database and the side files that the engine may have left with it, where they are.

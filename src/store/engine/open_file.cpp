@@ -1,6 +1,7 @@
 #include "store/engine/open_file.h"
 
 #include "store/engine/error.h"
+#include "store/engine/files.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -119,6 +120,21 @@ QByteArray OpenFile::read(qsizetype count) const {
 qint64 OpenFile::size() const {
     struct stat status {};
     return ::fstat(m_descriptor, &status) == 0 ? status.st_size : 0;
+}
+
+bool OpenFile::isAt(const QString& path) const {
+    struct stat status {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 &&
+           Identity{status.st_dev, status.st_ino} == m_identity;
+}
+
+bool OpenFile::hasOtherNames() const {
+    struct stat status {};
+    return ::fstat(m_descriptor, &status) == 0 && status.st_nlink > 1;
+}
+
+void OpenFile::copyInto(const QString& path) const {
+    copyContent(m_descriptor, path);
 }
 
 } // namespace dao

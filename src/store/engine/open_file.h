@@ -27,6 +27,12 @@ public:
     /// handle: opening and closing another would drop the database library's locks.
     QByteArray read(qsizetype count) const;
     qint64 size() const;
+    /// Whether the path still leads to this file: it may have been moved, deleted or replaced.
+    bool isAt(const QString& path) const;
+    /// Whether the file has another name beside the one it was opened by (a hard link).
+    bool hasOtherNames() const;
+    /// Copies the whole file, as copyContent does; also one that has no name any more.
+    void copyInto(const QString& path) const;
 
     int handles = 0; ///< how many databases are open on the file
     quint64 changes =

@@ -82,9 +82,13 @@ RecordsetCore::~RecordsetCore() {
 void RecordsetCore::close() {
     if (!std::exchange(m_open, false))
         return;
+    releaseReaders();
+    useTables(-1);
+}
+
+void RecordsetCore::releaseReaders() {
     m_reader.reset();
     m_rangeReader.reset();
-    useTables(-1);
 }
 
 void RecordsetCore::useTables(int change) {

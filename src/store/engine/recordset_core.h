@@ -73,7 +73,8 @@ public:
     void setValue(int column, const Value& value);
     void appendChunk(int column, const QByteArray& bytes);
 
-    void resync(); ///< after undone work: looks again which records there are
+    void releaseReaders(); ///< before the database gets another connection
+    void resync();         ///< after undone work: looks again which records there are
     std::shared_ptr<DatabaseCore> database() const { return m_database; }
 
 private:

@@ -1,5 +1,6 @@
 #include "year/screens/startup_wizard.h"
 
+#include "controls/window_going.h"
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/version.h"
@@ -70,6 +71,8 @@ StartupWizard::StartupWizard(Session& session, const QString& engineVersion)
     connect(m_weekB, &TimetablePage::copyWanted, this, &StartupWizard::copyWeek);
     makePages();
     showFrame(FirstPage);
+    m_unanswered = answers();
+    new AskBeforeGoing(*this, [this] { return mayLoseAnswers(); });
 }
 
 void StartupWizard::makePages() {
@@ -154,6 +157,7 @@ void StartupWizard::previousInSetup() {
 void StartupWizard::showFrame(int frame) {
     m_frame = frame;
     const bool isSetup = frame != FirstPage;
+    m_isGivenUp = m_isGivenUp && !isSetup;
     m_parts->setCurrentIndex(isSetup ? 1 : 0);
     if (isSetup)
         m_frames->setCurrentIndex(frame);
@@ -305,7 +309,7 @@ bool StartupWizard::openDatabase(const QString& path, FailureBox failureBox) {
 }
 
 void StartupWizard::openAndLeave(const QString& path, FailureBox failureBox) {
-    if (!openDatabase(path, failureBox))
+    if (!mayLoseAnswers() || !openDatabase(path, failureBox))
         return;
     m_session.GetWindows().RunCurrentStartup();
     leave();
@@ -356,11 +360,22 @@ void StartupWizard::cancel() {
 }
 
 void StartupWizard::cancelSetup() {
-    const int answer = m_session.GetSeams().prompts.PlainBox(
-        u"Setup is not complete!\n\nDo you want to cancel setup?"_s, YesNoButtons | QuestionIcon,
-        u"Setup incomplete"_s);
-    if (answer == AnswerYes)
-        showFrame(FirstPage);
+    if (!asksToCancel(0))
+        return;
+    showFrame(FirstPage);
+    m_isGivenUp = true;
+}
+
+bool StartupWizard::asksToCancel(int flags) {
+    return m_session.GetSeams().prompts.PlainBox(
+               u"Setup is not complete!\n\nDo you want to cancel setup?"_s,
+               YesNoButtons | QuestionIcon | flags, u"Setup incomplete"_s) == AnswerYes;
+}
+
+/// Whether the wizard may go with what was answered in it: nothing yet, or the person gives it up.
+bool StartupWizard::mayLoseAnswers() {
+    return m_isGivenUp || m_isLeaving || answers() == m_unanswered ||
+           asksToCancel(SecondButtonDefault);
 }
 
 void StartupWizard::cancelAll() {
@@ -371,7 +386,7 @@ void StartupWizard::cancelAll() {
         "To continue using this program you must either\n"
         "Setup a new database or Open an existing database.\n\n"
         "Do you want to continue?"_s,
-        YesNoButtons | QuestionIcon, u"Quit"_s);
+        YesNoButtons | QuestionIcon | FirstButtonDeclines, u"Quit"_s);
     // Once this call is through: the main window deletes the wizard as it goes.
     if (answer == AnswerNo)
         QMetaObject::invokeMethod(window(), &QWidget::close, Qt::QueuedConnection);

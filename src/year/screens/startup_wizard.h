@@ -59,6 +59,8 @@ private:
     void next();
     void cancel();
     void cancelSetup();
+    bool asksToCancel(int flags);
+    bool mayLoseAnswers();
     void cancelAll();
     void showFrame(int frame);
     bool mayLeave(int frame);
@@ -91,6 +93,8 @@ private:
     QLabel* m_pageLabel;
     QPushButton* m_back;
     QPushButton* m_next;
-    int m_frame = FirstPage; ///< a SetupFrame
+    int m_frame = FirstPage;  ///< a SetupFrame
+    YearAnswers m_unanswered; ///< what the pages have from the start
+    bool m_isGivenUp = false; ///< the person has cancelled the setup, and not gone back to it
     bool m_isLeaving = false;
 };
