@@ -88,6 +88,14 @@ void jetText(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
+void jetSingle(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const int type = sqlite3_value_type(arguments[0]);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT)
+        sqlite3_result_double(context, singleAsTyped(sqlite3_value_double(arguments[0])));
+    else
+        sqlite3_result_value(context, arguments[0]);
+}
+
 void registerFunctions(sqlite3* database) {
     sqlite3_create_collation_v2(database, sql::TextCollation, SQLITE_UTF8, nullptr, compareCollated,
                                 nullptr);
@@ -95,6 +103,8 @@ void registerFunctions(sqlite3* database) {
                                nullptr, jetLike, nullptr, nullptr, nullptr);
     sqlite3_create_function_v2(database, sql::TextFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                                nullptr, jetText, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(database, sql::SingleFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                               nullptr, jetSingle, nullptr, nullptr, nullptr);
 }
 
 /// What every connection sets before its file is read. The page format of protected files is told
@@ -223,8 +233,10 @@ Value Statement::column(int position, DataType type) const {
             type == DataType::Single || type == DataType::Double || type == DataType::Currency;
         return hasDecimals ? Value(static_cast<double>(number)) : Value(number);
     }
-    case SQLITE_FLOAT:
-        return sqlite3_value_double(value);
+    case SQLITE_FLOAT: {
+        const double number = sqlite3_value_double(value);
+        return type == DataType::Single ? singleAsTyped(number) : number;
+    }
     case SQLITE_TEXT: {
         const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
         return QString::fromUtf8(text, sqlite3_value_bytes(value));
