@@ -19,6 +19,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSessionManager>
 #include <QShortcut>
@@ -29,6 +30,18 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The desktop decides which keys close a window; these two do on every one.
+void closeByCtrlF4(QMdiSubWindow& form) {
+    for (QAction* action : form.systemMenu()->actions()) {
+        if (action->shortcuts().contains(QKeySequence(QKeySequence::Close)))
+            action->setShortcuts({Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4});
+    }
+}
+
+} // namespace
 
 MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItself, QWidget* splash)
     : m_session(session)
@@ -253,10 +266,13 @@ void MainWindow::forget(const QWidget* holder) {
 QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
     addMenus(window);
     QWidget* holder = &window;
-    if (entry.kind == WindowKind::Tool)
-        holder = m_client->addSubWindow(&window);
-    else
+    if (entry.kind == WindowKind::Tool) {
+        QMdiSubWindow* form = m_client->addSubWindow(&window);
+        closeByCtrlF4(*form);
+        holder = form;
+    } else {
         window.setParent(this, window.windowFlags() | Qt::Tool);
+    }
     holder->setAttribute(Qt::WA_DeleteOnClose);
     holder->installEventFilter(this);
     return holder;
