@@ -60,7 +60,7 @@ void printRecords(const dao::Database& database, const QString& statement, bool 
     for (; !records.EOF_(); records.MoveNext()) {
         line.clear();
         for (int i = 0; i < records.FieldCount(); ++i)
-            line += escapedValue(records.Collect(i), records.Fields(i).Type());
+            line += escapedValue(records.Collect(i));
         printEscapedLine(line);
     }
 }

@@ -27,6 +27,7 @@ void ClassDesk::showFirstPage() {
     m_selection = PupilSelection();
     m_queryActive = false;
     m_view.reset();
+    m_records.history().clear();
     show(m_classCode.isEmpty() ? PupilSheet()
                                : PupilSheet(m_session.CurrentDB, pupilsSource(m_classCode, {})));
 }
@@ -37,6 +38,8 @@ bool ClassDesk::showView(ClassView view) {
     if (!sheet)
         return false;
     m_queryActive = m_queryActive && m_selection.isMultiSelect();
+    if (m_view != view)
+        m_records.history().clear();
     m_view = view;
     show(*std::move(sheet));
     return true;

@@ -12,8 +12,8 @@ class Session;
 /// records of its pupils that the list of names and the view's grid share.
 ///
 /// Two states. The first page: no view, all pupils of the class. A view: the records of that view,
-/// of the pupils picked. Operations raise what the engine raises; after a failure to show a view
-/// the records of before still stand.
+/// of the pupils picked; what is done to them can be undone as long as the view stays. Operations
+/// raise what the engine raises; after a failure to show a view the records of before still stand.
 class ClassDesk {
 public:
     explicit ClassDesk(Session& session);

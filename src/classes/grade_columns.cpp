@@ -1,6 +1,5 @@
 #include "classes/grade_columns.h"
 
-#include "classes/pupil_sheet.h"
 #include "classes/register_columns.h"
 #include "classes/register_keys.h"
 #include "core/prompts.h"
@@ -62,6 +61,20 @@ void markAbsentees(const dao::Database& database, const QString& classCode, cons
     absentees.Close();
 }
 
+/// What a column for numbers takes, in words.
+QString takenBy(dao::DataType type) {
+    switch (type) {
+    case dao::DataType::Byte:
+        return u"whole numbers from 0 to 255"_s;
+    case dao::DataType::Integer:
+        return u"whole numbers from -32,768 to 32,767"_s;
+    case dao::DataType::Long:
+        return u"whole numbers from -2,147,483,648 to 2,147,483,647"_s;
+    default:
+        return u"numbers"_s;
+    }
+}
+
 void showGradeError(const dao::EngineError& error, Prompts& prompts) {
     const QString title = u"Grade Error"_s;
     if (!showNameRefused(prompts, error, u"column"_s, title, u"Invalid Characters"_s))
@@ -70,7 +83,7 @@ void showGradeError(const dao::EngineError& error, Prompts& prompts) {
 
 } // namespace
 
-ColumnCommands gradeColumnCommands(const QList<int>& selected, int columnCount) {
+ColumnCommands gradeColumnCommands(const QList<int>& selected, const QList<int>& shownGrades) {
     ColumnCommands can;
     if (selected.isEmpty())
         return can;
@@ -80,8 +93,8 @@ ColumnCommands gradeColumnCommands(const QList<int>& selected, int columnCount) 
         return can;
     const int column = selected.first();
     can.rename = column >= PupilSheet::FirstOwnColumn;
-    can.moveLeft = column != PupilSheet::FirstOwnColumn;
-    can.moveRight = column != columnCount - 1;
+    can.moveLeft = shownGrades.isEmpty() || column != shownGrades.first();
+    can.moveRight = shownGrades.isEmpty() || column != shownGrades.last();
     return can;
 }
 
@@ -121,14 +134,17 @@ std::optional<MoveDirection> moveDirection(const QString& text) {
 }
 
 bool MoveColumn(const dao::Database& database, const QString& classCode, const QString& field,
-                MoveDirection direction) {
+                MoveDirection direction, const QStringList& hidden) {
     try {
         dao::FieldCollection fields = gradeFields(database, classCode);
         if (!fields.Contains(field))
             return false;
-        const int position = fields[field].OrdinalPosition;
-        const int target = direction == MoveDirection::Left ? position - 1 : position + 1;
-        if (target < 1 || target >= fields.Count()) // ID stays first
+        const int step = direction == MoveDirection::Left ? -1 : 1;
+        int target = fields[field].OrdinalPosition + step;
+        const auto isThere = [&] { return target >= 1 && target < fields.Count(); }; // behind ID
+        while (isThere() && hidden.contains(fields[target].Name))
+            target += step;
+        if (!isThere())
             return false;
         fields.SetOrdinalPosition(field, target);
         return true;
@@ -180,16 +196,26 @@ QStringList askRemoveColumns(const QStringList& selected, Prompts& prompts) {
     return answer == AnswerYes ? columns : QStringList();
 }
 
-void removeGradeColumns(const dao::Database& database, const QString& classCode,
+bool removeGradeColumns(const dao::Database& database, const QString& classCode,
                         const QStringList& fields, Prompts& prompts) {
     try {
         dao::Transaction transaction(database);
         for (const QString& field : fields)
             gradeFields(database, classCode).Delete(field);
         transaction.commit();
+        return true;
     } catch (const dao::EngineError& error) {
         showGradeError(error, prompts);
+        return false;
     }
+}
+
+RowChange gradeChange(const PupilSheet& sheet, int row, int column, const QString& text,
+                      const QLocale& locale) {
+    if (text == sheet.text(row, column))
+        return {row, {}};
+    const dao::DataType type = sheet.records().Fields(column).Type();
+    return {row, {{column, gradeValue(text, type, locale)}}};
 }
 
 dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& locale) {
@@ -197,6 +223,15 @@ dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& lo
         return text;
     return text.isEmpty() ? dao::Value()
                           : dao::Value(QString(text).replace(locale.decimalPoint(), u"."_s));
+}
+
+void tellGradeRefused(Prompts& prompts, const dao::EngineError& error, dao::DataType type) {
+    FailureBox box = AfterUpdateFailure;
+    QString text = box.text.toString();
+    if (error.number() == dao::ConversionError)
+        text.prepend(u"This column takes %1.\n"_s.arg(takenBy(type)));
+    box.text = text;
+    tellFailure(prompts, box, error);
 }
 
 void showNothingToHide(Prompts& prompts) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/pupil_sheet.h"
 #include "core/engine_failure.h"
 #include "core/new_field.h"
 #include "store/engine/database.h"
@@ -25,8 +26,8 @@ struct ColumnCommands {
 
     bool operator==(const ColumnCommands&) const = default;
 };
-/// `selected`: the grid's columns, from left to right; `columnCount`: of the grid.
-ColumnCommands gradeColumnCommands(const QList<int>& selected, int columnCount);
+/// The grid's columns, from left to right: those selected, and those of grades that show.
+ColumnCommands gradeColumnCommands(const QList<int>& selected, const QList<int>& shownGrades);
 
 /// Asks for a new column; none when it was cancelled.
 std::optional<NewField> askGradeColumn(Prompts& prompts);
@@ -39,10 +40,10 @@ bool addGradeColumn(const dao::Database& database, const QString& classCode, con
 enum class MoveDirection { Left, Right };
 /// "LEFT" and "RIGHT" in any case.
 std::optional<MoveDirection> moveDirection(const QString& text);
-/// Changes a column's place with its neighbour's. Nothing for a field that is none of the grades',
-/// at the ends, and where it fails. Answers whether it moved.
+/// Moves a column past its neighbour, and past those that are hidden before it. Nothing for a field
+/// that is none of the grades', at the ends, and where it fails. Answers whether it moved.
 bool MoveColumn(const dao::Database& database, const QString& classCode, const QString& field,
-                MoveDirection direction);
+                MoveDirection direction, const QStringList& hidden = {});
 
 /// Asks for another title of a column; empty when it was cancelled.
 QString askColumnTitle(const QString& title, Prompts& prompts);
@@ -55,16 +56,22 @@ bool renameGradeColumn(const dao::Database& database, const QString& classCode,
 /// no columns of the grades. Answers those to remove: none when declined or nothing is selected,
 /// which is told.
 QStringList askRemoveColumns(const QStringList& selected, Prompts& prompts);
-/// Removes columns with all grades in them, all or none. A failure is told.
-void removeGradeColumns(const dao::Database& database, const QString& classCode,
+/// Removes columns with all grades in them, all or none. A failure is told. Answers whether they
+/// are gone.
+bool removeGradeColumns(const dao::Database& database, const QString& classCode,
                         const QStringList& fields, Prompts& prompts);
 
 /// What a cell of this type holds for a text that was typed: a number with the decimal point of
 /// `locale` is one, nothing at all is Null where the column is for numbers.
 dao::Value gradeValue(const QString& text, dao::DataType type, const QLocale& locale);
+/// What a text that was typed changes in a cell: nothing where it stands there already.
+RowChange gradeChange(const PupilSheet& sheet, int row, int column, const QString& text,
+                      const QLocale& locale);
 
 /// The box for "Hide the selected Column(s)" with none selected.
 void showNothingToHide(Prompts& prompts);
+/// Tells that a column of this type did not take what was typed, and what it takes.
+void tellGradeRefused(Prompts& prompts, const dao::EngineError& error, dao::DataType type);
 /// The box for a failure while a grade is stored.
-inline constexpr FailureBox AfterUpdateFailure{u"After Update Error", u"Error Number %2",
+inline constexpr FailureBox AfterUpdateFailure{u"After Update Error", u"%1\nError Number %2",
                                                OkButton | WarningIcon};

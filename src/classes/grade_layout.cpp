@@ -1,8 +1,6 @@
 #include "classes/grade_layout.h"
 
 #include "classes/class_settings.h"
-#include "classes/pupil_sheet.h"
-#include "core/prompts.h"
 #include "core/settings.h"
 
 #include <QStringBuilder>
@@ -14,7 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString HiddenPrefix = u"Hide_"_s;
-const QString LineEnd = u"\r\n"_s;
 
 /// What is kept of a class's grades, in the key of the class.
 class KeptLayout {
@@ -82,35 +79,4 @@ int saveRowHeight(Settings& settings, const QString& classCode, LayoutKind kind,
     const int raised = qMax(LowestRow, height);
     settings.set(KeptLayout(classCode).rowHeight(kind), raised);
     return raised;
-}
-
-QString studentNames(const PupilSheet& sheet) {
-    QString text;
-    for (int row = 0; row < sheet.rowCount(); ++row)
-        text += sheet.text(row, PupilSheet::FirstnameColumn) + u' ' +
-                sheet.text(row, PupilSheet::SurnameColumn) + LineEnd;
-    return text;
-}
-
-void showDataCopied(Prompts& prompts) {
-    prompts.PlainBox(
-        u"This data has been copied to the clipboard. You may paste this data into another\n"
-        "application such as Excel although you may need to use Paste Special (Text)."_s,
-        OkButton | InformationIcon, u"Data copied"_s);
-}
-
-QString allData(const PupilSheet& sheet, const std::function<bool(int column)>& isVisible) {
-    QString text;
-    const auto addLine = [&](const std::function<QString(int column)>& cell) {
-        for (int column = 0; column < sheet.columnCount(); ++column) {
-            if (column > PupilSheet::FirstnameColumn && !isVisible(column))
-                continue;
-            text += cell(column);
-            text += column == sheet.columnCount() - 1 ? LineEnd : u"\t"_s;
-        }
-    };
-    addLine([&](int column) { return sheet.columns()[column]; });
-    for (int row = 0; row < sheet.rowCount(); ++row)
-        addLine([&](int column) { return sheet.text(row, column); });
-    return text;
 }

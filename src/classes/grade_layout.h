@@ -3,15 +3,9 @@
 #include <QList>
 #include <QString>
 
-#include <functional>
-#include <optional>
-
-class Prompts;
-class PupilSheet;
 class Settings;
 
-/// How a class's grades are laid out, kept in the settings under a key
-/// of the class; and the same columns as text for the clipboard.
+/// How a class's grades are laid out, kept in the settings under a key of the class.
 
 /// Which grid a row height belongs to, by number.
 enum class LayoutKind { Grades = 0, Notes = 1 };
@@ -36,12 +30,3 @@ QList<ColumnLayout> loadColumns(const Settings& settings, const QString& classCo
 int loadRowHeight(const Settings& settings, const QString& classCode, LayoutKind kind);
 /// Keeps a height, raised to LowestRow; answers what is kept.
 int saveRowHeight(Settings& settings, const QString& classCode, LayoutKind kind, int height);
-
-/// "Copy student names": a line a pupil, first name before surname.
-QString studentNames(const PupilSheet& sheet);
-/// The box behind "Copy All data".
-void showDataCopied(Prompts& prompts);
-/// "Copy All data": the fields' names, then a line a pupil, with tabs between. The names are taken,
-/// and the columns that `isVisible` says. A line ends behind the sheet's last field: where that is
-/// not taken the lines run on, odd and kept.
-QString allData(const PupilSheet& sheet, const std::function<bool(int column)>& isVisible);

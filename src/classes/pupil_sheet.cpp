@@ -36,41 +36,53 @@ QList<qint64> PupilSheet::pupils() const {
     return all;
 }
 
+int PupilSheet::rowOf(qint64 sought) const {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (pupil(row) == sought)
+            return row;
+    }
+    return -1;
+}
+
 void PupilSheet::select(int row) {
     m_records.SetBookmark(m_places[row]);
 }
 
-void PupilSheet::update(int row, const QList<CellChange>& changes) {
-    select(row);
+/// Answers the change as the fields hold it, which may be another type's form of the values.
+RowChange PupilSheet::update(const RowChange& change) {
+    select(change.row);
     m_records.Edit();
     try {
-        for (const CellChange& change : changes)
-            m_records.SetCollect(change.column, change.value);
+        for (const CellChange& cell : change.cells)
+            m_records.SetCollect(cell.column, cell.value);
         m_records.Update();
     } catch (const dao::EngineError&) {
         m_records.CancelUpdate();
         throw;
     }
+    RowChange held{change.row, {}};
+    for (const CellChange& cell : change.cells)
+        held.cells.append({cell.column, m_records.Collect(cell.column)});
+    return held;
 }
 
-void PupilSheet::keep(int row, const CellChange& change) {
-    m_values[static_cast<size_t>(row) * m_columns.size() + change.column] = change.value;
+void PupilSheet::keep(const RowChange& change) {
+    for (const CellChange& cell : change.cells)
+        m_values[static_cast<size_t>(change.row) * m_columns.size() + cell.column] = cell.value;
 }
 
 void PupilSheet::write(int row, const QList<CellChange>& changes) {
-    update(row, changes);
-    // As the field holds it, which may be another type's form of the value.
-    for (const CellChange& change : changes)
-        keep(row, {change.column, m_records.Collect(change.column)});
+    keep(update({row, changes}));
 }
 
-void PupilSheet::fill(const QList<int>& rows, int column, const dao::Value& value) {
+void PupilSheet::write(const QList<RowChange>& changes) {
     dao::Transaction transaction(m_database);
-    for (const int row : rows)
-        update(row, {{column, value}});
+    QList<RowChange> held;
+    for (const RowChange& change : changes)
+        held += update(change);
     transaction.commit();
-    for (const int row : rows)
-        keep(row, {column, value});
+    for (const RowChange& change : std::as_const(held))
+        keep(change);
     if (rowCount() > 0)
         m_records.MoveFirst();
 }

@@ -13,6 +13,11 @@ struct CellChange {
     int column;
     dao::Value value;
 };
+/// Fields of one pupil.
+struct RowChange {
+    int row;
+    QList<CellChange> cells;
+};
 
 /// The records behind the class window's list of names and its grid, which a view can read as fast
 /// as it paints: a row a pupil, the columns in the order of the source's fields. What is read is
@@ -46,12 +51,13 @@ public:
     qint64 pupil(int row) const { return value(row, columnOf(u"ID")).toInteger(); }
     QList<qint64> pupils() const; ///< of all rows
 
+    int rowOf(qint64 pupil) const; ///< of the `ID`; -1 where he is not among them
+
     /// Changes fields of one pupil, all in one update. A failure leaves them as they were, here and
     /// in the file.
     void write(int row, const QList<CellChange>& changes);
-    /// Gives one field of several pupils the same value, all or none of them. The recordset goes
-    /// back to its first row.
-    void fill(const QList<int>& rows, int column, const dao::Value& value);
+    /// Changes fields of several pupils, all or none. The recordset goes back to its first row.
+    void write(const QList<RowChange>& changes);
     /// Makes the pupil of a row the recordset's current one.
     void select(int row);
 
@@ -66,6 +72,6 @@ private:
     std::vector<dao::Value> m_values;
 
     void readRecords();
-    void update(int row, const QList<CellChange>& changes);
-    void keep(int row, const CellChange& change);
+    RowChange update(const RowChange& change);
+    void keep(const RowChange& change);
 };

@@ -59,13 +59,13 @@ bool canFill(int column) {
 }
 
 void fillRegister(PupilSheetModel& model, int column, RegisterFill what) {
-    QList<int> rows;
-    for (int row = 0; row < model.sheet().rowCount(); ++row) {
-        if (what == RegisterFill::ClearAll || model.sheet().text(row, column).isEmpty())
-            rows += row;
-    }
     const QString mark = what == RegisterFill::Present  ? PresentMark
                          : what == RegisterFill::Absent ? AbsentMark
                                                         : QString();
-    model.fill(rows, column, mark);
+    QList<RowChange> changes;
+    for (int row = 0; row < model.sheet().rowCount(); ++row) {
+        if (what == RegisterFill::ClearAll || model.sheet().text(row, column).isEmpty())
+            changes.append({row, {{column, mark}}});
+    }
+    model.write(changes);
 }

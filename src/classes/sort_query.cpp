@@ -6,8 +6,6 @@
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -34,13 +32,6 @@ QString withoutConditionAndOrder(const QString& query) {
     return cutAt(cutAt(withoutSemicolon(query), u" WHERE"_s), u" order by"_s);
 }
 
-/// The number that a text begins with; 0 where it begins with none.
-QString leadingNumber(const QString& text) {
-    static const QRegularExpression number(
-        u"^\\s*([+-]?(?:\\d+\\.?\\d*|\\.\\d+)(?:[eE][+-]?\\d+)?)"_s);
-    return dao::numberText(number.match(text).captured(1).toDouble());
-}
-
 /// Which fields count as numeric while a value is typed: Double is none of them.
 bool isNumericField(const QueryField& field) {
     return field.type < dao::DataType::Currency || field.type == dao::DataType::Single;
@@ -50,9 +41,11 @@ bool isNumericField(const QueryField& field) {
 
 QList<QueryField> queryFields(const dao::Database& database, const QString& classCode) {
     QList<QueryField> fields{{u"Surname"_s}, {u"Firstname"_s}, {u"Tutor"_s}};
+    const dao::FieldCollection ofPupils = database.TableDefs()[classTable(classCode)].Fields();
     for (const dao::Field& field : database.TableDefs()[marksTable(classCode)].Fields()) {
         if (!dao::sameName(field.Name, u"ID"))
-            fields.append({field.Name, field.Type});
+            fields.append({field.Name, field.Type,
+                           ofPupils.Contains(field.Name) ? marksTable(classCode) : QString()});
     }
     return fields;
 }
@@ -95,7 +88,7 @@ const QStringList& logicalOperators() {
 
 std::optional<QString> Built_SQL(const QString& built, const QString& query,
                                  const QueryCondition& condition, Prompts& prompts) {
-    if (!condition.field || condition.value.isEmpty()) {
+    if (!condition.field || condition.comparison.isEmpty() || condition.value.isEmpty()) {
         prompts.PlainBox(u"There is some missing query information. Please complete all the fields "
                          "and try again."_s,
                          OkButton, u"Missing Information"_s);
@@ -103,16 +96,19 @@ std::optional<QString> Built_SQL(const QString& built, const QString& query,
     }
     QString text = built.isEmpty() ? withoutConditionAndOrder(query) + u" WHERE "_s
                                    : withoutSemicolon(built) + u' ' + condition.logical + u' ';
+    if (!condition.field->table.isEmpty())
+        text += dao::writeName(condition.field->table) + u'.';
     text += bracketed(condition.field->name) + u' ' + condition.comparison + u' ';
-    text += condition.field->type == dao::DataType::Text ? u'\'' + condition.value + u'\''
-                                                         : leadingNumber(condition.value);
+    text += dao::isTextual(condition.field->type)
+                ? u'\'' + condition.value + u'\''
+                : dao::numberText(dao::Value(condition.value).toDouble());
     return text + u';';
 }
 
 bool checkValueKey(const std::optional<QueryField>& field, QChar key, Prompts& prompts) {
     if (!field || !key.isPrint())
         return true;
-    if (field->type == dao::DataType::Text)
+    if (dao::isTextual(field->type))
         return !QStringView(u"\"<=>").contains(key);
     if (!isNumericField(*field))
         return true;

@@ -17,6 +17,7 @@ class PupilSheet;
 struct QueryField {
     QString name;
     dao::DataType type = dao::DataType::Text;
+    QString table = {}; ///< in front of the name, for grades named like something of the pupils'
 };
 /// So many of the fields, the first, are the pupils'; the others are grades.
 inline constexpr int PupilFieldCount = 3;
@@ -47,8 +48,8 @@ struct QueryCondition {
     QString logical; ///< joins it to the condition before; empty while none is selected
 };
 /// Appends a condition to the query built so far; with none built it begins with the current query,
-/// without its condition and order. What is asked of a field that is no text is a number: what is
-/// none at its end is dropped. Conditions chain without brackets, a text is taken as typed, and a
+/// without its condition and order. What is asked of a field for numbers is a number: what is none
+/// at its end is dropped. Conditions chain without brackets, a text is taken as typed, and a
 /// broken query is told when it is run. None, which is told, while something is missing.
 std::optional<QString> Built_SQL(const QString& built, const QString& query,
                                  const QueryCondition& condition, Prompts& prompts);

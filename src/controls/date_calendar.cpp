@@ -1,6 +1,7 @@
 #include "controls/date_calendar.h"
 
 #include <QAbstractItemView>
+#include <QEvent>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -38,8 +39,31 @@ void DateCalendar::nameParts(const QString& name) {
     }
 }
 
+void DateCalendar::setChosen(bool chosen) {
+    m_isChosen = chosen;
+    auto* view = findChild<QAbstractItemView*>(u"qt_calendar_calendarview"_s);
+    QPalette colours;
+    if (!chosen) {
+        const QPalette usual = palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            colours.setBrush(group, QPalette::Highlight, usual.brush(group, QPalette::Base));
+            colours.setBrush(group, QPalette::HighlightedText, usual.brush(group, QPalette::Text));
+        }
+    }
+    view->setPalette(colours);
+    describeSelection();
+}
+
+void DateCalendar::changeEvent(QEvent* event) {
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        setChosen(m_isChosen);
+}
+
 /// A day's cell reads as a bare number, so the whole date is told beside it.
 void DateCalendar::describeSelection() {
     if (auto* view = findChild<QAbstractItemView*>(u"qt_calendar_calendarview"_s))
-        view->setAccessibleDescription(locale().toString(selectedDate(), QLocale::LongFormat));
+        view->setAccessibleDescription(m_isChosen
+                                           ? locale().toString(selectedDate(), QLocale::LongFormat)
+                                           : u"No date is chosen"_s);
 }

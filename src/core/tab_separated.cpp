@@ -8,8 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The shortest decimal that reads back as the same number.
-template<typename Number>
-QString shortest(Number number) {
+QString shortest(double number) {
     char text[64];
     const auto end = std::to_chars(std::begin(text), std::end(text), number).ptr;
     return QString::fromLatin1(text, end - text);
@@ -25,14 +24,13 @@ QString escapedText(QString text) {
     return text;
 }
 
-QString escapedValue(const dao::Value& value, dao::DataType type) {
+QString escapedValue(const dao::Value& value) {
     if (value.isNull())
         return u"\\N"_s;
     if (value.isBinary())
         return u'x' + QString::fromLatin1(value.toBinary().toHex());
     if (value.isReal())
-        return type == dao::DataType::Single ? shortest(static_cast<float>(value.toDouble()))
-                                             : shortest(value.toDouble());
+        return shortest(value.toDouble());
     return escapedText(value.toText());
 }
 

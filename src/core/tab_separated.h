@@ -1,6 +1,5 @@
 #pragma once
 
-#include "store/engine/structure.h"
 #include "store/engine/value.h"
 
 #include <QString>
@@ -14,7 +13,7 @@ QString escapedText(QString text);
 
 /// A field's value as it stands in such a line: Null as \N, bytes as `x` and hexadecimal digits, a
 /// number as the shortest decimal that reads back as the same.
-QString escapedValue(const dao::Value& value, dao::DataType type);
+QString escapedValue(const dao::Value& value);
 
 /// Writes a line to standard output: texts are escaped and joined.
 void printLine(const QStringList& texts);

@@ -240,7 +240,7 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
 
 void KeepAsBackup(const BackupContext& context, const QString& path) {
     const BackupNames names(path, context.backupFolder());
-    checkBackupFolder(names);
+    prepareBackupFolder(context, names);
     const QString copy = copyBeside(names.database, names.backup(1));
     rotate(names, context.seams.progress);
     dao::replaceFile(copy, names.backup(1));

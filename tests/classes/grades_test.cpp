@@ -2,6 +2,7 @@
 
 #include "classes/class_desk.h"
 #include "classes/class_views.h"
+#include "classes/grade_clipboard.h"
 #include "classes/grade_columns.h"
 #include "classes/grade_layout.h"
 #include "classes/sort_query.h"
@@ -120,6 +121,11 @@ TEST_F(GradesTest, ColumnsMoveAndAreRenamedWithinTheirBounds) {
     EXPECT_TRUE(MoveColumn(database, code, u"b"_s, *moveDirection(u"left"_s)));
     EXPECT_TRUE(MoveColumn(database, code, u"a"_s, *moveDirection(u"RIGHT"_s)));
     EXPECT_EQ(titles().join(u""_s), u"IDbca"_s);
+    EXPECT_FALSE(MoveColumn(database, code, u"c"_s, MoveDirection::Left, {u"b"_s}));
+    EXPECT_TRUE(MoveColumn(database, code, u"b"_s, MoveDirection::Right, {u"c"_s}));
+    EXPECT_TRUE(MoveColumn(database, code, u"b"_s, MoveDirection::Left, {u"c"_s}));
+    EXPECT_EQ(titles().join(u""_s), u"IDcba"_s); // past what nobody sees
+    EXPECT_TRUE(MoveColumn(database, code, u"b"_s, MoveDirection::Left));
     EXPECT_FALSE(renameGradeColumn(database, code, u"b"_s, u"C"_s)); // taken
     EXPECT_FALSE(renameGradeColumn(database, code, u"b"_s, u"x.y"_s));
     EXPECT_TRUE(renameGradeColumn(database, code, u"b"_s, u"Test: [1]; half"_s));
@@ -141,7 +147,6 @@ TEST_F(GradesTest, NumbersAreReadAsTheyAreWritten) {
 }
 
 TEST_F(GradesTest, WhatCanBeDoneToASelection) {
-    constexpr int columns = 8;
     struct {
         QList<int> selected;
         ColumnCommands can; // remove, rename, moveLeft, moveRight, hide
@@ -155,7 +160,7 @@ TEST_F(GradesTest, WhatCanBeDoneToASelection) {
         {{2, 4}, {true, false, false, false, true}},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(gradeColumnCommands(each.selected, columns), each.can);
+        EXPECT_EQ(gradeColumnCommands(each.selected, {4, 5, 7}), each.can);
     seams.prompts.expect(PromptKind::Plain, u"Remove Grades"_s, AnswerYes);
     EXPECT_EQ(askRemoveColumns({u"Tutor"_s, u"a"_s, u"b"_s}, seams.prompts),
               (QStringList{u"b"_s, u"a"_s}));
@@ -203,7 +208,43 @@ TEST_F(GradesTest, CopiesWhatIsVisible) {
     EXPECT_TRUE(allData(all, but({0, 1, 2})).startsWith(u"Surname\tFirstname\ta"_s));
 }
 
+TEST_F(GradesTest, TablesGoOutAndComeBack) {
+    struct {
+        QString text;
+        QList<QStringList> table;
+    } const cases[] = {
+        {u""_s, {}},
+        {u"1\r\n\r\n3\r\n"_s, {{u"1"_s}, {u""_s}, {u"3"_s}}},
+        {u"a\tb\n\tc"_s, {{u"a"_s, u"b"_s}, {u""_s, u"c"_s}}},
+        {u"\"two\nlines\"\t\"say \"\"hi\"\"\"\n"_s, {{u"two\nlines"_s, u"say \"hi\""_s}}},
+        {u"\"open\tend\""_s, {{u"open\tend"_s}}},
+        {u"\"never closed\n2"_s, {{u"\"never closed"_s}, {u"2"_s}}},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(readTable(each.text), each.table) << each.text.toStdString();
+    add(field(u"a"_s));
+    add(field(u"b"_s, dao::DataType::Single));
+    PupilSheetModel model;
+    model.setSheet(sheet());
+    const auto paste = [&](int row, const QString& text, const QString& refusal = {}) {
+        if (!refusal.isEmpty())
+            seams.prompts.expect(PromptKind::Plain, refusal, AnswerOk);
+        pasteGrades(model, row, {4, 5}, readTable(text), QLocale(QLocale::German), seams.prompts);
+    };
+    const QString copied = u"\"two\nlines\"\t0.1\r\nx\t2.5\r\n"_s;
+    paste(1, QString(copied).replace(u'.', u','));
+    EXPECT_EQ(cellsText(model.sheet(), {1, 2}, {4, 5}), copied);
+    EXPECT_EQ(picked(u"b"_s, u"="_s, u"0.1"_s), QString::number(model.sheet().pupil(1)));
+    paste(3, copied, u"Paste"_s);                              // a pupil too many
+    paste(0, u"1\t2\t3"_s, u"Paste"_s);                        // a column too many
+    paste(0, u"new\t1\nnew\tmany"_s, u"After Update Error"_s); // all or nothing
+    EXPECT_EQ(model.sheet().text(0, 4), QString());
+}
+
 TEST_F(GradesTest, QueriesPickAsTheEngineUnderstandsThem) {
+    add(field(u"Notes"_s, dao::DataType::Memo)); // the pupils have such a field as well
+    put(marksTable(code), 2, u"Notes"_s, u"late"_s);
+    EXPECT_EQ(picked(u"Notes"_s, u"Like"_s, u"la*"_s), u"2"_s);
     add(field(u"Test 1"_s, dao::DataType::Long));
     add(field(u"half"_s, dao::DataType::Double));
     add(field(u"Remark"_s));
@@ -242,8 +283,13 @@ TEST_F(GradesTest, QueriesPickAsTheEngineUnderstandsThem) {
         EXPECT_FALSE(checkQuery(database, each.query, seams.prompts));
     }
     EXPECT_TRUE(checkQuery(database, first, seams.prompts));
-    seams.prompts.expect(PromptKind::Plain, u"Missing Information"_s, AnswerOk);
-    EXPECT_FALSE(Built_SQL({}, query(), {std::nullopt, u"="_s, u"x"_s, {}}, seams.prompts));
+    const QueryField surname{u"Surname"_s};
+    for (const QueryCondition& each : {QueryCondition{std::nullopt, u"="_s, u"x"_s, {}},
+                                       {surname, {}, u"x"_s, {}},
+                                       {surname, u"="_s, {}, {}}}) {
+        seams.prompts.expect(PromptKind::Plain, u"Missing Information"_s, AnswerOk);
+        EXPECT_FALSE(Built_SQL({}, query(), each, seams.prompts));
+    }
     EXPECT_EQ(fieldValues(sheet(), u"Surname"_s),
               (QStringList{u"Ames"_s, u"Cole"_s, u"O'Brien"_s}));
 }

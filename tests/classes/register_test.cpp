@@ -147,6 +147,36 @@ TEST_F(RegisterTest, FillSparesWhatIsMarked) {
     EXPECT_TRUE(canFill(PupilSheet::FirstOwnColumn));
 }
 
+TEST_F(RegisterTest, WhatWasDoneIsUndoneAndDoneAgain) {
+    const int column = columnOf(2);
+    enterMark(database, code, model, 0, column, u"L"_s); // a double lesson is one step
+    fillRegister(model, column, RegisterFill::Present);
+    fillRegister(model, column, RegisterFill::ClearAll);
+    const auto marks = [this] {
+        return (marksOf(1).left(2) + marksOf(2).left(2) + marksOf(3).left(2));
+    };
+    EXPECT_EQ(marks(), u".L...."_s);
+    EXPECT_EQ(model.undo(), model.index(0, column));
+    EXPECT_EQ(marks(), u"LL/./."_s);
+    model.setSheet(PupilSheet(database, registerSource(code, u" WHERE Surname = 'Ames'"_s)));
+    EXPECT_FALSE(model.undo().isValid()); // nothing changes that nobody sees
+    EXPECT_EQ(marks(), u"LL/./."_s);
+    open();
+    EXPECT_TRUE(model.undo().isValid() && model.undo().isValid());
+    EXPECT_EQ(marks(), u"......"_s);
+    EXPECT_TRUE(rowsOf(database, u"SELECT ID FROM REG_D WHERE [02/09/24 1] = ''"_s).isEmpty());
+    EXPECT_FALSE(model.undo().isValid());
+    EXPECT_TRUE(model.redo().isValid() && model.redo().isValid());
+    EXPECT_EQ(marks(), u"LL/./."_s);
+    enterMark(database, code, model, 1, column, u"O"_s);
+    EXPECT_FALSE(model.redo().isValid()); // another way was taken
+    model.history().renameField(sheet().columns()[column], u"gone"_s);
+    model.history().forgetFields({u"gone"_s}); // leaves the second lesson's mark
+    EXPECT_EQ(model.undo(), model.index(1, column + 1));
+    EXPECT_EQ(model.undo(), model.index(0, column + 1));
+    EXPECT_FALSE(model.undo().isValid());
+}
+
 TEST_F(RegisterTest, TheSummaryKeepsItsArithmetic) {
     const auto remaining = [this](int day) {
         return currentLessonText(sheet(), QDate(2024, 9, day)).section(u'\n', 2);

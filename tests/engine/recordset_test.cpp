@@ -5,6 +5,8 @@
 
 #include "store/engine/names.h"
 
+#include <sqlcipher/sqlite3.h>
+
 using dao::Value;
 
 namespace {
@@ -289,6 +291,30 @@ TEST_F(RecordsetTest, TextsThatLookLikeNumbersStayTexts) {
         records.FindFirst(u"Surname = "_s + dao::writeText(QString::fromUtf8(text)));
         EXPECT_FALSE(records.NoMatch()) << text;
     }
+}
+
+TEST_F(RecordsetTest, ASingleIsWhatWasTyped) {
+    appendTable(database, u"Marks"_s,
+                {numberingField(), dao::TableDef::CreateField(u"S"_s, dao::DataType::Single)});
+    const QStringList typed{u"0.1"_s, u"-2.7"_s, u"3.402823e+38"_s, u"16777217"_s, u"5"_s};
+    for (const QString& each : typed)
+        addRecord(database, u"Marks"_s, {each});
+    database.Close();
+    sqlite3* raw = nullptr; // another program, or a genuine Jet file, has the Single itself
+    ASSERT_EQ(sqlite3_open(qPrintable(path(u"pupils.mdb"_s)), &raw), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(raw, "INSERT INTO Marks (S) VALUES (0.20000000298023224)", nullptr,
+                           nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(raw);
+    database = engine.OpenDatabase(path(u"pupils.mdb"_s));
+    const auto found = [this](const QString& condition) {
+        return rowsOf(database, u"SELECT S FROM Marks WHERE "_s + condition).join(u' ');
+    };
+    EXPECT_EQ(found(u"S > -9"_s), u"0.1 -2.7 3.402823e+38 16777216 5 0.2"_s);
+    for (const QString& each : {u"S = 0.1"_s, u"S IN (7, 0.1)"_s, u"S LIKE '0.1'"_s})
+        EXPECT_EQ(found(each), u"0.1"_s) << each.toStdString();
+    EXPECT_EQ(found(u"S = 0.2"_s), u"0.2"_s);
+    EXPECT_EQ(found(u"S BETWEEN 0.1 AND 0.2"_s), u"0.1 0.2"_s);
 }
 
 TEST_F(RecordsetTest, ChangesOfAnotherHandleAreSeenOnTheNextVisit) {

@@ -1,61 +1,57 @@
 #include "classes/screens/grade_delegate.h"
 
-#include <QCoreApplication>
+#include "classes/pupil_sheet_model.h"
+
 #include <QKeyEvent>
-#include <QPlainTextEdit>
-#include <QTextBlock>
 
 using namespace Qt::StringLiterals;
 
-GradeDelegate::GradeDelegate(
-    std::function<void(const QModelIndex& cell, const QString& text)> store, QObject* parent)
+GradeDelegate::GradeDelegate(Store store, QObject* parent)
     : QStyledItemDelegate(parent), m_store(std::move(store)) {}
 
 QWidget* GradeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const {
-    auto* editor = new QPlainTextEdit(parent);
-    editor->setObjectName(u"GradeEditor"_s);
-    editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
-    editor->setFrameShape(QFrame::NoFrame);
-    editor->document()->setDocumentMargin(1);
-    editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    editor->setLineWrapMode(QPlainTextEdit::NoWrap);
-    return editor;
+    const auto* model = static_cast<const PupilSheetModel*>(index.model());
+    const dao::RecordsetField field = model->sheet().records().Fields(index.column());
+    m_editor = new GradeEditor(field.Type(), field.Size(), parent);
+    m_editor->setObjectName(u"GradeEditor"_s);
+    m_editor->setAccessibleName(model->headerData(index.column(), Qt::Horizontal).toString());
+    m_cell = index;
+    m_isRefused = false;
+    return m_editor;
 }
 
 void GradeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    auto* box = static_cast<QPlainTextEdit*>(editor);
+    auto* box = static_cast<GradeEditor*>(editor);
     box->setPlainText(index.data(Qt::EditRole).toString());
     box->selectAll();
 }
 
 void GradeDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
                                  const QModelIndex& index) const {
-    m_store(index, static_cast<QPlainTextEdit*>(editor)->toPlainText());
+    m_isRefused = !m_store(index, static_cast<GradeEditor*>(editor)->toPlainText());
+}
+
+void GradeDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
+    if (editor == m_editor)
+        m_editor.clear();
+    QStyledItemDelegate::destroyEditor(editor, index);
 }
 
 bool GradeDelegate::eventFilter(QObject* watched, QEvent* event) {
-    auto* editor = qobject_cast<QPlainTextEdit*>(watched);
-    if (editor && event->type() == QEvent::KeyPress &&
-        leavesCell(*editor, *static_cast<QKeyEvent*>(event)))
-        return true;
+    auto* editor = qobject_cast<GradeEditor*>(watched);
+    if (editor && event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
+        emit commitData(editor);
+        if (m_isRefused)
+            return false; // it has the keyboard again when the window has
+    }
+    if (editor && event->type() == QEvent::KeyPress) {
+        auto& key = *static_cast<QKeyEvent*>(event);
+        if (editor->leadsOut(key)) {
+            emit keyLeadsOut(key);
+            return true;
+        }
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
-}
-
-/// Leaves the cell by a key that leads out of it. The arrows go on to the grid, which moves.
-bool GradeDelegate::leavesCell(QPlainTextEdit& editor, QKeyEvent& key) {
-    const QTextBlock line = editor.textCursor().block();
-    const bool isPlain = key.modifiers() == Qt::NoModifier;
-    const bool isUp = isPlain && key.key() == Qt::Key_Up && !line.previous().isValid();
-    const bool isDown = isPlain && key.key() == Qt::Key_Down && !line.next().isValid();
-    const bool isTab = key.key() == Qt::Key_Tab;
-    if (!isUp && !isDown && !isTab && key.key() != Qt::Key_Backtab)
-        return false;
-    QObject* grid = editor.parent()->parent(); // of the viewport
-    emit commitData(&editor);
-    emit closeEditor(&editor, isUp || isDown ? NoHint : isTab ? EditNextItem : EditPreviousItem);
-    if (isUp || isDown)
-        QCoreApplication::sendEvent(grid, &key);
-    return true;
 }

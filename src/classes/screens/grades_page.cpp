@@ -1,16 +1,15 @@
 #include "classes/screens/grades_page.h"
 
 #include "classes/class_settings.h"
-#include "classes/grade_layout.h"
-#include "classes/screens/grade_delegate.h"
-#include "classes/screens/pupil_grid.h"
+#include "classes/grade_clipboard.h"
+#include "classes/screens/grades_grid.h"
 #include "classes/screens/sort_panel.h"
+#include "classes/screens/undo_entries.h"
 #include "controls/layout_toolbar.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/window_placement.h"
-#include "store/engine/error.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -19,20 +18,20 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 GradesPage::GradesPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
-    , m_grid(new PupilGrid(desk.records()))
+    , m_grid(new GradesGrid(
+          desk.records(),
+          [this](const QModelIndex& cell, const QString& text) { return storeCell(cell, text); }))
     , m_sort(new SortPanel(session, desk))
     , m_menu(new QMenu(this)) {
     m_grid->setObjectName(u"GradesGrid"_s);
     setFocusProxy(m_grid);
     m_grid->setAccessibleName(u"Grades"_s);
-    m_grid->setEditTriggers(QAbstractItemView::AllEditTriggers ^ QAbstractItemView::CurrentChanged ^
-                            QAbstractItemView::SelectedClicked);
-    m_grid->setItemDelegate(new GradeDelegate(
-        [this](const QModelIndex& cell, const QString& text) { storeCell(cell, text); }, this));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(2);
@@ -41,8 +40,12 @@ GradesPage::GradesPage(Session& session, ClassDesk& desk)
     layout->addWidget(m_sort);
     makeMenu();
     connect(m_grid, &PupilGrid::menuWanted, this, &GradesPage::openMenu);
+    connect(m_grid, &GradesGrid::refused, this, &GradesPage::tellRefusal);
+    connect(m_grid, &GradesGrid::copyWanted, this, &GradesPage::copyCells);
+    connect(m_grid, &GradesGrid::pasteWanted, this, &GradesPage::paste);
     connect(m_grid->horizontalHeader(), &QHeaderView::sectionClicked, this, &GradesPage::fitColumn);
     connect(m_sort, &SortPanel::queryWanted, this, &GradesPage::runQuery);
+    connect(m_sort, &SortPanel::allWanted, this, &GradesPage::showAllPupils);
     const bool isShown = session.GetSettings().get(setting::SortPanel);
     m_sort->setVisible(isShown);
     m_sortAction->setChecked(isShown);
@@ -98,10 +101,15 @@ void GradesPage::makeMenu() {
     add(*copy, u"Copy All data"_s, [this] { copyAllData(); });
     copy->addAction(u"Copy Selected data"_s); // has never done anything
     add(*m_menu, u"Save Columns Layout"_s, [this] { saveColumnWidths(); });
+    addUndoEntries(*m_menu, *m_grid, desk().records(), session().GetSeams().prompts,
+                   AfterUpdateFailure);
+    m_menu->addSeparator();
+    add(*m_menu, u"Copy\tCtrl+C"_s, [this] { copyCells(); });
+    add(*m_menu, u"Paste\tCtrl+V"_s, [this] { paste(); });
 }
 
 ColumnCommands GradesPage::commands() const {
-    return gradeColumnCommands(m_grid->selectedColumns(), desk().sheet().columnCount());
+    return gradeColumnCommands(m_grid->selectedColumns(), m_grid->shownGrades());
 }
 
 void GradesPage::openMenu(QPoint place) {
@@ -121,21 +129,19 @@ QStringList GradesPage::selectedFields() const {
     return fields;
 }
 
+PupilGrid* GradesPage::grid() const {
+    return m_grid;
+}
+
 void GradesPage::showRecords() {
-    if (!m_keepsLayout)
-        loadColumnWidths();
+    loadColumnWidths();
     m_sort->fillSortFields();
     goToVisibleColumn();
 }
 
 /// The first column of grades that shows, else the tutor's.
 void GradesPage::goToVisibleColumn() {
-    int shown = PupilSheet::TutorColumn;
-    for (int column = desk().sheet().columnCount() - 1; column >= PupilSheet::FirstOwnColumn;
-         --column) {
-        if (!m_grid->isColumnHidden(column))
-            shown = column;
-    }
+    const int shown = m_grid->shownGrades().value(0, PupilSheet::TutorColumn);
     m_grid->selectionModel()->setCurrentIndex(desk().records().index(desk().currentRow(), shown),
                                               QItemSelectionModel::ClearAndSelect);
 }
@@ -143,67 +149,95 @@ void GradesPage::goToVisibleColumn() {
 void GradesPage::showPupil(int) {}
 
 bool GradesPage::leave() {
-    m_grid->takeOverEditor();
-    return true;
+    return m_grid->leaveCell();
 }
 
-void GradesPage::storeCell(const QModelIndex& cell, const QString& text) {
-    if (text == cell.data(Qt::EditRole).toString())
-        return;
-    const dao::DataType type = desk().sheet().records().Fields(cell.column()).Type();
+bool GradesPage::storeCell(const QModelIndex& cell, const QString& text) {
     try {
-        desk().records().write(cell.row(), {{cell.column(), gradeValue(text, type, QLocale())}});
+        const RowChange change =
+            gradeChange(desk().sheet(), cell.row(), cell.column(), text, QLocale());
+        if (!change.cells.isEmpty())
+            desk().records().write(change.row, change.cells);
+        return true;
     } catch (const dao::EngineError& error) {
-        tellFailure(session().GetSeams().prompts, AfterUpdateFailure, error);
+        m_refusal = error;
+        m_refusedColumn = cell.column();
+        return false;
     }
 }
 
-void GradesPage::changeStructure(const std::function<void()>& change, const QString& select) {
-    leave();
+void GradesPage::tellRefusal() {
+    const dao::RecordsetField field = desk().sheet().records().Fields(m_refusedColumn);
+    tellGradeRefused(session().GetSeams().prompts, *m_refusal, field.Type());
+}
+
+void GradesPage::changeStructure(const std::function<QString()>& change) {
+    const QScopedValueRollback keeping(m_kept, columnLayout());
     desk().release();
-    change();
+    const QString picked = change();
     emit recordsChanged();
-    const int column = desk().sheet().columnOf(select);
-    if (!select.isEmpty() && column >= 0)
-        m_grid->pickColumn(column);
+    m_grid->pickColumn(desk().sheet().columnOf(picked));
 }
 
 void GradesPage::addColumn() {
     Prompts& prompts = session().GetSeams().prompts;
-    const std::optional<NewField> field = askGradeColumn(prompts);
-    if (field)
-        changeStructure(
-            [&] { addGradeColumn(session().CurrentDB, desk().classCode(), *field, prompts); });
+    const std::optional<NewField> field = leave() ? askGradeColumn(prompts) : std::nullopt;
+    if (!field)
+        return;
+    changeStructure([&] {
+        if (!addGradeColumn(session().CurrentDB, desk().classCode(), *field, prompts))
+            return QString();
+        m_kept.append({field->name}); // whatever is kept of an older one of this title
+        return field->name;
+    });
 }
 
 void GradesPage::deleteColumns() {
     Prompts& prompts = session().GetSeams().prompts;
-    const QStringList columns = askRemoveColumns(selectedFields(), prompts);
+    const QStringList columns =
+        leave() ? askRemoveColumns(selectedFields(), prompts) : QStringList();
     if (columns.isEmpty())
         return;
-    changeStructure(
-        [&] { removeGradeColumns(session().CurrentDB, desk().classCode(), columns, prompts); });
+    changeStructure([&] {
+        if (removeGradeColumns(session().CurrentDB, desk().classCode(), columns, prompts))
+            desk().records().history().forgetFields(columns);
+        return QString();
+    });
     saveColumnWidths();
 }
 
 void GradesPage::renameColumn() {
-    if (!commands().rename)
+    if (!commands().rename || !leave())
         return;
     const QString field = selectedFields().first();
     const QString title = askColumnTitle(field, session().GetSeams().prompts);
     if (title.isEmpty())
         return;
-    bool isRenamed = false;
     changeStructure([&] {
-        isRenamed = renameGradeColumn(session().CurrentDB, desk().classCode(), field, title);
+        if (!renameGradeColumn(session().CurrentDB, desk().classCode(), field, title))
+            return field;
+        desk().records().history().renameField(field, title);
+        for (ColumnLayout& each : m_kept) {
+            if (each.field == field)
+                each.field = title;
+        }
+        return title;
     });
-    m_grid->pickColumn(desk().sheet().columnOf(isRenamed ? title : field));
 }
 
 void GradesPage::moveColumn(MoveDirection direction) {
+    if (!leave())
+        return;
     const QString field = selectedFields().first();
-    changeStructure([&] { MoveColumn(session().CurrentDB, desk().classCode(), field, direction); },
-                    field);
+    QStringList hidden;
+    for (const ColumnLayout& each : columnLayout()) {
+        if (each.isHidden)
+            hidden += each.field;
+    }
+    changeStructure([&] {
+        MoveColumn(session().CurrentDB, desk().classCode(), field, direction, hidden);
+        return field;
+    });
 }
 
 void GradesPage::hideColumns() {
@@ -225,8 +259,15 @@ void GradesPage::showAllColumns() {
 void GradesPage::loadColumnWidths() {
     constexpr int usualWidth = 1000; // twips, as the next
     constexpr int tutorWidth = 600;
-    const QList<ColumnLayout> columns =
+    QList<ColumnLayout> columns =
         loadColumns(session().GetSettings(), desk().classCode(), desk().sheet().columns());
+    for (ColumnLayout& column : columns) {
+        const auto kept = std::find_if(m_kept.cbegin(), m_kept.cend(), [&](const auto& each) {
+            return each.field == column.field;
+        });
+        if (kept != m_kept.cend())
+            column = *kept;
+    }
     for (int column = 0; column < columns.size(); ++column) {
         const int usual = column == PupilSheet::TutorColumn ? tutorWidth : usualWidth;
         const int width = columns[column].width > 0 ? columns[column].width : usual;
@@ -236,9 +277,7 @@ void GradesPage::loadColumnWidths() {
     m_grid->hideNames();
 }
 
-void GradesPage::saveColumnWidths() {
-    if (desk().sheet().columnCount() == 0)
-        return; // the records could not be opened
+QList<ColumnLayout> GradesPage::columnLayout() {
     QList<ColumnLayout> columns;
     for (int column = 0; column < desk().sheet().columnCount(); ++column) {
         const bool isHidden = m_grid->isColumnHidden(column);
@@ -247,7 +286,12 @@ void GradesPage::saveColumnWidths() {
                         m_grid->columnWidth(column) * TwipsPerPixel, isHidden});
         m_grid->setColumnHidden(column, isHidden);
     }
-    saveColumns(session().GetSettings(), desk().classCode(), columns);
+    return columns;
+}
+
+void GradesPage::saveColumnWidths() {
+    if (desk().sheet().columnCount() > 0) // the records are open
+        saveColumns(session().GetSettings(), desk().classCode(), columnLayout());
 }
 
 /// As wide as its title or the current pupil's grade, whichever is wider.
@@ -280,6 +324,39 @@ void GradesPage::copyAllData() {
     showDataCopied(session().GetSeams().prompts);
 }
 
+void GradesPage::copyCells() {
+    QList<int> rows;
+    QList<int> columns;
+    for (const QModelIndex& cell : m_grid->selectionModel()->selectedIndexes()) {
+        if (m_grid->isColumnHidden(cell.column()))
+            continue;
+        if (!rows.contains(cell.row()))
+            rows += cell.row();
+        if (!columns.contains(cell.column()))
+            columns += cell.column();
+    }
+    std::sort(rows.begin(), rows.end());
+    std::sort(columns.begin(), columns.end());
+    if (!rows.isEmpty())
+        copyToClipboard([&] { return cellsText(desk().sheet(), rows, columns); });
+}
+
+/// From the current cell on, or from the first of those that are selected.
+void GradesPage::paste() {
+    int row = desk().currentRow();
+    int column = m_grid->currentIndex().column();
+    for (const QModelIndex& cell : m_grid->selectionModel()->selectedIndexes()) {
+        row = qMin(row, cell.row());
+        column = qMin(column, cell.column());
+    }
+    QList<int> columns = m_grid->shownGrades();
+    columns.removeIf([column](int each) { return each < column; });
+    const QString text = QGuiApplication::clipboard()->text();
+    if (row >= 0 && column >= PupilSheet::FirstOwnColumn && leave())
+        pasteGrades(desk().records(), row, columns, readTable(text), QLocale(),
+                    session().GetSeams().prompts);
+}
+
 void GradesPage::setPanelShown(bool shown) {
     session().GetSettings().set(setting::SortPanel, shown);
     m_sort->setVisible(shown);
@@ -288,12 +365,20 @@ void GradesPage::setPanelShown(bool shown) {
 }
 
 void GradesPage::runQuery(const QString& query, bool picks) {
-    try {
+    if (!leave())
+        return;
+    tryTelling(session().GetSeams().prompts, QueryFailure, [&] {
+        const QScopedValueRollback keeping(m_kept, columnLayout());
         desk().showQuery(query, picks);
-        const QScopedValueRollback guard(m_keepsLayout, true);
         emit recordsShown();
         showAllColumns();
-    } catch (const dao::EngineError& error) {
-        tellFailure(session().GetSeams().prompts, QueryFailure, error);
-    }
+    });
+}
+
+void GradesPage::showAllPupils() {
+    if (!leave())
+        return;
+    const QScopedValueRollback keeping(m_kept, columnLayout());
+    desk().selection().setMultiSelect(false);
+    emit recordsChanged();
 }

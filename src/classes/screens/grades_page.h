@@ -1,10 +1,14 @@
 #pragma once
 
 #include "classes/grade_columns.h"
+#include "classes/grade_layout.h"
 #include "classes/screens/class_view_page.h"
+#include "store/engine/error.h"
 
 #include <functional>
+#include <optional>
 
+class GradesGrid;
 class LayoutToolbar;
 class QAction;
 class QMenu;
@@ -19,7 +23,7 @@ public:
 
     void showRecords() override;
     void showPupil(int row) override;
-    PupilGrid* grid() const override { return m_grid; }
+    PupilGrid* grid() const override;
     bool leave() override;
 
 private:
@@ -29,7 +33,8 @@ private:
     ColumnCommands commands() const;
     QStringList selectedFields() const;
 
-    void storeCell(const QModelIndex& cell, const QString& text);
+    bool storeCell(const QModelIndex& cell, const QString& text);
+    void tellRefusal();
     void addColumn();
     void deleteColumns();
     void renameColumn();
@@ -39,17 +44,21 @@ private:
     void showAllColumns();
     void loadColumnWidths();
     void saveColumnWidths();
+    QList<ColumnLayout> columnLayout();
     void fitColumn(int column);
     void copyToClipboard(const std::function<QString()>& makeText);
     void copyNames();
     void copyAllData();
+    void copyCells();
+    void paste();
     void setPanelShown(bool shown);
     void runQuery(const QString& query, bool picks);
-    /// Lets go of the tables for a change of their structure, then shows the view again, with a
-    /// column selected that has its title there.
-    void changeStructure(const std::function<void()>& change, const QString& select = {});
+    void showAllPupils();
+    /// Lets go of the tables for a change of their structure, then shows the view again, as it was
+    /// laid out. `change` answers the title of the column to be selected then, if any.
+    void changeStructure(const std::function<QString()>& change);
 
-    PupilGrid* m_grid;
+    GradesGrid* m_grid;
     SortPanel* m_sort;
     QMenu* m_menu;
     QAction* m_sortAction = nullptr;
@@ -59,5 +68,8 @@ private:
     QAction* m_moveLeft = nullptr;
     QAction* m_moveRight = nullptr;
     QAction* m_hide = nullptr;
-    bool m_keepsLayout = false; ///< while other records of the same columns are shown
+    QList<ColumnLayout>
+        m_kept; ///< goes before what the settings keep, while records are shown anew
+    std::optional<dao::EngineError> m_refusal; ///< of what was typed last, and where
+    int m_refusedColumn = 0;
 };

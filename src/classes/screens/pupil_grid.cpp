@@ -6,8 +6,28 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyleOptionHeader>
+
+namespace {
+
+/// A head that is too narrow for its title shows that it is cut.
+class ElidingHeader : public QHeaderView {
+public:
+    ElidingHeader() : QHeaderView(Qt::Horizontal) { setSectionsClickable(true); }
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight,
+                                                      sectionSize(section) - 2 * margin);
+    }
+};
+
+} // namespace
 
 PupilGrid::PupilGrid(PupilSheetModel& model) {
+    setHorizontalHeader(new ElidingHeader);
     setModel(&model);
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -69,6 +89,13 @@ void PupilGrid::watchHead() {
             [this](int column) { pickColumn(column, QGuiApplication::keyboardModifiers()); });
     connect(head, &QHeaderView::sectionEntered, this,
             [this](int column) { pickColumn(column, Qt::ShiftModifier); });
+    head->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(head, &QHeaderView::customContextMenuRequested, this, [this, head](QPoint place) {
+        const int column = head->logicalIndexAt(place);
+        if (!m_picked.contains(column))
+            pickColumn(column);
+        emit menuWanted(head->viewport()->mapToGlobal(place));
+    });
 }
 
 void PupilGrid::pickColumn(int column, Qt::KeyboardModifiers modifiers) {

@@ -14,6 +14,7 @@ class PupilGrid : public QTableView {
 
 public:
     explicit PupilGrid(PupilSheetModel& model);
+    using QTableView::edit;
 
     /// Takes over what stands in an open editor, before the records go.
     void takeOverEditor();
@@ -31,8 +32,8 @@ public:
     void pickColumn(int column, Qt::KeyboardModifiers modifiers = {});
     /// The columns that are selected as a whole, from left to right.
     QList<int> selectedColumns() const;
-    /// Takes over the head's presses from the base, which makes another pupil the current one. To
-    /// be called for a head that is set.
+    /// Takes over the head's presses from the base, which makes another pupil the current one. A
+    /// right press picks the column and asks for the menu. To be called for a head that is set.
     void watchHead();
 
 signals:

@@ -6,6 +6,7 @@
 #include "classes/screens/register_delegate.h"
 #include "classes/screens/register_header.h"
 #include "classes/screens/side_panel.h"
+#include "classes/screens/undo_entries.h"
 #include "core/clock.h"
 #include "core/prompts.h"
 #include "core/session.h"
@@ -91,6 +92,8 @@ void RegisterPage::makeMenu() {
             &RegisterPage::lessonsRemaining);
     connect(m_menu->addAction(u"Show Planning for this lesson..."_s), &QAction::triggered, this,
             &RegisterPage::showPlanning);
+    addUndoEntries(*m_menu, *m_grid, desk().records(), session().GetSeams().prompts,
+                   ColumnUpdateFailure);
     connect(m_grid, &PupilGrid::menuWanted, this, [this](QPoint place) {
         enableFillMenu();
         m_menu->popup(place);

@@ -106,7 +106,7 @@ QWidget* SortPanel::makeConditionRow() {
     m_value->setCompleter(nullptr); // 1 is 1, whatever 12 was looked up
     m_value->setMinimumContentsLength(16);
     m_value->lineEdit()->setAccessibleName(m_value->accessibleName());
-    m_value->lineEdit()->installEventFilter(this);
+    m_value->installEventFilter(this); // it gets the keys, and hands them to its line itself
     auto* arrow = new QToolButton;
     arrow->setObjectName(u"cmdBuild"_s);
     arrow->setIcon(icon(u"next"_s));
@@ -162,6 +162,8 @@ QWidget* SortPanel::makeRunRow() {
             &SortPanel::run);
     connect(addPanelButton(*layout, u"cmdClearQuery"_s, u"Clear"_s), &QPushButton::clicked, this,
             &SortPanel::clearQuery);
+    connect(addPanelButton(*layout, u"cmdAll"_s, u"Show All Pupils"_s), &QPushButton::clicked, this,
+            &SortPanel::allWanted);
     return row;
 }
 
@@ -219,8 +221,10 @@ void SortPanel::build() {
         Built_SQL(m_query->toPlainText(), m_desk.query(),
                   {field(), m_comparison->currentText(), m_value->currentText(), logicalOperator()},
                   m_session.GetSeams().prompts);
-    if (built)
-        m_query->setPlainText(*built);
+    if (!built)
+        return;
+    m_query->setPlainText(*built);
+    m_query->moveCursor(QTextCursor::End); // the condition added is in view
 }
 
 void SortPanel::lookUp() {
@@ -239,6 +243,7 @@ void SortPanel::clearQuery() {
     for (QComboBox* box : {m_field, m_comparison})
         box->setCurrentIndex(-1);
     m_value->clear();
+    m_value->clearEditText();
     m_query->clear();
 }
 
@@ -252,7 +257,7 @@ bool SortPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress)
         return QTabWidget::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (watched != m_value->lineEdit()) {
+    if (watched != m_value) {
         auto* box = qobject_cast<QComboBox*>(watched);
         if (!box || key->key() != Qt::Key_Delete)
             return QTabWidget::eventFilter(watched, event);

@@ -26,6 +26,7 @@ public:
 signals:
     /// A text to make the current query. `picks`: it picks pupils, and does not only sort them.
     void queryWanted(const QString& query, bool picks);
+    void allWanted(); ///< all pupils are to be shown again
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -204,12 +204,36 @@ NewFieldContent::NewFieldContent(const NewFieldRequest& request, Prompts& prompt
         m_calendar = new DateCalendar(u"Date of the work"_s);
         m_calendar->setObjectName(u"Calendar1"_s);
         layout->addWidget(m_calendar);
-        connect(m_calendar, &QCalendarWidget::selectionChanged, this,
-                [this] { m_isDatePicked = true; });
-        connect(m_calendar, &QCalendarWidget::clicked, this, [this] { m_isDatePicked = true; });
+        layout->addLayout(makeDateLine());
+        connect(m_calendar, &QCalendarWidget::selectionChanged, this, [this] { pickDate(true); });
+        connect(m_calendar, &QCalendarWidget::clicked, this, [this] { pickDate(true); });
+        connect(m_calendar, &QCalendarWidget::activated, this, [this] { pickDate(true); });
+        pickDate(false);
     }
     setFocusProxy(m_name);
     enableSize();
+}
+
+/// Says which date is picked, and takes it back.
+QLayout* NewFieldContent::makeDateLine() {
+    m_date = new QLabel;
+    m_date->setObjectName(u"LblDate"_s);
+    m_noDate = new QPushButton(u"No &Date"_s);
+    m_noDate->setObjectName(u"cmdNoDate"_s);
+    m_noDate->setAutoDefault(false);
+    connect(m_noDate, &QPushButton::clicked, this, [this] { pickDate(false); });
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_date, 1);
+    line->addWidget(m_noDate);
+    return line;
+}
+
+void NewFieldContent::pickDate(bool isPicked) {
+    m_isDatePicked = isPicked;
+    m_calendar->setChosen(isPicked);
+    m_date->setText(isPicked ? locale().toString(m_calendar->selectedDate(), QLocale::LongFormat)
+                             : u"No date is chosen."_s);
+    m_noDate->setEnabled(isPicked);
 }
 
 QWidget* NewFieldContent::makeTypes(const NewFieldRequest& request) {

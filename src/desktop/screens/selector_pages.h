@@ -11,8 +11,10 @@
 class DateCalendar;
 class Prompts;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 class QRadioButton;
 
 /// What a page of the selector has between its text and its buttons.
@@ -85,6 +87,8 @@ protected:
 private:
     QWidget* makeTypes(const NewFieldRequest& request);
     dao::DataType type() const;
+    QLayout* makeDateLine();
+    void pickDate(bool isPicked);
     bool nameKey(const QString& typed);
     void enableSize();
 
@@ -93,5 +97,7 @@ private:
     QLineEdit* m_size;
     QList<QRadioButton*> m_types; ///< as newFieldTypes()
     DateCalendar* m_calendar = nullptr;
+    QLabel* m_date = nullptr; ///< in words, as the calendar
+    QPushButton* m_noDate = nullptr;
     bool m_isDatePicked = false;
 };

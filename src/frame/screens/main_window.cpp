@@ -21,6 +21,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSessionManager>
 #include <QShortcut>
@@ -31,6 +32,18 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The desktop decides which keys close a window; these two do on every one.
+void closeByCtrlF4(QMdiSubWindow& form) {
+    for (QAction* action : form.systemMenu()->actions()) {
+        if (action->shortcuts().contains(QKeySequence(QKeySequence::Close)))
+            action->setShortcuts({Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4});
+    }
+}
+
+} // namespace
 
 MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItself, QWidget* splash)
     : m_session(session)
@@ -271,23 +284,14 @@ void MainWindow::forget(const QWidget* holder) {
     m_loaded.removeIf([holder](const Loaded& loaded) { return loaded.holder == holder; });
 }
 
-/// Ctrl+F4 closes a tool window on every desktop; some have Ctrl+W alone.
-void MainWindow::addCloseKey(QWidget& holder) {
-    const QKeySequence key(Qt::CTRL | Qt::Key_F4);
-    if (QKeySequence::keyBindings(QKeySequence::Close).contains(key))
-        return;
-    auto* shortcut = new QShortcut(key, &holder);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, &holder, &QWidget::close);
-}
-
 /// Puts a window where its kind stands.
 QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
     addMenus(window);
     QWidget* holder = &window;
     if (entry.kind == WindowKind::Tool) {
-        holder = m_client->addSubWindow(&window);
-        addCloseKey(*holder);
+        QMdiSubWindow* form = m_client->addSubWindow(&window);
+        closeByCtrlF4(*form);
+        holder = form;
     } else {
         window.setParent(this, window.windowFlags() | Qt::Tool);
     }

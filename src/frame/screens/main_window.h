@@ -91,7 +91,6 @@ private:
     const Loaded* find(const WindowEntry& entry, const WindowSubject& subject) const;
     const Loaded* load(const WindowEntry& entry, const WindowSubject& subject);
     void forget(const QWidget* holder);
-    static void addCloseKey(QWidget& holder);
     QWidget* hold(const WindowEntry& entry, QWidget& window);
     void addMenus(const QWidget& window) const;
     PlacedWidget placed(const Loaded& loaded) const;

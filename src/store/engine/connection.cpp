@@ -90,6 +90,14 @@ void jetText(sqlite3_context* context, int, sqlite3_value** arguments) {
                            SQLITE_TRANSIENT);
 }
 
+void jetSingle(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const int type = sqlcipher().valueType(arguments[0]);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT)
+        sqlcipher().resultDouble(context, singleAsTyped(sqlcipher().valueDouble(arguments[0])));
+    else
+        sqlcipher().resultValue(context, arguments[0]);
+}
+
 void registerFunctions(sqlite3* database) {
     sqlcipher().createCollation(database, sql::TextCollation, SQLITE_UTF8, nullptr, compareCollated,
                                 nullptr);
@@ -97,6 +105,8 @@ void registerFunctions(sqlite3* database) {
                                nullptr, jetLike, nullptr, nullptr, nullptr);
     sqlcipher().createFunction(database, sql::TextFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                                nullptr, jetText, nullptr, nullptr, nullptr);
+    sqlcipher().createFunction(database, sql::SingleFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                               nullptr, jetSingle, nullptr, nullptr, nullptr);
 }
 
 /// What every connection sets before its file is read. The page format of protected files is told
@@ -232,8 +242,10 @@ Value Statement::column(int position, DataType type) const {
             type == DataType::Single || type == DataType::Double || type == DataType::Currency;
         return hasDecimals ? Value(static_cast<double>(number)) : Value(number);
     }
-    case SQLITE_FLOAT:
-        return sqlcipher().valueDouble(value);
+    case SQLITE_FLOAT: {
+        const double number = sqlcipher().valueDouble(value);
+        return type == DataType::Single ? singleAsTyped(number) : number;
+    }
     case SQLITE_TEXT: {
         const auto* text = reinterpret_cast<const char*>(sqlcipher().valueText(value));
         return QString::fromUtf8(text, sqlcipher().valueBytes(value));

@@ -48,7 +48,7 @@ Value fittedSingle(const Field& field, const Value& value) {
     const double number = asNumber(field, value);
     if (std::abs(number) > std::numeric_limits<float>::max())
         throw conversionError(field);
-    return static_cast<double>(static_cast<float>(number));
+    return singleAsTyped(number);
 }
 
 Value fittedText(const Field& field, const Value& value) {

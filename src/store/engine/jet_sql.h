@@ -72,7 +72,8 @@ QString rowNumber(const Source& source);
 /// The collation and the functions that the translated texts call for. A connection registers them
 /// under these names (sqlite_connection.cpp); nothing of them is stored in a file.
 inline constexpr const char* TextCollation = "JETTEXT";
-inline constexpr const char* LikeFunction = "jet_like"; ///< (pattern, text): 1, 0 or NULL
+inline constexpr const char* LikeFunction = "jet_like";     ///< (pattern, text): 1, 0 or NULL
+inline constexpr const char* SingleFunction = "jet_single"; ///< (number): a Single as typed
 inline constexpr const char* TextFunction = "jet_text"; ///< (number): its text; a text as itself
 
 } // namespace dao::sql

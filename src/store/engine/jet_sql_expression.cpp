@@ -114,8 +114,11 @@ bool isNumber(Kind kind) {
     return kind == Kind::Number || kind == Kind::Truth;
 }
 
-/// A truth value as Jet's number.
+/// A truth value as Jet's number, a Single as it was typed: files from elsewhere hold 0.1 as the
+/// Single next to it.
 Fragment asValue(Fragment fragment) {
+    if (fragment.isField && fragment.type == DataType::Single)
+        return call(QLatin1String(SingleFunction), {std::move(fragment)}, Kind::Number);
     if (fragment.kind != Kind::Truth)
         return fragment;
     return prefix(QLatin1String("-"), std::move(fragment), Kind::Number);
@@ -385,7 +388,7 @@ Translated translateValue(const Expression& expression, const ResolveField& reso
     Fragment fragment = ExpressionTranslator(resolve).translate(expression);
     const bool isField = fragment.isField;
     const DataType type = isField ? fragment.type : widest(fragment.kind);
-    fragment = closed(asValue(std::move(fragment)));
+    fragment = closed(isField ? std::move(fragment) : asValue(std::move(fragment)));
     return {fragment.sql, fragment.kind, type, isField};
 }
 

@@ -56,7 +56,9 @@ struct Sqlcipher : LateLibrary {
     decltype(&sqlite3_create_function_v2) createFunction = function("sqlite3_create_function_v2");
     decltype(&sqlite3_result_null) resultNull = function("sqlite3_result_null");
     decltype(&sqlite3_result_int) resultInt = function("sqlite3_result_int");
+    decltype(&sqlite3_result_double) resultDouble = function("sqlite3_result_double");
     decltype(&sqlite3_result_text) resultText = function("sqlite3_result_text");
+    decltype(&sqlite3_result_value) resultValue = function("sqlite3_result_value");
     decltype(&sqlite3_result_error) resultError = function("sqlite3_result_error");
 };
 

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -55,6 +56,17 @@ QString Value::toText() const {
 QByteArray Value::toBinary() const {
     const auto* bytes = std::get_if<QByteArray>(&m_data);
     return bytes ? *bytes : QByteArray();
+}
+
+double singleAsTyped(double number) {
+    if (std::abs(number) > std::numeric_limits<float>::max())
+        return number; // no Single: another program wrote it
+    char text[32];
+    double typed = number;
+    const char* end =
+        std::to_chars(std::begin(text), std::end(text), static_cast<float>(number)).ptr;
+    std::from_chars(text, end, typed);
+    return typed;
 }
 
 QString numberText(double number) {

@@ -46,6 +46,10 @@ private:
     std::variant<std::monostate, qint64, double, QString, QByteArray> m_data;
 };
 
+/// A Single as it was typed: the number of the shortest decimal that gives it, 0.1 for the Single
+/// next to 0.1. It is what a field of that type holds, shows and is compared by.
+double singleAsTyped(double number);
+
 /// A number as the engine writes it: at most 15 significant digits, no trailing zeros.
 QString numberText(double number);
 
