@@ -34,6 +34,7 @@ protected:
     /// Runs the program over folders of the test's own.
     Ended run(const QStringList& arguments, const QByteArray& input = {}) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"HOME"_s, path({}));
         environment.insert(u"XDG_CONFIG_HOME"_s, path(u"config"_s));
         environment.insert(u"XDG_DATA_HOME"_s, path(u"data"_s));
         return runProgram(test::built(u"bin/orva-cli"_s), arguments, input, environment);
@@ -61,7 +62,8 @@ protected:
         return written(u"damaged.mdb"_s, bytes.replace(page, 4096, QByteArray(4096, '\xaa')));
     }
     QStringList backups() const {
-        return QDir(path(u"data/ORVA"_s)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+        return QDir(path(u"Documents/ORVA/Backups"_s))
+            .entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
 
     const QString year = path(u"Year.mdb"_s);
@@ -182,13 +184,13 @@ TEST_F(CommandLineTest, AProtectedYearIsWorkedOnWithItsPassword) {
         EXPECT_EQ(done.status, 0) << qPrintable(done.errors);
     }
     EXPECT_EQ(backups(), (QStringList{u"protected.001"_s, u"protected.002"_s}));
-    for (const QString& kept : {file, path(u"data/ORVA/protected.001"_s)})
+    for (const QString& kept : {file, path(u"Documents/ORVA/Backups/protected.001"_s)})
         EXPECT_TRUE(engine.OpenDatabase(kept, false, true, dao::connectText(u"geheim"_s)).isOpen());
     EXPECT_FALSE(bytesOf(path(u"config/orva/settings.ini"_s)).contains("geheim"));
 }
 
 TEST_F(CommandLineTest, BackupsTakeTurnsInTheFolderThatIsSet) {
-    const QString newest = path(u"data/ORVA/Year.001"_s);
+    const QString newest = path(u"Documents/ORVA/Backups/Year.001"_s);
     const QByteArray first = bytesOf(year);
     QStringList expected;
     for (int i = 1; i <= 6; ++i) {
