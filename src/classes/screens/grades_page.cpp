@@ -6,6 +6,7 @@
 #include "classes/screens/sort_panel.h"
 #include "classes/screens/undo_entries.h"
 #include "controls/layout_toolbar.h"
+#include "controls/window_going.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
@@ -39,6 +40,7 @@ GradesPage::GradesPage(Session& session, ClassDesk& desk)
     layout->addWidget(m_grid, 1);
     layout->addWidget(m_sort);
     makeMenu();
+    new AskBeforeGoing(*this, [this] { return m_grid->leaveCell(); });
     connect(m_grid, &PupilGrid::menuWanted, this, &GradesPage::openMenu);
     connect(m_grid, &GradesGrid::refused, this, &GradesPage::tellRefusal);
     connect(m_grid, &GradesGrid::copyWanted, this, &GradesPage::copyCells);

@@ -158,13 +158,13 @@ void MainWindow::SetCaption(const QString& caption) {
 
 void MainWindow::yearOpened() {
     watchYear();
-    NoteRecentYear(m_session.GetSettings(), m_session.CurrentDB.Name());
     EnableInput(true);
 }
 
 void MainWindow::watchYear() {
     const QString file = m_session.CurrentDB.Name();
     SetCaption(mainCaption(file));
+    NoteRecentYear(m_session.GetSettings(), file);
     if (!m_yearFile.files().isEmpty())
         m_yearFile.removePaths(m_yearFile.files());
     m_yearFile.addPath(file);
