@@ -47,7 +47,7 @@ bool isProgram(const QString& file) {
 /// Takes the program's own windows off the screen, and puts them back where they were.
 class WindowsAway {
 public:
-    WindowsAway() : m_active(QApplication::activeWindow()) {
+    WindowsAway() : m_active(QApplication::activeWindow()), m_focus(QApplication::focusWidget()) {
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->isVisible() && !window->isMinimized())
                 m_windows.append({window, window->pos()});
@@ -65,6 +65,8 @@ public:
         }
         if (m_active)
             m_active->activateWindow();
+        if (m_focus)
+            m_focus->setFocus(); // what is hidden hands it on
     }
     WindowsAway(const WindowsAway&) = delete;
     WindowsAway& operator=(const WindowsAway&) = delete;
@@ -76,6 +78,7 @@ private:
     };
     QList<Window> m_windows;
     QPointer<QWidget> m_active;
+    QPointer<QWidget> m_focus;
 };
 
 /// What is gone stands on the screen until the windows below it have been painted.
