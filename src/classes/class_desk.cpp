@@ -19,7 +19,7 @@ void ClassDesk::refreshClasses(const QString& select) {
 
 void ClassDesk::selectClass(const QString& classCode) {
     m_classCode = classCode;
-    m_currentName = {};
+    m_currentPupil.reset();
     showFirstPage();
 }
 
@@ -60,7 +60,7 @@ std::optional<PupilSheet> ClassDesk::open(ClassView view, const QString& clause)
 }
 
 void ClassDesk::show(PupilSheet sheet) {
-    const int row = sheet.rowCount() > 0 ? rowOfPupil(sheet, m_currentName) : -1;
+    const int row = sheet.rowCount() > 0 ? rowOfPupil(sheet, m_currentPupil) : -1;
     m_records.setSheet(std::move(sheet));
     setCurrentRow(row);
 }
@@ -70,25 +70,24 @@ void ClassDesk::release() {
     if (m_queryActive && m_selection.isMultiSelect())
         m_selection.clauseForView(sheet(), true);
     m_queryActive = false;
-    const PupilName name = m_currentName;
+    const std::optional<qint64> pupil = m_currentPupil;
     m_records.setSheet({});
     m_currentRow = -1;
-    m_currentName = name;
+    m_currentPupil = pupil;
 }
 
 void ClassDesk::setCurrentRow(int row) {
     m_currentRow = row;
     if (row >= 0)
-        m_currentName = pupilName(sheet(), row);
+        m_currentPupil = sheet().pupil(row);
 }
 
 void ClassDesk::renameCurrent(const PupilName& name) {
-    m_selection.rename(m_currentName, name);
-    m_currentName = name;
+    m_selection.rename(pupilName(sheet(), m_currentRow), name);
 }
 
 std::optional<qint64> ClassDesk::currentPupil() const {
-    return m_currentRow < 0 ? std::nullopt : std::optional(sheet().pupil(m_currentRow));
+    return m_currentRow < 0 ? std::nullopt : m_currentPupil;
 }
 
 void ClassDesk::showQuery(const QString& query, bool picks) {

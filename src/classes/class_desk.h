@@ -48,9 +48,10 @@ public:
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
     /// The current pupil has another name now; the records show it when they are opened next.
+    /// REQUIRES: a current pupil.
     void renameCurrent(const PupilName& name);
     /// The current pupil is gone; the first of those left is the next one.
-    void forgetCurrent() { m_currentName = {}; }
+    void forgetCurrent() { m_currentPupil.reset(); }
     /// The `ID` of the current pupil.
     std::optional<qint64> currentPupil() const;
 
@@ -72,7 +73,8 @@ private:
     std::optional<ClassView> m_view;
     PupilSheetModel m_records;
     PupilSelection m_selection;
-    PupilName m_currentName; ///< lasts while the records are opened anew
+    /// An `ID`, since two pupils may have one name; lasts while the records are opened anew.
+    std::optional<qint64> m_currentPupil;
     int m_currentRow = -1;
     bool m_queryActive = false;
 };

@@ -70,7 +70,7 @@ QString allPictures() {
 QImage askPicture(const QString& title, const QString& startFolder, QSize enough,
                   Prompts& prompts) {
     const QString file = prompts.OpenFileDialog(
-        title, {{u"Picture (*.bmp)"_s, u"*.bmp"_s}, {u"All pictures"_s, allPictures()}},
+        title, {{u"All pictures"_s, allPictures()}, {u"Picture (*.bmp)"_s, u"*.bmp"_s}},
         startFolder, PathMustExist | FileMustExist | ExplorerStyle, false);
     if (file.isEmpty())
         return {};

@@ -108,10 +108,6 @@ std::optional<PupilSheet> openRegister(const dao::Database& database, const QStr
     return PupilSheet(database, registerSource(classCode, clause));
 }
 
-int rowOfPupil(const PupilSheet& sheet, const PupilName& name) {
-    for (int row = 0; row < sheet.rowCount(); ++row) {
-        if (pupilName(sheet, row) == name)
-            return row;
-    }
-    return 0;
+int rowOfPupil(const PupilSheet& sheet, std::optional<qint64> pupil) {
+    return pupil ? static_cast<int>(qMax(0, sheet.pupils().indexOf(*pupil))) : 0;
 }

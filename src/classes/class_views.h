@@ -15,7 +15,7 @@ class PupilSheet;
 /// The views as showView numbers them.
 enum ClassView { RegisterView = 1, GradesView = 2, PupilInformationView = 3, PupilNotesView = 4 };
 
-/// A pupil as the name list knows him: two of the same full name are not told apart.
+/// A pupil as those picked are known: two of the same full name are not told apart.
 struct PupilName {
     QString surname;
     QString firstname; ///< may be empty: none is known
@@ -74,8 +74,8 @@ QString gradesSource(const QString& classCode, const QString& clause);
 std::optional<PupilSheet> openRegister(const dao::Database& database, const QString& classCode,
                                        const QString& clause, Prompts& prompts);
 
-/// The row of a pupil; the first where there is no such pupil.
-int rowOfPupil(const PupilSheet& sheet, const PupilName& name);
+/// The row of a pupil, by `ID`; the first where he is not there.
+int rowOfPupil(const PupilSheet& sheet, std::optional<qint64> pupil);
 
 /// The box for a failure while the class window loads.
 inline constexpr FailureBox LoadingFailure{u"Error Loading Register",

@@ -5,7 +5,8 @@
 #include <QString>
 
 /// A picture file that somebody has chosen, which may be anything. Every format that the toolkit
-/// reads is read, whatever the file's ending says, and turned as the camera was held.
+/// reads is read, whatever the file's ending says, and turned as the camera was held. One of which
+/// a part is missing is not.
 
 /// More pixels than this (a good deal more than a telephone's camera makes) are not read, since
 /// they would fill the memory.

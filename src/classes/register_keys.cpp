@@ -1,6 +1,7 @@
 #include "classes/register_keys.h"
 
 #include "classes/class_settings.h"
+#include "core/prompts.h"
 #include "core/settings.h"
 
 #include <algorithm>
@@ -11,14 +12,21 @@ namespace {
 
 constexpr QChar Escape = u'\x1B';
 constexpr QChar Backspace = u'\b';
+constexpr QChar Zero = u'0';
 
 } // namespace
 
-KeyArray readRegisterKeys(const Settings& settings) {
+KeyArray readRegisterKeys(const Settings& settings, Prompts& prompts) {
     KeyArray keys;
     keys.marks = {PresentMark, u"\\"_s, AbsentMark};
     QList<SettingEntry> own;
-    settings.EnumRegistryValues(setting::keyOf(setting::RegisterKey), own);
+    const SettingStatus status =
+        settings.EnumRegistryValues(setting::keyOf(setting::RegisterKey), own);
+    if (status == SettingUnreadable)
+        prompts.PlainBox(
+            u"There was an error populating the Key Codes:\n"
+            "Error : A key code in the settings can't be read.\nError number : %1"_s.arg(status),
+            OkButton | WarningIcon, u"Error getting Keycodes"_s);
     for (const SettingEntry& entry : std::as_const(own)) {
         keys.lines += entry.name + u'=' + entry.content.toText();
         keys.marks += entry.name;
@@ -30,6 +38,10 @@ QStringList fixedKeyLines() {
     return {u"/ or \\ = Present"_s, u"0 = Absent"_s};
 }
 
+QStringList markLines(const KeyArray& keys) {
+    return QStringList{u"/ = Present"_s, u"\\ = Present"_s, u"O = Absent"_s} + keys.lines;
+}
+
 KeyEffect registerKey(const KeyArray& keys, const QString& key, QString& mark) {
     if (key == Escape || key == Backspace)
         return KeyEffect::Pass;
@@ -38,8 +50,8 @@ KeyEffect registerKey(const KeyArray& keys, const QString& key, QString& mark) {
     const bool isPermitted =
         std::any_of(keys.marks.begin(), keys.marks.end(),
                     [&capital](const QString& each) { return each.toUpper() == capital; });
-    if (capital.isEmpty() || !isPermitted)
+    if (capital.isEmpty() || !(isPermitted || capital == Zero))
         return KeyEffect::Discard;
-    mark = capital;
+    mark = isPermitted ? capital : AbsentMark;
     return KeyEffect::Mark;
 }

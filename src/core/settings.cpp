@@ -5,6 +5,7 @@
 #include "store/engine/files.h"
 #include "store/engine/names.h"
 
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QStringBuilder>
 
@@ -205,19 +206,25 @@ QString Settings::EnumRegistrySubkeys(QStringView key) {
     return m_registrySubkeys.isEmpty() ? u"Badkey"_s : QString();
 }
 
-bool Settings::EnumRegistryValues(QStringView key, QList<SettingEntry>& values) const {
+SettingStatus Settings::EnumRegistryValues(QStringView key, QList<SettingEntry>& values) const {
     values.clear();
+    const QFileInfo file(m_store->fileName());
+    if (file.exists() && !file.isReadable())
+        return SettingUnreadable;
     const std::optional<QString> section = sectionOf(key);
     if (!section)
-        return false;
+        return SettingMissing;
+    SettingStatus status = SettingFound;
     for (const QString& stored : namesIn(*m_store, *section)) {
         if (stored == KeyItself)
             continue;
         dao::Value content = parsed(m_store->value(inSection(*section, stored)).toString());
-        if (!content.isNull())
+        if (content.isNull())
+            status = SettingUnreadable;
+        else
             values.append({readName(stored), std::move(content)});
     }
-    return true;
+    return status;
 }
 
 FontRecord Settings::ReadFontRecord(QStringView key) const {

@@ -104,8 +104,9 @@ public:
     /// there is no such key or nothing below it, else an empty text.
     QString EnumRegistrySubkeys(QStringView key);
     const QStringList& RegistrySubkeys() const { return m_registrySubkeys; }
-    /// Fills `values` with what a key holds; false when there is no such key.
-    bool EnumRegistryValues(QStringView key, QList<SettingEntry>& values) const;
+    /// Fills `values` with what a key holds. SettingUnreadable where one of its values, or the
+    /// file, can't be read; the others are there all the same.
+    SettingStatus EnumRegistryValues(QStringView key, QList<SettingEntry>& values) const;
 
     /// The font kept in a key; what is absent is as in a new FontRecord.
     FontRecord ReadFontRecord(QStringView key) const;

@@ -18,7 +18,8 @@ public:
     /// file that is missing is silent. An empty path ends what plays.
     virtual void PlaySoundFile(const QString& path, bool loop) = 0;
 
-    /// What the screen shows, at its own resolution; a null picture where the desktop gives none.
+    /// What the screen shows without the program's own windows, which are gone for that moment, at
+    /// its own resolution; a null picture where the desktop gives none.
     virtual QImage CaptureScreen() = 0;
 
     /// What the internet address gives; empty when it can't be had within some seconds.

@@ -76,6 +76,8 @@ QList<const RowBinding::Bound*> RowBinding::writableBoxes(Way way) const {
             bound.box->setDataChanged(false); // typed and taken away again
             continue;
         }
+        if (way == Way::Staying && bound.box->text().isEmpty() && m_required.contains(bound.field))
+            continue;
         if (bound.limitName.isEmpty() || bound.box->text().size() <= LargestBoundText) {
             writable += &bound;
         } else if (way == Way::Leaving) {

@@ -41,6 +41,9 @@ public:
     /// Ties a box to a field; the box has to outlive the binding's use. A box with a name for the
     /// limit ("Period 3") takes at most LargestBoundText characters.
     void bind(const QString& field, BoundBox& box, const QString& limitName = {});
+    /// Its box may not stay empty: the field keeps what it had while the row is not left, and
+    /// nothing is said.
+    void requireText(const QString& field) { m_required += field; }
     /// The recordset whose current row is meant from now on. What was changed has to be written
     /// before.
     void setData(const dao::Recordset& data);
@@ -53,8 +56,8 @@ public:
     void refresh();
 
     /// Writes without leaving the row. A text beyond the limit stays in its box, changed and
-    /// unwritten; nothing is said about it yet. A failure is told once, until a write succeeds.
-    /// Answers whether nothing failed.
+    /// unwritten, and so does an empty one that is required; nothing is said about it yet. A
+    /// failure is told once, until a write succeeds. Answers whether nothing failed.
     bool flush();
     /// The same before the row is left or its boxes go. A text beyond the limit is given up: its
     /// box counts as unchanged, the field keeps what it had and the person is warned. Answers
@@ -78,5 +81,6 @@ private:
     Prompts& m_prompts;
     KeptRow m_row;
     QList<Bound> m_bounds;
+    QStringList m_required; ///< fields that are never empty
     ToldOnce m_failure;
 };

@@ -133,10 +133,21 @@ TEST_F(PhotosTest, PicturesAreReadWhateverTheirFileSays) {
 }
 
 TEST_F(PhotosTest, WhatCannotBeReadIsToldAndThePhotoStays) {
-    ValidatePicture(database, code, 1, coloured(Qt::red));
     const QString pipe = folder.filePath(u"pipe.bmp"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe), 0600), 0);
     const QByteArray png = bytesOf(coloured(Qt::blue, {300, 300}), "PNG");
+    QImage pattern = coloured(Qt::red, {300, 300});
+    for (int i = 0; i < 90'000; ++i)
+        pattern.setPixel(i % 300, i / 300, qRgb(i % 251, i % 253, i % 255));
+    const QByteArray jpeg = bytesOf(pattern, "JPEG");
+    const QByteArray bmp = bytesOf(pattern, "BMP");
+    const QByteArray gif =
+        QByteArray::fromBase64("R0lGODlhAQABAIAAAP8AAAAAACwAAAAAAQABAAACAkQBADs=");
+    EXPECT_TRUE(load(1, put(u"whole.jpg"_s, jpeg + "more")));
+    EXPECT_TRUE(load(1, put(u"whole.bmp"_s, bmp)));
+    EXPECT_TRUE(load(1, put(u"whole.gif"_s, gif)));
+    ValidatePicture(database, code, 1, coloured(Qt::red));
+    const QString isDamaged = u"damaged"_s;
     const QString unreadable = u"can't be read"_s;
     const QString tooLarge = u"too large"_s;
     struct Case {
@@ -147,6 +158,10 @@ TEST_F(PhotosTest, WhatCannotBeReadIsToldAndThePhotoStays) {
              Case{put(u"empty.bmp"_s, {}), unreadable},
              Case{put(u"text.bmp"_s, "Dear Sir"), unreadable},
              Case{put(u"cut.png"_s, png.left(40)), unreadable},
+             Case{put(u"cut.jpg"_s, jpeg.left(jpeg.size() / 2)), isDamaged},
+             Case{put(u"broken.jpg"_s, QByteArray(jpeg).remove(jpeg.size() / 2, 600)), isDamaged},
+             Case{put(u"cut.bmp"_s, bmp.chopped(2000)), isDamaged},
+             Case{put(u"cut.gif"_s, gif.chopped(1)), isDamaged},
              Case{folder.path(), unreadable},
              Case{pipe, unreadable},
              Case{folder.filePath(u"none.bmp"_s), unreadable},

@@ -107,8 +107,9 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
     Settings settings(folder.filePath(u"settings"_s));
     settings.set(Setting<QString>{setting::RegisterKey, u"L"}, u"late"_s);
     settings.set(Setting<QString>{setting::RegisterKey, u"m"}, u"at music"_s);
-    const KeyArray keys = readRegisterKeys(settings);
+    KeyArray keys = readRegisterKeys(settings, seams.prompts);
     EXPECT_EQ(keys.lines, (QStringList{u"L=late"_s, u"m=at music"_s}));
+    EXPECT_EQ(markLines(keys).size(), keys.marks.size());
     struct Case {
         QString key;
         KeyEffect effect;
@@ -119,7 +120,7 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
                              {u"o"_s, KeyEffect::Mark, u"O"_s},
                              {u"l"_s, KeyEffect::Mark, u"L"_s},
                              {u"m"_s, KeyEffect::Mark, u"M"_s},
-                             {u"0"_s, KeyEffect::Discard, {}},
+                             {u"0"_s, KeyEffect::Mark, u"O"_s}, // as the panel writes it
                              {u"x"_s, KeyEffect::Discard, {}},
                              {u""_s, KeyEffect::Discard, {}},
                              {u"\x1B"_s, KeyEffect::Pass, {}},
@@ -128,6 +129,14 @@ TEST_F(RegisterTest, KeysMarkOrNot) {
         EXPECT_EQ(registerKey(keys, each.key, mark), each.effect) << each.key.toStdString();
         EXPECT_EQ(mark, each.mark);
     }
+    const QString broken =
+        writeFile(folder.filePath(u"broken"_s), "[Software\\Q.R.L.\\ORVA\\Register\\Key]\n"
+                                                ".=\n0=ill\nz=dword:x\n");
+    seams.prompts.expect(PromptKind::Plain, u"Error getting Keycodes"_s, AnswerOk);
+    keys = readRegisterKeys(Settings(broken), seams.prompts);
+    QString mark;
+    EXPECT_EQ(registerKey(keys, u"0"_s, mark), KeyEffect::Mark);
+    EXPECT_EQ(mark, u"0"_s) << "a mark of the teacher's own, though another could not be read";
     seams.prompts.expect(PromptKind::Message, u"To many characters"_s, AnswerOk);
     EXPECT_FALSE(checkMarkText(u"OO"_s, {}, seams.prompts));
     EXPECT_TRUE(checkMarkText(u"O"_s, {}, seams.prompts));
@@ -281,7 +290,7 @@ TEST_F(RegisterTest, SelectedPupilsAreShownAlone) {
     EXPECT_EQ(selection.clauseForView(sheet(), false), QString()); // the old picks are gone
 }
 
-TEST_F(RegisterTest, PupilsOfOneNameAreNotToldApart) {
+TEST_F(RegisterTest, PickedPupilsOfOneNameAreNotToldApart) {
     addPupils(database, code, {u"Ames,Ann"_s});
     open();
     PupilSelection selection;
@@ -291,7 +300,8 @@ TEST_F(RegisterTest, PupilsOfOneNameAreNotToldApart) {
     model.setSheet(
         *openRegister(database, code, selection.clauseForView(sheet(), false), seams.prompts));
     EXPECT_EQ(sheet().rowCount(), 2);
-    EXPECT_EQ(rowOfPupil(sheet(), {u"Cole"_s, {}}), 0);
+    EXPECT_EQ(rowOfPupil(sheet(), 4), 1);
+    EXPECT_EQ(rowOfPupil(sheet(), 3), 0); // not among them
     // A query that is active takes all that it found.
     EXPECT_EQ(selection.clauseForView(sheet(), true),
               u" WHERE Surname = 'Ames' AND Firstname = 'Ann' OR Surname = 'Ames' AND Firstname = "

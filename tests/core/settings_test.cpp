@@ -189,7 +189,7 @@ TEST_F(SettingsTest, NamesMayHoldAnyCharacter) {
         for (const QString& name : names)
             EXPECT_EQ(textAt(reader, key, name), name + u"!"_s) << keyName.toStdString();
         QList<SettingEntry> entries;
-        ASSERT_TRUE(reader.EnumRegistryValues(key, entries));
+        ASSERT_EQ(reader.EnumRegistryValues(key, entries), SettingFound);
         QStringList found = namesOf(entries);
         QStringList all = names;
         found.sort();
@@ -206,7 +206,7 @@ TEST_F(SettingsTest, NamesMatchWithoutRegardToCase) {
     EXPECT_EQ(numberAt(settings, u"SOFTWARE\\q.r.l.\\orva\\üBER\\éTÉ\\", u"ΩMEGA"), 2);
 
     QList<SettingEntry> entries;
-    ASSERT_TRUE(settings.EnumRegistryValues(setting::keyOf(u"ÜBER\\été"), entries));
+    ASSERT_EQ(settings.EnumRegistryValues(setting::keyOf(u"ÜBER\\été"), entries), SettingFound);
     EXPECT_EQ(namesOf(entries), QStringList{u"Ωmega"_s}) << "the first spelling stays";
     settings.CreateRegistryKey(setting::keyOf(u"ÜBER\\Next"));
     EXPECT_EQ(settings.EnumRegistrySubkeys(setting::keyOf(u"über")), QString());
@@ -254,9 +254,9 @@ TEST_F(SettingsTest, EmptyKeysLast) {
     Settings(m_file).CreateRegistryKey(setting::keyOf(u"Startup"));
     Settings settings(m_file);
     QList<SettingEntry> entries;
-    EXPECT_TRUE(settings.EnumRegistryValues(setting::keyOf(u"Startup"), entries));
+    EXPECT_EQ(settings.EnumRegistryValues(setting::keyOf(u"Startup"), entries), SettingFound);
     EXPECT_TRUE(entries.isEmpty());
-    EXPECT_FALSE(settings.EnumRegistryValues(setting::keyOf(u"Register"), entries));
+    EXPECT_EQ(settings.EnumRegistryValues(setting::keyOf(u"Register"), entries), SettingMissing);
     EXPECT_EQ(settings.EnumRegistrySubkeys(setting::keyOf(u"Startup")), u"Badkey"_s);
 }
 

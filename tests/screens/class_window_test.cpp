@@ -4,6 +4,7 @@
 #include "core/window_placement.h"
 #include "support/screen_register.h"
 
+#include <QGroupBox>
 #include <QSignalSpy>
 
 TEST_F(RegisterScreenTest, OpensOnTheFirstClassAndLooksRight) {
@@ -23,7 +24,12 @@ TEST_F(RegisterScreenTest, AKeyMarksOnTheDiskAndADoubleLessonTwice) {
     // The current lesson, today's first, has the caret.
     QTest::keyClicks(&grid(), u"o"_s);
     EXPECT_EQ(marksOf(1), u".....OO........"_s);
+    menuItem(u"Display Panel"_s).trigger();
+    auto& key = control<QGroupBox>(*window, u"RegisterKey"_s);
     QTest::keyClicks(&grid(), u"x"_s); // means nothing
+    EXPECT_TRUE(key.autoFillBackground()) << "it flashes";
+    seams.clock.advance(std::chrono::seconds(1));
+    EXPECT_FALSE(key.autoFillBackground());
     press(*window, Qt::Key_Return);
     QTest::keyClicks(&grid(), u"/"_s);
     EXPECT_EQ(marksOf(3), u".....//........"_s); // the next by surname
@@ -60,6 +66,9 @@ TEST_F(RegisterScreenTest, ACellThatIsEditedMarksAsAKeyDoes) {
 TEST_F(RegisterScreenTest, TheMenuFillsCountsAndOpensThePlan) {
     showRegister();
     QTest::keyClicks(&grid(), u"o"_s);
+    menuItem(u"No mark"_s).trigger();
+    EXPECT_EQ(marksOf(1).mid(5, 2), u".O"_s);
+    menuItem(u"O = Absent"_s).trigger();
     menuItem(u"Present"_s).trigger();
     EXPECT_EQ(marksOf(1).mid(5, 2), u"OO"_s);
     EXPECT_EQ(marksOf(2).mid(5, 2), u"/."_s);
@@ -96,6 +105,11 @@ TEST_F(RegisterScreenTest, GridAndNamesMoveTogether) {
     EXPECT_EQ(names().currentIndex().row(), 1);
     clickName(2);
     EXPECT_EQ(grid().currentIndex().row(), 2);
+    EXPECT_EQ(grid().selectionModel()->selectedIndexes(), QModelIndexList{grid().currentIndex()});
+    names().setFocus();
+    QTest::keyClicks(&names(), u"\\"_s); // the chosen pupil's mark, and leads to no other
+    EXPECT_EQ(marksOf(2).mid(5, 2), u"\\\\"_s);
+    EXPECT_TRUE(grid().hasFocus());
     EXPECT_EQ(names().rowHeight(0), grid().rowHeight(0));
     EXPECT_EQ(names().viewport()->mapTo(window.get(), QPoint()).y(),
               grid().viewport()->mapTo(window.get(), QPoint()).y());

@@ -123,6 +123,9 @@ TEST_F(PupilScreenTest, ANameIsNotTakenAway) {
     clickName(0); // nothing has changed
     line(u"TxtFirstname"_s).selectAll();
     QTest::keyClick(&line(u"TxtFirstname"_s), Qt::Key_Delete);
+    retype(line(u"TxtTutor"_s), u"7T"_s);
+    seams.clock.advance(std::chrono::seconds(3)); // it waits for its text, the rest does not
+    EXPECT_EQ(of(1, u"Firstname"_s) + of(1, u"Tutor"_s), u"Ann7T"_s);
     seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
     clickName(1);
     QApplication::processEvents();
@@ -131,6 +134,29 @@ TEST_F(PupilScreenTest, ANameIsNotTakenAway) {
     clickName(1);
     EXPECT_EQ(of(1, u"Firstname"_s), u"Anna"_s);
     EXPECT_EQ(of(4, u"Firstname"_s), u"~"_s);
+}
+
+TEST_F(PupilScreenTest, PupilsOfOneNameStayApart) {
+    addPupils(session.CurrentDB, u"D"_s, {u"Ames,Ann"_s});
+    show();
+    clickName(1);
+    ASSERT_EQ(window->desk().currentPupil(), 4);
+    for (const ClassView view : {RegisterView, GradesView, PupilNotesView, PupilInformationView}) {
+        window->showView(view);
+        EXPECT_EQ(window->desk().sheet().pupil(names().currentIndex().row()), 4) << view;
+    }
+    retype(line(u"TxtTutor"_s), u"7T"_s);
+    retype(line(u"TxtFirstname"_s), u"Anne"_s);
+    tool(0).click();
+    QTest::keyClicks(&grid(), u"o"_s);
+    EXPECT_EQ(of(4, u"Tutor"_s) + of(4, u"Firstname"_s) + marksOf(4).mid(5, 2), u"7TAnneOO"_s);
+    EXPECT_EQ(of(1, u"Tutor"_s) + of(1, u"Firstname"_s) + marksOf(1).mid(5, 2), u"~Ann.."_s);
+    window->showFirstPage();
+    session.DontAskDeletePupil = true;
+    runTask(2);
+    EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM Class_D WHERE Surname = 'Ames'"_s),
+              QStringList{u"1"_s});
+    EXPECT_EQ(window->desk().currentPupil(), 1);
 }
 
 TEST_F(PupilScreenTest, NobodyLeftIsNobodyToShow) {

@@ -127,7 +127,10 @@ QWidget* ClassWindow::makeSelector() {
     layout->setContentsMargins(4, 0, 4, 0);
     layout->addWidget(m_home);
     layout->addWidget(m_selector);
-    connect(m_home, &QToolButton::clicked, this, &ClassWindow::showFirstPage);
+    connect(m_home, &QToolButton::clicked, this, [this] {
+        showFirstPage();
+        m_pages->currentWidget()->setFocus();
+    });
     connect(m_selector, &QComboBox::activated, this, [this](int index) {
         selectClass(m_selector->itemText(index));
         m_pages->currentWidget()->setFocus();

@@ -54,6 +54,7 @@ NameList::NameList(ClassDesk& desk)
     m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->horizontalHeader()->setHighlightSections(false);
     m_view->verticalHeader()->setFixedWidth(RowHandleWidth);
+    m_view->installEventFilter(this);
     m_view->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -172,8 +173,11 @@ void NameList::moveGrid(int row) {
     if (!m_grid || m_grid->currentIndex().row() == row)
         return;
     const int column = qMax(m_grid->currentIndex().column(), int(PupilSheet::TutorColumn));
+    // Columns that are selected as a whole are so for every pupil.
     m_grid->selectionModel()->setCurrentIndex(m_desk.records().index(row, column),
-                                              QItemSelectionModel::NoUpdate);
+                                              m_grid->selectedColumns().isEmpty()
+                                                  ? QItemSelectionModel::ClearAndSelect
+                                                  : QItemSelectionModel::NoUpdate);
 }
 
 /// The pupil could not be left: the list and the grid go back to him.
@@ -183,6 +187,9 @@ void NameList::stay() {
 }
 
 bool NameList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched == m_view &&
+        keyPressed(*static_cast<QKeyEvent*>(event)))
+        return true;
     if (event->type() == QEvent::MouseButtonPress && watched == m_view->viewport()) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const QModelIndex index = m_view->indexAt(mouse->pos());
@@ -199,6 +206,26 @@ bool NameList::eventFilter(QObject* watched, QEvent* event) {
 void NameList::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     levelWithGrid();
+}
+
+/// On the first page a letter goes to the next pupil of that letter. Beside a view it is meant for
+/// the pupil that is chosen, and would only lead away from him. Space picks, as a click does.
+bool NameList::keyPressed(QKeyEvent& event) {
+    constexpr Qt::KeyboardModifiers command =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString typed = event.text();
+    if (event.modifiers() & command || typed.isEmpty() || !typed.at(0).isPrint())
+        return false;
+    if (event.key() == Qt::Key_Space && m_desk.selection().isMultiSelect()) {
+        if (m_desk.currentRow() >= 0)
+            clicked(m_desk.currentRow(), {});
+        return true;
+    }
+    if (m_grid) {
+        m_grid->setFocus();
+        QApplication::sendEvent(m_grid, &event);
+    }
+    return m_desk.view().has_value();
 }
 
 void NameList::clicked(int row, Qt::KeyboardModifiers modifiers) {

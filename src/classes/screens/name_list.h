@@ -10,7 +10,8 @@ class PupilGrid;
 class QTableView;
 
 /// The pupils' names, which all views of the class window share. It moves together with the grid
-/// of the view, and colours the pupils that are picked.
+/// of the view, and colours the pupils that are picked. While a view shows, a character typed here
+/// is the grid's.
 class NameList : public QWidget {
     Q_OBJECT
 
@@ -45,6 +46,7 @@ private:
     void moved(int row);
     void moveGrid(int row);
     void stay();
+    bool keyPressed(QKeyEvent& event);
     void clicked(int row, Qt::KeyboardModifiers modifiers);
     void levelWithGrid();
 

@@ -89,13 +89,16 @@ QLineEdit* PupilInformationPage::addLine(QFormLayout& form, const QString& field
     auto* box = new QLineEdit;
     box->setObjectName(u"Txt"_s + field);
     box->setAccessibleName(label.isEmpty() ? u"Address, line "_s + field.right(1) : label);
-    const int size = schemaField(Table::Class, field).Size;
+    const dao::Field inFile = schemaField(Table::Class, field);
+    const int size = inFile.Size;
     box->setMaxLength(size);
     constexpr int widest = 40; // characters
     box->setMaximumWidth(qMin(size + 2, widest) * box->fontMetrics().averageCharWidth() * 5 / 4);
     form.addRow(label, box);
     m_boxes.push_back(std::make_unique<BoundLine>(*box));
     m_binding.bind(field, *m_boxes.back());
+    if (!inFile.AllowZeroLength)
+        m_binding.requireText(field);
     connect(box, &QLineEdit::textEdited, this, &PupilInformationPage::typed);
     return box;
 }

@@ -45,6 +45,8 @@ bool RegisterDelegate::eventFilter(QObject* watched, QEvent* event) {
         if (!typed.isEmpty() && typed.at(0).isPrint()) {
             if (registerKey(m_keys, typed, mark) == KeyEffect::Mark)
                 editor->insert(mark);
+            else
+                emit keyRefused();
             return true;
         }
     }

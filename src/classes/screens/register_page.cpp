@@ -19,13 +19,14 @@
 #include <QLabel>
 #include <QMenu>
 #include <QSplitter>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     : ClassViewPage(session, desk)
-    , m_keys(readRegisterKeys(session.GetSettings()))
+    , m_keys(readRegisterKeys(session.GetSettings(), session.GetSeams().prompts))
     , m_grid(new PupilGrid(desk.records()))
     , m_header(new RegisterHeader)
     , m_info(new QLabel)
@@ -41,9 +42,11 @@ RegisterPage::RegisterPage(Session& session, ClassDesk& desk)
     m_header->setMinimumSectionSize(1);
     m_header->setDefaultSectionSize(MarkColumnWidth / TwipsPerPixel);
     m_grid->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    m_grid->setItemDelegate(new RegisterDelegate(
+    auto* delegate = new RegisterDelegate(
         m_keys, [this](const QModelIndex& cell, const QString& text) { storeCell(cell, text); },
-        this));
+        this);
+    m_grid->setItemDelegate(delegate);
+    connect(delegate, &RegisterDelegate::keyRefused, this, &RegisterPage::refuseKey);
     m_grid->onKey([this](QKeyEvent& event) { return keyPressed(event); });
     m_info->setObjectName(u"Lblessons"_s);
     m_splitter->setChildrenCollapsible(false);
@@ -72,6 +75,7 @@ QWidget* RegisterPage::makeSheet() {
 }
 
 void RegisterPage::makeMenu() {
+    makeMarkMenu();
     QAction* shows = m_menu->addAction(u"Display Panel"_s);
     shows->setCheckable(true);
     const bool isShown = session().GetSettings().get(setting::DisplayKey);
@@ -95,14 +99,28 @@ void RegisterPage::makeMenu() {
     addUndoEntries(*m_menu, *m_grid, desk().records(), session().GetSeams().prompts,
                    ColumnUpdateFailure);
     connect(m_grid, &PupilGrid::menuWanted, this, [this](QPoint place) {
-        enableFillMenu();
+        enableMenus();
         m_menu->popup(place);
     });
 }
 
-void RegisterPage::enableFillMenu() {
-    for (QAction* action : m_fillMenu->actions())
-        action->setEnabled(canFill(m_grid->currentIndex().column()));
+/// The keys of the list, for the mouse.
+void RegisterPage::makeMarkMenu() {
+    m_markMenu = m_menu->addMenu(u"Mark"_s);
+    const QStringList lines = markLines(m_keys);
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        connect(m_markMenu->addAction(QString(lines[i]).replace(u'&', u"&&"_s)),
+                &QAction::triggered, this, [this, mark = m_keys.marks[i]] { typeMark(mark); });
+    connect(m_markMenu->addAction(u"No mark"_s), &QAction::triggered, this,
+            [this] { storeCell(m_grid->currentIndex(), {}); });
+}
+
+void RegisterPage::enableMenus() {
+    const bool isLesson = canFill(m_grid->currentIndex().column());
+    for (const QMenu* menu : {m_markMenu, m_fillMenu}) {
+        for (QAction* action : menu->actions())
+            action->setEnabled(isLesson);
+    }
 }
 
 void RegisterPage::showRecords() {
@@ -166,8 +184,12 @@ bool RegisterPage::keyPressed(QKeyEvent& event) {
 bool RegisterPage::typeMark(const QString& typed) {
     const QModelIndex cell = m_grid->currentIndex();
     QString mark;
-    if (registerKey(m_keys, typed, mark) != KeyEffect::Mark || !canFill(cell.column()))
+    if (!canFill(cell.column()))
         return true;
+    if (registerKey(m_keys, typed, mark) != KeyEffect::Mark) {
+        refuseKey();
+        return true;
+    }
     try {
         enterMark(session().CurrentDB, desk().classCode(), desk().records(), cell.row(),
                   cell.column(), mark);
@@ -175,6 +197,18 @@ bool RegisterPage::typeMark(const QString& typed) {
         tellFailure(session().GetSeams().prompts, KeyPressFailure, error);
     }
     return true;
+}
+
+/// Where the panel does not show, its list stands below the cell for a moment.
+void RegisterPage::refuseKey() {
+    if (m_panel->isVisible())
+        return m_panel->flashKey();
+    constexpr int moment = 2000; // milliseconds
+    const QRect cell = m_grid->visualRect(m_grid->currentIndex());
+    QToolTip::showText(
+        m_grid->viewport()->mapToGlobal(cell.bottomLeft()),
+        (fixedKeyLines() + m_keys.lines).join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s),
+        m_grid->viewport(), {}, moment);
 }
 
 /// A text that came by the editor or by pasting marks as a key does; what is no mark stays out.

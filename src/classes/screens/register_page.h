@@ -33,10 +33,12 @@ private:
     void makeMenu();
     void showLessons();
     void showCurrentLesson();
-    void enableFillMenu();
+    void makeMarkMenu();
+    void enableMenus();
 
     bool keyPressed(QKeyEvent& event);
     bool typeMark(const QString& typed);
+    void refuseKey();
     void storeCell(const QModelIndex& cell, const QString& text);
     void fill(RegisterFill what);
     void calculateAttendance();
@@ -53,6 +55,7 @@ private:
     QSplitter* m_splitter;
     SidePanel* m_panel;
     QMenu* m_menu;
+    QMenu* m_markMenu = nullptr;
     QMenu* m_fillMenu = nullptr;
     bool m_isSplitterPlaced = false;
 };

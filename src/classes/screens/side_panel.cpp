@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QColor NoLessonColour(238, 249, 234);
+constexpr std::chrono::milliseconds FlashTime{400};
 
 } // namespace
 
@@ -39,9 +40,10 @@ SidePanel::SidePanel(Session& session, ClassDesk& desk, const KeyArray& keys)
     connectPhotoBox(*m_photo, session, desk, [this] { showPhoto(); });
 }
 
-QGroupBox* SidePanel::makeKey(const KeyArray& keys) {
-    auto* group = new QGroupBox(u"Key"_s);
-    auto* layout = new QVBoxLayout(group);
+QWidget* SidePanel::makeKey(const KeyArray& keys) {
+    m_key = new QGroupBox(u"Key"_s);
+    m_key->setObjectName(u"RegisterKey"_s);
+    auto* layout = new QVBoxLayout(m_key);
     for (const QString& line : fixedKeyLines())
         layout->addWidget(new QLabel(line));
     auto* list = new QListWidget;
@@ -49,7 +51,7 @@ QGroupBox* SidePanel::makeKey(const KeyArray& keys) {
     list->setAccessibleName(u"Key to your own marks"_s);
     list->addItems(keys.lines);
     layout->addWidget(list, 1);
-    return group;
+    return m_key;
 }
 
 QWidget* SidePanel::makeNotes() {
@@ -80,6 +82,14 @@ QWidget* SidePanel::makeNotes() {
 void SidePanel::showPhoto() {
     if (m_showsPhoto)
         ::showPhoto(*m_photo, m_session, m_desk);
+}
+
+void SidePanel::flashKey() {
+    setBackground(m_key, palette().color(QPalette::Highlight));
+    m_flash = m_session.GetSeams().clock.after(FlashTime, [this] {
+        m_key->setPalette({});
+        m_key->setAutoFillBackground(false);
+    });
 }
 
 void SidePanel::showLessonNote(int row, int column) {

@@ -24,6 +24,8 @@ public:
 
     /// Shows the current pupil's photo, where the settings want one.
     void showPhoto();
+    /// Makes the key to the marks stand out for a moment.
+    void flashKey();
     /// The caret of the register has moved: keeps the note of the cell left, and shows that of the
     /// current one. A column that is none is -1.
     void showLessonNote(int row, int column);
@@ -33,7 +35,7 @@ public:
     void saveLook();
 
 private:
-    QGroupBox* makeKey(const KeyArray& keys);
+    QWidget* makeKey(const KeyArray& keys);
     QWidget* makeNotes();
     bool writeNote();
     void showPlace(std::optional<LessonNotePlace> place);
@@ -42,6 +44,8 @@ private:
     ClassDesk& m_desk;
     PhotoBox* m_photo;
     bool m_showsPhoto;
+    QGroupBox* m_key = nullptr;
+    std::unique_ptr<Timer> m_flash; ///< while the key stands out
     QCheckBox* m_showNotes = nullptr;
     QPlainTextEdit* m_note = nullptr;
     std::optional<LessonNotePlace> m_place; ///< of the note that shows

@@ -4,20 +4,23 @@
 #include "core/prompts.h"
 #include "desktop/screens/late/late_services.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMimeDatabase>
 #include <QPixmap>
+#include <QPointer>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QUrl>
+#include <QWidget>
 
 #include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,8 +44,45 @@ bool isProgram(const QString& file) {
            type.inherits(u"application/x-pie-executable"_s);
 }
 
-/// The menu that led here stands on the screen until the windows below it have been painted.
-void letMenusGo() {
+/// Takes the program's own windows off the screen, and puts them back where they were.
+class WindowsAway {
+public:
+    WindowsAway() : m_active(QApplication::activeWindow()), m_focus(QApplication::focusWidget()) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && !window->isMinimized())
+                m_windows.append({window, window->pos()});
+        }
+        for (const Window& each : std::as_const(m_windows))
+            each.widget->hide();
+    }
+    ~WindowsAway() {
+        for (const Window& each : std::as_const(m_windows)) {
+            if (!each.widget)
+                continue;
+            if (!(each.widget->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)))
+                each.widget->move(each.place); // else the window manager looks for a place
+            each.widget->show();
+        }
+        if (m_active)
+            m_active->activateWindow();
+        if (m_focus)
+            m_focus->setFocus(); // what is hidden hands it on
+    }
+    WindowsAway(const WindowsAway&) = delete;
+    WindowsAway& operator=(const WindowsAway&) = delete;
+
+private:
+    struct Window {
+        QPointer<QWidget> widget;
+        QPoint place;
+    };
+    QList<Window> m_windows;
+    QPointer<QWidget> m_active;
+    QPointer<QWidget> m_focus;
+};
+
+/// What is gone stands on the screen until the windows below it have been painted.
+void letWindowsGo() {
     constexpr std::chrono::milliseconds enough(300);
     QEventLoop waiting;
     QTimer::singleShot(enough, &waiting, &QEventLoop::quit);
@@ -114,7 +154,8 @@ void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
 }
 
 QImage DesktopShell::CaptureScreen() {
-    letMenusGo();
+    const WindowsAway away;
+    letWindowsGo();
     LateServices* services = lateServices();
     const std::optional<QImage> portal = services ? services->captureByPortal() : std::nullopt;
     // Where there is a portal its answer stands: a person who has said no is not got round.
