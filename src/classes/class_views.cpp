@@ -109,5 +109,5 @@ std::optional<PupilSheet> openRegister(const dao::Database& database, const QStr
 }
 
 int rowOfPupil(const PupilSheet& sheet, std::optional<qint64> pupil) {
-    return pupil ? static_cast<int>(qMax(0, sheet.pupils().indexOf(*pupil))) : 0;
+    return pupil ? std::max(0, sheet.rowOf(*pupil)) : 0;
 }

@@ -12,6 +12,8 @@ public:
     QString text() const override { return m_box.rtf(); }
     bool dataChanged() const override { return m_box.dataChanged(); }
     void setDataChanged(bool changed) override { m_box.setDataChanged(changed); }
+    void setLimit(qsizetype characters) override { m_box.setLimit(characters); }
+    void setNotice(const QString& text) override { m_box.setNotice(text); }
 
 private:
     RichTextBox& m_box;

@@ -4,22 +4,10 @@
 #include <QPalette>
 #include <QWidget>
 
-#include <algorithm>
-#include <cmath>
-
 namespace {
 
 constexpr quint32 SystemWindow = 0x80000005;
 constexpr double ReadableContrast = 4.5;
-
-/// Relative luminance, as the guidelines for accessible web content (WCAG 2) define it.
-double luminance(const QColor& colour) {
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
 
 } // namespace
 
@@ -33,11 +21,6 @@ QColor toColour(qint32 colour) {
 
 qint32 fromColour(const QColor& colour) {
     return colour.red() | colour.green() << 8 | colour.blue() << 16;
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
 }
 
 QColor textColourOn(const QColor& background, const QColor& wish) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/contrast.h"
+
 #include <QColor>
 
 class QWidget;
@@ -8,9 +10,6 @@ class QWidget;
 /// window colour of the person's scheme.
 QColor toColour(qint32 colour);
 qint32 fromColour(const QColor& colour);
-
-/// How far two colours stand apart in brightness, 1 to 21. Text reads well from 4.5 on.
-double contrast(const QColor& a, const QColor& b);
 
 /// The colour for text on a background: the one wished for where that can be read, else black or
 /// white.

@@ -28,6 +28,7 @@ void EditMenu::addEditActions() {
         return action;
     };
     m_undo = add(u"undo"_s, u"Undo\tCtrl+Z"_s, [](RichTextBox& box) { box.undo(); });
+    m_redo = add(u"redo"_s, u"Redo\tCtrl+Y, Ctrl+Shift+Z"_s, [](RichTextBox& box) { box.redo(); });
     addSeparator();
     QAction* cut = add(u"cut"_s, u"Cut\tCtrl+X"_s, [](RichTextBox& box) { box.cut(); });
     QAction* copy = add(u"copy"_s, u"Copy\tCtrl+C"_s, [](RichTextBox& box) { box.copy(); });
@@ -55,6 +56,7 @@ void EditMenu::refresh() {
     const bool isWritable = box && box == m_focused.writableBox();
     const bool hasSelection = box && box->selectionLength() > 0;
     m_undo->setEnabled(isWritable && box->document()->isUndoAvailable());
+    m_redo->setEnabled(isWritable && box->document()->isRedoAvailable());
     m_paste->setEnabled(isWritable && box->canPaste());
     m_selectAll->setEnabled(box && !box->document()->isEmpty());
     for (QAction* action : std::as_const(m_ofSelection))

@@ -4,10 +4,10 @@
 
 class FocusedBox;
 
-/// The edit menu of the rich text boxes of a window: Undo, Cut, Copy, Paste, Delete and Select All,
-/// above them what the caret stands on (a spelling mistake with its suggestions, an object), below
-/// them what the window adds. Opens as the menu bar's or at a right click; the state of its entries
-/// is that of the box at that moment.
+/// The edit menu of the rich text boxes of a window: Undo, Redo, Cut, Copy, Paste, Delete and
+/// Select All, above them what the caret stands on (a spelling mistake with its suggestions, an
+/// object), below them what the window adds. Opens as the menu bar's or at a right click; the state
+/// of its entries is that of the box at that moment.
 class EditMenu : public QMenu {
     Q_OBJECT
 
@@ -26,6 +26,7 @@ private:
 
     const FocusedBox& m_focused;
     QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     QAction* m_paste = nullptr;
     QAction* m_selectAll = nullptr;
     QList<QAction*> m_ofSelection; ///< that need one

@@ -6,6 +6,7 @@
 #include "controls/insert_object_menu.h"
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
+#include "controls/room_in_box.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "richtext/highlight.h"
@@ -110,16 +111,26 @@ void FormatTools::serve(RichTextBox& box) {
             [this](const QPoint& place) { m_editMenu->popup(place); });
     connect(&box, &RichTextBox::objectActivated, m_insertMenu,
             [this, &box] { m_insertMenu->openObject(box); });
+    // Once the paste is over: where something was dropped, it is being moved still.
+    connect(
+        &box, &RichTextBox::tooMuchPasted, &box,
+        [this, &box](const QString& rtf) {
+            offerSmallerPictures(m_session.GetSeams().prompts, box, rtf);
+        },
+        Qt::QueuedConnection);
 }
 
 void FormatTools::makeCommands(QWidget& window) {
     const QStringList tips = commandTips.split(u'|');
     const QStringList icons = commandIcons.split(u'|');
+    m_commands.resize(CommandCount);
     for (qsizetype i = 0; i < CommandCount; ++i) {
+        if (i == FontSize) // the action of its menu
+            continue;
         const bool hasButton = i < m_toolbar->buttonCount();
-        m_commands +=
+        m_commands[i] =
             hasButton ? m_toolbar->button(i) : new QAction(icon(icons[i]), tips[i], &window);
-        m_commands[i]->setCheckable(i != FontSize);
+        m_commands[i]->setCheckable(true);
         m_commands[i]->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     }
     const struct {
@@ -169,7 +180,8 @@ void FormatTools::makeSizeMenu(QWidget& window) {
     if (m_toolbar->buttonCount() > FontSize)
         m_toolbar->setMenu(FontSize, m_sizeMenu);
     else
-        m_commands[FontSize]->setMenu(m_sizeMenu);
+        m_sizeMenu->setIcon(icon(commandIcons.section(u'|', FontSize, FontSize)));
+    m_commands[FontSize] = m_sizeMenu->menuAction();
 }
 
 void FormatTools::makeColourMenus(QWidget& window) {

@@ -4,6 +4,7 @@
 #include "controls/focused_box.h"
 #include "controls/icons.h"
 #include "controls/rich_text_box.h"
+#include "controls/room_in_box.h"
 #include "controls/symbol_dialog.h"
 #include "core/prompts.h"
 #include "core/session.h"
@@ -59,7 +60,12 @@ void InsertObjectMenu::insertPackage() {
         return;
     const richtext::EmbeddedObject package = richtext::packageOf(path);
     if (package.source.isEmpty())
-        tell(u"The file could not be read:\n"_s + path);
+        return tell(u"The file could not be read:\n"_s + path);
+    const qsizetype excess =
+        box->excessAfter([&](QTextCursor& cursor) { richtext::insertObject(cursor, package); });
+    if (excess > 0)
+        tellNoRoom(m_session.GetSeams().prompts, *box, u"The file \"%1\""_s.arg(package.name),
+                   excess);
     else
         insertAt(*box, package);
 }
@@ -71,10 +77,14 @@ void InsertObjectMenu::insertSymbol() {
     const QString chosen = SymbolDialog(box).ask();
     if (!box || chosen.isEmpty())
         return;
+    QTextCharFormat typing = box->currentCharFormat();
+    typing.clearProperty(QTextFormat::ObjectType);
     const int start = box->selectionStart();
     box->setSelectedText(chosen.first(1));
     box->select(start, 1);
     box->setFontName(chosen.mid(1));
+    box->select(start + 1, 0);
+    box->setCurrentCharFormat(typing);
 }
 
 void InsertObjectMenu::openObject(RichTextBox& box) {

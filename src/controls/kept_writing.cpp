@@ -29,7 +29,7 @@ KeptWriting::KeptWriting(QWidget& window, const Seams& seams, Writer writer)
     , m_prompts(seams.prompts)
     , m_writer(std::move(writer)) {
     if (!m_writer.leave)
-        m_writer.leave = m_writer.save;
+        m_writer.leave = [this] { return saved(); };
     connect(qApp, &QApplication::focusChanged, this, &KeptWriting::followFocus);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, &KeptWriting::save);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &KeptWriting::save);
@@ -53,28 +53,33 @@ void KeptWriting::typed() {
         m_due = m_clock.after(SaveDelay, [this] { save(); });
 }
 
-bool KeptWriting::write(const std::function<bool()>& way) {
+Leaving KeptWriting::saved() {
+    return m_writer.save() ? Leaving::Done : Leaving::Failed;
+}
+
+Leaving KeptWriting::write(const std::function<Leaving()>& way) {
     m_due.reset();
     if (m_isGivenUp || m_hasEnded)
-        return true;
+        return Leaving::Done;
     // The box that tells of a failure takes the focus, and would have the same written again.
     if (m_isWriting)
-        return false;
+        return Leaving::Failed;
     const QScopedValueRollback writing(m_isWriting, true);
     return way();
 }
 
 bool KeptWriting::save() {
-    return write(m_writer.save);
+    return write([this] { return saved(); }) == Leaving::Done;
 }
 
 bool KeptWriting::leave() {
-    return write(m_writer.leave);
+    return write(m_writer.leave) == Leaving::Done;
 }
 
 bool KeptWriting::mayGo() {
-    if (leave())
-        return true;
+    const Leaving left = write(m_writer.leave);
+    if (left != Leaving::Failed)
+        return left == Leaving::Done;
     const auto answer = m_prompts.msg_Box(
         m_writer.what + u" could not be saved.\n\nDo you wish to close it all the same, and lose "
                         "what was typed since it was saved last?"_s,

@@ -2,6 +2,7 @@
 
 #include "controls/window_going.h"
 #include "core/clock.h"
+#include "store/kept_row.h"
 
 #include <QString>
 
@@ -16,12 +17,13 @@ struct Seams;
 /// So long after the first key that is not on disk what was typed is written.
 inline constexpr std::chrono::seconds SaveDelay{2};
 
-/// How a window writes what is typed in it. Each answers whether all of it is on disk; the person
-/// has been told where it is not.
+/// How a window writes what is typed in it. Each answers whether what can be written is on disk;
+/// the person has been told where it is not.
 struct Writer {
-    QString what;                     ///< for the person: "The daily planning sheet"
-    std::function<bool()> save;       ///< the boxes go on showing what they show
-    std::function<bool()> leave = {}; ///< before the boxes show something else; as `save` if empty
+    QString what;               ///< for the person: "The daily planning sheet"
+    std::function<bool()> save; ///< the boxes go on showing what they show
+    /// Before the boxes show something else; as `save` if empty.
+    std::function<Leaving()> leave = {};
 };
 
 /// Keeps what is typed in a window, so that nobody has to save: it is on disk at the latest two
@@ -41,12 +43,14 @@ public:
 
     /// Something has been typed.
     void typed();
-    /// Writes at once. Answers whether all that was typed is on disk, or was given up.
+    /// Writes at once. Answers whether nothing failed: all that can be written is on disk, or was
+    /// given up.
     bool save();
-    /// The same before the boxes show something else.
+    /// The same before the boxes show something else. Answers whether they may.
     bool leave();
     /// Whether the window may close: everything is written, or the person has chosen to lose what
-    /// could not be. From then on it counts as given up until something more is typed.
+    /// could not be. From then on it counts as given up until something more is typed. Who was
+    /// asked by the writer and stays is not asked again.
     bool mayGo() override;
     /// Writes for the last time and takes no part in anything more.
     void end();
@@ -57,7 +61,8 @@ signals:
 
 private:
     void followFocus(QWidget* from, QWidget* to);
-    bool write(const std::function<bool()>& way);
+    Leaving saved();
+    Leaving write(const std::function<Leaving()>& way);
 
     QWidget& m_window;
     Clock& m_clock;

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 LayoutToolbar::LayoutToolbar(const QString& key, const QString& layout, const QString& tips,
@@ -20,20 +22,32 @@ LayoutToolbar::LayoutToolbar(const QString& key, const QString& layout, const QS
         if (sign == u'|')
             addSeparator();
         else
-            addButton(key, tipList.value(m_actions.size()), iconList.value(m_actions.size()));
+            addButton(tipList.value(buttonCount()), iconList.value(buttonCount()));
     }
     keepTabStop();
 }
 
-void LayoutToolbar::addButton(const QString& key, const QString& tip, const QString& iconName) {
-    QAction* action = addAction(icon(iconName), tip);
-    action->setToolTip(tip);
-    action->setObjectName(u"%1(%2)"_s.arg(key).arg(m_actions.size()));
-    m_actions += action;
-    QToolButton* button = widgetOf(m_actions.size() - 1);
-    button->setObjectName(action->objectName());
-    button->setAccessibleName(tip);
-    button->installEventFilter(this);
+void LayoutToolbar::addButton(const QString& tip, const QString& iconName) {
+    addAction(icon(iconName), tip);
+    nameButton(buttonCount() - 1, tip);
+}
+
+void LayoutToolbar::nameButton(qsizetype index, const QString& tip) {
+    const QString name = u"%1(%2)"_s.arg(objectName()).arg(index);
+    button(index)->setObjectName(name);
+    button(index)->setToolTip(tip);
+    QToolButton* widget = widgetOf(index);
+    widget->setObjectName(name);
+    widget->setAccessibleName(tip);
+    widget->installEventFilter(this);
+}
+
+QList<QAction*> LayoutToolbar::buttons() const {
+    QList<QAction*> all = actions();
+    all.removeIf([this](QAction* action) {
+        return !qobject_cast<QToolButton*>(widgetForAction(action)); // a separator, a spacer
+    });
+    return all;
 }
 
 QToolButton* LayoutToolbar::widgetOf(qsizetype index) const {
@@ -41,8 +55,14 @@ QToolButton* LayoutToolbar::widgetOf(qsizetype index) const {
 }
 
 void LayoutToolbar::setMenu(qsizetype index, QMenu* menu) {
-    button(index)->setMenu(menu);
+    const std::unique_ptr<QAction> plain(button(index));
+    QAction* own = menu->menuAction();
+    own->setIcon(plain->icon());
+    insertAction(plain.get(), own);
+    removeAction(plain.get());
+    nameButton(index, plain->toolTip());
     widgetOf(index)->setPopupMode(QToolButton::InstantPopup);
+    keepTabStop();
 }
 
 bool LayoutToolbar::eventFilter(QObject* watched, QEvent* event) {

@@ -20,21 +20,23 @@ public:
                   const QString& icons, QWidget* parent = nullptr);
 
     /// The action of a button, counted from 0 over the separators: connect to its `triggered`.
-    QAction* button(qsizetype index) const { return m_actions.at(index); }
-    qsizetype buttonCount() const { return m_actions.size(); }
+    QAction* button(qsizetype index) const { return buttons().at(index); }
+    qsizetype buttonCount() const { return buttons().size(); }
 
-    /// Lets a button drop down a menu wherever it is pressed. The menu stays its owner's.
+    /// Lets a button drop down a menu wherever it is pressed. The menu stays its owner's and may
+    /// stand in other menus too: its own action becomes the button's, with the button's icon and
+    /// tip.
     void setMenu(qsizetype index, QMenu* menu);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void addButton(const QString& key, const QString& tip, const QString& iconName);
+    void addButton(const QString& tip, const QString& iconName);
+    QList<QAction*> buttons() const;
+    void nameButton(qsizetype index, const QString& tip);
     QToolButton* widgetOf(qsizetype index) const;
     bool arrowKey(qsizetype from, int key);
     void makeTabStop(const QObject* button);
     void keepTabStop();
-
-    QList<QAction*> m_actions;
 };

@@ -2,15 +2,20 @@
 
 #include "controls/colours.h"
 #include "controls/object_view.h"
+#include "controls/pasted_rtf.h"
 #include "controls/spelling_marks.h"
 #include "richtext/objects.h"
 #include "richtext/plain_text.h"
 #include "richtext/rtf_reader.h"
+#include "richtext/rtf_text.h"
 #include "richtext/rtf_writer.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QAccessible>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -18,32 +23,23 @@
 #include <QTextDocumentFragment>
 
 #include <algorithm>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Under these names programs hand on rich text.
-const QString rtfTypes[] = {u"text/rtf"_s, u"application/rtf"_s, u"text/richtext"_s};
-
-/// RTF is bytes, each of which is one character of the text that the rules work on.
-QByteArray rtfIn(const QMimeData& source) {
-    for (const QString& type : rtfTypes) {
-        if (source.hasFormat(type))
-            return source.data(type);
-    }
-    return {};
-}
-
-/// HTML by way of the program's own dialect, so that nothing comes in that could not be kept.
-QString rtfOfHtml(const QString& html) {
-    QTextDocument document;
-    document.setHtml(html);
-    return richtext::writeDocument(document);
-}
-
 bool isTabulatorKey(const QKeyEvent& event) {
     return event.key() == Qt::Key_Tab && event.modifiers() == Qt::ControlModifier;
+}
+
+/// Known on many desktops; the toolkit takes only the other one, Ctrl+Shift+Z.
+bool isRedoKey(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
+}
+
+bool holdsPictureOrObject(const QString& rtf) {
+    return richtext::plainText(rtf).contains(QChar::ObjectReplacementCharacter);
 }
 
 void setTextColour(QTextCharFormat& format, const QColor& colour) {
@@ -65,10 +61,20 @@ void setTextFont(QTextCharFormat& format, const FontRecord& font) {
 } // namespace
 
 RichTextBox::RichTextBox(const QString& name, QWidget* parent)
-    : QTextEdit(parent), m_objects(new ObjectView(*this)), m_spelling(new SpellingMarks(*this)) {
+    : QTextEdit(parent)
+    , m_objects(new ObjectView(*this))
+    , m_spelling(new SpellingMarks(*this))
+    , m_notice(new QLabel(this)) {
     setAccessibleName(name);
     setTabChangesFocus(true);
     setPaper(Qt::white);
+    m_notice->setObjectName(u"Notice"_s);
+    m_notice->setWordWrap(true);
+    m_notice->setMargin(2);
+    m_notice->setAutoFillBackground(true);
+    m_notice->setBackgroundRole(QPalette::ToolTipBase);
+    m_notice->setForegroundRole(QPalette::ToolTipText);
+    m_notice->hide();
     m_objects->registerWith(*document()->documentLayout());
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         if (!m_isLoading)
@@ -123,7 +129,7 @@ QString RichTextBox::selectedText() const {
 }
 
 void RichTextBox::setSelectedText(const QString& text) {
-    insertPlainText(text);
+    insertPlainText(richtext::cleanedLines(text));
 }
 
 QString RichTextBox::selectedRtf() const {
@@ -194,6 +200,7 @@ void RichTextBox::setSelectionFont(const FontRecord& font) {
 }
 
 bool RichTextBox::applyDefaultFont(const FontRecord& font) {
+    m_defaultFont = font;
     if (!richtext::isEmptyText(plainText()))
         return false;
     const QScopedValueRollback loading(m_isLoading, true);
@@ -211,15 +218,59 @@ void RichTextBox::setPaper(const QColor& colour) {
     setBackground(this, colour);
 }
 
+qsizetype RichTextBox::excessAfter(const std::function<void(QTextCursor&)>& change) const {
+    if (m_limit == 0)
+        return 0;
+    const std::unique_ptr<QTextDocument> copy(document()->clone());
+    QTextCursor cursor(copy.get());
+    cursor.setPosition(selectionStart());
+    cursor.setPosition(selectionStart() + selectionLength(), QTextCursor::KeepAnchor);
+    change(cursor);
+    return std::max<qsizetype>(0, richtext::writeDocument(*copy).size() - m_limit);
+}
+
+qsizetype RichTextBox::excessWith(const QString& rtf) const {
+    return excessAfter([&](QTextCursor& cursor) { richtext::insertFragment(cursor, rtf); });
+}
+
+void RichTextBox::setNotice(const QString& text) {
+    if (text == m_notice->text())
+        return;
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
+    setAccessibleDescription(text);
+    placeNotice();
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent alert(m_notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+/// Under the text, which gives way.
+void RichTextBox::placeNotice() {
+    const int width = viewport()->width();
+    const int height = m_notice->text().isEmpty() ? 0 : m_notice->heightForWidth(width);
+    if (viewportMargins().bottom() != height)
+        setViewportMargins(0, 0, 0, height);
+    const QRect text = viewport()->geometry();
+    m_notice->setGeometry(text.left(), text.bottom() + 1, width, height);
+}
+
+void RichTextBox::resizeEvent(QResizeEvent* event) {
+    QTextEdit::resizeEvent(event);
+    placeNotice();
+}
+
 void RichTextBox::focusInEvent(QFocusEvent* event) {
     QTextEdit::focusInEvent(event);
     emit entered();
 }
 
 bool RichTextBox::event(QEvent* event) {
-    // Before a window takes the key for going from one of its parts to the next.
+    // Before a window takes the key for something of its own.
     if (event->type() == QEvent::ShortcutOverride &&
-        isTabulatorKey(*static_cast<QKeyEvent*>(event))) {
+        (isTabulatorKey(*static_cast<QKeyEvent*>(event)) ||
+         isRedoKey(*static_cast<QKeyEvent*>(event)))) {
         event->accept();
         return true;
     }
@@ -229,6 +280,8 @@ bool RichTextBox::event(QEvent* event) {
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
     if (isTabulatorKey(*event) && !isReadOnly())
         insertPlainText(u"\t"_s);
+    else if (isRedoKey(*event) && !isReadOnly())
+        redo();
     else
         QTextEdit::keyPressEvent(event);
 }
@@ -265,22 +318,37 @@ void RichTextBox::paintEvent(QPaintEvent* event) {
 
 QMimeData* RichTextBox::createMimeDataFromSelection() const {
     QMimeData* data = QTextEdit::createMimeDataFromSelection();
-    data->setData(rtfTypes[0], selectedRtf().toLatin1());
+    data->setData(RtfType, selectedRtf().toLatin1());
     return data;
 }
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
-    return !rtfIn(*source).isEmpty() || source->hasHtml() || source->hasText();
+    return canBePasted(*source);
+}
+
+richtext::HtmlGround RichTextBox::ground() const {
+    const QFont font = document()->defaultFont();
+    return {.family = m_defaultFont ? m_defaultFont->name : font.family(),
+            .points = m_defaultFont ? m_defaultFont->size : font.pointSizeF(),
+            .paper = palette().color(QPalette::Base),
+            .picture = {}};
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
     if (isReadOnly())
         return;
-    const QByteArray rtf = rtfIn(*source);
-    if (rtf.startsWith("{\\rtf"))
-        setSelectedRtf(QString::fromLatin1(rtf));
-    else if (source->hasHtml())
-        setSelectedRtf(rtfOfHtml(source->html()));
-    else if (source->hasText())
+    const QString rtf = pastedRtf(*source, ground());
+    if (rtf.isEmpty())
         setSelectedText(source->text());
+    else if (!m_isMovedWithin && holdsPictureOrObject(rtf) && excessWith(rtf) > 0)
+        emit tooMuchPasted(rtf);
+    else
+        setSelectedRtf(rtf);
+}
+
+/// What is moved inside the box is no more than before, and has left its place already.
+void RichTextBox::dropEvent(QDropEvent* event) {
+    const QScopedValueRollback moved(m_isMovedWithin,
+                                     event->source() == this || event->source() == viewport());
+    QTextEdit::dropEvent(event);
 }

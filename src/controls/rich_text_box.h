@@ -5,12 +5,21 @@
 
 #include <QTextEdit>
 
+#include <functional>
+#include <optional>
+
 class ObjectView;
+class QLabel;
 class SpellingMarks;
 
+namespace richtext {
+struct HtmlGround;
+}
+
 /// The box of every window in which formatted text is written: holds one document, the rich text of
-/// a memo field. What it shows is what it will give back: text pasted from other programs comes in
-/// as what the document can hold. Spelling mistakes are underlined where a dictionary is installed.
+/// a memo field. What it shows is what it will give back: text and pictures pasted from other
+/// programs come in as what the document can hold. Spelling mistakes are underlined where a
+/// dictionary is installed.
 ///
 /// Commands (toolbar, menus, objects) come from the FormatTools of its window. Tab leaves the box;
 /// Ctrl and Tab types a tabulator.
@@ -67,6 +76,18 @@ public:
     /// The background; the text's automatic colour is what reads on it. White at first.
     void setPaper(const QColor& colour);
 
+    /// The most characters that the document can be written back with, 0 for any number. Typing is
+    /// not held back; pictures and objects that would be too much are not pasted.
+    void setLimit(qsizetype characters) { m_limit = characters; }
+    qsizetype limit() const { return m_limit; }
+    /// By how many characters the document would be over its limit after a change at the selection;
+    /// 0 where it would not.
+    qsizetype excessAfter(const std::function<void(QTextCursor&)>& change) const;
+    /// The same with a rich text in place of the selection.
+    qsizetype excessWith(const QString& rtf) const;
+    /// Says something at the foot of the box, and to screen readers, until an empty text.
+    void setNotice(const QString& text);
+
     SpellingMarks& spelling() { return *m_spelling; }
 
 signals:
@@ -76,6 +97,8 @@ signals:
     void entered();
     /// The person wants to see what the selected object holds.
     void objectActivated();
+    /// A rich text with pictures or objects was to be pasted, and is too much for the box.
+    void tooMuchPasted(const QString& rtf);
     /// The person wants the menu of the box, at a place of the screen.
     void menuWanted(const QPoint& place);
 
@@ -86,6 +109,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -93,8 +118,14 @@ protected:
 private:
     void change(const std::function<void(QTextCharFormat&)>& change);
     bool selectObjectAt(const QPoint& place);
+    void placeNotice();
+    richtext::HtmlGround ground() const;
 
     ObjectView* m_objects;
     SpellingMarks* m_spelling;
+    QLabel* m_notice;
+    qsizetype m_limit = 0;
+    std::optional<FontRecord> m_defaultFont; ///< of the window's new text
     bool m_isLoading = false;
+    bool m_isMovedWithin = false; ///< what is dropped comes from this box
 };

@@ -73,7 +73,7 @@ void DailySheets::tell(const QString& title, const dao::EngineError& error) cons
 /// The boxes must never show another row than the one that they would be written to. So where
 /// something fails on the way from one to the other, the sheet that was shown is read anew.
 void DailySheets::moving(const std::function<void()>& work) {
-    if (!m_binding.leave())
+    if (m_binding.leave() != Leaving::Done)
         return;
     try {
         work();

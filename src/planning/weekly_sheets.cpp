@@ -10,6 +10,7 @@
 #include "planning/sheet_fields.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
+#include "store/row_binding.h"
 
 #include <QLocale>
 
@@ -62,6 +63,15 @@ int captionPeriod(QStringView caption) {
 
 bool isWritable(const LessonSlot& slot) {
     return captionPeriod(slot.caption) == slot.period;
+}
+
+QString longLessonNotice(QStringView lesson) {
+    if (lesson.size() <= LargestBoundText)
+        return {};
+    const QLocale locale;
+    return u"Saved, but the daily planning sheet cannot save changes to it: %1 characters with the "
+           "formatting, and %2 can be saved there."_s.arg(locale.toString(lesson.size()),
+                                                          locale.toString(LargestBoundText));
 }
 
 QString weekEntry(QDate firstDay) {

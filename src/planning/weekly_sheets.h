@@ -37,6 +37,10 @@ int captionPeriod(QStringView caption);
 /// Whether a slot can be written back: not from period 10 on, which its caption can't tell.
 bool isWritable(const LessonSlot& slot);
 
+/// What stands beside a lesson that has become longer than the daily sheet can write back; empty
+/// for others.
+QString longLessonNotice(QStringView lesson);
+
 /// A date as the list of weeks shows it: "Monday 09/09/2024".
 QString weekEntry(QDate firstDay);
 
@@ -69,7 +73,8 @@ public:
     /// a letter where the first sheet of the week has none.
     const QString& heading() const { return m_heading; }
 
-    /// Writes what was typed, whole or not at all; texts of any length. `texts` has an element for
+    /// Writes what was typed, whole or not at all; texts of any length, unlike the daily sheet.
+    /// `texts` has an element for
     /// each of `lessons`. What nobody typed in stays as it was read, and so does Null whose box is
     /// empty again. A row that was deleted meanwhile is put back with all that it held. Answers
     /// false where something could not be written, which is told once until a write succeeds.

@@ -22,15 +22,6 @@ const QString equationClass = u"Equation"_s;
 // The place that an object asks for in other programs, in twips.
 constexpr int objectWidth = 1440;
 constexpr int objectHeight = 720;
-constexpr qsizetype bytesPerLine = 64;
-
-QString hexLines(const QByteArray& bytes) {
-    QString lines;
-    lines.reserve(bytes.size() * 2 + bytes.size() / bytesPerLine * 2 + 2);
-    for (qsizetype at = 0; at < bytes.size(); at += bytesPerLine)
-        lines += QString::fromLatin1(bytes.mid(at, bytesPerLine).toHex()) + u"\r\n"_s;
-    return lines;
-}
 
 /// The group of an object; programs that cannot open it show its name.
 QString sourceOf(const QString& className, const QByteArray& data, const QString& name) {

@@ -75,4 +75,13 @@ GroupContent contentOf(const QString& source, Word word) {
     return content;
 }
 
+QString hexLines(const QByteArray& bytes) {
+    constexpr qsizetype bytesPerLine = 64;
+    QString lines;
+    lines.reserve(bytes.size() * 2 + bytes.size() / bytesPerLine * 2 + 2);
+    for (qsizetype at = 0; at < bytes.size(); at += bytesPerLine)
+        lines += QString::fromLatin1(bytes.mid(at, bytesPerLine).toHex()) + u"\r\n"_s;
+    return lines;
+}
+
 } // namespace richtext

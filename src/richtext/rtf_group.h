@@ -19,4 +19,7 @@ struct GroupContent {
 /// What is in the first group that `word` opens; groups inside it are left out.
 GroupContent contentOf(const QString& source, Word word);
 
+/// Bytes as such a group has them: hexadecimal digits, in lines.
+QString hexLines(const QByteArray& bytes);
+
 } // namespace richtext

@@ -53,11 +53,14 @@ void RtfParser::parse() {
                 readWord();
             else if (token == Token::Open)
                 openGroup();
-            else if (token == Token::Close)
-                closeGroup();
             else if (token == Token::Symbol)
                 readSymbol();
+            else if (token == Token::Close)
+                closeGroup();
             else
+                break;
+            // What stands behind the bracket that closes it all is no text.
+            if (m_groups.empty())
                 break;
         }
     }

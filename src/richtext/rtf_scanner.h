@@ -12,13 +12,14 @@ enum class Token : quint8 {
     Close,
     Word,   ///< Scanner::meaning(), number()
     Symbol, ///< a control symbol: symbol()
-    Byte,   ///< \'hh: byte()
+    Byte,   ///< \'hh, a vertical tab or a form feed: byte()
     Text,   ///< characters below 0x80: text()
     High,   ///< characters from 0x80 on: text()
 };
 
-/// Cuts rich text into its tokens, in one pass. Line breaks and other control characters between
-/// them are left out, the bytes behind \bin too. Refers to the text, which has to outlive it.
+/// Cuts rich text into its tokens, in one pass. Line breaks and most other control characters
+/// between them are left out, the bytes behind \bin too. Refers to the text, which has to outlive
+/// it.
 class Scanner {
 public:
     explicit Scanner(QStringView text)
@@ -48,6 +49,11 @@ public:
             if (c == u'\t') {
                 m_textEnd = m_at;
                 return Token::Text;
+            }
+            // Other programs write them for their line breaks.
+            if (c == u'\v' || c == u'\f') {
+                m_byte = static_cast<uchar>(c);
+                return Token::Byte;
             }
         }
         m_start = m_at;

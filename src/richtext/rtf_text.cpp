@@ -77,7 +77,7 @@ bool isClean(QStringView text) {
 QString cleaned(QStringView text) {
     QString clean;
     for (const QChar c : text) {
-        if (c == QChar(QChar::ParagraphSeparator) || c == u'\v')
+        if (c == QChar(QChar::ParagraphSeparator) || c == u'\v' || c == u'\f')
             clean += QChar(QChar::LineSeparator);
         else if (!isForeign(c))
             clean += c;

@@ -16,7 +16,7 @@ bool beginsWithEscape(QStringView text);
 /// characters other than tabs, separators, marks of objects.
 bool isClean(QStringView text);
 
-/// The text without such characters; a separator becomes a line's.
+/// The text without such characters; a separator, a vertical tab or a form feed becomes a line's.
 QString cleaned(QStringView text);
 
 /// What no rich text is, line by line, likewise; the lines divided by '\n'.

@@ -46,6 +46,13 @@ private:
     QList<dao::Value> m_values;
 };
 
+/// How it went to leave what is shown.
+enum class Leaving {
+    Done,   ///< everything is written, or given up by the person
+    Failed, ///< something could not be written, which has been told
+    Stayed, ///< the person was asked and chose to stay
+};
+
 /// A failure that comes again and again is told once, until something succeeds.
 class ToldOnce {
 public:

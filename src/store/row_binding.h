@@ -22,10 +22,18 @@ public:
     /// Whether the person has changed what was shown.
     virtual bool dataChanged() const = 0;
     virtual void setDataChanged(bool changed) = 0;
+
+    /// The most characters that can be written back, for a box that can refuse what would be too
+    /// much.
+    virtual void setLimit(qsizetype /*characters*/) {}
+    /// Says beside the box that what it shows is not saved, until the text is empty.
+    virtual void setNotice(const QString& /*text*/) {}
 };
 
 /// The most characters that a limited box can write back: the whole text with its formatting.
 inline constexpr qsizetype LargestBoundText = 65535;
+/// What stands beside a box whose text of so many characters is too long to be written.
+QString tooLongNotice(qsizetype characters);
 
 /// Ties the boxes of a window to the fields of a recordset's current row: shows the row, and writes
 /// the changed boxes back before the row is left. Only what was changed is written, so that what
@@ -39,7 +47,7 @@ public:
     explicit RowBinding(Prompts& prompts) : m_prompts(prompts) {}
 
     /// Ties a box to a field; the box has to outlive the binding's use. A box with a name for the
-    /// limit ("Period 3") takes at most LargestBoundText characters.
+    /// limit ("Period 3") can write at most LargestBoundText characters.
     void bind(const QString& field, BoundBox& box, const QString& limitName = {});
     /// Its box may not stay empty: the field keeps what it had while the row is not left, and
     /// nothing is said.
@@ -56,27 +64,36 @@ public:
     void refresh();
 
     /// Writes without leaving the row. A text beyond the limit stays in its box, changed and
-    /// unwritten, and so does an empty one that is required; nothing is said about it yet. A
-    /// failure is told once, until a write succeeds. Answers whether nothing failed.
+    /// unwritten, and its box says so until it fits; an empty one that is required stays too, and
+    /// nothing is said yet. A failure is told once, until a write succeeds. Answers whether nothing
+    /// failed.
     bool flush();
-    /// The same before the row is left or its boxes go. A text beyond the limit is given up: its
-    /// box counts as unchanged, the field keeps what it had and the person is warned. Answers
-    /// whether the row may be left.
-    bool leave();
+    /// The same before the row is left or its boxes go. For each text beyond the limit the person
+    /// is asked; only where none is to be kept are they given up: their boxes count as unchanged,
+    /// the fields keep what they had.
+    Leaving leave();
 
 private:
+    enum class Way { Staying, Leaving };
     struct Bound {
         QString field;
         BoundBox* box;
         QString limitName;
-        int column;
+        int column = -1;
+        bool isTooLong = false; ///< as was seen last
     };
-    enum class Way { Staying, Leaving };
+    /// A box with the text that its field is to hold.
+    struct Typed {
+        BoundBox* box;
+        KeptRow::Change change;
+    };
 
-    bool write(Way way);
+    void show(Bound& bound);
     void tellOnce(const dao::EngineError& error);
-    QList<const Bound*> writableBoxes(Way way) const;
-    void writeRow(const QList<const Bound*>& changed);
+    bool write(Way way);
+    QList<Typed> writableTexts(Way way);
+    void writeRow(const QList<Typed>& typed);
+    bool mayGiveUp(const Bound& bound) const;
 
     Prompts& m_prompts;
     KeptRow m_row;

@@ -216,7 +216,11 @@ TEST_F(SheetsTest, TheLimitOfALesson) {
     classBox.type(u"O'Hara"_s);
     EXPECT_TRUE(sheets.binding().flush());
     EXPECT_TRUE(lesson.changed);
-    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerOk);
+    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerNo);
+    sheets.move(SheetMove::Next);
+    EXPECT_EQ(sheets.planDate(), u"24-09-09"_s);
+    EXPECT_TRUE(lesson.changed);
+    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerYes);
     sheets.move(SheetMove::Next);
     EXPECT_EQ(stored(u"24-09-09"_s, u"Lesson1"_s).toText(), QString(65535, u'a'));
     EXPECT_EQ(stored(u"24-09-09"_s, u"Homework1"_s).toText().size(), 70000);

@@ -38,7 +38,8 @@ TEST(RtfReader, ReadsTheTextOfEveryProgram) {
     } cases[] = {
         {"no rich text", u"{curly} \\b and\nplain"_s, u"{curly} \\b and\nplain"_s},
         {"control characters in no rich text", u"a\x01\x0c\rb\r\nc\u2029d\ufffc\te"_s,
-         u"a\nb\nc\nd\ufffd\te"_s},
+         u"a\n\nb\nc\nd\ufffd\te"_s},
+        {"other programs' line breaks", u"{\\rtf1 a\vb\\'0bc\fd\\u12?e}"_s, u"a\nb\nc\nd\ne"_s},
         {"an empty document", u"{\\rtf1\\ansi\\pard\\par }"_s, u""_s},
         {"the last \\par is the document's end", u"{\\rtf1 a\\par b\\par\n}"_s, u"a\nb"_s},
         {"an empty paragraph at the end", u"{\\rtf1 a\\par\\par }"_s, u"a\n"_s},
@@ -110,7 +111,7 @@ TEST(RtfReader, ReadsTheTextOfEveryProgram) {
          u"a\ufffc\ufffcb"_s},
         {"brackets in \\bin", u"{\\rtf1{\\pict\\bin4 }}{\\}{\\*\\x\\bin3 }}}}ok}"_s, u"\ufffcok"_s},
         {"what ends too early", u"{\\rtf1 a{\\b b{\\object{\\*\\objdata 00"_s, u"ab"_s},
-        {"too many brackets", u"{\\rtf1 a}}}b}"_s, u"ab"_s},
+        {"what stands behind the document", u"{\\rtf1 a{\\b b}}c\\par{\\i d}}}"_s, u"ab"_s},
         {"characters that a document uses itself", u"{\\rtf1 a\\u8233?\\u-560?\\u-559?\\u0?b}"_s,
          u"a\n\ufffd\ufffdb"_s},
     };

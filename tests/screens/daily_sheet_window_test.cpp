@@ -162,11 +162,23 @@ TEST_F(DailySheetTest, ATextBeyondTheLimitKeepsTheOldOne) {
     type("Text3(0)", u"kept"_s);
     seams.clock.advance(std::chrono::seconds(2));
     EXPECT_EQ(box("Text1(0)").plainText().size(), 66000);
-    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerOk);
+    auto& notice = *box("Text1(0)").findChild<QLabel*>(u"Notice"_s);
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(box("Text1(0)").accessibleDescription(), notice.text());
+    checkScreen(*window, u"daily_sheet_too_long"_s);
+    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerNo);
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(box("Text1(0)").plainText().size(), 66000);
+    box("Text1(0)").undo();
+    seams.clock.advance(std::chrono::seconds(2));
+    EXPECT_FALSE(notice.isVisible());
+    box("Text1(0)").redo();
+    seams.prompts.expect(PromptKind::Message, u"Too much data"_s, AnswerYes);
     click("Command1(1)");
-    EXPECT_EQ(seams.prompts.last().text,
-              u"The data entered for Period 1 currently exceeds the database field limit.\nThis "
-              "data will not be saved in order to avoid currupting the database!"_s);
+    EXPECT_TRUE(seams.prompts.last().text.startsWith(
+        u"The data entered for Period 1 currently exceeds the database field limit.\nThis "
+        "data will not be saved in order to avoid currupting the database!"_s));
+    EXPECT_FALSE(notice.isVisible());
     EXPECT_EQ(storedText(u"24-09-09"_s, u"Lesson1"_s), u"old"_s);
     EXPECT_EQ(storedText(u"24-09-09"_s, u"Homework1"_s), u"kept"_s);
 }

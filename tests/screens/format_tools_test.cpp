@@ -231,6 +231,8 @@ TEST_F(FormatToolsTest, TheEditMenuOffersOtherSpellings) {
 TEST_F(FormatToolsTest, ASymbolTakesTheSelectionsPlaceInItsFont) {
     show();
     m_first->setRtf(u"a = pi"_s);
+    m_first->selectAll();
+    m_first->setFontName(u"Courier"_s);
     m_first->select(4, 2);
     QString font;
     whenAsked([&](QWidget& window) {
@@ -245,8 +247,14 @@ TEST_F(FormatToolsTest, ASymbolTakesTheSelectionsPlaceInItsFont) {
     });
     entry(*m_tools.insertMenu(), u"Symbol..."_s).trigger();
     EXPECT_EQ(m_first->plainText(), u"a = \u03C0"_s);
-    EXPECT_EQ(m_first->selectedText(), u"\u03C0"_s);
-    EXPECT_EQ(m_first->selectionFormat().fontName, font);
+    type(u"!"_s);
+    EXPECT_EQ(m_first->plainText(), u"a = \u03C0!"_s);
+    const auto fontAt = [&](int position) {
+        m_first->select(position, 1);
+        return *m_first->selectionFormat().fontName;
+    };
+    EXPECT_EQ(fontAt(4), font);
+    EXPECT_EQ(fontAt(5), fontAt(0));
 }
 
 TEST_F(FormatToolsTest, AnEquationIsMadeAndEditedAgain) {
@@ -297,6 +305,45 @@ TEST_F(FormatToolsTest, APackagedFileIsOpenedFromAPrivateCopy) {
     seams.prompts.expect(PromptKind::Plain, u"Insert Object"_s, AnswerOk);
     entry(*m_tools.insertMenu(), u"Packager..."_s).trigger();
     EXPECT_TRUE(seams.prompts.last().text.contains(original));
+}
+
+TEST_F(FormatToolsTest, AFileBeyondTheLimitIsRefusedWithTheReason) {
+    show();
+    m_first->setLimit(2000);
+    const QString file = writeFile(path(u"Work sheet.txt"_s), QByteArray(1000, 'x'));
+    seams.prompts.expect(PromptKind::File, u" Select the file to link to :"_s, file);
+    seams.prompts.expect(PromptKind::Plain, u"Too much data"_s, AnswerOk);
+    entry(*m_tools.insertMenu(), u"Packager..."_s).trigger();
+    EXPECT_FALSE(m_first->dataChanged());
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"Lesson, period 1"_s));
+}
+
+TEST_F(FormatToolsTest, APictureIsScaledDownOnRequest) {
+    show();
+    QImage picture(400, 300, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    for (int i = 0; i < picture.height(); ++i)
+        picture.setPixel(qHash(i) % 400, i, qHash(i));
+    QApplication::clipboard()->setImage(picture);
+    m_first->setLimit(4000);
+    for (const auto& [answer, isThere] : {std::pair(AnswerNo, false), std::pair(AnswerYes, true)}) {
+        seams.prompts.expect(PromptKind::Plain, u"Too much data"_s, answer);
+        press(m_window, Qt::Key_V, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(m_first->dataChanged(), isThere);
+        EXPECT_LE(m_first->rtf().size(), 4000);
+    }
+}
+
+TEST_F(FormatToolsTest, OneMenuStandsInSeveralPlaces) {
+    LayoutToolbar bar(u"Keys"_s, u"BB"_s, u"One|Insert"_s, u"bold|insert_object"_s);
+    QMenu other;
+    other.addMenu(m_tools.insertMenu());
+    bar.setMenu(1, m_tools.insertMenu());
+    for (QMenu* menu : {&other, static_cast<QMenu*>(m_tools.editMenu())})
+        EXPECT_EQ(entry(*menu, u"Insert Object"_s).menu<QMenu*>(), m_tools.insertMenu());
+    EXPECT_EQ(bar.button(1)->menu<QMenu*>(), m_tools.insertMenu());
+    EXPECT_EQ(bar.button(1)->toolTip(), u"Insert"_s);
 }
 
 TEST_F(FormatToolsTest, AShortToolbarLeavesTheOtherCommandsToTheMenu) {

@@ -4,6 +4,7 @@
 
 #include "controls/spelling_marks.h"
 #include "richtext/objects.h"
+#include "richtext/pictures.h"
 #include "support/screen_checks.h"
 
 #include <QClipboard>
@@ -174,6 +175,25 @@ TEST_F(RichTextBoxTest, PastesFromOtherPrograms) {
     m_box.setReadOnly(true);
     QTest::keyClick(&m_box, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(m_box.plainText(), QString());
+}
+
+TEST_F(RichTextBoxTest, APictureAloneIsPasted) {
+    m_box.setRtf({});
+    QImage picture(30, 20, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QApplication::clipboard()->setImage(picture);
+    QTest::keyClick(&m_box, Qt::Key_V, Qt::ControlModifier);
+    m_box.setRtf(m_box.rtf());
+    EXPECT_EQ(m_box.plainText(), QString(QChar::ObjectReplacementCharacter));
+    EXPECT_EQ(richtext::pictureOf(m_box.rtf()).size(), picture.size());
+}
+
+TEST_F(RichTextBoxTest, CtrlYIsRedoToo) {
+    m_box.setRtf(lesson);
+    type(u"x"_s);
+    QTest::keyClick(&m_box, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&m_box, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(m_box.plainText(), u"xRead page 4\nHomework"_s);
 }
 
 TEST_F(RichTextBoxTest, TabLeavesTheBoxAndCtrlTabTypesOne) {

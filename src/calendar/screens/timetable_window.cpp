@@ -46,7 +46,7 @@ TimetableWindow::TimetableWindow(Session& session)
                  .leave =
                      [this] {
                          applyEditor();
-                         return save();
+                         return save() ? Leaving::Done : Leaving::Failed;
                      }}) {
     setObjectName(u"TTfrm"_s);
     load();

@@ -38,7 +38,7 @@ PupilNotesPage::PupilNotesPage(Session& session, ClassDesk& desk)
     , m_writing(*this, session.GetSeams(),
                 {.what = u"The note on the pupil"_s,
                  .save = [this] { return !m_binding || m_binding->flush(); },
-                 .leave = [this] { return !m_binding || m_binding->leave(); }}) {
+                 .leave = [this] { return m_binding ? m_binding->leave() : Leaving::Done; }}) {
     m_note->setObjectName(u"RTFnotes"_s);
     setFocusProxy(m_note);
     m_tools->serve(*m_note);

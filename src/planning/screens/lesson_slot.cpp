@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "controls/rich_text_box.h"
+#include "store/row_binding.h"
 
 #include <QContextMenuEvent>
 #include <QGridLayout>
@@ -31,6 +32,8 @@ LessonSlotWidget::LessonSlotWidget(int element, const LessonSlot& slot, QWidget*
     , m_homework(makeBox(u"HWrtf"_s, element, inWords(u"Homework"_s, slot.caption))) {
     layOut();
     m_lesson->setRtf(slot.lesson);
+    m_lesson->setLimit(LargestBoundText);
+    m_lesson->setNotice(longLessonNotice(slot.lesson));
     m_homework->setRtf(slot.homework);
     for (RichTextBox* box : {m_lesson, m_homework}) {
         box->setReadOnly(!isWritable(slot));
@@ -57,7 +60,7 @@ LessonSlotWidget::LessonSlotWidget(const QString& notice, QWidget* parent)
     large.setPointSize(NoticeSize);
     m_lesson->setCurrentFont(large);
     m_lesson->setSelectedText(notice);
-    setDataChanged(false);
+    m_lesson->setDataChanged(false);
     for (RichTextBox* box : {m_lesson, m_homework})
         box->setReadOnly(true);
 }
@@ -101,9 +104,11 @@ SlotTexts LessonSlotWidget::texts() const {
     return {typed(*m_lesson), typed(*m_homework)};
 }
 
-void LessonSlotWidget::setDataChanged(bool changed) {
-    m_lesson->setDataChanged(changed);
-    m_homework->setDataChanged(changed);
+void LessonSlotWidget::markWritten(const SlotTexts& texts) {
+    if (texts.lesson)
+        m_lesson->setNotice(longLessonNotice(*texts.lesson));
+    m_lesson->setDataChanged(false);
+    m_homework->setDataChanged(false);
 }
 
 void LessonSlotWidget::setSelected(bool isSelected) {

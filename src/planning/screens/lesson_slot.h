@@ -21,7 +21,8 @@ public:
     RichTextBox& lesson() const { return *m_lesson; }
     RichTextBox& homework() const { return *m_homework; }
     SlotTexts texts() const;
-    void setDataChanged(bool changed);
+    /// The texts, as they were typed, are in the year now.
+    void markWritten(const SlotTexts& texts);
 
     /// Paints the captions of the selected slot.
     void setSelected(bool selected);

@@ -313,8 +313,8 @@ bool WeeklySheetWindow::writeLessons() {
         texts += slot->texts();
     if (!m_sheets.writeLessons(texts))
         return false;
-    for (LessonSlotWidget* slot : m_slots)
-        slot->setDataChanged(false);
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        m_slots.at(static_cast<size_t>(i))->markWritten(texts.at(i));
     return true;
 }
 
