@@ -9,6 +9,8 @@
 
 #include <QLinearGradient>
 #include <QMdiSubWindow>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QResizeEvent>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +55,18 @@ void MdiBackground::ShadeMDI() {
     gradient.setColorAt(0, toColour(settings.get(setting::FadeStartColor)));
     gradient.setColorAt(1, end);
     setBackground(gradient);
+}
+
+/// In bands: a shading of more lines is shared out among threads, which take longer to come than
+/// the whole of it takes to paint.
+void MdiBackground::paintEvent(QPaintEvent* event) {
+    constexpr int bandHeight = 64;
+    QPainter painter(viewport());
+    for (const QRect& part : event->region()) {
+        for (int top = part.top(); top <= part.bottom(); top += bandHeight)
+            painter.fillRect(part & QRect(part.left(), top, part.width(), bandHeight),
+                             background());
+    }
 }
 
 void MdiBackground::resizeEvent(QResizeEvent* event) {
