@@ -8,6 +8,7 @@
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "year/backup.h"
+#include "year/repair.h"
 #include "year/restore.h"
 
 #include <QFileInfo>
@@ -61,13 +62,13 @@ void backToWizard(Session& session, MainFrame& frame) {
 void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
                       const QString& password) {
     const QString path = asked; // which may be the session's own, and changes
-    const OpenResult result = session.OpenDatabaseFile(path, password);
+    const OpenResult result = OpenOrRepair(session, path, password);
     if (result == OpenDone) {
         frame.DestroySplash();
         return RunCurrentStartup(session, frame);
     }
     if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
+        const OpenFailure failure = openFailure(session.LastOpenFault(), path);
         session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     backToWizard(session, frame);
@@ -106,11 +107,11 @@ void OpenDatabaseCommand(Session& session, MainFrame& frame) {
     if (path.isEmpty() || !LeaveDatabase(session, frame))
         return;
     session.DatabasePath = path;
-    const OpenResult result = session.OpenDatabaseFile(path, {});
+    const OpenResult result = OpenOrRepair(session, path, {});
     if (result == OpenDone)
         return RunCurrentStartup(session, frame);
     if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
+        const OpenFailure failure = openFailure(session.LastOpenFault(), path);
         session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
     }
     backToWizard(session, frame);

@@ -5,6 +5,7 @@
 #include "core/version.h"
 #include "store/engine/error.h"
 #include "year/backup.h"
+#include "year/repair.h"
 #include "year/restore.h"
 #include "year/screens/startup_wizard_lists.h"
 #include "year/screens/startup_wizard_pages.h"
@@ -47,11 +48,8 @@ private:
 } // namespace
 
 StartupWizard::StartupWizard(Session& session)
-    : StartupWizard(session, session.Engine().Version()) {}
-
-StartupWizard::StartupWizard(Session& session, const QString& engineVersion)
     : m_session(session)
-    , m_actions(new ActionsPage(startupActions(engineVersion)))
+    , m_actions(new ActionsPage(startupActions()))
     , m_teacher(new TeacherPage(session.GetSeams().clock.today()))
     , m_classes(new ClassesPage(session.GetSeams().prompts))
     , m_weekA(new TimetablePage(u'A'))
@@ -276,11 +274,11 @@ bool StartupWizard::openDatabase(const QString& path, FailureBox failureBox) {
     // A copy: the path may be the session's own, which changes when a converted file is opened.
     const QString asked = path;
     m_session.DatabasePath = asked;
-    const OpenResult result = m_session.OpenDatabaseFile(asked, {});
+    const OpenResult result = OpenOrRepair(m_session, asked, {});
     if (result == OpenDone)
         return true;
     if (result != OpenCancelled) {
-        const OpenFailure failure = failureBox(result, asked);
+        const OpenFailure failure = failureBox(m_session.LastOpenFault(), asked);
         m_session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     m_session.DatabasePath.clear();
