@@ -34,9 +34,8 @@ void createRegisterTable(const dao::Database& database, const QString& classCode
     definition.AppendRelation(
         classRelation(registerRelation(classCode), classCode, registerTable(classCode)));
     dao::FieldCollection fields = definition.Fields();
-    const qsizetype columns = std::min<qsizetype>(lessons.size(), MaximumRegisterLessons);
-    for (int number = 1; number <= columns; ++number)
-        fields.Append(registerField({lessons[number - 1].date, number}));
+    for (const dao::Field& field : registerFields(lessons))
+        fields.Append(field);
     database.TableDefs().Append(definition);
 }
 
@@ -67,6 +66,14 @@ bool hasRegister(const QList<Lesson>& lessons) {
 
 bool exceedsRegister(const QList<Lesson>& lessons) {
     return lessons.size() > MaximumRegisterLessons;
+}
+
+QList<dao::Field> registerFields(const QList<Lesson>& lessons) {
+    QList<dao::Field> fields;
+    const qsizetype columns = std::min<qsizetype>(lessons.size(), MaximumRegisterLessons);
+    for (int number = 1; number <= columns; ++number)
+        fields += registerField({lessons[number - 1].date, number});
+    return fields;
 }
 
 void addClassRecord(dao::Recordset& classcodes, const QString& classCode,

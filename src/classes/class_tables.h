@@ -43,6 +43,9 @@ bool hasRegister(const QList<Lesson>& lessons);
 /// Whether the register leaves lessons out; the caller then warns.
 bool exceedsRegister(const QList<Lesson>& lessons);
 
+/// The fields of a register of these lessons: the first 250, numbered from 1.
+QList<dao::Field> registerFields(const QList<Lesson>& lessons);
+
 /// Adds the record of a class to `Classcodes`, captioned with its code; days without a period stay
 /// Null. Week B is left out where the table has none. Raises what the engine raises, as all below.
 void addClassRecord(dao::Recordset& classcodes, const QString& classCode,

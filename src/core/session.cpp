@@ -74,7 +74,8 @@ Converted askForConverted(Prompts& prompts, const QString& path, const Converted
     return answer == AnswerNo ? Converted::New : Converted::None;
 }
 
-bool isInUse(int error) {
+/// Whether a file can't be had now, whatever it holds.
+bool isOutOfReach(int error) {
     return error == dao::FileInUse || error == dao::CannotOpenFile ||
            error == dao::OpenedExclusively;
 }
@@ -107,15 +108,18 @@ QString Session::helpFile() const {
 
 OpenResult Session::OpenDatabaseFile(const QString& path, const QString& password) {
     QString used = password;
+    m_fault = {};
     for (int failures = 0;; ++failures) {
         try {
             return openOnce(path, used);
         } catch (const std::bad_alloc&) { // a file that claims to hold more than there is memory
             clear();
+            m_fault = {0, u"There is not enough memory for it."_s, used};
             return OpenInvalid;
         } catch (const dao::EngineError& error) {
             clear();
-            if (isInUse(error.number()))
+            m_fault = {error.number(), error.description(), used};
+            if (isOutOfReach(error.number()))
                 return OpenInUse;
             if (error.number() != dao::WrongPassword)
                 return OpenInvalid;
@@ -176,7 +180,7 @@ OpenResult Session::openExistingCopy(const QString& path, const QString& copy,
         useCopy(path, copy);
     if (result == OpenDone || result == OpenCancelled)
         return result;
-    const OpenFailure failure = openFailure(result, copy);
+    const OpenFailure failure = openFailure(m_fault, copy);
     m_seams.prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     return OpenCancelled;
 }
@@ -265,12 +269,34 @@ bool Session::IsDBOpen() {
     return false;
 }
 
-OpenFailure openFailure(OpenResult result, const QString& path) {
-    if (result == OpenInUse)
+bool isInUse(const OpenFault& fault) {
+    return fault.number == dao::FileInUse || fault.number == dao::OpenedExclusively;
+}
+
+QString openFaultText(const OpenFault& fault) {
+    switch (fault.number) {
+    case dao::DiskFull:
+        return u"can't be opened, for the disk is full!"_s;
+    case dao::CannotOpenFile:
+    case dao::ReadOnlyDatabase:
+        return u"can't be opened for writing!"_s;
+    case dao::NoSuchFile:
+        return u"is not there any more!"_s;
+    default:
+        return u"appears to be either the wrong format or corrupt!"_s;
+    }
+}
+
+OpenFailure openFailure(const OpenFault& fault, const QString& path) {
+    if (isInUse(fault))
         return {u"Database already open"_s,
                 u"The database : \n\n%1\n\nappears to be already open by another "
-                "user.\n\nPlease retry later."_s.arg(ShortenPath(path))};
-    return {u"Invalid Database"_s,
-            u"The database : \n\n%1\n\nappears to be either the wrong format or "
-            "corrupt!\n\nPlease choose another action."_s.arg(ShortenPath(path))};
+                "user.\n\nPlease retry later.\n\n%2"_s.arg(ShortenPath(path), fault.sentence)};
+    QString title = u"Invalid Database"_s;
+    if (fault.number == dao::DiskFull)
+        title = u"Disk full"_s;
+    else if (fault.number == dao::CannotOpenFile || fault.number == dao::ReadOnlyDatabase)
+        title = u"Database can't be written"_s;
+    return {title, u"The database : \n\n%1\n\n%2\n\nPlease choose another action.\n\n%3"_s.arg(
+                       ShortenPath(path), openFaultText(fault), fault.sentence)};
 }

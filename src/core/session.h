@@ -23,6 +23,13 @@ enum OpenResult : qint16 {
     OpenInUse = 3,     ///< another program has it
 };
 
+/// Why a file did not open: what the engine raised, and the password that the teacher gave it.
+struct OpenFault {
+    int number = 0; ///< of the engine's; 0 for a lack of memory
+    QString sentence;
+    QString password;
+};
+
 /// The word of flags with which a file is chosen.
 inline constexpr int ExistingFileFlags = 0x80800;
 
@@ -95,6 +102,8 @@ public:
     /// a year is its owner's alone from then on; of one with a second hard link the teacher is
     /// warned. Whatever was open has to be closed before.
     OpenResult OpenDatabaseFile(const QString& path, const QString& password);
+    /// Why OpenDatabaseFile last answered OpenInvalid or OpenInUse.
+    const OpenFault& LastOpenFault() const { return m_fault; }
     /// Opens a year's file as it stands, for reading alone: asks nothing, brings nothing up to
     /// date, takes a genuine Jet file too. Raises 3265 for a file that is not a year's, and what
     /// the engine raises. Whatever was open has to be closed before.
@@ -124,14 +133,20 @@ private:
     Settings& m_settings;
     Seams m_seams;
     YearOpening m_opening;
+    OpenFault m_fault;
     Notices m_notices;
     ToolWindows m_noWindows;
     ToolWindows* m_windows = &m_noWindows;
 };
 
-/// The box for a file that is in use or invalid: its title and text.
+/// The box for a file that did not open: its title and text, which gives the engine's sentence.
 struct OpenFailure {
     QString title;
     QString text;
 };
-OpenFailure openFailure(OpenResult result, const QString& path);
+OpenFailure openFailure(const OpenFault& fault, const QString& path);
+
+/// Whether a file did not open because another program, or this one, has it.
+bool isInUse(const OpenFault& fault);
+/// What is wrong with a file that did not open and is not in use, as the end of a sentence.
+QString openFaultText(const OpenFault& fault);

@@ -10,6 +10,7 @@
 #include "richtext/object_files.h"
 #include "year/backup.h"
 #include "year/moved_year.h"
+#include "year/repair.h"
 #include "year/restore.h"
 
 #include <QFileInfo>
@@ -63,13 +64,13 @@ void backToWizard(Session& session, MainFrame& frame) {
 void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
                       const QString& password) {
     const QString path = asked; // which may be the session's own, and changes
-    const OpenResult result = session.OpenDatabaseFile(path, password);
+    const OpenResult result = OpenOrRepair(session, path, password);
     if (result == OpenDone) {
         frame.DestroySplash();
         return RunCurrentStartup(session, frame);
     }
     if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
+        const OpenFailure failure = openFailure(session.LastOpenFault(), path);
         session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     backToWizard(session, frame);
@@ -80,11 +81,11 @@ void leaveFor(Session& session, MainFrame& frame, const QString& path) {
     if (path.isEmpty() || !LeaveDatabase(session, frame))
         return;
     session.DatabasePath = path;
-    const OpenResult result = session.OpenDatabaseFile(path, {});
+    const OpenResult result = OpenOrRepair(session, path, {});
     if (result == OpenDone)
         return RunCurrentStartup(session, frame);
     if (result != OpenCancelled) {
-        const OpenFailure failure = openFailure(result, path);
+        const OpenFailure failure = openFailure(session.LastOpenFault(), path);
         session.GetSeams().prompts.msg_Box(failure.text, OkButton | WarningIcon, failure.title);
     }
     backToWizard(session, frame);

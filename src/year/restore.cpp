@@ -1,7 +1,6 @@
 #include "year/restore.h"
 
 #include "core/core_settings.h"
-#include "core/password_retry.h"
 #include "core/prompts.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
@@ -15,8 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int RestoreReportSeconds = 10;
 
 QString chooseBackup(const BackupContext& context) {
     return context.seams.prompts.OpenFileDialog(
@@ -113,41 +110,6 @@ QString RestoreBackupFile(const BackupContext& context) {
             OkButton | WarningIcon, u"Restore Error"_s);
         return {};
     }
-}
-
-bool RepairDatabaseFile(const BackupContext& context, const QString& path) {
-    Prompts& prompts = context.seams.prompts;
-    const BoxAnswer answer =
-        prompts.msg_Box(u"The opperation will attempt to repair a selected database.\n"
-                        "You should only run this opperation if you are experiencing \n"
-                        "problems with accessing data in the current database.\n"
-                        "Do you wish to continue?"_s,
-                        YesNoButtons | QuestionIcon, u"Repair Database:"_s);
-    if (answer == AnswerNo)
-        return false;
-    QString password;
-    for (int failures = 0;; ++failures) {
-        try {
-            const auto lock = lockClosedFile(path);
-            context.engine.RepairDatabase(path, dao::connectText(password));
-            break;
-        } catch (const dao::EngineError& error) {
-            if (error.number() != dao::WrongPassword) {
-                prompts.PlainBox(
-                    u"The database could not be repaired:\n%1\n\n%2\n\nThe file has not been "
-                    "changed. You can restore a backup of it."_s.arg(path, error.description()),
-                    OkButton | WarningIcon, u"Repair Error"_s);
-                return false;
-            }
-        }
-        if (!askForPassword(prompts, failures, password))
-            return false;
-    }
-    prompts.MsgAuto_box(
-        u"The database file has been repaired. If you still have trouble accessing\n"
-        "it's data try restoring a backup database file."_s,
-        OkButton | InformationIcon, u"Database Repaired:"_s, RestoreReportSeconds);
-    return true;
 }
 
 void RestoreBackup(const BackupContext& context, const QString& databasePath,

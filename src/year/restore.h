@@ -4,9 +4,9 @@
 
 #include <functional>
 
-/// Ways back to a working file: restoring a backup, and repair. What is put in place is a verified
-/// copy that was written beside it and takes the name at once, so that whatever interrupts the work
-/// leaves the former file or the restored one. What fails is told in a plain box.
+/// The way back to a working file by a backup (`repair.h` has the other). What is put in place is a
+/// verified copy that was written beside it and takes the name at once, so that whatever interrupts
+/// the work leaves the former file or the restored one. What fails is told in a plain box.
 
 /// Asks for a backup and copies it to where the database is kept by default; without a default, to
 /// its own name in the open folder. A file that stands there is replaced if the teacher agrees;
@@ -14,10 +14,6 @@
 /// is replaced is kept as the newest backup of its name; where that fails nothing is replaced.
 /// Answers the path of the restored file, empty when nothing was restored.
 QString RestoreBackupFile(const BackupContext& context);
-
-/// Asks, and then mends a damaged database in place as far as it can be read; a protected one asks
-/// for its password. True when the file is whole now.
-bool RepairDatabaseFile(const BackupContext& context, const QString& path);
 
 /// What RestoreBackup needs of the session.
 struct RestoreSession {

@@ -64,12 +64,10 @@ QList<DatePeriod> paired(const QList<QDate>& boundaries) {
 
 } // namespace
 
-QStringList startupActions(const QString& engineVersion) {
-    QStringList actions{u"Setup a NEW database"_s, u"Open an Existing database"_s,
-                        u"Restore a Backup database"_s, u"Backup && Compact a database"_s};
-    if (engineVersion == u"3.5")
-        actions += u"Repair a database"_s;
-    return actions;
+QStringList startupActions() {
+    return {u"Setup a NEW database"_s, u"Open an Existing database"_s,
+            u"Restore a Backup database"_s, u"Backup && Compact a database"_s,
+            u"Repair a database"_s};
 }
 
 int nextFrame(int frame, bool twoWeeks) {
@@ -136,22 +134,21 @@ QString targetFile(const QString& folder, const QString& name) {
     return folder + (isWhole ? file : file + fileExtension());
 }
 
-OpenFailure chosenFileFailure(OpenResult result, const QString& path) {
-    if (result != OpenInUse)
-        return openFailure(result, path);
+OpenFailure chosenFileFailure(const OpenFault& fault, const QString& path) {
+    if (!isInUse(fault))
+        return openFailure(fault, path);
     return {u"Database already open."_s,
             u"The database : \n\n%1\n\nappears to be aready open by another user!\n\n"
-            "Please retry later."_s.arg(ShortenPath(path))};
+            "Please retry later.\n\n%2"_s.arg(ShortenPath(path), fault.sentence)};
 }
 
-OpenFailure defaultFileFailure(OpenResult result, const QString& path) {
-    const QString what = result == OpenInUse
-                             ? u"appears to be aready open by another user!"_s
-                             : u"appears to be either the wrong format or corrupt!"_s;
-    return {chosenFileFailure(result, path).title,
-            u"The default database : \n\n%1\n\n%2\n\n"
-            "Please choose another action or press cancel again to quit."_s.arg(ShortenPath(path),
-                                                                                what)};
+OpenFailure defaultFileFailure(const OpenFault& fault, const QString& path) {
+    const QString what =
+        isInUse(fault) ? u"appears to be aready open by another user!"_s : openFaultText(fault);
+    return {chosenFileFailure(fault, path).title,
+            u"The default database : \n\n%1\n\n%2\n\n%3\n\n"
+            "Please choose another action or press cancel again to quit."_s.arg(
+                ShortenPath(path), what, fault.sentence)};
 }
 
 void showFault(Prompts& prompts, const AnswerFault& fault) {

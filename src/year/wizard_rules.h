@@ -20,9 +20,8 @@ enum StartupAction {
     BackupAction = 3,
     RepairAction = 4,
 };
-/// Their texts as the list has them ("&&" is shown as "&"). Repair is left out unless the engine's
-/// version is exactly "3.5": later ones have no repair of their own.
-QStringList startupActions(const QString& engineVersion);
+/// Their texts as the list has them ("&&" is shown as "&").
+QStringList startupActions();
 
 /// The pages of the set-up by their numbers, and the first page, which stands before them.
 enum SetupFrame {
@@ -64,8 +63,8 @@ QString targetFile(const QString& folder, const QString& name);
 
 /// The boxes for a file that did not open, in the wizard's own words: one that was chosen, and the
 /// default database on the way out.
-OpenFailure chosenFileFailure(OpenResult result, const QString& path);
-OpenFailure defaultFileFailure(OpenResult result, const QString& path);
+OpenFailure chosenFileFailure(const OpenFault& fault, const QString& path);
+OpenFailure defaultFileFailure(const OpenFault& fault, const QString& path);
 
 /// Shows a fault in a plain box.
 void showFault(Prompts& prompts, const AnswerFault& fault);

@@ -15,11 +15,6 @@ int percent(qsizetype done, qsizetype all) {
     return static_cast<int>(done * 100 / all);
 }
 
-/// The key of a month's record: the first three letters of its name and "1".
-QString monthKey(int month, const QLocale& locale) {
-    return MonthName(month, locale).left(3) + u'1';
-}
-
 std::array<QString, DaysOfTimetable> periodsInWeek(const YearAnswers& answers, QChar letter,
                                                    const QString& classCode) {
     std::array<QString, DaysOfTimetable> digits;
@@ -31,6 +26,10 @@ std::array<QString, DaysOfTimetable> periodsInWeek(const YearAnswers& answers, Q
 }
 
 } // namespace
+
+QString monthKey(int month, const QLocale& locale) {
+    return MonthName(month, locale).left(3) + u'1';
+}
 
 ClassPeriods classPeriods(const YearAnswers& answers, const QString& classCode) {
     ClassPeriods periods;

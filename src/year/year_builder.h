@@ -10,6 +10,9 @@
 class Progress;
 class Prompts;
 
+/// The key of a month's record in `Calendar`: the first three letters of its name and "1".
+QString monthKey(int month, const QLocale& locale);
+
 /// Fills an empty file with a year: all that stands in it at its creation, from answers that pass
 /// `checkAnswers`. Raises what the engine raises; the caller makes it whole or not at all.
 class YearBuilder {

@@ -14,6 +14,7 @@
 #include "year/moved_year.h"
 
 #include <QCryptographicHash>
+#include <QSet>
 
 #include <unistd.h>
 
@@ -125,6 +126,27 @@ TEST_F(SessionTest, AFileWithASenselessDayIsInvalid) {
         });
         EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenInvalid) << periods;
     }
+}
+
+TEST_F(SessionTest, AFileWithASenselessNumberOfTimetablesIsInvalid) {
+    makeYear("year.mdb");
+    change("year.mdb",
+           [](dao::Database& database) { changeRecord(database, AdminTable, u"TTweekly"_s, -7); });
+    EXPECT_EQ(session.OpenDatabaseFile(path("year.mdb"), {}), OpenInvalid);
+    EXPECT_TRUE(session.LastOpenFault().sentence.contains(u"-7"_s));
+}
+
+TEST(OpenFailures, EachCauseHasAMessageOfItsOwn) {
+    QSet<QString> titles;
+    const QString sentence = u"The engine's own."_s;
+    const int causes[] = {dao::DiskFull, dao::CannotOpenFile, dao::OpenedExclusively,
+                          dao::DamagedDatabase};
+    for (const int cause : causes) {
+        const OpenFailure failure = openFailure({cause, sentence, {}}, u"/year.mdb"_s);
+        titles.insert(failure.title);
+        EXPECT_TRUE(failure.text.contains(sentence)) << cause;
+    }
+    EXPECT_EQ(titles.size(), std::size(causes));
 }
 
 TEST_F(SessionTest, AnOlderFileIsBroughtUpToDate) {

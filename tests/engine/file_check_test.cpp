@@ -82,6 +82,9 @@ TEST_F(FileCheckTest, AFaultIsFoundInItsTable) {
                 << each.damage << qPrintable(table.table);
         EXPECT_GE(check.tables[0].records, 50);
         EXPECT_EQ(contentOf(file), before);
+        engine.RepairDatabase(file);
+        for (const dao::TableCheck& table : engine.CheckDatabase(file).tables)
+            EXPECT_EQ(table.fault, QString()) << each.damage << qPrintable(table.table);
     }
 }
 

@@ -53,6 +53,7 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
         damaged.replace(at, 200, QByteArray(200, '\x55'));
     QByteArray badHeader = whole;
     badHeader.replace(16, 40, QByteArray(40, '\xff'));
+    const QByteArray jetHeader("\x00\x01\x00\x00Standard Jet DB\x00\x01", 21);
     struct Case {
         const char* name;
         QByteArray bytes;
@@ -70,6 +71,10 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
           Case{"bad_header.mdb", badHeader, dao::DamagedDatabase},
           Case{"odd_noise.mdb", noise(9000), dao::DamagedDatabase},
           Case{"cut_protected.mdb", locked.left(locked.size() - 300), dao::DamagedDatabase},
+          Case{"longer.mdb", whole + "x", dao::DamagedDatabase},
+          Case{"jet_header.mdb", jetHeader + QByteArray(4 * 4096 - jetHeader.size(), 0),
+               dao::DamagedDatabase},
+          Case{"jet_start.mdb", jetHeader + noise(4000), dao::DamagedDatabase},
           Case{"noise.mdb", noise(9 * 1024), dao::WrongPassword}}) {
         writeFile(path(QString::fromUtf8(file.name)), file.bytes);
         EXPECT_EQ(openError(QString::fromUtf8(file.name)), file.error) << file.name;
@@ -78,6 +83,18 @@ TEST_F(OpenTest, ForeignAndDamagedFilesAreToldApart) {
     EXPECT_EQ(openError(u"missing.mdb"_s), dao::NoSuchFile);
     EXPECT_EQ(openError(u"."_s), dao::CannotOpenFile);
     EXPECT_EQ(openError(u"whole.mdb"_s, u"needless"_s), 0);
+}
+
+TEST_F(OpenTest, ADamagedProtectedFileIsNoWrongPassword) {
+    makeFile(u"locked.mdb"_s, u"secret"_s);
+    const QByteArray locked = bytesOf(path(u"locked.mdb"_s));
+    for (const qsizetype page : {0, 1, 2, 40}) {
+        QByteArray damaged = locked;
+        damaged.replace(page * 1024 + 100, 30, noise(30));
+        writeFile(path(u"locked.mdb"_s), damaged);
+        EXPECT_EQ(openError(u"locked.mdb"_s, u"secret"_s), dao::DamagedDatabase) << page;
+        EXPECT_EQ(openError(u"locked.mdb"_s), dao::WrongPassword) << page;
+    }
 }
 
 TEST_F(OpenTest, AProtectedFileOpensWithItsPasswordAlone) {

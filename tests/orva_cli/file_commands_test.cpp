@@ -161,7 +161,9 @@ TEST_F(CommandLineTest, ADamagedYearIsMendedOnceThatIsAgreedTo) {
 
     const Ended mended = run({u"repair"_s, damaged, u"--yes"_s});
     EXPECT_EQ(mended.status, 0) << qPrintable(mended.errors);
-    EXPECT_EQ(mended.output, damaged + u'\n');
+    EXPECT_TRUE(mended.output.contains(u"Calendar\t0\t0\t0+\t0\n"_s)) << qPrintable(mended.output);
+    EXPECT_TRUE(mended.output.contains(u"Planning\t13\t0\t0\t0\n"_s));
+    EXPECT_TRUE(mended.output.endsWith(damaged + u'\n' + path(u"damaged.damaged.mdb"_s) + u'\n'));
     EXPECT_EQ(run({u"check"_s, damaged}).status, 0);
 
     const Ended hopeless = run({u"repair"_s, written(u"letter.mdb"_s, "Dear Sir"), u"--yes"_s});

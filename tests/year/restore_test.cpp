@@ -1,3 +1,4 @@
+#include "year/repair.h"
 #include "year/restore.h"
 
 #include "core/core_settings.h"

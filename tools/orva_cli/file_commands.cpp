@@ -4,7 +4,7 @@
 #include "core/session.h"
 #include "core/tab_separated.h"
 #include "year/backup.h"
-#include "year/restore.h"
+#include "year/repair.h"
 
 #include <algorithm>
 
@@ -29,9 +29,16 @@ ExitStatus checkYear(const Workplace& workplace, const Call& call) {
 
 ExitStatus repairYear(const Workplace& workplace, const Call& call) {
     workplace.prompts.OfferPassword(call.password);
-    if (!RepairDatabaseFile(backupContext(workplace.session), call.file))
+    const auto outcome = RepairDatabaseFile(backupContext(workplace.session), call.file);
+    if (!outcome)
         return Failed;
+    for (const dao::RepairedTable& each : outcome->report.tables)
+        printLine({each.table, QString::number(each.saved), QString::number(each.inPart),
+                   QString::number(each.lost) + (each.mayLackMore ? u"+"_s : QString()),
+                   QString::number(each.standIns)});
     printLine({call.file});
+    if (!outcome->kept.isEmpty())
+        printLine({outcome->kept});
     return Done;
 }
 

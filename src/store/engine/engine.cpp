@@ -4,6 +4,7 @@
 #include "store/engine/database_core.h"
 #include "store/engine/error.h"
 #include "store/engine/file_check.h"
+#include "store/engine/file_kind.h"
 #include "store/engine/files.h"
 #include "store/engine/jet_import.h"
 #include "store/engine/jet_reader.h"
@@ -20,62 +21,18 @@ using namespace Qt::StringLiterals;
 namespace dao {
 namespace {
 
-/// Enough of a file's start to tell what it is.
-constexpr qsizetype headerBytes = qsizetype{64} * 1024;
-/// Stands in the header of a file that this engine made: "ORVA".
-constexpr int applicationMark = 0x4F525641;
-
-/// The password of a connect text.
-QString passwordOf(const QString& connect) {
-    const QString key = u";pwd="_s;
-    const qsizetype start = connect.indexOf(key, 0, Qt::CaseInsensitive);
-    return start < 0 ? QString() : connect.mid(start + key.size());
-}
-
-/// The file that a path leads to, behind links. Raises 3024 and 3051.
-QString checkedPath(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists())
-        throw EngineError(NoSuchFile, u"The file could not be found."_s);
-    if (!info.isFile() || !info.isReadable())
-        throw EngineError(CannotOpenFile, u"The file could not be opened."_s);
-    return behindLinks(info.absoluteFilePath());
-}
-
-void checkWritable(const QString& path) {
-    if (!QFileInfo(path).isWritable())
-        throw EngineError(CannotOpenFile, u"The file could not be opened for writing."_s);
-}
-
-/// What the start of a file tells of it.
-enum class FileKind { Plain, Protected, Jet, Foreign };
-
-FileKind kindOf(const QByteArray& start, qint64 size) {
-    if (isPlainHeader(start))
-        return FileKind::Plain;
-    if (isJetHeader(start))
-        return FileKind::Jet;
-    return looksProtected(start, size) ? FileKind::Protected : FileKind::Foreign;
-}
-
-void connectOwnFile(DatabaseCore& core, FileKind kind) {
-    if (kind == FileKind::Foreign)
-        throw EngineError(DamagedDatabase, u"The file is not a database, or it is damaged."_s);
-    if (kind == FileKind::Plain)
-        core.password.clear();
-    else if (core.password.isEmpty())
-        throw EngineError(WrongPassword, u"A password is needed."_s);
-    core.connection = Connection(core.path, Connection::Mode::Existing, core.password);
-}
-
 void openOwnFile(DatabaseCore& core, FileKind kind) {
     connectOwnFile(core, kind);
+    if (!hasWholePages(*core.file, kind))
+        throw EngineError(DamagedDatabase, u"The file is damaged: its end is missing."_s);
     core.connection.checkStructure();
     if (!core.readOnly)
         core.connection.execute(u"PRAGMA journal_mode = DELETE"_s);
 }
 
-void openJetFile(DatabaseCore& core, const QByteArray& start) {
+void openJetFile(DatabaseCore& core) {
+    const QByteArray start = core.file->read(headerBytes);
+    checkJetPages(start, core.file->size());
     const QString password = jetPassword(start);
     if (password != core.password && !password.isEmpty())
         throw EngineError(WrongPassword, u"A password is needed."_s);
@@ -135,14 +92,13 @@ Database Workspace::OpenDatabase(const QString& path, bool exclusive, bool readO
     auto file = OpenFile::acquire(absolute);
     if (exclusive && file->handles > 0)
         throw EngineError(OpenedExclusively, u"The file is already open."_s);
-    const QByteArray start = file->read(headerBytes);
-    const FileKind kind = kindOf(start, file->size());
+    const FileKind kind = kindOf(*file, absolute);
     if (!readOnly && kind != FileKind::Jet) // which is only read
         checkWritable(absolute);
     auto core = std::make_shared<DatabaseCore>(absolute, passwordOf(connect),
                                                readOnly || kind == FileKind::Jet, std::move(file));
     if (kind == FileKind::Jet)
-        openJetFile(*core, start);
+        openJetFile(*core);
     else
         openOwnFile(*core, kind);
     if (!core->readOnly) // the copy of a change of password that was cut off, maybe an open one
@@ -253,37 +209,16 @@ void DBEngine::CompactDatabase(const QString& source, const QString& destination
 FileCheck DBEngine::CheckDatabase(const QString& path, const QString& connect) const {
     const QString absolute = checkedPath(path);
     auto file = OpenFile::acquire(absolute);
-    const QByteArray start = file->read(headerBytes);
-    const FileKind kind = kindOf(start, file->size());
+    const FileKind kind = kindOf(*file, absolute);
     DatabaseCore core(absolute, passwordOf(connect), true, std::move(file));
     if (kind == FileKind::Jet)
-        openJetFile(core, start);
+        openJetFile(core);
     else
         connectOwnFile(core, kind);
-    return checkTables(core.connection);
-}
-
-void DBEngine::RepairDatabase(const QString& path, const QString& connect) const {
-    const QString absolute = checkedPath(path);
-    checkWritable(absolute);
-    const auto file = OpenFile::acquire(absolute);
-    const FileKind kind = kindOf(file->read(headerBytes), file->size());
-    if (kind != FileKind::Plain && kind != FileKind::Protected)
-        throw EngineError(DamagedDatabase, u"Nothing of the file can be read."_s);
-    const QString password = kind == FileKind::Plain ? QString() : passwordOf(connect);
-    if (kind == FileKind::Protected && password.isEmpty())
-        throw EngineError(WrongPassword, u"A password is needed."_s);
-    Connection connection(absolute, Connection::Mode::Existing, password);
-    try {
-        return connection.checkStructure();
-    } catch (const EngineError& error) {
-        if (error.number() != DamagedDatabase)
-            throw;
-    }
-    const QString copy = unfinishedName(absolute);
-    writeSalvagedCopy(connection, copy, password);
-    connection.close();
-    replaceFile(copy, absolute);
+    FileCheck check = checkTables(core.connection);
+    if (check.fault.isEmpty() && kind != FileKind::Jet && !hasWholePages(*core.file, kind))
+        check.fault = u"The file is damaged: its end is missing."_s;
+    return check;
 }
 
 } // namespace dao

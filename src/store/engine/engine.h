@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/engine/database.h"
+#include "store/engine/repair.h"
 
 #include <QList>
 
@@ -8,7 +9,11 @@
 
 namespace dao {
 
+class PageFile;
 class WorkspaceCore;
+
+/// Stands in the header of a file that this engine made: "ORVA".
+inline constexpr int applicationMark = 0x4F525641;
 
 /// The text that CreateDatabase takes for the language of a file.
 inline constexpr QStringView GeneralLocale = u";LANGID=0x0409;CP=1252;COUNTRY=0";
@@ -81,11 +86,21 @@ public:
     /// against indexes, rules and relations. Raises what OpenDatabase raises, but for damage only
     /// where the tables can't be told. The file stays as it is.
     FileCheck CheckDatabase(const QString& path, const QString& connect = {}) const;
-    /// Mends a damaged file in place: keeps what can be read. A file that is whole stays as it is.
-    /// Raises 3343 where nothing can be read; the file then stays as it was.
-    void RepairDatabase(const QString& path, const QString& connect = {}) const;
+    /// Mends a damaged file in place, whatever of its pages is damaged or missing: all records on
+    /// those that are whole are brought back, and what CheckDatabase finds wrong is put right. The
+    /// damaged file stays as `keptAs` unless that is empty; a file that is whole stays as it is.
+    /// Raises 3343 where nothing can be read, 3031 for a missing or wrong password, 3182 on a full
+    /// disk; the file then stays as it was.
+    RepairReport RepairDatabase(const QString& path, const QString& connect = {},
+                                const QString& keptAs = {},
+                                const RepairKnowledge& knowledge = {}) const;
+    /// Whether a file that does not open looks as if a repair could bring something back.
+    bool MayBeRepaired(const QString& path) const;
 
 private:
+    static RepairReport writeSalvaged(const PageFile& pages, const QString& path,
+                                      const QString& password, const RepairKnowledge& knowledge);
+
     Workspace m_default;
 };
 

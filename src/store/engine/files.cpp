@@ -166,6 +166,18 @@ void replaceFile(const QString& finished, const QString& target) {
     }
 }
 
+void keepFile(const QString& path, const QString& keptAs) {
+    if (::link(QFile::encodeName(path).constData(), QFile::encodeName(keptAs).constData()) == 0)
+        return;
+    // There are file systems that know no second names.
+    if (!QFile::copy(path, keptAs)) {
+        const int cause = errno;
+        QFile::remove(keptAs);
+        raiseFileError(keptAs, cause);
+    }
+    flushToDisk(keptAs);
+}
+
 void removeDatabaseFile(const QString& path) {
     QFile::remove(path);
     removeSideFiles(path);

@@ -40,6 +40,10 @@ void flushToDisk(const QString& path);
 /// must be in the same folder. Raises as flushToDisk; then `target` is as it was.
 void replaceFile(const QString& finished, const QString& target);
 
+/// Lets a file stay under a second name, which no file has yet, when another takes its place.
+/// Raises 3043, on a full disk 3182.
+void keepFile(const QString& path, const QString& keptAs);
+
 /// Removes a database and the side files that the engine may have left with it, where they are.
 void removeDatabaseFile(const QString& path);
 

@@ -6,6 +6,7 @@
 #include "store/engine/jet_mdb.h"
 #include "store/engine/jet_wire.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -57,6 +58,17 @@ bool isJetHeader(const QByteArray& start) {
     return start.size() > VersionOffset && start.startsWith(mark) &&
            (static_cast<JetFormat>(start[VersionOffset]) == JetFormat::Jet3 ||
             static_cast<JetFormat>(start[VersionOffset]) == JetFormat::Jet4);
+}
+
+void checkJetPages(const QByteArray& start, qint64 size) {
+    constexpr qint64 fewestPages = 3; // the header, the room that is taken, the catalogue
+    const bool isJet3 = static_cast<JetFormat>(start[VersionOffset]) == JetFormat::Jet3;
+    const qint64 pageSize = isJet3 ? 2048 : 4096;
+    const QByteArrayView behind = QByteArrayView(start).sliced(std::min(start.size(), pageSize));
+    const bool isVoid =
+        std::all_of(behind.begin(), behind.end(), [](char byte) { return byte == 0; });
+    if (size < fewestPages * pageSize || size % pageSize != 0 || isVoid)
+        raiseDamaged();
 }
 
 QString jetPassword(const QByteArray& start) {

@@ -22,6 +22,9 @@ struct JetContent {
 /// Whether bytes from the start of a file are those of a genuine Jet file (.mdb of Jet 3 or 4).
 bool isJetHeader(const QByteArray& start);
 
+/// Raises 3343 for a Jet file whose end is missing: `start` is its start, `size` its length.
+void checkJetPages(const QByteArray& start, qint64 size);
+
 /// The password that a Jet file is protected with, empty for none. `start`: its first 4096 bytes
 /// at least, fewer raise 3343.
 QString jetPassword(const QByteArray& start);

@@ -99,12 +99,13 @@ std::shared_ptr<OpenFile> OpenFile::acquire(const QString& path) {
     return file;
 }
 
-QByteArray OpenFile::read(qsizetype count) const {
+QByteArray OpenFile::read(qsizetype count, qint64 from) const {
     QByteArray bytes(count, Qt::Uninitialized);
     qsizetype done = 0;
     while (done < count) {
-        const ssize_t got = ::pread(m_descriptor, bytes.data() + done,
-                                    static_cast<size_t>(count - done), static_cast<off_t>(done));
+        const ssize_t got =
+            ::pread(m_descriptor, bytes.data() + done, static_cast<size_t>(count - done),
+                    static_cast<off_t>(from + done));
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)

@@ -23,9 +23,9 @@ public:
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
-    /// Bytes from the start of the file, fewer where it is shorter. Read through the lock's own
-    /// handle: opening and closing another would drop the database library's locks.
-    QByteArray read(qsizetype count) const;
+    /// Bytes of the file from a place on, fewer where it ends. Read through the lock's own handle:
+    /// opening and closing another would drop the database library's locks.
+    QByteArray read(qsizetype count, qint64 from = 0) const;
     qint64 size() const;
     /// Whether the path still leads to this file: it may have been moved, deleted or replaced.
     bool isAt(const QString& path) const;

@@ -7,6 +7,7 @@
 #include "store/engine/error.h"
 #include "year/backup.h"
 #include "year/recent_years.h"
+#include "year/repair.h"
 #include "year/restore.h"
 #include "year/screens/startup_wizard_lists.h"
 #include "year/screens/startup_wizard_pages.h"
@@ -49,11 +50,8 @@ private:
 } // namespace
 
 StartupWizard::StartupWizard(Session& session)
-    : StartupWizard(session, session.Engine().Version()) {}
-
-StartupWizard::StartupWizard(Session& session, const QString& engineVersion)
     : m_session(session)
-    , m_actions(new ActionsPage(startupActions(engineVersion), RecentYears(session.GetSettings())))
+    , m_actions(new ActionsPage(startupActions(), RecentYears(session.GetSettings())))
     , m_teacher(new TeacherPage(session.GetSeams().clock.today()))
     , m_classes(new ClassesPage(session.GetSeams().prompts))
     , m_weekA(new TimetablePage(u'A'))
@@ -297,11 +295,11 @@ bool StartupWizard::openDatabase(const QString& path, FailureBox failureBox) {
     // A copy: the path may be the session's own, which changes when a converted file is opened.
     const QString asked = path;
     m_session.DatabasePath = asked;
-    const OpenResult result = m_session.OpenDatabaseFile(asked, {});
+    const OpenResult result = OpenOrRepair(m_session, asked, {});
     if (result == OpenDone)
         return true;
     if (result != OpenCancelled) {
-        const OpenFailure failure = failureBox(result, asked);
+        const OpenFailure failure = failureBox(m_session.LastOpenFault(), asked);
         m_session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     m_session.DatabasePath.clear();

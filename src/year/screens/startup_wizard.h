@@ -30,8 +30,6 @@ class StartupWizard : public QWidget {
 
 public:
     explicit StartupWizard(Session& session);
-    /// `engineVersion` decides which actions there are: only "3.5" has a repair of its own.
-    StartupWizard(Session& session, const QString& engineVersion);
 
     /// Goes straight to a page of the set-up, by the number of its frame: "0" is where it begins.
     void startSetup(const QString& frame);
@@ -50,7 +48,7 @@ protected:
 
 private:
     static constexpr int Frames = 7;
-    using FailureBox = OpenFailure (*)(OpenResult, const QString&);
+    using FailureBox = OpenFailure (*)(const OpenFault&, const QString&);
 
     void makePages();
     QWidget* makeSetupPages();
