@@ -6,6 +6,9 @@
 #include "store/table_structure.h"
 #include "support/screen_planning.h"
 
+#include <QFileInfo>
+#include <QListWidget>
+
 namespace {
 
 class ShortTermPlanScreen : public PlanningScreen<DailySheetWindow, ToolWindow::DailySheet> {
@@ -141,4 +144,32 @@ TEST_F(ShortTermPlanScreen, RefusesWhatAFieldCannotHold) {
         EXPECT_EQ(on<QLineEdit>(name).maxLength(), 200);
     click("cmdCloseSTP");
     EXPECT_EQ(kept(1, u"Subject"_s).size(), 25);
+}
+
+TEST_F(ShortTermPlanScreen, WhatCannotBeWrittenStaysWhereItIs) {
+    open();
+    openPlan("Label1(0)");
+    type("LSA", u"precious"_s);
+    seams.clock.advance(std::chrono::seconds(2));
+    box("LSA").setSelectedText(QString(60'000, u'x'));
+    {
+        const FileSizeLimit fullDisk(QFileInfo(path()).size());
+        const auto leave = [&](const std::function<void()>& way) {
+            seams.prompts.expect(PromptKind::Plain, u"Validate Data Error"_s, AnswerOk);
+            way();
+            EXPECT_TRUE(isPlanShown());
+            EXPECT_EQ(periods().currentRow(), 0);
+            EXPECT_EQ(label("LbDate"), u"24-09-09"_s);
+        };
+        leave([&] { click("cmdCloseSTP"); });
+        leave([&] { periods().setCurrentRow(1); });
+        leave([&] { click("Command1(1)"); });
+        leave([&] {
+            seams.prompts.expect(PromptKind::Message, u"Not saved"_s, AnswerNo);
+            window->parentWidget()->close();
+        });
+    }
+    click("cmdCloseSTP");
+    EXPECT_FALSE(isPlanShown());
+    EXPECT_EQ(kept(1, u"LSA"_s).size(), 60'008);
 }

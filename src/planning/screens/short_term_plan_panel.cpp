@@ -47,6 +47,16 @@ private:
     bool m_isChanged = false;
 };
 
+/// As narrow as its column, and nothing to the mouse wheel.
+QComboBox* makeList() {
+    auto* list = new QComboBox;
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(ChoiceWidthInLetters);
+    list->setFocusPolicy(Qt::StrongFocus);
+    ignoreWheel(*list);
+    return list;
+}
+
 /// Where a rich text of the plan stands. The grid has six columns; a caption is above its box.
 struct TextPlace {
     QString field; ///< empty: the sheet's lesson, and behind it the homework
@@ -222,17 +232,14 @@ QWidget* ShortTermPlanPanel::makeTexts(FormatTools& tools) {
 }
 
 QComboBox* ShortTermPlanPanel::makeSubject() {
-    auto* list = new QComboBox;
+    QComboBox* list = makeList();
     list->setObjectName(u"CBoSub"_s);
     list->setEditable(true);
     list->setInsertPolicy(QComboBox::NoInsert);
     list->setCompleter(nullptr); // what is typed is what is meant
     list->addItems(subjectChoices());
     list->setCurrentIndex(-1);
-    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(ChoiceWidthInLetters);
     list->setAccessibleName(u"Subject"_s);
-    ignoreWheel(*list);
     QLineEdit* line = list->lineEdit();
     line->setAccessibleName(list->accessibleName());
     const QString field = u"Subject"_s;
@@ -249,12 +256,9 @@ QComboBox* ShortTermPlanPanel::makeSubject() {
 
 QComboBox* ShortTermPlanPanel::makeChoice(const QString& field, const QString& name,
                                           const QStringList& choices) {
-    auto* list = new QComboBox;
+    QComboBox* list = makeList();
     list->addItems(choices);
     list->setAccessibleName(name);
-    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(ChoiceWidthInLetters);
-    ignoreWheel(*list);
     m_bound.push_back(std::make_unique<BoundChoice>(*list));
     m_plan.bind(field, *m_bound.back());
     connect(list, &QComboBox::activated, this, &ShortTermPlanPanel::edited);
