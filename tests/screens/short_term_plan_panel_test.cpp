@@ -55,6 +55,9 @@ TEST_F(ShortTermPlanScreen, LiesOverTheSheetUntilItIsClosed) {
     EXPECT_TRUE(box("Text1(2)").isVisible() && box("Text3(2)").isVisible());
     EXPECT_FALSE(box("Text1(0)").isVisible() || button("CMD2").isVisible());
     checkScreen(*window, u"ORVAfrm_plan"_s);
+    const QSize smallest = window->parentWidget()->minimumSizeHint();
+    resize(smallest.width(), smallest.height());
+    checkScreen(*window, u"ORVAfrm_plan_narrow"_s);
     click("cmdCloseSTP");
     EXPECT_FALSE(isPlanShown());
     EXPECT_EQ(window->windowTitle(), u"Quick Daily Planning Sheet"_s);

@@ -24,8 +24,8 @@ namespace {
 constexpr int LeastTextHeight = 58;
 constexpr int ListShare = 2;
 constexpr int DetailsShare = 4;
-constexpr int ListWidthInLetters = 20;
-constexpr int ChoiceWidthInLetters = 10;
+constexpr int ListWidthInLetters = 18;
+constexpr int ChoiceWidthInLetters = 7;
 
 /// A list of choices as the plan sees it. What is none of them is no choice.
 class BoundChoice : public BoundBox {
@@ -105,6 +105,7 @@ ShortTermPlanPanel::ShortTermPlanPanel(ShortTermPlan& plan, int terms, FormatToo
     QWidget* header = makeHeader();
     makePeriodList();
     auto* top = new QHBoxLayout;
+    top->setSpacing(2);
     top->addWidget(m_periods, ListShare);
     top->addWidget(makeDetails(terms), DetailsShare);
     top->addWidget(makeTimings());
@@ -157,6 +158,7 @@ void ShortTermPlanPanel::makePeriodList() {
     // As high as what stands beside it.
     m_periods->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
     m_periods->setMinimumWidth(m_periods->fontMetrics().averageCharWidth() * ListWidthInLetters);
+    m_periods->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // The current item alone says nothing: the list makes one when the focus comes.
     connect(m_periods, &QListWidget::itemSelectionChanged, this, [this] {
         const QList<QListWidgetItem*> chosen = m_periods->selectedItems();
