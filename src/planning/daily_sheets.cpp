@@ -43,7 +43,20 @@ QString sheetHeading(QDate date) {
 }
 
 DailySheets::DailySheets(Session& session)
-    : m_session(session), m_binding(session.GetSeams().prompts) {}
+    : m_session(session), m_binding(session.GetSeams().prompts), m_plan(session) {}
+
+bool DailySheets::save() {
+    const bool isPlanKept = m_plan.flush();
+    return m_binding.flush() && isPlanKept;
+}
+
+Leaving DailySheets::leave() {
+    const Leaving plan = m_plan.leave();
+    if (plan == Leaving::Done)
+        return m_binding.leave();
+    m_binding.flush(); // the sheet stays, but what can be kept of it is
+    return plan;
+}
 
 void DailySheets::open() {
     m_data = m_session.CurrentDB.OpenRecordset(u"SELECT * FROM Planning ORDER BY PlanDate"_s);
@@ -73,7 +86,7 @@ void DailySheets::tell(const QString& title, const dao::EngineError& error) cons
 /// The boxes must never show another row than the one that they would be written to. So where
 /// something fails on the way from one to the other, the sheet that was shown is read anew.
 void DailySheets::moving(const std::function<void()>& work) {
-    if (m_binding.leave() != Leaving::Done)
+    if (leave() != Leaving::Done)
         return;
     try {
         work();
@@ -256,6 +269,16 @@ int DailySheets::week() const {
 
 QString DailySheets::classOf(int period) const {
     return m_binding.value(classField(period)).toText();
+}
+
+QList<PlannablePeriod> DailySheets::plannablePeriods() const {
+    QList<PlannablePeriod> periods;
+    for (int period = 1; period <= m_session.PeriodsPerDay; ++period) {
+        const QString code = classOf(period);
+        if (!code.isEmpty() && ShortTermPlan::takes(period))
+            periods += {period, u"Period %1   Class: %2"_s.arg(QString::number(period), code)};
+    }
+    return periods;
 }
 
 void DailySheets::selectPeriod(int period) {

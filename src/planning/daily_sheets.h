@@ -1,6 +1,7 @@
 #pragma once
 
 #include "planning/sheet_events.h"
+#include "planning/short_term_plan.h"
 #include "store/row_binding.h"
 
 #include <QDate>
@@ -32,6 +33,12 @@ struct ClassCoding {
 };
 inline const QString ShortTermPlanTip = QStringLiteral("Short Term Plan data available.");
 
+/// A period of a sheet that can be planned, as the list of the short term plan names it.
+struct PlannablePeriod {
+    int period;
+    QString caption; ///< "Period 3   Class: 7A"
+};
+
 /// The daily planning sheets of the open year, browsed in the order of their dates: the recordset
 /// "SELECT * FROM Planning ORDER BY PlanDate" with the boxes that are bound to its current row.
 ///
@@ -43,6 +50,12 @@ public:
     explicit DailySheets(Session& session);
 
     RowBinding& binding() { return m_binding; }
+    /// The short term plan that lies over the sheet. Whatever leaves the row writes it too.
+    ShortTermPlan& plan() { return m_plan; }
+    /// Writes the row and the plan without leaving them. Answers whether nothing failed.
+    bool save();
+    /// The same before the row or its boxes go. Answers whether they may.
+    Leaving leave();
     /// Is called whenever another row is shown or the set of rows has changed.
     void onChange(std::function<void()> changed) { m_changed = std::move(changed); }
 
@@ -73,6 +86,8 @@ public:
     QString heading() const;      ///< empty without a sheet
     int week() const;             ///< the teaching week of the sheet
     QString classOf(int period) const;
+    /// The periods that have a class.
+    QList<PlannablePeriod> plannablePeriods() const;
     /// A period has been selected (0: none): its class is the session's current one.
     void selectPeriod(int period);
 
@@ -109,6 +124,7 @@ private:
 
     Session& m_session;
     RowBinding m_binding;
+    ShortTermPlan m_plan;
     dao::Recordset m_data;
     int m_count = 0;
     QString m_shown; ///< the date of the sheet that is shown, as planDate()

@@ -5,27 +5,10 @@
 #include "planning/sheet_making.h"
 
 #include "store/schema.h"
+#include "support/plain_bound.h"
 #include "support/planning_year.h"
 
 namespace {
-
-/// A box that a test writes in.
-struct PlainBound : BoundBox {
-    QString shown;
-    bool changed = false;
-
-    void show(const QString& text) override {
-        shown = text;
-        changed = false;
-    }
-    QString text() const override { return shown; }
-    bool dataChanged() const override { return changed; }
-    void setDataChanged(bool isChanged) override { changed = isChanged; }
-    void type(const QString& text) {
-        shown = text;
-        changed = true;
-    }
-};
 
 /// A year from 4 to 13 and 23 to 27 September 2024 (thirteen sheets, week 1 is a B week); today is
 /// Monday the 9th, in week 2.

@@ -16,6 +16,7 @@
 #include "planning/screens/period_area.h"
 #include "planning/screens/sheet_bar.h"
 #include "planning/screens/sheet_commands.h"
+#include "planning/screens/short_term_plan_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -34,6 +35,8 @@ namespace {
 
 constexpr QSize DailySheetSize(960, 620);
 
+const QString sheetTitle = u"Quick Daily Planning Sheet"_s;
+const QString planTitle = u"Short Term Plan:"_s;
 const QString maximiseActivityTip = u"Maximise Selected Activity"_s;
 const QString restoreTip = u"Restore"_s;
 
@@ -47,10 +50,10 @@ DailySheetWindow::DailySheetWindow(Session& session)
     , m_commands(new SheetCommands(session, *m_tools, *this))
     , m_writing(*this, session.GetSeams(),
                 {.what = u"The daily planning sheet"_s,
-                 .save = [this] { return m_sheets.binding().flush(); },
-                 .leave = [this] { return m_sheets.binding().leave(); }}) {
+                 .save = [this] { return m_sheets.save(); },
+                 .leave = [this] { return m_sheets.leave(); }}) {
     setObjectName(u"ORVAfrm"_s);
-    setWindowTitle(u"Quick Daily Planning Sheet"_s);
+    setWindowTitle(sheetTitle);
     makeParts();
     makeMenus();
     bindBoxes();
@@ -64,6 +67,7 @@ DailySheetWindow::DailySheetWindow(Session& session)
 
 DailySheetWindow::~DailySheetWindow() {
     m_writing.end();
+    m_sheets.plan().close();
     // The parts tell of losing the focus while they go: as long as there is somebody to hear it.
     delete m_pages;
 }
@@ -163,6 +167,8 @@ void DailySheetWindow::connectCommands() {
         m_periods->selectPeriod(period);
         m_commands->periodMenu()->popup(place);
     });
+    connect(m_periods, &PeriodArea::planWanted, this, &DailySheetWindow::ZoomIn);
+    connect(m_commands, &SheetCommands::planToggled, this, &DailySheetWindow::togglePlan);
     connect(m_maximiseButton, &QToolButton::clicked, this, &DailySheetWindow::toggleMaximised);
     connect(m_commands, &SheetCommands::maximiseWanted, this, &DailySheetWindow::toggleMaximised);
     connect(m_commands, &SheetCommands::createWanted, &m_bar->calendar(), &DateField::dropDown);
@@ -193,14 +199,17 @@ void DailySheetWindow::followTheYear() {
 void DailySheetWindow::closeEvent(QCloseEvent* event) {
     // A text that could not be written stays where it can be seen.
     event->setAccepted(m_writing.mayGo());
+    if (event->isAccepted())
+        m_sheets.plan().close();
 }
 
 void DailySheetWindow::sheetChanged() {
+    closePlan();
     restore();
     m_bar->showPosition();
     setHasSheet(!m_sheets.isEmpty());
     m_periods->selectPeriod(0); // also what the focus selects on its way out of disabled boxes
-    m_commands->enable(!m_sheets.isEmpty(), false);
+    enableCommands();
     if (m_sheets.isEmpty())
         return m_bottom->showEvents({});
     m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
@@ -214,6 +223,8 @@ void DailySheetWindow::showClassesAgain() {
     m_sheets.refresh();
     if (!m_sheets.isEmpty())
         m_periods->showCoding(m_sheets.classCoding(m_showsCoding));
+    if (m_sheets.plan().isOpen())
+        listPlannable();
 }
 
 void DailySheetWindow::setHasSheet(bool hasSheet) {
@@ -227,12 +238,14 @@ void DailySheetWindow::applyDefaultFont() {
         m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
     for (auto box = m_places.keyBegin(); box != m_places.keyEnd(); ++box)
         (*box)->applyDefaultFont(font);
+    if (m_sheets.plan().isOpen())
+        m_planPanel->applyDefaultFont(font);
 }
 
 void DailySheetWindow::selectPeriod(int period) {
     m_sheets.selectPeriod(period);
     m_links->showLinks(m_sheets.planDate(), period);
-    m_commands->enable(!m_sheets.isEmpty(), period > 0);
+    enableCommands();
     placeMaximiseButton();
 }
 
@@ -284,9 +297,106 @@ void DailySheetWindow::restore() {
 }
 
 void DailySheetWindow::placeMaximiseButton() {
-    const int period = m_periods->selectedPeriod();
+    const int period = m_sheets.plan().isOpen() ? 0 : m_periods->selectedPeriod();
     const QString tip = m_maximised > 0 ? restoreTip : maximiseActivityTip;
     m_commands->maximise()->setText(tip);
     m_maximiseButton->setMaximised(m_maximised > 0, tip);
     m_maximiseButton->standOn(period > 0 ? m_periods->lesson(period).viewport() : nullptr);
+}
+
+void DailySheetWindow::enableCommands() {
+    m_commands->enable(!m_sheets.isEmpty(), m_periods->selectedPeriod(), m_sheets.plan().isOpen());
+}
+
+void DailySheetWindow::togglePlan() {
+    if (m_sheets.plan().isOpen())
+        ZoomOut();
+    else
+        ZoomIn(m_periods->selectedPeriod());
+    enableCommands(); // the command has ticked itself
+}
+
+void DailySheetWindow::ZoomIn(int period) {
+    ShortTermPlan& plan = m_sheets.plan();
+    if (m_sheets.isEmpty() || !ShortTermPlan::takes(period) || period == plan.period())
+        return;
+    const bool isAnother = plan.isOpen();
+    m_sheets.binding().flush();
+    if (plan.leave() != Leaving::Done)
+        return m_planPanel->showPeriod(plan.period());
+    if (isAnother)
+        putPlanAway();
+    else
+        restore();
+    makePlanPanel();
+    if (plan.open(m_sheets.planDate(), period))
+        showPlan(isAnother);
+    else
+        showSheetPage();
+}
+
+void DailySheetWindow::ZoomOut() {
+    m_sheets.binding().flush();
+    if (m_sheets.plan().leave() != Leaving::Done)
+        return;
+    closePlan();
+    m_periods->showCoding(m_sheets.classCoding(m_showsCoding)); // with the mark of the plan
+}
+
+/// With the first plan that is opened, so that the sheet itself stands sooner.
+void DailySheetWindow::makePlanPanel() {
+    if (m_planPanel)
+        return;
+    m_planPanel = new ShortTermPlanPanel(m_sheets.plan(), m_session.TermCount, *m_tools);
+    m_pages->addWidget(m_planPanel);
+    connect(m_planPanel, &ShortTermPlanPanel::edited, this, [this] { m_writing.typed(); });
+    connect(m_planPanel, &ShortTermPlanPanel::periodChosen, this, &DailySheetWindow::ZoomIn);
+    connect(m_planPanel, &ShortTermPlanPanel::closeWanted, this, &DailySheetWindow::ZoomOut);
+}
+
+/// The plan that has been opened; `isAnother`: in place of one that the panel showed before.
+void DailySheetWindow::showPlan(bool isAnother) {
+    const int period = m_sheets.plan().period();
+    if (isAnother)
+        m_planPanel->showPeriod(period); // the list is what has chosen it
+    else
+        listPlannable();
+    m_planPanel->takeIn(m_periods->lesson(period), m_periods->homework(period));
+    m_pages->setCurrentWidget(m_planPanel);
+    setWindowTitle(planTitle);
+    m_periods->selectPeriod(period);
+    enableCommands();
+    placeMaximiseButton();
+    applyDefaultFont();
+    if (!isAnother)
+        m_planPanel->setFocus();
+}
+
+void DailySheetWindow::listPlannable() {
+    m_planPanel->showSheet(m_sheets.heading(), m_sheets.plannablePeriods());
+    m_planPanel->showPeriod(m_sheets.plan().period());
+}
+
+void DailySheetWindow::putPlanAway() {
+    m_periods->takeBack(m_sheets.plan().period());
+    m_sheets.plan().close();
+}
+
+/// Shows the sheet again, where the plan has been written or given up.
+void DailySheetWindow::closePlan() {
+    const int period = m_sheets.plan().period();
+    if (period == 0)
+        return;
+    const bool hadFocus = m_planPanel->isAncestorOf(QApplication::focusWidget());
+    putPlanAway();
+    showSheetPage();
+    if (hadFocus)
+        m_periods->lesson(period).setFocus();
+}
+
+void DailySheetWindow::showSheetPage() {
+    m_pages->setCurrentIndex(0);
+    setWindowTitle(sheetTitle);
+    enableCommands();
+    placeMaximiseButton();
 }

@@ -19,6 +19,7 @@ class QStackedWidget;
 class RichTextBox;
 class SheetBar;
 class SheetCommands;
+class ShortTermPlanPanel;
 
 /// The daily planning sheet: the teacher's desk diary, a sheet a date. What is written on it is on
 /// disk at the latest two seconds after the first key that is not, and whenever the window, the
@@ -32,6 +33,11 @@ public:
 
     /// Goes to the sheet of a date, for other windows.
     void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
+    /// Lays the short term plan of a period over the sheet, or that of another period in place of
+    /// the one that is open. Stays as it is where that could not be saved.
+    void ZoomIn(int period);
+    /// Saves the short term plan and shows the sheet again.
+    void ZoomOut();
     QSize sizeHint() const override;
 
 protected:
@@ -56,6 +62,14 @@ private:
     void selectPeriod(int period);
     void pickDate(QDate date);
     void openRegister();
+    void enableCommands();
+    void togglePlan();
+    void makePlanPanel();
+    void showPlan(bool isAnother);
+    void listPlannable();
+    void putPlanAway();
+    void closePlan();
+    void showSheetPage();
     void carryOut(SheetEvent event);
 
     void toggleMaximised();
@@ -71,11 +85,12 @@ private:
     PeriodArea* m_periods = nullptr;
     BottomBlocks* m_bottom = nullptr;
     LinksPanel* m_links = nullptr;
-    QStackedWidget* m_pages = nullptr; ///< the sheet, and the page of a maximised lesson
+    QStackedWidget* m_pages = nullptr; ///< the sheet, the page of a maximised lesson, the plan
     QLabel* m_maximisedHeading = nullptr;
     QWidget* m_maximisedPage = nullptr;
     int m_maximised = 0; ///< the period whose lesson is maximised; 0 is none
     MaximiseButton* m_maximiseButton = nullptr;
+    ShortTermPlanPanel* m_planPanel = nullptr; ///< made with the first plan that is opened
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     QHash<RichTextBox*, SheetPlace> m_places;
     KeptWriting m_writing; ///< last

@@ -105,6 +105,8 @@ void PeriodArea::addLine(int period, const QStringList& classCodes) {
     m_grid->setRowStretch(row, 1);
     const auto select = [this, period] { selectPeriod(period); };
     connect(line.heading, &PeriodHeading::pressed, this, select);
+    connect(line.heading, &PeriodHeading::doubleClicked, this,
+            [this, period] { emit planWanted(period); });
     connect(line.classBox, &ClassBox::entered, this, select);
     connect(line.classBox, &ClassBox::edited, this, select);
     for (RichTextBox* box : {line.lesson, line.homework}) {
@@ -124,7 +126,7 @@ void PeriodArea::selectPeriod(int period) {
     if (period > 0) {
         const Line& chosen = line(period);
         chosen.heading->setSelected(true);
-        if (!chosen.classBox->hasFocus() && !chosen.lesson->hasFocus() &&
+        if (isVisible() && !chosen.classBox->hasFocus() && !chosen.lesson->hasFocus() &&
             !chosen.homework->hasFocus())
             chosen.lesson->setFocus();
     }
@@ -132,11 +134,14 @@ void PeriodArea::selectPeriod(int period) {
 }
 
 void PeriodArea::takeBack(int period) {
-    m_grid->addWidget(line(period).lesson, period - 1, LessonColumn);
-    // In the order of Tab the lesson goes back between the class and the homework.
-    setTabOrder(line(period).classBox, line(period).lesson);
-    setTabOrder(line(period).lesson, line(period).homework);
-    line(period).lesson->show();
+    const Line& back = line(period);
+    m_grid->addWidget(back.lesson, period - 1, LessonColumn);
+    m_grid->addWidget(back.homework, period - 1, HomeworkColumn);
+    // In the order of Tab they go back behind the class.
+    setTabOrder(back.classBox, back.lesson);
+    setTabOrder(back.lesson, back.homework);
+    back.lesson->show();
+    back.homework->show();
 }
 
 void PeriodArea::setHasSheet(bool hasSheet) {

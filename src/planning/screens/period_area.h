@@ -29,7 +29,7 @@ public:
 
     int selectedPeriod() const { return m_selected; } ///< 0 is none
     /// Selects a period, or none for 0. The lesson takes the focus unless a box of the period has
-    /// it.
+    /// it, or something else lies over the periods.
     void selectPeriod(int period);
 
     /// Whether there is a sheet to write on; without one everything is grey.
@@ -38,11 +38,12 @@ public:
     void showCoding(const QList<ClassCoding>& coding);
     /// The classes to choose from; what stands in the boxes stays.
     void setClassCodes(const QStringList& codes);
-    /// Puts the lesson's box back into its line, from wherever it was shown.
+    /// Puts the boxes of lesson and homework back into their line, from wherever they were shown.
     void takeBack(int period);
 
 signals:
     void periodSelected(int period);
+    void planWanted(int period); ///< the short term plan
     void menuWanted(int period, const QPoint& place);
 
 protected:

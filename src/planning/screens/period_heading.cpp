@@ -36,6 +36,13 @@ void PeriodHeading::mousePressEvent(QMouseEvent* event) {
     emit pressed();
 }
 
+void PeriodHeading::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        emit doubleClicked();
+    else
+        mousePressEvent(event);
+}
+
 void PeriodHeading::contextMenuEvent(QContextMenuEvent* event) {
     emit menuWanted(event->globalPos());
 }

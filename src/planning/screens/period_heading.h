@@ -13,10 +13,12 @@ public:
 
 signals:
     void pressed();
+    void doubleClicked();
     /// The popup of the heading is wanted, at a place of the screen.
     void menuWanted(const QPoint& place);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 };

@@ -7,6 +7,7 @@
 #include "controls/layout_toolbar.h"
 #include "controls/rich_text_box.h"
 #include "core/session.h"
+#include "planning/short_term_plan.h"
 
 #include <QAction>
 #include <QMenu>
@@ -35,6 +36,7 @@ SheetCommands::SheetCommands(Session& session, FormatTools& tools, QWidget& wind
     makeWindowActions();
     makePeriodMenu(window);
     makeToolbar(window);
+    m_propertiesButton->setCheckable(true);
     addEvents();
 }
 
@@ -80,6 +82,9 @@ void SheetCommands::makePeriodMenu(QWidget& window) {
     m_periodMenu->addSeparator();
     if (QAction* history = m_windowActions.value(ToolWindow::History))
         m_periodMenu->addAction(history);
+    m_properties = m_periodMenu->addAction(icon(u"properties"_s), u"Show Lesson Properties"_s, this,
+                                           &SheetCommands::planToggled);
+    m_properties->setCheckable(true);
     m_periodMenu->addMenu(m_tools.insertMenu());
     if (QAction* lessonRegister = m_windowActions.value(ToolWindow::Classes))
         m_periodMenu->addAction(lessonRegister);
@@ -98,6 +103,8 @@ void SheetCommands::makeToolbar(QWidget& window) {
     buttons += {u"Delete this Plan."_s, u"delete"_s, m_delete, nullptr};
     if (QAction* history = m_windowActions.value(ToolWindow::History))
         buttons += {u"History Viewer."_s, u"history"_s, history, nullptr};
+    buttons +=
+        {u"Toggle Lesson Properties. (STP details)"_s, u"properties"_s, m_properties, nullptr};
     buttons += {u"Insert Object."_s, u"insert_object"_s, nullptr, m_tools.insertMenu()};
     QStringList tips;
     QStringList icons;
@@ -115,6 +122,8 @@ void SheetCommands::makeToolbar(QWidget& window) {
                     &QAction::trigger);
         if (buttons[i].action == m_delete)
             m_deleteButton = m_toolbar->button(i);
+        if (buttons[i].action == m_properties)
+            m_propertiesButton = m_toolbar->button(i);
     }
 }
 
@@ -138,8 +147,12 @@ void SheetCommands::addEvents() {
     }
 }
 
-void SheetCommands::enable(bool hasSheet, bool hasPeriod) {
+void SheetCommands::enable(bool hasSheet, int period, bool isPlanOpen) {
     m_delete->setEnabled(hasSheet);
     m_deleteButton->setEnabled(hasSheet);
-    m_maximise->setEnabled(hasPeriod);
+    m_maximise->setEnabled(period > 0 && !isPlanOpen);
+    for (QAction* properties : {m_properties, m_propertiesButton}) {
+        properties->setEnabled(isPlanOpen || ShortTermPlan::takes(period));
+        properties->setChecked(isPlanOpen);
+    }
 }

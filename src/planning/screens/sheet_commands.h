@@ -29,8 +29,9 @@ public:
     /// Lays a lesson over the whole sheet, and puts it back.
     QAction* maximise() const { return m_maximise; }
 
-    /// What can be done: with the sheet, if there is one, and with the selected period, if any.
-    void enable(bool hasSheet, bool hasPeriod);
+    /// What can be done: with the sheet, if there is one, and with the selected period (0: none),
+    /// whose short term plan may be open.
+    void enable(bool hasSheet, int period, bool isPlanOpen);
 
 signals:
     void createWanted();
@@ -38,6 +39,7 @@ signals:
     void tomorrowWanted();
     void deleteWanted();
     void maximiseWanted();
+    void planToggled();    ///< the short term plan of the selected period is to open or to close
     void registerWanted(); ///< of the selected period's class
     void eventWanted(SheetEvent event);
 
@@ -56,5 +58,7 @@ private:
     QAction* m_maximise = nullptr;
     QAction* m_delete = nullptr;
     QAction* m_deleteButton = nullptr;
+    QAction* m_properties = nullptr;
+    QAction* m_propertiesButton = nullptr;
     QHash<ToolWindow, QAction*> m_windowActions; ///< by the window that they open
 };

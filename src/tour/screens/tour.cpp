@@ -137,6 +137,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
         fillTimetable(session);
         fillTodaysWeek(session);
         fillTodaysSheet(session);
+        fillTodaysPlan(session);
         fillFirstClass(session);
     } catch (const dao::EngineError& error) {
         return fail(error.description());
@@ -152,6 +153,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
         pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }
+    visitShortTermPlan(frame, pictures);
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);

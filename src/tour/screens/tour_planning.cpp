@@ -3,13 +3,18 @@
 #include "core/clock.h"
 #include "core/dates.h"
 #include "core/session.h"
+#include "frame/screens/main_window.h"
+#include "planning/plan_choices.h"
+#include "planning/screens/daily_sheet_window.h"
 #include "planning/sheet_fields.h"
 #include "planning/sheet_making.h"
+#include "planning/short_term_plan.h"
 #include "planning/weekly_sheets.h"
 #include "richtext/rtf_writer.h"
 #include "store/engine/names.h"
 #include "store/record_steps.h"
 #include "store/table_names.h"
+#include "tour/screens/tour_pictures.h"
 
 #include <QTextDocument>
 
@@ -66,6 +71,24 @@ const PlannedPeriod sequence[] = {
      u"Corrections to the test"_s},
 };
 
+constexpr int FullyPlannedPeriod = 1;
+
+const struct {
+    QString field;
+    QString html;
+} planTexts[] = {
+    {u"StartObj"_s, u"Recall squares and square roots to 15<br/>Recognise a right-angled triangle "
+                    "in any position"_s},
+    {u"MainObj"_s, u"<b>All</b>: find a shorter side from the other two<br/><b>Most</b>: decide "
+                   "which side is asked for<br/><b>Some</b>: two triangles in one figure"_s},
+    {u"StartAct"_s, u"Mini-whiteboards: 12 quick roots, then odd one out"_s},
+    {u"PlenaryObj"_s, u"<i>Which side is it, and how do you know?</i><br/>When do we add, when do "
+                      "we take away?"_s},
+    {u"LSA"_s, u"With Jordan and Priya: squares table, one step a line"_s},
+    {u"Comments"_s, u"Ran 5 minutes over. <span style='background:#ffff00'>Start with q. 4</span> "
+                    "next time"_s},
+};
+
 QString rtfOf(const QString& html) {
     QTextDocument document;
     document.setHtml(html);
@@ -110,4 +133,29 @@ void fillTodaysWeek(Session& session) {
         texts += SlotTexts{rtfOf(planned.lesson), rtfOf(planned.homework)};
     }
     sheets.writeLessons(texts);
+}
+
+void fillTodaysPlan(Session& session) {
+    Check_STPdata(session.CurrentDB);
+    dao::Recordset plan = session.CurrentDB.OpenRecordset(STPdataTable);
+    plan.AddNew();
+    plan.SetCollect(u"PlanDate", sheetDateText(session.GetSeams().clock.today()));
+    plan.SetCollect(u"Period", QString::number(FullyPlannedPeriod));
+    plan.SetCollect(u"Subject", subjectChoices().first());
+    plan.SetCollect(u"Term", termChoices(session.TermCount).first());
+    plan.SetCollect(u"Ability", u"Set 4, levels 5 to 6"_s);
+    plan.SetCollect(u"POS", u"Geometry: Pythagoras' theorem"_s);
+    plan.SetCollect(u"StartTime", u"10 mins"_s);
+    plan.SetCollect(u"MainTime", u"35 mins"_s);
+    plan.SetCollect(u"PlenaryTime", u"5 mins"_s);
+    for (const auto& text : planTexts)
+        plan.SetCollect(text.field, rtfOf(text.html));
+    plan.Update();
+}
+
+void visitShortTermPlan(MainWindow& frame, TourPictures& pictures) {
+    frame.open(ToolWindow::DailySheet);
+    frame.findChild<DailySheetWindow*>()->ZoomIn(FullyPlannedPeriod);
+    pictures.save(frame, u"ORVAfrm_plan"_s);
+    frame.CloseOpenForms();
 }
