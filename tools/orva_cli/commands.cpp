@@ -1,10 +1,11 @@
 #include "commands.h"
 
 #include "file_commands.h"
+#include "week_commands.h"
 
 using namespace Qt::StringLiterals;
 
-const QList<Command>& commandTable() {
+const QList<Command>& programCommands() {
     static const QList<Command> commands{
         {.name = u"check"_s, .usage = u"YEAR"_s, .run = checkYear},
         {.name = u"repair"_s, .usage = u"YEAR"_s, .run = repairYear},
@@ -12,6 +13,7 @@ const QList<Command>& commandTable() {
          .usage = u"YEAR [--compact]"_s,
          .run = backUpYear,
          .options = {{u"compact"_s, {}}}},
+        {.name = u"change-weeks"_s, .usage = u"YEAR WEEK"_s, .run = changeWeeks, .arguments = 1},
     };
     return commands;
 }

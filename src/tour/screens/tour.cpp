@@ -14,6 +14,7 @@
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
+#include "tour/screens/tour_upkeep.h"
 #include "tour/screens/tour_wizard.h"
 #include "year/screens/startup_wizard.h"
 #include "year/year_answers_json.h"
@@ -147,6 +148,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
+    visitWeekChange(session, pictures);
     // Pictures tell nothing of the machine that they were taken on.
     session.FolderDefaults[SaveFolder].folder = u"/home/teacher/Documents/"_s;
     visitWizard(frame, *answers, pictures);
