@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -159,8 +160,12 @@ void ChangeWeeksWizard::reject() {
 }
 
 void showChangeWeeksWizard(Session& session) {
-    tryTelling(session.GetSeams().prompts, readingFailure(), [&session] {
-        ChangeWeeksWizard wizard(session, QApplication::activeWindow());
+    const QPointer<QWidget> caller = QApplication::activeWindow();
+    tryTelling(session.GetSeams().prompts, readingFailure(), [&] {
+        ChangeWeeksWizard wizard(session, caller);
         wizard.exec();
     });
+    // A window manager does not know who is next where a box and the wizard below it go at once.
+    if (caller)
+        caller->activateWindow();
 }
