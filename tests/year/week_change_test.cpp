@@ -12,6 +12,8 @@
 #include "year/week_choice.h"
 #include "year/week_swap.h"
 
+#include <QFileInfo>
+
 #include <unistd.h>
 
 namespace {
@@ -207,6 +209,38 @@ TEST_F(WeekChangeTest, WhatIsHalfDoneIsFinishedWhenThatIsAgreedTo) {
     EXPECT_EQ(columnsOf(session.CurrentDB, u"7A"_s),
               u"ID|04/09/24 1|11/09/24 2|23/09/24 3|23/09/24 4|27/09/24 5"_s);
     EXPECT_EQ(columnsOf(session.CurrentDB, u"N"_s), u"ID|23/09/24 1"_s);
+}
+
+TEST_F(WeekChangeTest, AFullDiskLeavesAYearThatCanBeFinished) {
+    const QStringList before = sheetsOf(session.CurrentDB);
+    {
+        const FileSizeLimit full(QFileInfo(path()).size() / 2);
+        seams.prompts.expect(PromptKind::Plain, u"Backup Error"_s, AnswerOk);
+        EXPECT_EQ(ReallocateWeeks(session, 1), WeeksUnchanged);
+        EXPECT_EQ(sheetsOf(session.CurrentDB), before);
+    }
+    swapWeeks(session.CurrentDB, session.PeriodsPerDay, 1, seams.progress);
+    for (const bool isFull : {true, false}) {
+        const FileSizeLimit limit(isFull ? 1024 : 100'000'000);
+        seams.prompts.expect(PromptKind::Message, u"Change week allocations"_s, AnswerYes);
+        if (isFull)
+            seams.prompts.expect(PromptKind::Plain, u"Change week allocations"_s, AnswerOk);
+        EXPECT_EQ(OfferToFinishWeekChange(session), !isFull);
+        EXPECT_EQ(columnsOf(session.CurrentDB, u"7A"_s).count(u'/'), isFull ? 0 : 10);
+    }
+}
+
+TEST_F(WeekChangeTest, AProtectedYearStaysProtected) {
+    const QString password = u"geheim"_s;
+    session.CurrentDB.NewPassword({}, password);
+    session.CloseAllDatabases();
+    ASSERT_EQ(session.OpenDatabaseFile(path(), password), OpenDone);
+    EXPECT_EQ(ReallocateWeeks(session, 2), WeeksChanged);
+    session.CloseAllDatabases();
+    for (const QString& file : {path(), backup(1), backup(2)}) {
+        EXPECT_EQ(errorOf([&] { engine.OpenDatabase(file); }), dao::WrongPassword);
+        EXPECT_TRUE(engine.OpenDatabase(file, false, true, dao::connectText(password)).isOpen());
+    }
 }
 
 TEST_F(WeekChangeTest, AKillAtAnyStepLeavesAYearThatCanBeFinished) {
