@@ -1,5 +1,6 @@
 #include "classes/class_creation.h"
 
+#include "calendar/sheet_letters.h"
 #include "calendar/term_weeks.h"
 #include "core/class_colour.h"
 #include "core/engine_failure.h"
@@ -68,6 +69,18 @@ void writeIntoPlanning(const dao::Database& database, const QString& classCode,
     planning.Close();
 }
 
+/// The letters of the teaching days: those of their weeks' sheets, else by turns from the first
+/// week's on.
+QList<QChar> dayLetters(const dao::Database& database, const QList<QDate>& days,
+                        const QString& startWeek) {
+    QList<QChar> letters = weekLetters(days, startLetter(startWeek));
+    const QHash<int, QChar> ofSheets = sheetLetters(database);
+    const QList<short> weeks = weekNumbers(days);
+    for (qsizetype i = 0; i < days.size(); ++i)
+        letters[i] = ofSheets.value(weeks[i], letters[i]);
+    return letters;
+}
+
 void createClass(const dao::Database& database, const NewClass& answers,
                  const ClassPeriods& periods, const QList<Lesson>& lessons) {
     dao::Transaction transaction(database);
@@ -89,7 +102,7 @@ QList<Lesson> yearLessons(const dao::Database& database, const ClassPeriods& per
     dao::Recordset admin = database.OpenRecordset(AdminTable);
     QList<QChar> letters;
     if (admin.Collect(u"TTweekly").toInteger() == 1)
-        letters = weekLetters(days, startLetter(admin.Collect(u"StartWeek").toText()));
+        letters = dayLetters(database, days, admin.Collect(u"StartWeek").toText());
     admin.Close();
     return classLessons(days, letters, periods);
 }

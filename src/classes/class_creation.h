@@ -15,6 +15,7 @@ class Prompts;
 /// there. The caller adds it to the lists that show classes and draws the timetable again.
 bool createClass(const dao::Database& database, const NewClass& answers, Prompts& prompts);
 
-/// The lessons of a class with these periods over the year in the file. Raises what the engine
-/// raises.
+/// The lessons of a class with these periods over the year in the file. Which timetable holds in a
+/// week is the letter of the week's sheets, else it follows from the first week's. Raises what the
+/// engine raises.
 QList<Lesson> yearLessons(const dao::Database& database, const ClassPeriods& periods);

@@ -25,6 +25,7 @@ enum class ToolWindow {
     UserTools,
     AddressBook,
     Archive,
+    WeekChange,
 };
 
 /// One thing of all that a window can show: the sheet of a date, the register of a class's code,

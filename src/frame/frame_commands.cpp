@@ -2,6 +2,7 @@
 
 #include "calendar/timetable_settings.h"
 #include "classes/class_settings.h"
+#include "core/session.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "frame/year_roads.h"
@@ -135,6 +136,11 @@ const std::array commands{
                  .caption = u"Tools..."_s,
                  .icon = u"tools",
                  .window = ToolWindow::UserTools},
+    CommandEntry{.command = ChangeWeekAlloc,
+                 .name = u"ChangeWeekAlloc",
+                 .caption = u"Change Week Allocations..."_s,
+                 .window = ToolWindow::WeekChange,
+                 .needsTwoWeeks = true},
     CommandEntry{.command = AddressBook,
                  .name = u"Contacts",
                  .caption = u"Address Book"_s,
@@ -192,6 +198,8 @@ Places popupPlaces(FrameCommand popup) {
     if (popup == PostitMenu)
         return {PostitNew,       PostitShowAll, PostitHideAll,
                 PostitDeleteAll, PostitImport,  PostitExport};
+    if (popup == ToolsMenu)
+        return {ChangeWeekAlloc};
     return {};
 }
 
@@ -229,10 +237,16 @@ const CommandEntry& commandEntry(FrameCommand command) {
 
 bool commandExists(FrameCommand command, const WindowTest& has) {
     const Places places = popupPlaces(command);
-    if (!places.empty())
-        return !present(places, has).empty();
+    if (!present(places, has).empty())
+        return true;
     const std::optional<ToolWindow> window = commandEntry(command).window;
-    return !window || has(*window);
+    return window ? has(*window) : places.empty();
+}
+
+bool isCommandAllowed(const CommandEntry& entry, bool input, const Session& session) {
+    if (entry.needsTwoWeeks && session.TTweekly != 1)
+        return false;
+    return input || !entry.needsDatabase;
 }
 
 std::vector<MenuEntry> frameMenus(const WindowTest& has) {
@@ -280,6 +294,8 @@ void RunCommand(Session& session, MainFrame& frame, FrameCommand command) {
         return SetupDatabaseCommand(session, frame);
     case ReturnToWizard:
         return ReturnToWizardCommand(session, frame);
+    case ChangeWeekAlloc:
+        return ChangeWeeksCommand(session, frame);
     case Exit:
         return frame.Unload();
     case HelpAbout:

@@ -38,7 +38,8 @@ enum class FrameCommand {
     Schedule,
     SeatingPlan,
     Incidents,
-    ToolsMenu, ///< a popup of the toolbar; its window fills it
+    ToolsMenu, ///< a popup of the toolbar; its window adds to it
+    ChangeWeekAlloc,
     AddressBook,
     HelpAbout,
     HelpContents,
@@ -54,6 +55,7 @@ struct CommandEntry {
     std::optional<ToolWindow> window = {}; ///< without which there is no such command
     QStringView shortcut = {};             ///< portable text; empty for none
     bool needsDatabase = true;
+    bool needsTwoWeeks = false; ///< a year with two timetables
 };
 
 std::span<const CommandEntry> commandTable();
@@ -61,8 +63,11 @@ const CommandEntry& commandEntry(FrameCommand command);
 
 /// Whether the program has a window.
 using WindowTest = std::function<bool(ToolWindow window)>;
-/// Whether there is something behind a command: its window, for a popup any of its items.
+/// Whether there is something behind a command: its window, or of a popup any of its items.
 bool commandExists(FrameCommand command, const WindowTest& has);
+
+/// Whether a command can be given. `input`: those that need a year can be.
+bool isCommandAllowed(const CommandEntry& entry, bool input, const Session& session);
 
 /// A place in a menu: a command, or a separator.
 struct MenuItem {
@@ -78,7 +83,7 @@ struct MenuEntry {
 
 /// The menus of the bar, in order, without what needs a window that the program does not have.
 std::vector<MenuEntry> frameMenus(const WindowTest& has);
-/// The menu behind `PlanningMenu`, `PostitMenu` or `ToolsMenu`; the last has no items of its own.
+/// The menu behind `PlanningMenu`, `PostitMenu` or `ToolsMenu`.
 MenuEntry popupMenu(FrameCommand popup, const WindowTest& has);
 bool isPopup(FrameCommand command);
 

@@ -1,9 +1,11 @@
 #include "frame/year_roads.h"
 
 #include "core/core_settings.h"
+#include "core/database_closing.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "frame/frame_commands.h"
 #include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
@@ -12,6 +14,7 @@
 #include "year/moved_year.h"
 #include "year/repair.h"
 #include "year/restore.h"
+#include "year/week_change.h"
 
 #include <QFileInfo>
 
@@ -143,6 +146,19 @@ void ReturnToWizardCommand(Session& session, MainFrame& frame) {
     frame.open(ToolWindow::StartupWizard);
 }
 
+void ChangeWeeksCommand(Session& session, MainFrame& frame) {
+    if (!frame.MayLeave())
+        return;
+    frame.CloseOpenForms();
+    frame.EnableInput(false);
+    CloseRecordsets(session.CurrentDB, session.GetSeams().prompts);
+    frame.run(ToolWindow::WeekChange, FrameCommand::ChangeWeekAlloc); // waits for its end
+    if (!session.CurrentDB.isOpen())
+        return backToWizard(session, frame);
+    frame.SetCaption(mainCaption(session.CurrentDB.Name()));
+    frame.EnableInput(true);
+}
+
 void RestoreBackupCommand(Session& session, MainFrame& frame) {
     if (!frame.MayLeave())
         return;
@@ -158,6 +174,7 @@ void RestoreBackupCommand(Session& session, MainFrame& frame) {
 }
 
 void RunCurrentStartup(Session& session, MainFrame& frame) {
+    OfferToFinishWeekChange(session);
     for (const StartupWindow& noted : frame.startupWindows()) {
         if (session.GetSettings().get(noted.isOpen))
             frame.open(noted.window);

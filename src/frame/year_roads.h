@@ -24,6 +24,9 @@ void OpenRecentYear(Session& session, MainFrame& frame, const QString& path);
 void SetupDatabaseCommand(Session& session, MainFrame& frame);
 /// "Return to the Startup Wizard..."
 void ReturnToWizardCommand(Session& session, MainFrame& frame);
+/// "Change Week Allocations...": closes the windows of the year and lets its wizard work on it.
+/// Leaves the year open, or the start-up wizard where it could not be opened again.
+void ChangeWeeksCommand(Session& session, MainFrame& frame);
 /// The older restore, from a folder with a file of the open database's name. It is on no menu: the
 /// wizard's restore has taken its place.
 void RestoreBackupCommand(Session& session, MainFrame& frame);
@@ -32,7 +35,8 @@ void RestoreBackupCommand(Session& session, MainFrame& frame);
 /// everything as it was, where the person stays for something that could not be written.
 bool LeaveDatabase(Session& session, MainFrame& frame);
 
-/// Opens the windows of the last run, after a database came open.
+/// After a database came open: offers to finish what was broken off in it, and opens the windows of
+/// the last run.
 void RunCurrentStartup(Session& session, MainFrame& frame);
 /// Notes which windows are open, and unloads them.
 void SaveCurrentStartup(Session& session, MainFrame& frame);

@@ -1,5 +1,6 @@
 #include "planning/sheet_making.h"
 
+#include "calendar/sheet_letters.h"
 #include "calendar/term_weeks.h"
 #include "planning/sheet_fields.h"
 #include "store/table_names.h"
@@ -10,12 +11,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The timetable that a week has by what `Admin` says; none where it says nothing of use.
+/// The timetable that a week has: that of its other sheets, else by what `Admin` says; none where
+/// that says nothing of use.
 std::optional<QChar> timetableOf(const dao::Database& database, short week) {
     const dao::Recordset admin = database.OpenRecordset(AdminTable, dao::RecordsetType::Snapshot);
     const auto twoWeekly = static_cast<int>(admin[u"TTweekly"].integer());
-    const QString startWeek = twoWeekly == 1 ? admin[u"StartWeek"].text() : QString();
-    return timetableLetter(twoWeekly, startWeek, week);
+    if (twoWeekly != 1)
+        return timetableLetter(twoWeekly, {}, week);
+    const QChar letter = sheetLetters(database).value(week);
+    return letter.isNull() ? timetableLetter(twoWeekly, admin[u"StartWeek"].text(), week) : letter;
 }
 
 } // namespace

@@ -9,7 +9,8 @@
 
 /// Whole or not at all: adds the sheet of a date ("yy-mm-dd") to `Planning` by way of a recordset
 /// on all its fields, whose new record it becomes. Its `Week` is the teaching week, -1 in a week
-/// without one; it then has no classes. Its classes are those of the timetable. `ABWeek` stays
+/// without one; it then has no classes. Its classes are those of the timetable that holds in its
+/// week: the letter of the week's other sheets says which, else the first week's. `ABWeek` stays
 /// Null.
 void AddNewPlan(const dao::Database& database, dao::Recordset& sheets, const QString& planDate);
 

@@ -27,6 +27,7 @@ enum class Table {
     RoomID,
     ClassTemp,
     Temp,
+    WeekChange,
     Schedules,
     PostIt,
     IncidentNames,

@@ -230,6 +230,15 @@ QList<TableSpec> madeOnDemand() {
              {"Month", Text, 7, 0, "as in `Calendar`"},
              {"D", Memo, 0, ZeroLength | EachDay, "as in `Calendar`"},
          }},
+        {Table::WeekChange,
+         WeekChangeTable,
+         Made::OnDemand,
+         TwoWeeksOnly,
+         "Stands only while a change of the week allocations is half done: the sheets have been "
+         "changed, and the registers have no columns yet for the lessons from then on. One record.",
+         {
+             {"Week", Integer, 0, 0, "the teaching week from which on the letters were changed"},
+         }},
         {Table::Schedules,
          SchedulesTable,
          Made::OnDemand,

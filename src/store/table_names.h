@@ -21,6 +21,7 @@ inline const QString STPdataTable = QStringLiteral("STPdata");
 inline const QString RoomIDTable = QStringLiteral("RoomID");
 inline const QString ClassTempTable = QStringLiteral("Class_Temp");
 inline const QString TempTable = QStringLiteral("Temp");
+inline const QString WeekChangeTable = QStringLiteral("WeekChange");
 inline const QString SchedulesTable = QStringLiteral("Schedules");
 inline const QString PostItTable = QStringLiteral("Post-It");
 inline const QString IncidentNamesTable = QStringLiteral("IncidentNames");

@@ -3,9 +3,9 @@
 #include "calendar/term_weeks.h"
 #include "core/class_colour.h"
 #include "core/progress.h"
-#include "core/prompts.h"
 #include "store/schema.h"
 #include "store/table_names.h"
+#include "year/long_register.h"
 
 using namespace Qt::StringLiterals;
 
@@ -204,16 +204,6 @@ void YearBuilder::createRegisterAndMarks(const QString& classCode) {
     const QList<Lesson> lessons =
         classLessons(m_days, m_letters, classPeriods(m_answers, classCode));
     if (exceedsRegister(lessons))
-        warnOfLongRegister(classCode, lessons.size());
+        warnOfLongRegister(m_prompts, classCode, lessons.size());
     ::createRegisterAndMarks(m_database, classCode, lessons);
-}
-
-void YearBuilder::warnOfLongRegister(const QString& classCode, qsizetype lessons) {
-    m_prompts.PlainBox(
-        u"The register for "_s + classCode +
-            u" may be limited since the number of registrations required ("_s +
-            QString::number(lessons) +
-            u") exceeds the number of Access Fields allowed per table (255). You may "
-            "wish to remove this class and spit it into 2 seperate classes."_s,
-        WarningIcon, u"Too many fields"_s);
 }

@@ -34,7 +34,6 @@ private:
     void createRegisterAndMarks(const QString& classCode);
 
     dao::Recordset createAndOpen(Table table);
-    void warnOfLongRegister(const QString& classCode, qsizetype lessons);
 
     const dao::Database& m_database;
     const YearAnswers& m_answers;

@@ -31,9 +31,31 @@ TEST_F(SheetMakingTest, ALaterClassWinsAClashAndPeriodsBeyondTheDayAreNone) {
     EXPECT_EQ(classesOfNewSheet(), (QStringList{u"8X"_s, {}, u"7A"_s, {}, {}}));
 }
 
-TEST_F(SheetMakingTest, WithoutAStartLetterNoTimetableHolds) {
-    changeRecord(database, u"Admin"_s, u"StartWeek"_s, u"C"_s);
-    EXPECT_EQ(classesOfNewSheet(), (QStringList{{}, {}, {}, {}, {}}));
+TEST_F(SheetMakingTest, TheLetterOfTheWeeksSheetsSaysWhichTimetableHolds) {
+    const QStringList none{{}, {}, {}, {}, {}};
+    const QStringList mondayA{u"7A"_s, {}, u"7A"_s, {}, {}};
+    const QStringList mondayB{u"9C"_s, u"9C"_s, {}, {}, {}};
+    const struct {
+        const char* letters; ///< of the five sheets of the week; '-' for none
+        QString startWeek;
+        QStringList classes;
+    } cases[] = {
+        {"AAAAA", u"C"_s, mondayA}, {"BBBBB", u"B"_s, mondayB}, {"-B--A", u"B"_s, mondayA},
+        {"-B---", u"B"_s, mondayB}, {"ABB--", u"C"_s, mondayB}, {"-----", u"A"_s, mondayB},
+        {"-----", u"C"_s, none},
+    };
+    for (const auto& [letters, startWeek, classes] : cases) {
+        changeRecord(database, u"Admin"_s, u"StartWeek"_s, startWeek);
+        dao::Recordset week =
+            database.OpenRecordset(u"SELECT * FROM Planning WHERE Week = 2 ORDER BY ID"_s);
+        for (int day = 0; day < 5; ++day, week.MoveNext()) {
+            const QChar letter = QLatin1Char(letters[day]);
+            week.Edit();
+            week.SetCollect(u"ABWeek", letter == u'-' ? dao::Value() : QString(letter));
+            week.Update();
+        }
+        EXPECT_EQ(classesOfNewSheet(), classes) << letters;
+    }
 }
 
 TEST_F(SheetMakingTest, ASheetIsAddedWholeOrNotAtAll) {

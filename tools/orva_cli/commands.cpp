@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "file_commands.h"
+#include "week_commands.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +13,7 @@ const QList<Command>& programCommands() {
          .usage = u"YEAR [--compact]"_s,
          .run = backUpYear,
          .options = {{u"compact"_s, {}}}},
+        {.name = u"change-weeks"_s, .usage = u"YEAR WEEK"_s, .run = changeWeeks, .arguments = 1},
     };
     return commands;
 }

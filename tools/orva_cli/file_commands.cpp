@@ -3,6 +3,7 @@
 #include "core/console_prompts.h"
 #include "core/session.h"
 #include "core/tab_separated.h"
+#include "week_commands.h"
 #include "year/backup.h"
 #include "year/repair.h"
 
@@ -23,8 +24,9 @@ ExitStatus checkYear(const Workplace& workplace, const Call& call) {
                     [](const dao::TableCheck& each) { return !each.fault.isEmpty(); }))
         throw RefusedCommand(u"Not all tables are whole."_s);
     session.OpenToRead(call.file, call.password);
+    const bool isWhole = isWeekChangeWhole(workplace, call);
     session.CloseAllDatabases();
-    return Done;
+    return isWhole ? Done : Failed;
 }
 
 ExitStatus repairYear(const Workplace& workplace, const Call& call) {

@@ -6,7 +6,8 @@
 
 /// Prints a line a table: name, records, `ok` or what is wrong. Changes nothing in the file; brings
 /// no older one up to date, and reads a genuine Jet file as it stands. Fails where anything is
-/// wrong, or where the file is not a year's.
+/// wrong, or where the file is not a year's. A change of its weeks that was broken off is told and,
+/// with consent, finished.
 ExitStatus checkYear(const Workplace& workplace, const Call& call);
 
 /// Mends the file, once that is agreed to, and prints its path.

@@ -109,5 +109,5 @@ void FrameMenus::addTo(QMenuBar& bar) const {
 
 void FrameMenus::EnableInput(bool enable) {
     for (const CommandEntry& entry : commandTable())
-        action(entry.command).setEnabled(enable || !entry.needsDatabase);
+        action(entry.command).setEnabled(isCommandAllowed(entry, enable, m_session));
 }

@@ -26,7 +26,7 @@ public:
     QAction& action(FrameCommand command) const { return *m_actions[command]; }
     /// The menu of a popup of the toolbar.
     QMenu& popup(FrameCommand popup);
-    /// Allows or forbids the commands that need a database.
+    /// Allows or forbids the commands that need a database, as the open one has what they need.
     void EnableInput(bool enable);
 
 private:

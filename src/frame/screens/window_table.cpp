@@ -8,6 +8,7 @@
 #include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/weekly_sheet_window.h"
+#include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
 #include <algorithm>
@@ -73,6 +74,10 @@ WindowTable windowTable() {
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan)},
+        WindowEntry{.window = ToolWindow::WeekChange,
+                    .name = u"ChangeWeekFrm"_s,
+                    .kind = WindowKind::Floating,
+                    .run = [](Session& session, FrameCommand) { showChangeWeeksWizard(session); }},
     };
     return windows;
 }

@@ -15,6 +15,7 @@
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
+#include "tour/screens/tour_upkeep.h"
 #include "tour/screens/tour_wizard.h"
 #include "year/screens/startup_wizard.h"
 #include "year/wizard_rules.h"
@@ -157,6 +158,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
+    visitWeekChange(session, pictures);
     visitHelp(frame, pictures);
     return pictures.areWhole() && writeWindowNames(folder + u"/windows.txt"_s);
 }

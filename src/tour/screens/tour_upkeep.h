@@ -1,0 +1,8 @@
+#pragma once
+
+class Session;
+class TourPictures;
+
+/// The Change Week Allocations Wizard over the open year: its first page, and the second with the
+/// week after the current one picked. Changes nothing.
+void visitWeekChange(Session& session, TourPictures& pictures);
