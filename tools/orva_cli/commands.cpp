@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-const QList<Command>& commandTable() {
+const QList<Command>& consoleCommands() {
     static const QList<Command> commands{
         {.name = u"check"_s, .usage = u"YEAR"_s, .run = checkYear},
         {.name = u"repair"_s, .usage = u"YEAR"_s, .run = repairYear},
