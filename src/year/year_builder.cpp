@@ -1,5 +1,6 @@
 #include "year/year_builder.h"
 
+#include "calendar/event_rows.h"
 #include "calendar/term_weeks.h"
 #include "core/class_colour.h"
 #include "core/progress.h"
@@ -13,11 +14,6 @@ namespace {
 
 int percent(qsizetype done, qsizetype all) {
     return static_cast<int>(done * 100 / all);
-}
-
-/// The key of a month's record: the first three letters of its name and "1".
-QString monthKey(int month, const QLocale& locale) {
-    return MonthName(month, locale).left(3) + u'1';
 }
 
 std::array<QString, DaysOfTimetable> periodsInWeek(const YearAnswers& answers, QChar letter,
@@ -89,7 +85,7 @@ void YearBuilder::createCalendar() {
     dao::Recordset calendar = createAndOpen(Table::DateField);
     for (int month = 1; month <= MonthsPerYear; ++month) {
         calendar.AddNew();
-        calendar.SetCollect(u"Month", monthKey(month, m_locale));
+        calendar.SetCollect(u"Month", baseMonthKey(month, m_locale));
         calendar.Update();
         m_progress.UpdateProgress(percent(month, MonthsPerYear), u"Creating Month Records"_s);
     }
