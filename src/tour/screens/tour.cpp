@@ -11,6 +11,7 @@
 #include "incidents/security_warning.h"
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
+#include "tour/screens/tour_events.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
@@ -129,6 +130,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
+        fillEvents(session);
         fillTodaysWeek(session);
         fillTodaysSheet(session);
         fillFirstClass(session);

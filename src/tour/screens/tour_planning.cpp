@@ -6,12 +6,10 @@
 #include "planning/sheet_fields.h"
 #include "planning/sheet_making.h"
 #include "planning/weekly_sheets.h"
-#include "richtext/rtf_writer.h"
 #include "store/engine/names.h"
 #include "store/record_steps.h"
 #include "store/table_names.h"
-
-#include <QTextDocument>
+#include "tour/screens/tour_texts.h"
 
 #include <iterator>
 
@@ -65,12 +63,6 @@ const PlannedPeriod sequence[] = {
      "style='color:#ff0000'>red</span><br/>Harbour problem in threes, posters at the end"_s,
      u"Corrections to the test"_s},
 };
-
-QString rtfOf(const QString& html) {
-    QTextDocument document;
-    document.setHtml(html);
-    return richtext::writeDocument(document);
-}
 
 void write(dao::Recordset& sheet, const QString& field, const QString& html) {
     if (!html.isEmpty())
