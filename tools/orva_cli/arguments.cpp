@@ -21,7 +21,7 @@ const QList<CommandOption>& commonOptions() {
 
 /// The command whose name the words begin with.
 const Command& namedCommand(const QStringList& words) {
-    for (const Command& command : consoleCommands()) {
+    for (const Command& command : programCommands()) {
         const QStringList name = command.name.split(u' ');
         if (words.first(std::min(name.size(), words.size())) == name)
             return command;
@@ -66,7 +66,7 @@ QString usageOf(const Command* command) {
     if (command)
         return u"orva-cli %1 %2"_s.arg(command->name, command->usage);
     QString usage = u"orva-cli COMMAND FILE.mdb ARGUMENTS [--yes] [--password-fd N]"_s;
-    for (const Command& each : consoleCommands())
+    for (const Command& each : programCommands())
         usage += u"\n       "_s + usageOf(&each);
     return usage;
 }

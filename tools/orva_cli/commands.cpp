@@ -1,10 +1,11 @@
 #include "commands.h"
 
+#include "event_commands.h"
 #include "file_commands.h"
 
 using namespace Qt::StringLiterals;
 
-const QList<Command>& consoleCommands() {
+const QList<Command>& programCommands() {
     static const QList<Command> commands{
         {.name = u"check"_s, .usage = u"YEAR"_s, .run = checkYear},
         {.name = u"repair"_s, .usage = u"YEAR"_s, .run = repairYear},
@@ -12,6 +13,12 @@ const QList<Command>& consoleCommands() {
          .usage = u"YEAR [--compact]"_s,
          .run = backUpYear,
          .options = {{u"compact"_s, {}}}},
+        {.name = u"events"_s, .usage = u"YEAR MONTH"_s, .run = printEvents, .arguments = 1},
+        {.name = u"import-events"_s,
+         .usage = u"YEAR OTHER"_s,
+         .run = importEventsOf,
+         .arguments = 1,
+         .hasSecondFile = true},
     };
     return commands;
 }
