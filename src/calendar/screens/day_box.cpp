@@ -59,6 +59,21 @@ DayBox::DayBox(int day, QWidget* parent) : RichTextBox(u"Day %1"_s.arg(day), par
     setGrown(false);
 }
 
+void DayBox::setNewTextFont(const FontRecord& font) {
+    m_isBlank = m_isBlank && font == m_newTextFont;
+    m_newTextFont = font;
+}
+
+/// Most days of most months are empty: what was, and was not touched, is left as it is.
+void DayBox::show(const QString& text) {
+    const bool isUntouched = m_isBlank && document()->isEmpty() && !document()->isModified() &&
+                             !document()->isUndoAvailable();
+    if (text.isEmpty() && isUntouched)
+        return setTextCursor(QTextCursor(document()));
+    setRtf(text);
+    m_isBlank = applyDefaultFont(m_newTextFont);
+}
+
 void DayBox::setGrown(bool grown) {
     m_isGrown = grown;
     setVerticalScrollBarPolicy(grown ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);

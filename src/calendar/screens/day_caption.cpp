@@ -4,10 +4,10 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -27,6 +27,18 @@ CaptionShade captionShade(bool isWeekend, bool isSelected) {
     if (isSelected)
         return selectedCaptionShade;
     return isWeekend ? weekendCaptionShade : weekdayCaptionShade;
+}
+
+/// Line by line: the toolkit would start threads for a gradient of this size.
+void paintShade(QPainter& painter, const QRect& area, const CaptionShade& shade) {
+    const auto between = [&](int from, int to, int y) {
+        return from + (to - from) * y / std::max(1, area.height() - 1);
+    };
+    for (int y = 0; y < area.height(); ++y)
+        painter.fillRect(area.left(), area.top() + y, area.width(), 1,
+                         QColor(between(shade.from.red(), shade.to.red(), y),
+                                between(shade.from.green(), shade.to.green(), y),
+                                between(shade.from.blue(), shade.to.blue(), y)));
 }
 
 /// What stands behind the text in the person's scheme.
@@ -67,11 +79,8 @@ void DayCaption::colour() {
 
 void DayCaption::paintEvent(QPaintEvent* event) {
     if (m_gradients) {
-        const CaptionShade shade = captionShade(m_isWeekend, m_isSelected);
-        QLinearGradient gradient(0, 0, 0, height());
-        gradient.setColorAt(0, shade.from);
-        gradient.setColorAt(1, shade.to);
-        QPainter(this).fillRect(rect(), gradient);
+        QPainter painter(this);
+        paintShade(painter, rect(), captionShade(m_isWeekend, m_isSelected));
     }
     QLabel::paintEvent(event);
 }

@@ -5,10 +5,8 @@
 #include "calendar/screens/day_caption.h"
 #include "calendar/screens/events_bar.h"
 #include "calendar/screens/month_page.h"
-#include "controls/bound_rich_text.h"
 #include "controls/colours.h"
 #include "controls/edit_menu.h"
-#include "controls/fonts.h"
 #include "controls/format_tools.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
@@ -98,12 +96,9 @@ void EventsWindow::makeParts() {
 }
 
 void EventsWindow::bindBoxes() {
-    m_page->setTextFont(
-        toFont(m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning))));
     for (int day = 1; day <= DaysOfCalendar; ++day) {
         DayBox& box = m_page->box(day);
-        m_bound.push_back(std::make_unique<BoundRichText>(box));
-        m_months.binding().bind(dayField(day), *m_bound.back());
+        m_months.binding().bind(dayField(day), box);
         m_tools->serve(box);
         connect(&box, &RichTextBox::edited, this, [this] {
             m_months.typed();
@@ -115,9 +110,9 @@ void EventsWindow::bindBoxes() {
 void EventsWindow::connectParts() {
     m_months.onChange([this] { showPage(); });
     connect(m_bar, &EventsBar::neighbourWanted, this,
-            [this](int step) { m_months.ShowMonth(m_months.neighbour(step)); });
+            [this](int step) { showMonth(m_months.neighbour(step)); });
     connect(m_bar, &EventsBar::monthWanted, this,
-            [this](int month) { m_months.ShowMonth(m_months.inTeachingYear(month)); });
+            [this](int month) { showMonth(m_months.inTeachingYear(month)); });
     connect(m_bar, &EventsBar::dateWanted, this, &EventsWindow::SelectDate);
     connect(m_page, &MonthPage::daySelected, this, &EventsWindow::daySelected);
     connect(m_page, &MonthPage::boxGrown, this, &EventsWindow::showSelectedDay);
@@ -138,8 +133,14 @@ void EventsWindow::followColours() {
 }
 
 void EventsWindow::SelectDate(QDate date) {
-    if (m_months.ShowMonth({date.year(), date.month()}))
+    if (showMonth({date.year(), date.month()}))
         m_page->enterDay(date.day());
+}
+
+bool EventsWindow::showMonth(const EventMonth& month) {
+    m_page->setNewTextFont(
+        m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning)));
+    return m_months.ShowMonth(month);
 }
 
 void EventsWindow::showPage() {
@@ -147,7 +148,6 @@ void EventsWindow::showPage() {
     m_page->setEnabled(m_months.hasRow());
     m_bar->showMonth();
     showGrounds();
-    applyDefaultFont();
 }
 
 void EventsWindow::showGrounds() {
@@ -164,13 +164,6 @@ void EventsWindow::showGrounds() {
     }
 }
 
-void EventsWindow::applyDefaultFont() {
-    const FontRecord font =
-        m_session.GetSettings().ReadFontRecord(setting::keyOf(setting::Planning));
-    for (int day = 1; day <= m_months.days(); ++day)
-        m_page->box(day).applyDefaultFont(font);
-}
-
 void EventsWindow::daySelected(int day) {
     m_commands->setHasDay(day > 0);
     m_bar->showDay(day);
@@ -185,7 +178,7 @@ void EventsWindow::showSelectedDay() {
 
 /// The keys go on to the last day of the month before, or to the first of the next.
 void EventsWindow::goToNeighbour(int step) {
-    if (m_months.ShowMonth(m_months.neighbour(step)))
+    if (showMonth(m_months.neighbour(step)))
         m_page->enterDay(step < 0 ? m_months.days() : 1);
 }
 
@@ -215,5 +208,10 @@ void EventsWindow::closeEvent(QCloseEvent* event) {
 
 void EventsWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    showSelectedDay();
+}
+
+void EventsWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
     showSelectedDay();
 }

@@ -7,8 +7,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <memory>
-#include <vector>
 
 class EventsBar;
 class MonthPage;
@@ -35,15 +33,16 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void makeParts();
     void bindBoxes();
     void connectParts();
     void followColours();
+    bool showMonth(const EventMonth& month);
     void showPage();
     void showGrounds();
-    void applyDefaultFont();
     void daySelected(int day);
     void showSelectedDay();
     void goToNeighbour(int step);
@@ -59,6 +58,5 @@ private:
     EventsCommands* m_commands;
     MonthPage* m_page;
     QScrollArea* m_scroll;
-    std::vector<std::unique_ptr<BoundBox>> m_bound;
     KeptWriting m_writing; ///< last
 };

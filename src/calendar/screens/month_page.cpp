@@ -2,6 +2,7 @@
 
 #include "calendar/screens/day_box.h"
 #include "calendar/screens/day_caption.h"
+#include "controls/fonts.h"
 #include "store/schema.h"
 
 #include <QKeyEvent>
@@ -19,7 +20,7 @@ constexpr int UsualPageWidth = 640;
 
 } // namespace
 
-MonthPage::MonthPage(bool gradients, QWidget* parent) : QWidget(parent), m_textFont(font()) {
+MonthPage::MonthPage(bool gradients, QWidget* parent) : QWidget(parent) {
     setObjectName(u"Pinner"_s);
     setAccessibleName(u"Days of the month"_s);
     for (int day = 1; day <= DaysOfCalendar; ++day)
@@ -47,16 +48,20 @@ void MonthPage::addDay(int day, bool gradients) {
     connect(box, &DayBox::restoreWanted, this, &MonthPage::RestoreExtendedEditbox);
 }
 
-void MonthPage::setTextFont(const QFont& font) {
-    m_textFont = font;
+void MonthPage::setNewTextFont(const FontRecord& font) {
+    if (font == m_newTextFont)
+        return;
+    m_newTextFont = font;
+    for (const Day& day : m_days)
+        day.box->setNewTextFont(font);
     measure();
-    layOut();
 }
 
 /// The height of a line is the same for all, so that captions and boxes stand side by side.
 void MonthPage::measure() {
     const DayBox& first = box(1);
-    const int text = std::max(first.fontMetrics().height(), QFontMetrics(m_textFont).height());
+    const int text =
+        std::max(first.fontMetrics().height(), QFontMetrics(toFont(m_newTextFont)).height());
     m_lineHeight = text + 2 * (first.frameWidth() + qRound(first.document()->documentMargin()));
 }
 
@@ -67,7 +72,6 @@ void MonthPage::showMonth(const EventMonths& month) {
         setFocus(); // before its box may be hidden
     selectDay(0);
     m_shown = month.days();
-    m_captionWidth = 0;
     for (int day = 1; day <= DaysOfCalendar; ++day) {
         const bool isShown = day <= m_shown;
         caption(day).setVisible(isShown);
@@ -76,10 +80,18 @@ void MonthPage::showMonth(const EventMonths& month) {
             continue;
         caption(day).showDay(month.caption(day), month.kind(day) == DayKind::Weekend);
         box(day).setAccessibleName(month.dateText(day));
-        m_captionWidth = std::max(m_captionWidth, caption(day).sizeHint().width());
     }
+    measureCaptions();
     setMinimumHeight(m_shown * (m_lineHeight + DayGap));
     layOut();
+}
+
+/// Once: each month has all the days of the week.
+void MonthPage::measureCaptions() {
+    if (m_captionWidth > 0)
+        return;
+    for (int day = 1; day <= m_shown; ++day)
+        m_captionWidth = std::max(m_captionWidth, caption(day).sizeHint().width());
 }
 
 void MonthPage::showGround(int day, const QColor& colour) {

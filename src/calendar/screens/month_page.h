@@ -1,9 +1,9 @@
 #pragma once
 
 #include "calendar/event_months.h"
+#include "core/font_record.h"
 
 #include <QColor>
-#include <QFont>
 #include <QWidget>
 
 #include <vector>
@@ -24,8 +24,8 @@ public:
     /// Days count from 1, to DaysOfCalendar. Their order is that of Tab.
     DayBox& box(int day) const { return *m_days.at(static_cast<size_t>(day - 1)).box; }
     DayCaption& caption(int day) const { return *m_days.at(static_cast<size_t>(day - 1)).caption; }
-    /// The font of new text, for a line of which a box has room.
-    void setTextFont(const QFont& font);
+    /// The font for new text, for a line of which a box has room.
+    void setNewTextFont(const FontRecord& font);
 
     /// Shows the days of a month, what stands in their boxes apart. None is selected then.
     void showMonth(const EventMonths& month);
@@ -60,6 +60,7 @@ private:
     void step(int from, int by);
     void grow(int day);
     void measure();
+    void measureCaptions();
     void layOut();
 
     std::vector<Day> m_days;
@@ -68,5 +69,5 @@ private:
     int m_grown = 0; ///< the day whose box has grown; 0 is none
     int m_lineHeight = 0;
     int m_captionWidth = 0;
-    QFont m_textFont;
+    FontRecord m_newTextFont;
 };
