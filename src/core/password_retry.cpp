@@ -1,6 +1,7 @@
 #include "core/password_retry.h"
 
 #include "core/prompts.h"
+#include "store/engine/error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,4 +14,18 @@ bool askForPassword(Prompts& prompts, int failures, QString& password) {
         return false;
     password = answer;
     return true;
+}
+
+dao::Database openSource(const dao::DBEngine& engine, Prompts& prompts, const QString& path) {
+    QString password;
+    for (int failures = 0;; ++failures) {
+        try {
+            return engine.OpenDatabase(path, false, true, dao::connectText(password));
+        } catch (const dao::EngineError& error) {
+            if (error.number() != dao::WrongPassword)
+                throw;
+        }
+        if (!askForPassword(prompts, failures, password))
+            return {};
+    }
 }

@@ -1,6 +1,7 @@
 #include "planning/daily_sheets.h"
 #include "planning/sheet_making.h"
 
+#include "calendar/event_rows.h"
 #include "core/clock.h"
 #include "core/dates.h"
 #include "core/engine_failure.h"
@@ -23,7 +24,7 @@ namespace {
 
 constexpr qint32 GreenPanel = 0x80FF80;
 
-/// Three letters whatever the language, as the calendar of events names its months.
+/// Three letters whatever the language.
 QString monthShort(QDate date) {
     return MonthName(date.month(), QLocale()).left(3);
 }
@@ -322,12 +323,12 @@ QString DailySheets::eventText() const {
     if (planDate().isEmpty())
         return {};
     try {
-        const QString key = monthShort(date()) + u'1';
+        const QString key = baseMonthKey(date().month(), QLocale());
         dao::Recordset months =
             m_session.CurrentDB.OpenRecordset(CalendarTable, dao::RecordsetType::Snapshot);
         for (; !months.EOF_(); months.MoveNext()) {
             if (dao::sameName(months[u"Month"].text(), key))
-                return richtext::plainText(months[u"D"_s + QString::number(date().day())].text());
+                return richtext::plainText(months[dayField(date().day())].text());
         }
     } catch (const dao::EngineError&) {
         m_session.GetSeams().prompts.PlainBox(u"Error obtaining Calendar of Events information."_s,

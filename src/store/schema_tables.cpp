@@ -46,9 +46,13 @@ QList<TableSpec> createdWithTheYear() {
          CalendarTable,
          Made::AtCreation,
          0,
-         "The calendar of events: a record a month, January to December.",
+         "The calendar of events: a record a month of the academic year, January to December, "
+         "found "
+         "by its place. Behind them, where there is something to hold, other months.",
          {
-             {"Month", Text, 4, 0, "first three letters of the month's name and \"1\""},
+             {"Month", Text, 4, 0,
+              "first three letters of the month's name and \"1\"; with the first other month the "
+              "size grows to 7, and such a month has its year in place of \"1\""},
              {"D", Memo, 0, ZeroLength | EachDay, "the events of the day, rich text"},
          }},
         {Table::Admin,

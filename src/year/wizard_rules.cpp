@@ -36,22 +36,6 @@ QString withoutRefused(const QString& name) {
     return kept;
 }
 
-/// Opens a file to read from. Nothing when the teacher called the password off; raises what the
-/// engine raises otherwise.
-dao::Database openSource(const dao::DBEngine& engine, Prompts& prompts, const QString& path) {
-    QString password;
-    for (int failures = 0;; ++failures) {
-        try {
-            return engine.OpenDatabase(path, false, true, dao::connectText(password));
-        } catch (const dao::EngineError& error) {
-            if (error.number() != dao::WrongPassword)
-                throw;
-        }
-        if (!askForPassword(prompts, failures, password))
-            return {};
-    }
-}
-
 /// The boundaries in pairs. A pair that holds no date is no period.
 QList<DatePeriod> paired(const QList<QDate>& boundaries) {
     QList<DatePeriod> periods;

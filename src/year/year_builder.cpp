@@ -1,5 +1,6 @@
 #include "year/year_builder.h"
 
+#include "calendar/event_rows.h"
 #include "calendar/term_weeks.h"
 #include "core/class_colour.h"
 #include "core/progress.h"
@@ -88,7 +89,7 @@ void YearBuilder::createCalendar() {
     dao::Recordset calendar = createAndOpen(Table::DateField);
     for (int month = 1; month <= MonthsPerYear; ++month) {
         calendar.AddNew();
-        calendar.SetCollect(u"Month", monthKey(month, m_locale));
+        calendar.SetCollect(u"Month", baseMonthKey(month, m_locale));
         calendar.Update();
         m_progress.UpdateProgress(percent(month, MonthsPerYear), u"Creating Month Records"_s);
     }

@@ -161,24 +161,7 @@ TEST(JetReader, TellsHeaders) {
     EXPECT_EQ(errorOf([&] { jetPassword(file.first(4095)); }), DamagedDatabase);
 }
 
-// Passwords, written into a header by a cipher of the tests' own.
-
-QByteArray withPassword(QByteArray file, QByteArray stored, bool jet4, double created = 38353.75) {
-    const auto put = [&](qsizetype at, char byte) { putIntoHeader(file, at, byte); };
-    file[0x14] = jet4 ? 1 : 0;
-    stored = stored.leftJustified(jet4 ? 40 : 20, '\0');
-    if (jet4) {
-        std::array<char, 8> date;
-        qToLittleEndian(created, date.data());
-        for (int i = 0; i < 8; ++i)
-            put(0x72 + i, date[size_t(i)]);
-        for (int i = 0; i < stored.size(); ++i)
-            stored[i] = static_cast<char>(stored[i] ^ (int(created) >> (i % 4 * 8)));
-    }
-    for (int i = 0; i < stored.size(); ++i)
-        put(0x42 + i, stored[i]);
-    return file;
-}
+// Passwords.
 
 TEST(JetReader, ReadsThePassword) {
     const QByteArray file = readData(u"not_a_year.mdb"_s);

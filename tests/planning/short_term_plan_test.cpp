@@ -23,7 +23,7 @@ protected:
         ASSERT_TRUE(plan.open(date, period));
     }
     void close() {
-        EXPECT_TRUE(plan.leave());
+        EXPECT_EQ(plan.leave(), Leaving::Done);
         plan.close();
     }
     /// What the boxes show, without those that show nothing.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QtEndian>
 
 #include <array>
 #include <utility>
@@ -30,4 +31,24 @@ inline std::array<unsigned, 128> jetHeaderStream() {
 inline void putIntoHeader(QByteArray& file, qsizetype at, char byte) {
     static const auto stream = jetHeaderStream();
     file[at] = static_cast<char>(byte ^ static_cast<char>(stream[static_cast<size_t>(at - 0x18)]));
+}
+
+/// A Jet file under a password, which is given in the bytes that the format stores, written by a
+/// cipher of the tests' own. `created`: the date in its header.
+inline QByteArray withPassword(QByteArray file, QByteArray stored, bool jet4,
+                               double created = 38353.75) {
+    const auto put = [&](qsizetype at, char byte) { putIntoHeader(file, at, byte); };
+    file[0x14] = jet4 ? 1 : 0;
+    stored = stored.leftJustified(jet4 ? 40 : 20, '\0');
+    if (jet4) {
+        std::array<char, 8> date;
+        qToLittleEndian(created, date.data());
+        for (int i = 0; i < 8; ++i)
+            put(0x72 + i, date[size_t(i)]);
+        for (int i = 0; i < stored.size(); ++i)
+            stored[i] = static_cast<char>(stored[i] ^ (int(created) >> (i % 4 * 8)));
+    }
+    for (int i = 0; i < stored.size(); ++i)
+        put(0x42 + i, stored[i]);
+    return file;
 }

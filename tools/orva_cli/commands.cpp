@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "event_commands.h"
 #include "file_commands.h"
 #include "week_commands.h"
 
@@ -14,6 +15,12 @@ const QList<Command>& programCommands() {
          .run = backUpYear,
          .options = {{u"compact"_s, {}}}},
         {.name = u"change-weeks"_s, .usage = u"YEAR WEEK"_s, .run = changeWeeks, .arguments = 1},
+        {.name = u"events"_s, .usage = u"YEAR MONTH"_s, .run = printEvents, .arguments = 1},
+        {.name = u"import-events"_s,
+         .usage = u"YEAR OTHER"_s,
+         .run = importEventsOf,
+         .arguments = 1,
+         .hasSecondFile = true},
     };
     return commands;
 }

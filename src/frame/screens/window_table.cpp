@@ -1,13 +1,17 @@
 #include "frame/screens/window_table.h"
 
+#include "calendar/event_settings.h"
+#include "calendar/screens/events_window.h"
 #include "calendar/screens/timetable_window.h"
 #include "calendar/timetable_settings.h"
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
+#include "core/session.h"
 #include "frame/frame_settings.h"
 #include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/weekly_sheet_window.h"
+#include "planning/sheet_events.h"
 #include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
@@ -30,6 +34,14 @@ auto shows(void (Window::*show)(Subject)) {
         if (const auto* content = std::get_if<std::decay_t<Subject>>(&subject))
             (static_cast<Window&>(window).*show)(*content);
     };
+}
+
+/// The calendar of events stands below the planning sheets: the way to them is handed to it.
+QWidget* makeEvents(Session& session) {
+    return new EventsWindow(session, [&session](QDate date, DayBlock block, const QString& rtf) {
+        Add_to_Planning(session.CurrentDB, date, static_cast<SheetBox>(block), rtf);
+        emit session.GetNotices().sheetsChanged();
+    });
 }
 
 } // namespace
@@ -59,6 +71,13 @@ WindowTable windowTable() {
                     .minimisedKey = setting::Timetable.toString(),
                     .openAtStart = setting::Open_Timetable,
                     .make = make<TimetableWindow>},
+        WindowEntry{.window = ToolWindow::CalendarOfEvents,
+                    .name = u"COEfrm"_s,
+                    .placementKey = setting::COE.toString(),
+                    .minimisedKey = setting::COE.toString(),
+                    .openAtStart = setting::Open_COE,
+                    .make = makeEvents,
+                    .show = shows(&EventsWindow::SelectDate)},
         WindowEntry{.window = ToolWindow::WeeklySheet,
                     .name = u"ORVA2frm"_s,
                     .placementKey = setting::Planning.toString(),

@@ -12,6 +12,7 @@
 #include "incidents/security_warning.h"
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
+#include "tour/screens/tour_events.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
@@ -136,6 +137,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
+        fillEvents(session);
         fillTodaysWeek(session);
         fillTodaysSheet(session);
         fillTodaysPlan(session);

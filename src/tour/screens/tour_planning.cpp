@@ -10,13 +10,11 @@
 #include "planning/sheet_making.h"
 #include "planning/short_term_plan.h"
 #include "planning/weekly_sheets.h"
-#include "richtext/rtf_writer.h"
 #include "store/engine/names.h"
 #include "store/record_steps.h"
 #include "store/table_names.h"
 #include "tour/screens/tour_pictures.h"
-
-#include <QTextDocument>
+#include "tour/screens/tour_texts.h"
 
 #include <iterator>
 
@@ -88,12 +86,6 @@ const struct {
     {u"Comments"_s, u"Ran 5 minutes over. <span style='background:#ffff00'>Start with q. 4</span> "
                     "next time"_s},
 };
-
-QString rtfOf(const QString& html) {
-    QTextDocument document;
-    document.setHtml(html);
-    return richtext::writeDocument(document);
-}
 
 void write(dao::Recordset& sheet, const QString& field, const QString& html) {
     if (!html.isEmpty())
