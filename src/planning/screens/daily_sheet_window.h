@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/kept_writing.h"
+#include "core/tool_windows.h"
 #include "planning/daily_sheets.h"
 
 #include <QHash>
@@ -32,6 +33,8 @@ public:
 
     /// Goes to the sheet of a date, for other windows.
     void ShowPlan(QDate date) { m_sheets.ShowPlan(date); }
+    /// Goes to the sheet of a text and selects it there.
+    void showText(const SheetText& text);
     QSize sizeHint() const override;
 
 protected:
@@ -53,9 +56,11 @@ private:
     void showClassesAgain();
     void setHasSheet(bool hasSheet);
     void applyDefaultFont();
+    void enableCommands();
     void selectPeriod(int period);
     void pickDate(QDate date);
     void openRegister();
+    void openHistory();
     void carryOut(SheetEvent event);
 
     void toggleMaximised();

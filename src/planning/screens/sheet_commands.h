@@ -29,8 +29,9 @@ public:
     /// Lays a lesson over the whole sheet, and puts it back.
     QAction* maximise() const { return m_maximise; }
 
-    /// What can be done: with the sheet, if there is one, and with the selected period, if any.
-    void enable(bool hasSheet, bool hasPeriod);
+    /// What can be done: with the sheet, if there is one, with the selected period, if any, and
+    /// with its class, if it has one.
+    void enable(bool hasSheet, bool hasPeriod, bool hasClass);
 
 signals:
     void createWanted();
@@ -39,6 +40,7 @@ signals:
     void deleteWanted();
     void maximiseWanted();
     void registerWanted(); ///< of the selected period's class
+    void historyWanted();  ///< of the same
     void eventWanted(SheetEvent event);
 
 private:
@@ -55,6 +57,5 @@ private:
     LayoutToolbar* m_toolbar = nullptr;
     QAction* m_maximise = nullptr;
     QAction* m_delete = nullptr;
-    QAction* m_deleteButton = nullptr;
     QHash<ToolWindow, QAction*> m_windowActions; ///< by the window that they open
 };

@@ -11,6 +11,7 @@
 #include "incidents/security_warning.h"
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
+#include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
@@ -129,7 +130,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
         if (session.OpenDatabaseFile(year, {}) != OpenDone)
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
-        fillTodaysWeek(session);
+        fillWeeks(session);
         fillTodaysSheet(session);
         fillFirstClass(session);
     } catch (const dao::EngineError& error) {
@@ -138,12 +139,13 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     frame.EnableInput(true);
     pictures.save(frame, u"mdiORVA"_s);
     for (const WindowEntry& entry : windowTable()) {
-        if (!entry.make || !entry.needsDatabase)
+        if (!entry.make || !entry.needsDatabase || entry.kind != WindowKind::Tool)
             continue;
         frame.open(entry.window);
         pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }
+    visitPastLessons(session, frame, pictures);
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);

@@ -6,5 +6,5 @@ class Session;
 /// where there is none. Raises what the engine raises.
 void fillTodaysSheet(Session& session);
 
-/// Writes what might be planned for the first class in the week of today.
-void fillTodaysWeek(Session& session);
+/// Writes what might be planned for the first class in the week of today and the one before.
+void fillWeeks(Session& session);
