@@ -58,3 +58,4 @@ std::vector<Figure> richTextFigures(const QString& folder);
 std::vector<Figure> writingFigures(const QString& folder);
 std::vector<Figure> planningFigures(const QString& folder);
 std::vector<Figure> weekFigures(const QString& folder);
+std::vector<Figure> searchFigures(const QString& folder);

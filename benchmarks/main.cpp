@@ -39,7 +39,7 @@ std::vector<Figure> allFigures(const QString& folder) {
     std::vector<Figure> all;
     for (const auto& family : {fileFigures, backupFigures, recordsetFigures, classFigures,
                                classWindowFigures, startFigures, screenFigures, richTextFigures,
-                               writingFigures, planningFigures, weekFigures}) {
+                               writingFigures, planningFigures, weekFigures, searchFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }

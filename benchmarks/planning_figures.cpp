@@ -5,17 +5,16 @@
 #include "controls/bound_rich_text.h"
 #include "core/session.h"
 #include "figures.h"
+#include "full_year.h"
 #include "planning/sheet_events.h"
 #include "quiet_session.h"
 #include "raw_library.h"
-#include "richtext/rtf_writer.h"
 #include "sample_year.h"
 #include "store/engine/engine.h"
 
 #include <QApplication>
 #include <QDate>
 #include <QFile>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -23,48 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int periods = 7;
-constexpr int sheets = 190;
 constexpr int boxes = 2 * periods + 3;
-
-/// A lesson of about two kilobytes as RTF, with words in bold and in colour.
-QString lessonHtml(int number) {
-    QString html;
-    for (int line = 0; line < 14; ++line)
-        html += u"<p><b>Task %1.%2</b> Work through the examples on page <i>%3</i>, "
-                "then check with <span style='color:#ff0000'>a partner</span>; "
-                "fast finishers take the extension sheet.</p>"_s.arg(number)
-                    .arg(line)
-                    .arg(number + line);
-    return html;
-}
-
-QString lessonRtf(int number) {
-    QTextDocument document;
-    document.setHtml(lessonHtml(number));
-    return richtext::writeDocument(document);
-}
-
-YearAnswers longDays() {
-    YearAnswers answers = sampleAnswers();
-    answers.periodsPerDay = periods;
-    return answers;
-}
-
-/// A year whose first so many sheets are full.
-QString makeFullYear(const QString& path, int fullSheets, const QStringList& fields) {
-    createSampleYear(path, longDays());
-    dao::Database year = dao::DBEngine().OpenDatabase(path);
-    dao::Transaction whole(year);
-    dao::Recordset rows = year.OpenRecordset(u"Planning"_s);
-    for (int sheet = 0; sheet < fullSheets && !rows.EOF_(); ++sheet, rows.MoveNext()) {
-        rows.Edit();
-        for (const QString& field : fields)
-            rows.SetCollect(field, lessonRtf(sheet));
-        rows.Update();
-    }
-    whole.commit();
-    return path;
-}
 
 /// The boxes of a sheet in a window.
 class Boxes {
@@ -95,7 +53,7 @@ class NextSheet : public Work {
 public:
     explicit NextSheet(const QString& path) {
         const QStringList fields = sheetFields(periods);
-        m_year = m_engine.OpenDatabase(makeFullYear(path, 2, fields));
+        m_year = m_engine.OpenDatabase(makeFullYear(path, periods, 2, fields));
         for (size_t i = 0; i < m_boxes.all.size(); ++i) {
             m_bound.push_back(std::make_unique<BoundRichText>(*m_boxes.all[i]));
             m_binding.bind(fields.at(static_cast<qsizetype>(i)), *m_bound.back());
@@ -230,7 +188,8 @@ std::vector<Figure> planningFigures(const QString& folder) {
     constexpr int rounds = 20;
     constexpr double nextSheetBound = 1.2;
     constexpr double fortnightlyBound = 6;
-    const QString full = makeFullYear(folder + u"/full_year.mdb"_s, sheets, {fortnightlyField});
+    const QString full =
+        makeFullYear(folder + u"/full_year.mdb"_s, periods, FullYearSheets, {fortnightlyField});
     std::vector<Figure> figures;
     figures.push_back({u"next sheet"_s, nextSheetBound, rounds,
                        std::make_unique<NextSheet>(folder + u"/next_sheet.mdb"_s),

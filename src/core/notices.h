@@ -18,4 +18,6 @@ signals:
     void pupilsChanged(const QString& classCode);
     void sheetsChanged(); ///< rows of `Planning`, by what is no planning sheet's window
     void eventsChanged(); ///< the calendar of events
+    /// A period was selected on the daily sheet, or none: the session's current class and date.
+    void currentClassChanged();
 };

@@ -226,6 +226,7 @@ void Session::clear() {
     StartWeek.clear();
     CurrentClass.clear();
     CurrentDate.clear();
+    EarlierSearches.clear();
     PeriodsPerDay = TTweekly = TermCount = 0;
     ClassColours.clear();
 }

@@ -9,6 +9,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -80,6 +81,9 @@ public:
     ::FolderDefaults FolderDefaults;
     QString CurrentClass; ///< of the period that was selected last on a daily sheet; may be empty
     QString CurrentDate;  ///< of the daily sheet shown last, as its heading gives it
+    /// What was looked for on the sheets since the year was opened, the last first. Nowhere else:
+    /// it may be the name of a pupil.
+    QStringList EarlierSearches;
     /// The questions of the class window that the teacher has ticked not to see again in this run.
     bool DontAskDeleteClass = false;
     bool DontAskDeletePupil = false;

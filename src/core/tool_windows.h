@@ -28,9 +28,20 @@ enum class ToolWindow {
     WeekChange,
 };
 
-/// One thing of all that a window can show: the sheet of a date, the register of a class's code,
-/// the row of an `ID`. None: what the window shows by itself.
-using WindowSubject = std::variant<std::monostate, QDate, QString, qint64>;
+/// A stretch of a text on the daily sheet of a date.
+struct SheetText {
+    QDate date;
+    int period = 0;          ///< from 1 on
+    bool isHomework = false; ///< else it is in the lesson
+    int start = 0;           ///< in the plain text, from 0, in UTF-16 units
+    int length = 0;
+
+    bool operator==(const SheetText&) const = default;
+};
+
+/// One thing of all that a window can show: the sheet of a date, a text on it, the register of a
+/// class's code, the row of an `ID`. None: what the window shows by itself.
+using WindowSubject = std::variant<std::monostate, QDate, QString, qint64, SheetText>;
 
 /// How rules and windows reach other windows. This class itself is a program without windows.
 class ToolWindows {

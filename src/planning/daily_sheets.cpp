@@ -284,6 +284,7 @@ QList<PlannablePeriod> DailySheets::plannablePeriods() const {
 
 void DailySheets::selectPeriod(int period) {
     m_session.CurrentClass = period > 0 ? classOf(period) : QString();
+    emit m_session.GetNotices().currentClassChanged();
 }
 
 std::optional<qint32> DailySheets::classColour(const QString& code) const {

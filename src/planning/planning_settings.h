@@ -23,4 +23,9 @@ inline constexpr Setting<QString> STP_Time{Planning, u"STP_Time"};
 /// The subject of the short term plan that was saved last.
 inline constexpr Setting<QString> LastUsedSubject{Planning, u"LastUsedSubject"};
 
+/// The key of the history viewer, with its place.
+inline constexpr QStringView History = u"History";
+/// The height of the viewer's upper box, in twips. 0: as designed.
+inline constexpr Setting<qint32> Splitbar{History, u"Splitbar", 0};
+
 } // namespace setting

@@ -107,6 +107,35 @@ TEST_F(CommandLineTest, AYearThatIsWholeStaysAsItIs) {
     }
 }
 
+TEST_F(CommandLineTest, TellsWhatIsPlannedWhere) {
+    {
+        const dao::Database database = engine.OpenDatabase(year);
+        const QString monday = u"SELECT * FROM Planning WHERE PlanDate = '24-09-09'"_s;
+        changeRecord(database, monday, u"Lesson1"_s,
+                     u"{\\rtf1\\ansi\\pard\\plain One\\par a {\\b Qu}iz\\par }"_s);
+        changeRecord(database, monday, u"Homework3"_s, u"quiz"_s);
+    }
+    const struct {
+        QStringList arguments;
+        QString output;
+    } cases[] = {
+        {{u"find"_s, year, u"quiz"_s}, u"24-09-09\t1\t7\n"_s},
+        {{u"find"_s, year, u"quiz"_s, u"--match-case"_s}, {}},
+        {{u"find"_s, year, u"quiz"_s, u"--match-case"_s, u"--homework"_s}, u"24-09-09\t3\t1\n"_s},
+        {{u"history"_s, year, u"7A"_s},
+         u"24-09-04\t\t\n24-09-09\tOne\\na Quiz\t\n24-09-09\t\tquiz\n24-09-13\t\t\n24-09-25\t\t\n"_s},
+        {{u"history"_s, year, u"8X"_s}, {}},
+    };
+    const QByteArray before = bytesOf(year);
+    for (const auto& each : cases) {
+        const Ended ended = run(each.arguments);
+        EXPECT_EQ(ended.status, 0) << qPrintable(ended.errors);
+        EXPECT_EQ(ended.output, each.output) << qPrintable(each.arguments.join(u' '));
+    }
+    EXPECT_TRUE(bytesOf(year) == before);
+    EXPECT_EQ(run({u"find"_s, year, {}}).status, 2);
+}
+
 TEST_F(CommandLineTest, WhatIsNoWholeYearIsRefusedWithItsReason) {
     const QString open = written(u"open.mdb"_s, bytesOf(year));
     const dao::Database held = engine.OpenDatabase(open);

@@ -2,6 +2,7 @@
 
 #include "event_commands.h"
 #include "file_commands.h"
+#include "search_commands.h"
 #include "week_commands.h"
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,12 @@ const QList<Command>& programCommands() {
          .run = importEventsOf,
          .arguments = 1,
          .hasSecondFile = true},
+        {.name = u"find"_s,
+         .usage = u"YEAR TEXT [--homework] [--match-case]"_s,
+         .run = findInYear,
+         .arguments = 1,
+         .options = {{u"homework"_s, {}}, {u"match-case"_s, {}}}},
+        {.name = u"history"_s, .usage = u"YEAR CLASS"_s, .run = printHistory, .arguments = 1},
     };
     return commands;
 }

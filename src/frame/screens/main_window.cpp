@@ -265,6 +265,8 @@ const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const Windo
     if (!entry.placementKey.isEmpty())
         RestoreWindowPlacement(m_session.GetSettings(), place, entry.placementKey);
     holder->show();
+    if (entry.kind != WindowKind::Tool)
+        holder->activateWindow(); // not every desktop gives the keyboard to such a window by itself
     takeFocus(*window);
     return find(entry, subject);
 }

@@ -10,6 +10,8 @@
 #include "frame/frame_settings.h"
 #include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
+#include "planning/screens/history_window.h"
+#include "planning/screens/search_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "planning/sheet_events.h"
 #include "year/screens/change_weeks_wizard.h"
@@ -27,12 +29,15 @@ QWidget* make(Session& session) {
     return new Window(session);
 }
 
-/// Gives a window a subject of the kind that it shows; any other is none of its.
-template<typename Window, typename Subject>
-auto shows(void (Window::*show)(Subject)) {
-    return [show](QWidget& window, const WindowSubject& subject) {
-        if (const auto* content = std::get_if<std::decay_t<Subject>>(&subject))
-            (static_cast<Window&>(window).*show)(*content);
+/// Gives a window a subject of the kinds that it shows; any other is none of its.
+template<typename Window, typename... Subject>
+auto shows(void (Window::*... show)(Subject)) {
+    return [show...](QWidget& window, const WindowSubject& subject) {
+        const auto offer = [&]<typename Kind>(void (Window::*way)(Kind)) {
+            if (const auto* content = std::get_if<std::decay_t<Kind>>(&subject))
+                (static_cast<Window&>(window).*way)(*content);
+        };
+        (offer(show), ...);
     };
 }
 
@@ -92,11 +97,23 @@ WindowTable windowTable() {
                     .openAtStart = setting::Open_Planning,
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
-                    .show = shows(&DailySheetWindow::ShowPlan)},
+                    .show = shows(&DailySheetWindow::ShowPlan, &DailySheetWindow::showText)},
         WindowEntry{.window = ToolWindow::WeekChange,
                     .name = u"ChangeWeekFrm"_s,
                     .kind = WindowKind::Floating,
                     .run = [](Session& session, FrameCommand) { showChangeWeeksWizard(session); }},
+        WindowEntry{.window = ToolWindow::Search,
+                    .name = u"SearchFrm"_s,
+                    .kind = WindowKind::Floating,
+                    .make = make<SearchWindow>},
+        WindowEntry{
+            .window = ToolWindow::History,
+            .name = u"CPlanFrm"_s,
+            .kind = WindowKind::Floating,
+            .placementKey = setting::History.toString(),
+            .make = make<HistoryWindow>,
+            .show = [](QWidget& window,
+                       const WindowSubject&) { static_cast<HistoryWindow&>(window).showAsked(); }},
     };
     return windows;
 }

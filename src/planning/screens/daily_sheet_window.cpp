@@ -145,6 +145,7 @@ void DailySheetWindow::bindClass(int period) {
     m_sheets.binding().bind(classField(period), box);
     connect(&box, &ClassBox::edited, this, [this, &box, period] {
         m_writing.typed();
+        enableCommands();
         if (m_showsCoding)
             m_periods->showColour(period, m_sheets.classColour(box.currentText()));
     });
@@ -177,11 +178,32 @@ void DailySheetWindow::connectCommands() {
     connect(m_commands, &SheetCommands::deleteWanted, this, [this] { m_sheets.deleteSheet(); });
     connect(m_commands, &SheetCommands::eventWanted, this, &DailySheetWindow::carryOut);
     connect(m_commands, &SheetCommands::registerWanted, this, &DailySheetWindow::openRegister);
+    connect(m_commands, &SheetCommands::historyWanted, this, &DailySheetWindow::openHistory);
 }
 
 /// On the class of the period, where it has one.
 void DailySheetWindow::openRegister() {
     m_session.GetWindows().open(ToolWindow::Classes, m_sheets.classOf(m_periods->selectedPeriod()));
+}
+
+/// Of the class as it stands in its box, where there may be a new one since the period was
+/// selected.
+void DailySheetWindow::openHistory() {
+    m_writing.save();
+    m_sheets.selectPeriod(m_periods->selectedPeriod());
+    m_session.GetWindows().open(ToolWindow::History);
+}
+
+void DailySheetWindow::showText(const SheetText& text) {
+    if (text.date != m_sheets.date() && !m_sheets.ShowPlan(text.date))
+        return;
+    restore();
+    m_periods->selectPeriod(text.period);
+    RichTextBox& box =
+        text.isHomework ? m_periods->homework(text.period) : m_periods->lesson(text.period);
+    box.setFocus();
+    box.select(text.start, text.length);
+    m_periods->reveal(box);
 }
 
 /// What other windows have written is shown when the focus comes back, what they have changed of
@@ -199,8 +221,10 @@ void DailySheetWindow::followTheYear() {
 void DailySheetWindow::closeEvent(QCloseEvent* event) {
     // A text that could not be written stays where it can be seen.
     event->setAccepted(m_writing.mayGo());
-    if (event->isAccepted())
-        m_sheets.plan().close();
+    if (!event->isAccepted())
+        return;
+    m_sheets.plan().close();
+    m_session.GetWindows().close(ToolWindow::Search); // which looks through these sheets
 }
 
 void DailySheetWindow::sheetChanged() {
@@ -240,6 +264,15 @@ void DailySheetWindow::applyDefaultFont() {
         (*box)->applyDefaultFont(font);
     if (m_sheets.plan().isOpen())
         m_planPanel->applyDefaultFont(font);
+}
+
+void DailySheetWindow::enableCommands() {
+    const int period = m_periods->selectedPeriod();
+    const bool hasClass = period > 0 && !m_periods->classBox(period).currentText().isEmpty();
+    m_commands->enable({.isThere = !m_sheets.isEmpty(),
+                        .period = period,
+                        .hasClass = hasClass,
+                        .isPlanOpen = m_sheets.plan().isOpen()});
 }
 
 void DailySheetWindow::selectPeriod(int period) {
@@ -302,10 +335,6 @@ void DailySheetWindow::placeMaximiseButton() {
     m_commands->maximise()->setText(tip);
     m_maximiseButton->setMaximised(m_maximised > 0, tip);
     m_maximiseButton->standOn(period > 0 ? m_periods->lesson(period).viewport() : nullptr);
-}
-
-void DailySheetWindow::enableCommands() {
-    m_commands->enable(!m_sheets.isEmpty(), m_periods->selectedPeriod(), m_sheets.plan().isOpen());
 }
 
 void DailySheetWindow::togglePlan() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/kept_writing.h"
+#include "core/tool_windows.h"
 #include "planning/daily_sheets.h"
 
 #include <QHash>
@@ -38,6 +39,8 @@ public:
     void ZoomIn(int period);
     /// Saves the short term plan and shows the sheet again.
     void ZoomOut();
+    /// Goes to the sheet of a text and selects it there.
+    void showText(const SheetText& text);
     QSize sizeHint() const override;
 
 protected:
@@ -70,6 +73,7 @@ private:
     void putPlanAway();
     void closePlan();
     void showSheetPage();
+    void openHistory();
     void carryOut(SheetEvent event);
 
     void toggleMaximised();

@@ -51,19 +51,19 @@ PeriodArea::PeriodArea(int periods, const QStringList& classCodes, QWidget* pare
     divide(*m_grid);
     for (int period = 1; period <= periods; ++period)
         addLine(period, classCodes);
-    auto* scroll = new QScrollArea;
-    scroll->setWidget(content);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameStyle(QFrame::NoFrame);
-    scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setMinimumHeight(LeastHeight + Gap);
+    m_scroll = new QScrollArea;
+    m_scroll->setWidget(content);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameStyle(QFrame::NoFrame);
+    m_scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setMinimumHeight(LeastHeight + Gap);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(Gap);
     layout->addWidget(makeColumnHeadings());
-    layout->addWidget(scroll, 1);
+    layout->addWidget(m_scroll, 1);
 }
 
 PeriodArea::~PeriodArea() {
@@ -131,6 +131,10 @@ void PeriodArea::selectPeriod(int period) {
             chosen.lesson->setFocus();
     }
     emit periodSelected(period);
+}
+
+void PeriodArea::reveal(RichTextBox& box) {
+    m_scroll->ensureWidgetVisible(&box);
 }
 
 void PeriodArea::takeBack(int period) {

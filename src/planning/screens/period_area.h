@@ -9,6 +9,7 @@
 class ClassBox;
 class PeriodHeading;
 class QGridLayout;
+class QScrollArea;
 class RichTextBox;
 
 /// The periods of a sheet, a line each under the headings of the columns: the number, the class,
@@ -38,6 +39,8 @@ public:
     void showCoding(const QList<ClassCoding>& coding);
     /// The classes to choose from; what stands in the boxes stays.
     void setClassCodes(const QStringList& codes);
+    /// Scrolls to one of the boxes.
+    void reveal(RichTextBox& box);
     /// Puts the boxes of lesson and homework back into their line, from wherever they were shown.
     void takeBack(int period);
 
@@ -60,6 +63,7 @@ private:
     QWidget* makeColumnHeadings();
     void addLine(int period, const QStringList& classCodes);
 
+    QScrollArea* m_scroll;
     QGridLayout* m_grid;
     std::vector<Line> m_lines;
     int m_selected = 0;

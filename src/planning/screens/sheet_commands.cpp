@@ -32,8 +32,8 @@ const WindowCommand windowCommands[] = {
 
 SheetCommands::SheetCommands(Session& session, FormatTools& tools, QWidget& window)
     : QObject(&window), m_session(session), m_tools(tools) {
-    makePlanningMenu(window);
     makeWindowActions();
+    makePlanningMenu(window);
     makePeriodMenu(window);
     makeToolbar(window);
     m_propertiesButton->setCheckable(true);
@@ -53,6 +53,12 @@ void SheetCommands::makePlanningMenu(QWidget& window) {
     add(u"daily"_s, u"Open\\Create for TODAY"_s, &SheetCommands::todayWanted);
     add(u"daily"_s, u"Open\\Create for TOMORROW"_s, &SheetCommands::tomorrowWanted);
     m_planningMenu->addSeparator();
+    if (QAction* search = m_windowActions.value(ToolWindow::Search)) {
+        search->setShortcut(Qt::CTRL | Qt::Key_F);
+        search->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        window.addAction(search);
+        m_planningMenu->addAction(search);
+    }
     m_delete = add(u"delete"_s, u"Delete selected Sheet"_s, &SheetCommands::deleteWanted);
 }
 
@@ -64,6 +70,8 @@ void SheetCommands::makeWindowActions() {
         connect(action, &QAction::triggered, this, [this, window = command.window] {
             if (window == ToolWindow::Classes)
                 emit registerWanted();
+            else if (window == ToolWindow::History)
+                emit historyWanted();
             else
                 m_session.GetWindows().open(window);
         });
@@ -115,15 +123,15 @@ void SheetCommands::makeToolbar(QWidget& window) {
     m_toolbar = new LayoutToolbar(u"ORVA_Btns"_s, QString(buttons.size(), u'B'), tips.join(u'|'),
                                   icons.join(u'|'), &window);
     for (qsizetype i = 0; i < buttons.size(); ++i) {
-        if (buttons[i].menu)
+        if (buttons[i].menu) {
             m_toolbar->setMenu(i, buttons[i].menu);
-        else
-            connect(m_toolbar->button(i), &QAction::triggered, buttons[i].action,
-                    &QAction::trigger);
-        if (buttons[i].action == m_delete)
-            m_deleteButton = m_toolbar->button(i);
+            continue;
+        }
+        QAction* button = m_toolbar->button(i);
+        connect(button, &QAction::triggered, buttons[i].action, &QAction::trigger);
+        connect(buttons[i].action, &QAction::enabledChanged, button, &QAction::setEnabled);
         if (buttons[i].action == m_properties)
-            m_propertiesButton = m_toolbar->button(i);
+            m_propertiesButton = button;
     }
 }
 
@@ -147,12 +155,12 @@ void SheetCommands::addEvents() {
     }
 }
 
-void SheetCommands::enable(bool hasSheet, int period, bool isPlanOpen) {
-    m_delete->setEnabled(hasSheet);
-    m_deleteButton->setEnabled(hasSheet);
-    m_maximise->setEnabled(period > 0 && !isPlanOpen);
-    for (QAction* properties : {m_properties, m_propertiesButton}) {
-        properties->setEnabled(isPlanOpen || ShortTermPlan::takes(period));
-        properties->setChecked(isPlanOpen);
-    }
+void SheetCommands::enable(const SheetState& sheet) {
+    m_delete->setEnabled(sheet.isThere);
+    m_maximise->setEnabled(sheet.period > 0 && !sheet.isPlanOpen);
+    m_properties->setEnabled(sheet.isPlanOpen || ShortTermPlan::takes(sheet.period));
+    for (QAction* properties : {m_properties, m_propertiesButton})
+        properties->setChecked(sheet.isPlanOpen);
+    if (QAction* history = m_windowActions.value(ToolWindow::History))
+        history->setEnabled(sheet.hasClass);
 }

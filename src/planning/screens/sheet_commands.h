@@ -13,6 +13,14 @@ class QMenu;
 class QWidget;
 class Session;
 
+/// What is shown, as the commands depend on it.
+struct SheetState {
+    bool isThere;
+    int period; ///< the selected one; 0 for none
+    bool hasClass;
+    bool isPlanOpen; ///< a short term plan lies over the sheet
+};
+
 /// The commands of a daily sheet apart from those for writing: the Planning menu, the popup of a
 /// period's heading, the toolbar "ORVA_Btns" and the events in the edit menu. A command of a window
 /// that the program does not have is in none of them.
@@ -29,9 +37,8 @@ public:
     /// Lays a lesson over the whole sheet, and puts it back.
     QAction* maximise() const { return m_maximise; }
 
-    /// What can be done: with the sheet, if there is one, and with the selected period (0: none),
-    /// whose short term plan may be open.
-    void enable(bool hasSheet, int period, bool isPlanOpen);
+    /// Says what can be done, by what is shown.
+    void enable(const SheetState& sheet);
 
 signals:
     void createWanted();
@@ -41,6 +48,7 @@ signals:
     void maximiseWanted();
     void planToggled();    ///< the short term plan of the selected period is to open or to close
     void registerWanted(); ///< of the selected period's class
+    void historyWanted();  ///< of the same
     void eventWanted(SheetEvent event);
 
 private:
@@ -57,7 +65,6 @@ private:
     LayoutToolbar* m_toolbar = nullptr;
     QAction* m_maximise = nullptr;
     QAction* m_delete = nullptr;
-    QAction* m_deleteButton = nullptr;
     QAction* m_properties = nullptr;
     QAction* m_propertiesButton = nullptr;
     QHash<ToolWindow, QAction*> m_windowActions; ///< by the window that they open

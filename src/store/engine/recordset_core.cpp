@@ -16,6 +16,9 @@ namespace {
 constexpr int behindLast = std::numeric_limits<int>::max();
 /// So many records at most are read ahead of a walk.
 constexpr int mostReadAhead = 256;
+/// Nor more than these many characters of memos: to have a whole year's in memory costs more than
+/// it saves.
+constexpr qsizetype mostMemosAhead = qsizetype{1} << 17;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? u"?%1"_s.arg(parameter) : column.sql, column.field.Type};
@@ -33,6 +36,16 @@ QList<qint64> readKeys(const Statement& statement, qsizetype count) {
     for (qsizetype i = 0; i < count; ++i)
         keys[i] = statement.integer(static_cast<int>(i));
     return keys;
+}
+
+/// The characters of a row's memos; an empty row is one that has been deleted.
+qsizetype memoLength(const sql::Query& query, const QList<Value>& row) {
+    qsizetype length = 0;
+    for (qsizetype i = 0; i < row.size(); ++i) {
+        if (query.columns.at(i).field.Type == DataType::Memo)
+            length += row.at(i).toText().size();
+    }
+    return length;
 }
 
 } // namespace
@@ -297,8 +310,11 @@ void RecordsetCore::readRows(int first, int end) {
     std::optional<ReadScope> scope;
     if (!isOne)
         scope.emplace(m_database->connection);
-    for (int i = first; i < end; ++i)
+    qsizetype memos = 0;
+    for (int i = first; i < end && memos < mostMemosAhead; ++i) {
         m_ahead += readRow(m_keys->entries.at(i).keys);
+        memos += memoLength(query, m_ahead.last());
+    }
 }
 
 void RecordsetCore::readRange(int first, int end) {

@@ -13,6 +13,7 @@
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
 #include "tour/screens/tour_events.h"
+#include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_timetable.h"
@@ -138,7 +139,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
         fillEvents(session);
-        fillTodaysWeek(session);
+        fillWeeks(session);
         fillTodaysSheet(session);
         fillTodaysPlan(session);
         fillFirstClass(session);
@@ -150,13 +151,14 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     frame.EnableInput(true);
     pictures.save(frame, u"mdiORVA"_s);
     for (const WindowEntry& entry : windowTable()) {
-        if (!entry.make || !entry.needsDatabase)
+        if (!entry.make || !entry.needsDatabase || entry.kind != WindowKind::Tool)
             continue;
         frame.open(entry.window);
         pictures.save(frame, entry.name);
         frame.CloseOpenForms();
     }
     visitShortTermPlan(frame, pictures);
+    visitPastLessons(session, frame, pictures);
     visitClasses(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);

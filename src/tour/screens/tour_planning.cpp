@@ -52,7 +52,7 @@ const PlannedPeriod periods[] = {
      u"Corrections to q. 14 and 17"_s},
 };
 
-/// What the first class does in one week, lesson by lesson.
+/// What the first class does, lesson by lesson, over and over.
 const PlannedPeriod sequence[] = {
     {{},
      u"<b>Sine and cosine rule: which one?</b><br/>Sort 12 triangles on cards in pairs (box 3)<br/>"
@@ -115,16 +115,22 @@ void fillTodaysSheet(Session& session) {
     sheet.Update();
 }
 
-void fillTodaysWeek(Session& session) {
+void fillWeeks(Session& session) {
     WeeklySheets sheets(session);
-    if (!sheets.load() || !sheets.showWeek(sheets.currentWeek(), sheets.classes().first().code))
+    if (!sheets.load())
         return;
-    QList<SlotTexts> texts;
-    for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
-        const PlannedPeriod& planned = sequence[i % std::size(sequence)];
-        texts += SlotTexts{rtfOf(planned.lesson), rtfOf(planned.homework)};
+    const int current = sheets.currentWeek();
+    qsizetype lesson = 0;
+    for (int week = qMax(0, current - 1); week <= current; ++week) {
+        if (!sheets.showWeek(week, sheets.classes().first().code))
+            return;
+        QList<SlotTexts> texts;
+        for (qsizetype i = 0; i < sheets.lessons().size(); ++i) {
+            const PlannedPeriod& planned = sequence[lesson++ % std::size(sequence)];
+            texts += SlotTexts{rtfOf(planned.lesson), rtfOf(planned.homework)};
+        }
+        sheets.writeLessons(texts);
     }
-    sheets.writeLessons(texts);
 }
 
 void fillTodaysPlan(Session& session) {

@@ -8,8 +8,8 @@ class TourPictures;
 /// where there is none. Raises what the engine raises.
 void fillTodaysSheet(Session& session);
 
-/// Writes what might be planned for the first class in the week of today.
-void fillTodaysWeek(Session& session);
+/// Writes what might be planned for the first class in the week of today and the one before.
+void fillWeeks(Session& session);
 
 /// Writes a short term plan for the first period of today's sheet. Raises what the engine raises.
 void fillTodaysPlan(Session& session);
