@@ -18,7 +18,7 @@ constexpr int behindLast = std::numeric_limits<int>::max();
 constexpr int mostReadAhead = 256;
 /// Nor more than these many characters of memos: to have a whole year's in memory costs more than
 /// it saves.
-constexpr qsizetype mostMemosAhead = qsizetype{1} << 17;
+constexpr qsizetype mostMemosAhead = qsizetype{1} << 15;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? u"?%1"_s.arg(parameter) : column.sql, column.field.Type};
