@@ -71,7 +71,7 @@ void EventMonths::showNoRow() {
 }
 
 bool EventMonths::ShowMonth(const EventMonth& month) {
-    if (!leave())
+    if (leave() != Leaving::Done)
         return false;
     const bool hadRow = hasRow();
     bool isShown = true;
@@ -104,22 +104,27 @@ EventMonth EventMonths::inTeachingYear(int month) const {
 }
 
 /// Whoever shows events of the year hears of them once they are in the file.
-bool EventMonths::told(bool isWritten) {
-    if (isWritten && std::exchange(m_isTyped, false))
+void EventMonths::tellWritten() {
+    if (std::exchange(m_isTyped, false))
         emit m_session.GetNotices().eventsChanged();
-    return isWritten;
 }
 
 bool EventMonths::save() {
-    return told(m_binding.flush());
+    const bool isWritten = m_binding.flush();
+    if (isWritten)
+        tellWritten();
+    return isWritten;
 }
 
-bool EventMonths::leave() {
-    return told(m_binding.leave());
+Leaving EventMonths::leave() {
+    const Leaving page = m_binding.leave();
+    if (page == Leaving::Done)
+        tellWritten();
+    return page;
 }
 
 bool EventMonths::importFromDatabase() {
-    if (!confirmEventImport(m_session.GetSeams().prompts) || !leave())
+    if (!confirmEventImport(m_session.GetSeams().prompts) || leave() != Leaving::Done)
         return false;
     const QString path =
         m_session.ChooseDatabaseFile(u"Select the file to import term dates from:"_s);

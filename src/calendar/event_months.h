@@ -48,7 +48,7 @@ public:
     void typed() { m_isTyped = true; }
     /// Both write what was typed and tell the year of it; as RowBinding's flush and leave.
     bool save();
-    bool leave();
+    Leaving leave();
     /// Takes the calendar over from another year's file, which it asks for. Answers whether that
     /// was done; a page is shown anew in either case.
     bool importFromDatabase();
@@ -65,7 +65,7 @@ private:
     void openAgain();
     void showNoRow();
     void tell(const dao::EngineError& error) const;
-    bool told(bool isWritten);
+    void tellWritten();
 
     Session& m_session;
     RowBinding m_binding;

@@ -3,6 +3,8 @@
 #include "richtext/code_pages.h"
 #include "richtext/rtf_scanner.h"
 
+using namespace Qt::StringLiterals;
+
 namespace richtext {
 
 namespace {

@@ -42,10 +42,9 @@ bool backUp(Session& session) {
     const YearAway year(session);
     session.CloseAllDatabases();
     const bool isKept = BackupOnly(backupContext(session), year.path, year.password);
-    const OpenResult result = session.OpenDatabaseFile(year.path, year.password);
-    if (result == OpenDone)
+    if (session.OpenDatabaseFile(year.path, year.password) == OpenDone)
         return isKept;
-    const OpenFailure failure = openFailure(result, year.path);
+    const OpenFailure failure = openFailure(session.LastOpenFault(), year.path);
     session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     return false;
 }

@@ -1,5 +1,7 @@
 #include "event_commands.h"
 
+#include "opened_year.h"
+
 #include "calendar/event_import.h"
 #include "calendar/event_rows.h"
 #include "core/console_prompts.h"
@@ -20,15 +22,6 @@ EventMonth monthOf(const Call& call) {
     if (!match.hasMatch())
         throw UsageError(u"A month is written as yyyy-mm, such as 2026-09."_s, call.command);
     return {match.captured(1).toInt(), match.captured(2).toInt()};
-}
-
-/// Opens the year to change it; raises RefusedCommand.
-void openYear(const Workplace& workplace, const Call& call) {
-    const OpenResult result = workplace.session.OpenDatabaseFile(call.file, call.password);
-    if (result == OpenCancelled)
-        throw RefusedCommand(u"The year was not opened."_s);
-    if (result != OpenDone)
-        throw RefusedCommand(openFailure(result, call.file).text);
 }
 
 } // namespace

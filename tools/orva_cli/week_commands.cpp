@@ -1,5 +1,7 @@
 #include "week_commands.h"
 
+#include "opened_year.h"
+
 #include "core/console_prompts.h"
 #include "core/session.h"
 #include "year/week_change.h"
@@ -20,15 +22,6 @@ short readWeek(const Call& call) {
     return static_cast<short>(week);
 }
 
-void openYear(Session& session, const Call& call) {
-    session.DatabasePath = call.file;
-    const OpenResult result = session.OpenDatabaseFile(call.file, call.password);
-    if (result == OpenCancelled)
-        throw RefusedCommand(u"The database was not opened."_s);
-    if (result != OpenDone)
-        throw RefusedCommand(openFailure(result, call.file).text);
-}
-
 bool agreesToClear(const Workplace& workplace, short week) {
     return workplace.prompts.PlainBox(
                weekChangeSummary(workplace.session.CurrentDB, week) +
@@ -41,7 +34,7 @@ bool agreesToClear(const Workplace& workplace, short week) {
 ExitStatus changeWeeks(const Workplace& workplace, const Call& call) {
     Session& session = workplace.session;
     const short week = readWeek(call);
-    openYear(session, call);
+    openYear(workplace, call);
     if (!OfferToFinishWeekChange(session))
         return Failed;
     const QString fault = faultOfWeekChange(session, week);
@@ -59,7 +52,7 @@ bool isWeekChangeWhole(const Workplace& workplace, const Call& call) {
         return true;
     if (call.consents) {
         session.CloseAllDatabases();
-        openYear(session, call);
+        openYear(workplace, call);
     }
     return OfferToFinishWeekChange(session);
 }
