@@ -57,3 +57,4 @@ std::vector<Figure> screenFigures(const QString& folder);
 std::vector<Figure> richTextFigures(const QString& folder);
 std::vector<Figure> writingFigures(const QString& folder);
 std::vector<Figure> planningFigures(const QString& folder);
+std::vector<Figure> eventFigures(const QString& folder);
