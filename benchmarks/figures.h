@@ -59,3 +59,4 @@ std::vector<Figure> writingFigures(const QString& folder);
 std::vector<Figure> planningFigures(const QString& folder);
 std::vector<Figure> weekFigures(const QString& folder);
 std::vector<Figure> searchFigures(const QString& folder);
+std::vector<Figure> eventFigures(const QString& folder);

@@ -55,6 +55,8 @@ DayCaption::DayCaption(int day, bool gradients, QWidget* parent)
     setObjectName(u"L1(%1)"_s.arg(day - 1));
     setTextFormat(Qt::PlainText);
     setFrameStyle(QFrame::Panel | QFrame::Raised);
+    setBackground(this, weekdayCaptionShade.to);
+    setAutoFillBackground(!m_gradients);
     colour();
 }
 
@@ -70,11 +72,10 @@ void DayCaption::setSelected(bool selected) {
 }
 
 void DayCaption::colour() {
-    const QColor ground =
-        m_gradients ? captionShade(m_isWeekend, m_isSelected).to
-                    : captionGround(QGuiApplication::palette(), m_isWeekend, m_isSelected);
-    setBackground(this, ground);
-    setAutoFillBackground(!m_gradients);
+    if (m_gradients)
+        update(); // all shades are light, and the text on them the same
+    else
+        setBackground(this, captionGround(QGuiApplication::palette(), m_isWeekend, m_isSelected));
 }
 
 void DayCaption::paintEvent(QPaintEvent* event) {

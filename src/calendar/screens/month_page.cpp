@@ -57,12 +57,14 @@ void MonthPage::setNewTextFont(const FontRecord& font) {
     measure();
 }
 
-/// The height of a line is the same for all, so that captions and boxes stand side by side.
+/// The height of a line is the same for all, so that captions and boxes stand side by side; that of
+/// the page is the same for all months, so that it stays where it is scrolled to.
 void MonthPage::measure() {
     const DayBox& first = box(1);
     const int text =
         std::max(first.fontMetrics().height(), QFontMetrics(toFont(m_newTextFont)).height());
     m_lineHeight = text + 2 * (first.frameWidth() + qRound(first.document()->documentMargin()));
+    setMinimumHeight(DaysOfCalendar * (m_lineHeight + DayGap));
 }
 
 void MonthPage::showMonth(const EventMonths& month) {
@@ -82,7 +84,6 @@ void MonthPage::showMonth(const EventMonths& month) {
         box(day).setAccessibleName(month.dateText(day));
     }
     measureCaptions();
-    setMinimumHeight(m_shown * (m_lineHeight + DayGap));
     layOut();
 }
 
