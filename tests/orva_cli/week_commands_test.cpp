@@ -21,6 +21,7 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"XDG_CONFIG_HOME"_s, path(u"config"_s));
         environment.insert(u"XDG_DATA_HOME"_s, path(u"data"_s));
+        environment.insert(u"HOME"_s, path({}));
         return runProgram(test::built(u"bin/orva-cli"_s), arguments, {}, environment);
     }
     QString lettersOfWeek(int week) const {
@@ -44,14 +45,14 @@ TEST_F(WeekCommandsTest, WeeksAreChangedOnceThatIsAgreedTo) {
     EXPECT_EQ(declined.status, 1);
     EXPECT_TRUE(declined.errors.contains(u"will be cleared"_s)) << qPrintable(declined.errors);
     EXPECT_EQ(lettersOfWeek(3), u"BBBBB"_s);
-    EXPECT_FALSE(QFile::exists(path(u"data/ORVA/Year.001"_s)));
+    EXPECT_FALSE(QFile::exists(path(u"Documents/ORVA/Backups/Year.001"_s)));
 
     const Ended done = run({u"change-weeks"_s, year, u"3"_s, u"--yes"_s});
     EXPECT_EQ(done.status, 0) << qPrintable(done.errors);
     EXPECT_EQ(done.output, QString());
     EXPECT_EQ(lettersOfWeek(3), u"AAAAA"_s);
     EXPECT_EQ(lettersOfWeek(2), u"AAAAA"_s);
-    EXPECT_TRUE(QFile::exists(path(u"data/ORVA/Year.002"_s)));
+    EXPECT_TRUE(QFile::exists(path(u"Documents/ORVA/Backups/Year.002"_s)));
 }
 
 TEST_F(WeekCommandsTest, ACheckTellsOfAChangeThatWasBrokenOffAndFinishesIt) {

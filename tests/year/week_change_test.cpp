@@ -165,7 +165,8 @@ TEST_F(WeekChangeTest, ARegisterTakesAsManyLessonsAsATableHolds) {
 TEST_F(WeekChangeTest, NothingIsBegunWithoutABackup) {
     work(u"7A"_s);
     const QStringList before = sheetsOf(session.CurrentDB);
-    session.FolderDefaults[BackupFolder].folder = path(u"gone/"_s);
+    session.FolderDefaults[BackupFolder] = {
+        .label = {}, .folder = path(u"gone/"_s), .shortFolder = {}};
     seams.prompts.expect(PromptKind::Plain, u"Backup Error"_s, AnswerOk);
     EXPECT_EQ(ReallocateWeeks(session, 1), WeeksUnchanged);
     EXPECT_EQ(sheetsOf(session.CurrentDB), before) << "and the year is open";
