@@ -4,6 +4,8 @@
 #include "store/engine/jet_sql.h"
 #include "store/engine/names.h"
 
+#include <QFileInfo>
+
 #include <sqlcipher/sqlite3.h>
 
 #include <cerrno>
@@ -36,6 +38,17 @@ int causeOf(sqlite3* database) {
             return code;
     }
     return extended;
+}
+
+/// Raises 3343 where a statement that only reads has failed as if the disk were full: it was led to
+/// a page that no file can have. A change that was cut off is undone by the first reading and does
+/// write; the full disk then is one.
+void checkReadsPages(sqlite3* database) {
+    const QString journal =
+        QString::fromUtf8(sqlite3_db_filename(database, "main")) + u"-journal"_s;
+    if ((sqlite3_extended_errcode(database) & 0xff) == SQLITE_FULL &&
+        QFileInfo(journal).size() == 0)
+        throw EngineError(DamagedDatabase, u"The file is damaged."_s);
 }
 
 EngineError constraintError(int extended) {
@@ -165,8 +178,10 @@ Statement::Statement(Connection& connection, const QString& sql) : m_database(co
     const int result = sqlite3_prepare_v2(m_database, text.constData(),
                                           static_cast<int>(text.size()) + 1, &statement, nullptr);
     m_statement.reset(statement);
-    if (result != SQLITE_OK)
-        raiseDatabaseError(m_database);
+    if (result == SQLITE_OK)
+        return;
+    checkReadsPages(m_database);
+    raiseDatabaseError(m_database);
 }
 
 void Statement::bind(int position, const Value& value) {
@@ -201,6 +216,9 @@ bool Statement::step() {
     if (result == SQLITE_DONE)
         return false;
     try {
+        if (sqlite3_stmt_readonly(m_statement.get()) != 0 &&
+            sqlite3_column_count(m_statement.get()) > 0)
+            checkReadsPages(m_database);
         raiseDatabaseError(m_database);
     } catch (...) {
         sqlite3_reset(m_statement.get());
