@@ -262,6 +262,30 @@ TEST_F(OpenTest, RepairKeepsWhatCanBeRead) {
     EXPECT_EQ(errorOf([&] { engine.RepairDatabase(path(u"missing.mdb"_s)); }), dao::NoSuchFile);
 }
 
+TEST_F(OpenTest, ADefinitionThatIsCutOffCostsNoRecord) {
+    makeFile(u"year.mdb"_s);
+    QList<dao::Field> fields;
+    for (int i = 1; i <= 200; ++i)
+        fields += emptyableField(u"Field %1"_s.arg(i), dao::DataType::Text, 1);
+    dao::Database database = engine.OpenDatabase(path(u"year.mdb"_s));
+    appendTable(database, u"Wide"_s, fields);
+    addRecord(database, u"Wide"_s, {u"x"_s, u"y"_s});
+    const QStringList sound = rowsOf(database, u"Wide"_s);
+    database.Close();
+    const QByteArray whole = bytesOf(path(u"year.mdb"_s));
+    for (const char filling : {'\x55', '\0'}) {
+        QByteArray damaged = whole;
+        const qsizetype page = damaged.indexOf("Field 150") / 4096 * 4096;
+        writeFile(path(u"year.mdb"_s), damaged.replace(page, 4096, QByteArray(4096, filling)));
+        EXPECT_EQ(openError(u"year.mdb"_s), dao::DamagedDatabase) << "and no full disk";
+        engine.RepairDatabase(path(u"year.mdb"_s));
+        database = engine.OpenDatabase(path(u"year.mdb"_s));
+        EXPECT_EQ(rowsOf(database, u"Wide"_s), sound);
+        EXPECT_EQ(rowsOf(database, u"Pupils"_s).size(), 200);
+        database.Close();
+    }
+}
+
 TEST_F(OpenTest, ForeignRulesOfAFileDoNotRun) {
     pupilsFile(u"year.mdb"_s).Close();
     sqlite3* raw = nullptr;

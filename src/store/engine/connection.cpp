@@ -5,6 +5,8 @@
 #include "store/engine/names.h"
 #include "store/engine/sqlcipher.h"
 
+#include <QFileInfo>
+
 #include <sys/prctl.h>
 
 #include <cerrno>
@@ -37,6 +39,17 @@ int causeOf(sqlite3* database) {
             return code;
     }
     return extended;
+}
+
+/// Raises 3343 where a statement that only reads has failed as if the disk were full: it was led to
+/// a page that no file can have. A change that was cut off is undone by the first reading and does
+/// write; the full disk then is one.
+void checkReadsPages(sqlite3* database) {
+    const QString journal =
+        QString::fromUtf8(sqlcipher().dbFilename(database, "main")) + u"-journal"_s;
+    if ((sqlcipher().extendedErrorCode(database) & 0xff) == SQLITE_FULL &&
+        QFileInfo(journal).size() == 0)
+        throw EngineError(DamagedDatabase, u"The file is damaged."_s);
 }
 
 EngineError constraintError(int extended) {
@@ -184,8 +197,10 @@ Statement::Statement(Connection& connection, const QString& sql) : m_database(co
     const int result = sqlcipher().prepare(m_database, text.constData(),
                                            static_cast<int>(text.size()) + 1, &statement, nullptr);
     m_statement.reset(statement);
-    if (result != SQLITE_OK)
-        raiseDatabaseError(m_database);
+    if (result == SQLITE_OK)
+        return;
+    checkReadsPages(m_database);
+    raiseDatabaseError(m_database);
 }
 
 void Statement::bind(int position, const Value& value) {
@@ -220,6 +235,9 @@ bool Statement::step() {
     if (result == SQLITE_DONE)
         return false;
     try {
+        if (sqlcipher().isReadOnly(m_statement.get()) != 0 &&
+            sqlcipher().columnCount(m_statement.get()) > 0)
+            checkReadsPages(m_database);
         raiseDatabaseError(m_database);
     } catch (...) {
         sqlcipher().reset(m_statement.get());

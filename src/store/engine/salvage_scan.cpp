@@ -171,7 +171,7 @@ void SalvageScan::addDefinitions(const SalvagedTree& tree) {
             values[2].toText(), static_cast<quint32>(values[3].toInteger()),
             values[4].toText(), record->lostValues > 0};
         if (definition.isCut)
-            definition.statement = QString::fromUtf8(record->begunValue);
+            definition.statement = QString::fromUtf8(record->begunValue).section(QChar(), 0, 0);
         m_byRow.insert(row, std::move(definition));
     });
 }

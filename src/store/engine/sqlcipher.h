@@ -40,6 +40,9 @@ struct Sqlcipher : LateLibrary {
     decltype(&sqlite3_bind_blob64) bindBlob64 = function("sqlite3_bind_blob64");
     decltype(&sqlite3_bind_zeroblob) bindZeroblob = function("sqlite3_bind_zeroblob");
 
+    decltype(&sqlite3_db_filename) dbFilename = function("sqlite3_db_filename");
+    decltype(&sqlite3_stmt_readonly) isReadOnly = function("sqlite3_stmt_readonly");
+    decltype(&sqlite3_column_count) columnCount = function("sqlite3_column_count");
     decltype(&sqlite3_column_value) columnValue = function("sqlite3_column_value");
     decltype(&sqlite3_column_int64) columnInt64 = function("sqlite3_column_int64");
     decltype(&sqlite3_column_text) columnText = function("sqlite3_column_text");

@@ -274,8 +274,9 @@ std::optional<SalvagedRecord> readRecord(qint64 row, quint64 size, const QByteAr
                             bytes.mid(static_cast<qsizetype>(at), static_cast<qsizetype>(*length)),
                             encoding)
                 : std::nullopt;
-        if (!isThere && record.begunValue.isNull())
-            record.begunValue = bytes.mid(static_cast<qsizetype>(at));
+        if (!value && record.begunValue.isNull())
+            record.begunValue =
+                bytes.mid(static_cast<qsizetype>(at), static_cast<qsizetype>(*length));
         record.lostValues += value ? 0 : 1;
         record.values += value.value_or(Value());
         at += *length;

@@ -42,7 +42,7 @@ struct SalvagedRecord {
     qint64 row = 0;
     QList<Value> values = {};
     int lostValues = 0;         ///< those of them that can't be read; they are Null
-    QByteArray begunValue = {}; ///< what is there of the first value that is cut off
+    QByteArray begunValue = {}; ///< what is there of the first of those
 };
 
 /// Reads a page of the file; none where it can't be.
