@@ -41,7 +41,7 @@ std::optional<YearShape> foundShape(const dao::Database& found) {
     if (!TableExists(found, AdminTable))
         return std::nullopt;
     const dao::Recordset admin = found.OpenRecordset(AdminTable);
-    if (admin.EOF_())
+    if (admin.EOF_() || !admin.HasField(u"PeriodsPerDay") || !admin.HasField(u"TTweekly"))
         return std::nullopt;
     return YearShape{static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger()),
                      admin.Collect(u"TTweekly").toInteger() == 1};
@@ -292,22 +292,13 @@ QStringList addClasses(const dao::Database& year) {
     return added;
 }
 
-QStringList completeYear(const dao::Database& year) {
-    for (const QString& table :
-         {PlanningTable, AdminTable, TermDatesTable, ClasscodesTable, CalendarTable}) {
-        if (!TableExists(year, table))
-            return {};
-    }
-    const std::optional<SheetSpan> span = spanOfSheets(year);
-    if (!span)
-        return {};
-    QStringList added;
+void addMissing(const dao::Database& year, const SheetSpan& span, QStringList& added) {
     if (!firstRecord(year, TermDatesTable)) {
-        addTerm(year, *span);
+        addTerm(year, span);
         added += u"The terms were lost: one from the first sheet to the last stands for them."_s;
     }
     if (!firstRecord(year, AdminTable)) {
-        addAdmin(year, *span);
+        addAdmin(year, span);
         added += u"The teacher's name and the breaks were lost; the rest of the year's own record "
                  "was made from the sheets."_s;
     }
@@ -319,6 +310,22 @@ QStringList completeYear(const dao::Database& year) {
     if (!classes.isEmpty())
         added += u"Colours and captions of classes were lost, their periods were read from the "
                  "sheets: %1."_s.arg(classes.join(u", "_s));
+}
+
+QStringList completeYear(const dao::Database& year) {
+    for (const QString& table :
+         {PlanningTable, AdminTable, TermDatesTable, ClasscodesTable, CalendarTable}) {
+        if (!TableExists(year, table))
+            return {};
+    }
+    QStringList added;
+    try {
+        if (const std::optional<SheetSpan> span = spanOfSheets(year))
+            addMissing(year, *span, added);
+    } catch (const dao::EngineError& error) {
+        if (error.number() != dao::NoSuchItem && error.number() != dao::UnknownFieldInSql)
+            throw; // else a table has lost one of its fields, and stays as it was found
+    }
     return added;
 }
 

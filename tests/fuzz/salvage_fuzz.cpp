@@ -7,9 +7,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("damaged.mdb"));
+    const QString path = folder.filePath(u"damaged.mdb"_s);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return 0;

@@ -179,11 +179,13 @@ void SalvageCopy::setLastNumber(const Written& table, qint64 lastNumber) {
         name, QString::number(std::max(given, lastNumber))));
 }
 
-/// A relation to a table of which nothing is left would cost all records.
+/// A relation to a table of which nothing is left, or that has lost the key, would cost all
+/// records.
 void SalvageCopy::dropEmptyRelations() {
     Catalog catalog(m_connection);
     for (const Relation& relation : catalog.relations()) {
-        if (hasTable(relation.Table))
+        const auto parent = catalog.find(relation.Table);
+        if (parent && hasKeyFor(*parent, relation))
             continue;
         catalog.dropRelation(relation);
         Written& table = written(relation.ForeignTable);
