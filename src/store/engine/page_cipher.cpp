@@ -1,5 +1,6 @@
 #include "store/engine/page_cipher.h"
 
+#include "store/engine/connection.h"
 #include "store/engine/error.h"
 #include "store/engine/late_library.h"
 
@@ -60,6 +61,7 @@ int contentAt(quint32 number) {
 } // namespace
 
 PageCipher::PageCipher(const QString& password, const QByteArray& start) {
+    leaveNoImage();
     const QByteArray secret = password.toUtf8();
     QByteArray salt = start.first(SaltSize);
     libcrypto().deriveKey(secret.constData(), static_cast<int>(secret.size()), bytesAt(salt, 0),

@@ -59,6 +59,7 @@ void putInPlace(const QString& mended, const QString& path, const QString& keptA
     if (keptAs.isEmpty())
         return replaceFile(mended, path);
     keepFile(path, keptAs);
+    makePrivate(keptAs);
     try {
         replaceFile(mended, path);
     } catch (const EngineError&) {
@@ -110,8 +111,7 @@ RepairReport DBEngine::RepairDatabase(const QString& path, const QString& connec
 RepairReport DBEngine::writeSalvaged(const PageFile& pages, const QString& path,
                                      const QString& password, const RepairKnowledge& knowledge) {
     removeDatabaseFile(path);
-    if (!QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        throw EngineError(CannotOpenFile, u"The file could not be opened for writing."_s);
+    makePrivateFile(path);
     auto core = std::make_shared<DatabaseCore>(path, password, false, OpenFile::acquire(path));
     core->connection = Connection(path, Connection::Mode::Existing, password);
     core->connection.execute(u"PRAGMA application_id = %1"_s.arg(applicationMark));
