@@ -22,6 +22,7 @@
 #include "frame/screens/main_window.h"
 #include "frame/screens/splash_window.h"
 #include "frame/screens/window_table.h"
+#include "organiser/screens/reminder_desk.h"
 #include "tour/screens/tour.h"
 #include "year/year_opening.h"
 
@@ -31,6 +32,7 @@
 #include <QStyle>
 
 #include <cstdlib>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -76,6 +78,9 @@ int main(int argc, char** argv) {
                       ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
                       : sample);
     MainWindow frame(session, windowTable(), !playsTour, splash);
+    std::optional<ReminderDesk> reminders;
+    if (!playsTour)
+        reminders.emplace(session, frame);
     prompts.SetMainWindow(&frame);
     progress.SetMainWindow(&frame);
     const TerminationSignals termination;

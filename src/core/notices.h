@@ -18,6 +18,9 @@ signals:
     void pupilsChanged(const QString& classCode);
     void sheetsChanged(); ///< rows of `Planning`, by what is no planning sheet's window
     void eventsChanged(); ///< the calendar of events
+    void yearStarted();   ///< it was opened, and so were its windows of the last run
+    /// Rows of `Schedules` have changed, or were read anew by their window.
+    void remindersChanged();
     /// A period was selected on the daily sheet, or none: the session's current class and date.
     void currentClassChanged();
 };

@@ -4,7 +4,10 @@
 #include <QImage>
 #include <QString>
 
-/// How the rules reach the desktop: other programs, mail and sound. An implementation tells the
+#include <functional>
+
+/// How the rules reach the desktop: other programs, mail, sound and what the desktop itself
+/// says and hears. An implementation tells the
 /// person when something could not be done, so nothing is answered.
 class Shell {
 public:
@@ -15,8 +18,17 @@ public:
     virtual void ShellRun(const QString& verb, const QString& file, const QString& parameters = {},
                           const QString& folder = {}) = 0;
     /// Plays a wave file beside other work, over and over when `loop`, in place of what plays. A
-    /// file that is missing is silent. An empty path ends what plays.
-    virtual void PlaySoundFile(const QString& path, bool loop) = 0;
+    /// file that is missing is silent. An empty path ends what plays. `ended` is called once, when
+    /// the sound is over, whether it was played to its end, had to give way or could not be heard;
+    /// that may be at once.
+    virtual void PlaySoundFile(const QString& path, bool loop,
+                               const std::function<void()>& ended = {}) = 0;
+    /// Says something by the desktop's own notification, which is seen over all programs. Nothing
+    /// where the desktop has none.
+    virtual void Notify(const QString& text) = 0;
+    /// Calls `act` from the event loop each time the computer has woken from its sleep, where the
+    /// desktop tells of that.
+    virtual void WhenWoken(const std::function<void()>& act) = 0;
 
     /// What the screen shows without the program's own windows, which are gone for that moment, at
     /// its own resolution; a null picture where the desktop gives none.

@@ -16,7 +16,12 @@ public:
 class AbsentShell : public Shell {
 public:
     void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
-    void PlaySoundFile(const QString&, bool) override {}
+    void PlaySoundFile(const QString&, bool, const std::function<void()>& ended) override {
+        if (ended)
+            ended();
+    }
+    void Notify(const QString&) override {}
+    void WhenWoken(const std::function<void()>&) override {}
     QImage CaptureScreen() override { return {}; }
     QByteArray FetchText(const QString&) override { return {}; }
 };

@@ -39,9 +39,18 @@ struct SheetText {
     bool operator==(const SheetText&) const = default;
 };
 
+/// What stands in the calendar of events for a day.
+struct EventText {
+    QDate date;
+    QString text; ///< plain
+
+    bool operator==(const EventText&) const = default;
+};
+
 /// One thing of all that a window can show: the sheet of a date, a text on it, the register of a
-/// class's code, the row of an `ID`. None: what the window shows by itself.
-using WindowSubject = std::variant<std::monostate, QDate, QString, qint64, SheetText>;
+/// class's code, the row of an `ID`, an event to be reminded of. None: what the window shows by
+/// itself.
+using WindowSubject = std::variant<std::monostate, QDate, QString, qint64, SheetText, EventText>;
 
 /// How rules and windows reach other windows. This class itself is a program without windows.
 class ToolWindows {

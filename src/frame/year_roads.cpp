@@ -157,6 +157,7 @@ void ChangeWeeksCommand(Session& session, MainFrame& frame) {
         return backToWizard(session, frame);
     frame.SetCaption(mainCaption(session.CurrentDB.Name()));
     frame.EnableInput(true);
+    emit session.GetNotices().yearStarted();
 }
 
 void RestoreBackupCommand(Session& session, MainFrame& frame) {
@@ -181,6 +182,7 @@ void RunCurrentStartup(Session& session, MainFrame& frame) {
     }
     if (session.GetSettings().get(setting::CheckForUpgrade) && hasUpgradeAddress(session))
         GetUpgradeInfo(session);
+    emit session.GetNotices().yearStarted();
 }
 
 void SaveCurrentStartup(Session& session, MainFrame& frame) {

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int percent(qsizetype done, qsizetype all) {
+int percentBuilt(qsizetype done, qsizetype all) {
     return static_cast<int>(done * 100 / all);
 }
 
@@ -85,13 +85,13 @@ void YearBuilder::createPlanning() {
 void YearBuilder::createCalendar() {
     m_progress.UpdateProgress(0, u"Creating Calendar Table"_s);
     for (int day = 1; day <= DaysOfCalendar; ++day)
-        m_progress.UpdateProgress(percent(day, DaysOfCalendar), u"Adding Day Fields"_s);
+        m_progress.UpdateProgress(percentBuilt(day, DaysOfCalendar), u"Adding Day Fields"_s);
     dao::Recordset calendar = createAndOpen(Table::DateField);
     for (int month = 1; month <= MonthsPerYear; ++month) {
         calendar.AddNew();
         calendar.SetCollect(u"Month", baseMonthKey(month, m_locale));
         calendar.Update();
-        m_progress.UpdateProgress(percent(month, MonthsPerYear), u"Creating Month Records"_s);
+        m_progress.UpdateProgress(percentBuilt(month, MonthsPerYear), u"Creating Month Records"_s);
     }
     calendar.Close();
 }
@@ -120,7 +120,7 @@ void YearBuilder::createClasscodes() {
     for (const QString& code : m_answers.classes) {
         addClassRecord(classcodes, code, classPeriods(m_answers, code),
                        m_answers.colours.value(code, WhiteClassColour));
-        m_progress.UpdateProgress(percent(++done, m_answers.classes.size()),
+        m_progress.UpdateProgress(percentBuilt(++done, m_answers.classes.size()),
                                   u"Filling Classcodes Data"_s);
     }
     classcodes.Close();
@@ -156,7 +156,7 @@ void YearBuilder::createTermDates() {
             termDates.SetCollect(u"Month", date.month());
             termDates.SetCollect(u"Day", date.day());
             termDates.Update();
-            m_progress.UpdateProgress(percent(number, count));
+            m_progress.UpdateProgress(percentBuilt(number, count));
         }
     }
     termDates.Close();
@@ -181,7 +181,7 @@ void YearBuilder::fillPlanning() {
             planning.SetCollect(u"ABWeek",
                                 QString(weekLetter(weeks[i], startLetter(m_answers.startWeek))));
         planning.Update();
-        m_progress.UpdateProgress(percent(i + 1, m_days.size()));
+        m_progress.UpdateProgress(percentBuilt(i + 1, m_days.size()));
     }
     planning.Close();
 }
@@ -192,12 +192,12 @@ void YearBuilder::createClasses() {
     qsizetype done = 0;
     for (const QString& code : m_answers.classes) {
         createPupilTable(m_database, code);
-        m_progress.UpdateProgress(percent(++done, count), line);
+        m_progress.UpdateProgress(percentBuilt(++done, count), line);
     }
     done = 0;
     for (const QString& code : m_answers.classes) {
         createRegisterAndMarks(code);
-        m_progress.UpdateProgress(percent(++done, count), line);
+        m_progress.UpdateProgress(percentBuilt(++done, count), line);
     }
 }
 

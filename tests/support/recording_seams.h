@@ -39,13 +39,21 @@ public:
     };
     QList<Run> runs;
     QStringList sounds;
-    QByteArray fetched; ///< what every address gives
+    std::function<void()> soundEnded; ///< of the sound played last
+    QStringList notifications;
+    std::function<void()> woken; ///< what waits for the computer to wake
+    QByteArray fetched;          ///< what every address gives
 
     void ShellRun(const QString& verb, const QString& file, const QString&,
                   const QString&) override {
         runs.append({verb, file});
     }
-    void PlaySoundFile(const QString& path, bool) override { sounds.append(path); }
+    void PlaySoundFile(const QString& path, bool, const std::function<void()>& ended) override {
+        sounds.append(path);
+        soundEnded = ended;
+    }
+    void Notify(const QString& text) override { notifications.append(text); }
+    void WhenWoken(const std::function<void()>& act) override { woken = act; }
     QImage screen; ///< what it shows
     QImage CaptureScreen() override { return screen; }
     QByteArray FetchText(const QString& address) override {

@@ -2,6 +2,7 @@
 
 #include "event_commands.h"
 #include "file_commands.h"
+#include "remind_commands.h"
 #include "search_commands.h"
 #include "week_commands.h"
 
@@ -28,6 +29,7 @@ const QList<Command>& programCommands() {
          .arguments = 1,
          .options = {{u"homework"_s, {}}, {u"match-case"_s, {}}}},
         {.name = u"history"_s, .usage = u"YEAR CLASS"_s, .run = printHistory, .arguments = 1},
+        {.name = u"remind"_s, .usage = u"YEAR FROM UNTIL"_s, .run = playReminders, .arguments = 2},
     };
     return commands;
 }

@@ -30,7 +30,7 @@ EventsCommands::EventsCommands(const Session& session, FormatTools& tools, QMenu
     : QObject(&window), m_menu(new QMenu(u"&Calendar"_s, &window)) {
     makeToolbar(session, window);
     makeMenu(session, months);
-    addPosts(tools);
+    addPosts(session, tools);
 }
 
 void EventsCommands::makeToolbar(const Session& session, QWidget& window) {
@@ -72,13 +72,18 @@ void EventsCommands::makeMenu(const Session& session, QMenu& months) {
             [&windows = session.GetWindows()] { windows.open(ToolWindow::Settings); });
 }
 
-void EventsCommands::addPosts(FormatTools& tools) {
+void EventsCommands::addPosts(const Session& session, FormatTools& tools) {
     for (const PlanningPost& post : planningPosts) {
         auto* action = new QAction(post.caption, this);
         connect(action, &QAction::triggered, this,
                 [this, block = post.block] { emit postWanted(block); });
         tools.editMenu()->addSelectionAction(action);
     }
+    if (!session.GetWindows().has(ToolWindow::Reminders))
+        return;
+    auto* schedule = new QAction(u"Schedule this event..."_s, this);
+    connect(schedule, &QAction::triggered, this, &EventsCommands::scheduleWanted);
+    tools.editMenu()->addSelectionAction(schedule);
 }
 
 void EventsCommands::setHasDay(bool hasDay) {

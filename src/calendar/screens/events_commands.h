@@ -32,11 +32,12 @@ signals:
     void planningWanted();
     void importWanted();
     void postWanted(DayBlock block);
+    void scheduleWanted();
 
 private:
     void makeToolbar(const Session& session, QWidget& window);
     void makeMenu(const Session& session, QMenu& months);
-    void addPosts(FormatTools& tools);
+    void addPosts(const Session& session, FormatTools& tools);
 
     QMenu* m_menu;
     LayoutToolbar* m_toolbar = nullptr;

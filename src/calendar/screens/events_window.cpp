@@ -120,6 +120,7 @@ void EventsWindow::connectParts() {
     connect(m_commands, &EventsCommands::planningWanted, this, &EventsWindow::showPlanning);
     connect(m_commands, &EventsCommands::importWanted, this, &EventsWindow::importEvents);
     connect(m_commands, &EventsCommands::postWanted, this, &EventsWindow::post);
+    connect(m_commands, &EventsCommands::scheduleWanted, this, &EventsWindow::scheduleEvent);
     QAction* holidays = m_commands->showHolidays();
     holidays->setChecked(m_session.GetSettings().get(setting::ShowHolidays));
     connect(holidays, &QAction::toggled, this, &EventsWindow::showGrounds);
@@ -194,6 +195,14 @@ void EventsWindow::post(DayBlock block) {
         return;
     tryTelling(m_session.GetSeams().prompts, {u"Calendar of Events Error"},
                [&] { m_postToSheet(m_months.date(day), block, box->selectedRtf()); });
+}
+
+void EventsWindow::scheduleEvent() {
+    const int day = m_page->selectedDay();
+    if (day > 0)
+        m_session.GetWindows().open(
+            ToolWindow::Reminders,
+            EventText{.date = m_months.date(day), .text = m_page->box(day).plainText()});
 }
 
 void EventsWindow::importEvents() {

@@ -48,6 +48,7 @@ private:
     void goToNeighbour(int step);
     void showPlanning();
     void post(DayBlock block);
+    void scheduleEvent();
     void importEvents();
 
     Session& m_session;

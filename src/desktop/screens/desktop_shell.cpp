@@ -144,13 +144,25 @@ void DesktopShell::showFailure(const QString& file) {
                        OkButton | WarningIcon, u"File/Folder execution error:"_s);
 }
 
-void DesktopShell::PlaySoundFile(const QString& path, bool loop) {
+void DesktopShell::PlaySoundFile(const QString& path, bool loop,
+                                 const std::function<void()>& ended) {
     const bool plays = FileExists(path);
     m_mayPlay = m_mayPlay || plays;
-    if (!m_mayPlay)
-        return; // nothing has been played that could be ended
+    LateServices* services = m_mayPlay ? lateServices() : nullptr; // else none plays to be ended
+    if (services)
+        services->playSound(plays ? path : QString(), loop, plays ? ended : nullptr);
+    if (ended && !(services && plays))
+        ended();
+}
+
+void DesktopShell::Notify(const QString& text) {
     if (LateServices* services = lateServices())
-        services->playSound(plays ? path : QString(), loop);
+        services->notify(text);
+}
+
+void DesktopShell::WhenWoken(const std::function<void()>& act) {
+    if (LateServices* services = lateServices())
+        services->whenWoken(act);
 }
 
 QImage DesktopShell::CaptureScreen() {

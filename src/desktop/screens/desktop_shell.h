@@ -22,7 +22,9 @@ public:
     void ShellRun(const QString& verb, const QString& file, const QString& parameters,
                   const QString& folder) override;
     /// Silent on a computer that has no sound.
-    void PlaySoundFile(const QString& path, bool loop) override;
+    void PlaySoundFile(const QString& path, bool loop, const std::function<void()>& ended) override;
+    void Notify(const QString& text) override;
+    void WhenWoken(const std::function<void()>& act) override;
     /// By the desktop's screenshot portal where there is one, else from the display itself.
     QImage CaptureScreen() override;
     QByteArray FetchText(const QString& address) override;

@@ -8,6 +8,7 @@
 #include "classes/screens/class_window.h"
 #include "core/session.h"
 #include "frame/frame_settings.h"
+#include "organiser/screens/reminders_window.h"
 #include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
 #include "planning/screens/history_window.h"
@@ -98,6 +99,10 @@ WindowTable windowTable() {
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan, &DailySheetWindow::showText)},
+        WindowEntry{.window = ToolWindow::Reminders,
+                    .name = u"Schedulefrm"_s,
+                    .make = make<RemindersWindow>,
+                    .show = shows(&RemindersWindow::scheduleEvent)},
         WindowEntry{.window = ToolWindow::WeekChange,
                     .name = u"ChangeWeekFrm"_s,
                     .kind = WindowKind::Floating,

@@ -1,11 +1,12 @@
 #include "desktop/screens/late/late_services.h"
 
+#include "desktop/screens/late/desktop_signals.h"
 #include "desktop/screens/late/screenshot_portal.h"
+#include "desktop/screens/late/sound.h"
 
 #include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSoundEffect>
 #include <QUrl>
 
 #include <memory>
@@ -16,15 +17,14 @@ constexpr int fetchMilliseconds = 10000;
 
 class Services : public LateServices {
 public:
-    void playSound(const QString& path, bool loop) override {
+    void playSound(const QString& path, bool loop, const std::function<void()>& ended) override {
         m_sound.reset();
-        if (path.isEmpty())
-            return;
-        m_sound = std::make_unique<QSoundEffect>();
-        m_sound->setSource(QUrl::fromLocalFile(path));
-        m_sound->setLoopCount(loop ? QSoundEffect::Infinite : 1);
-        m_sound->play();
+        if (!path.isEmpty())
+            m_sound = std::make_unique<Sound>(path, loop, ended);
     }
+
+    void notify(const QString& text) override { m_signals.notify(text); }
+    void whenWoken(const std::function<void()>& act) override { m_signals.whenWoken(act); }
 
     std::optional<QImage> captureByPortal() override { return ScreenshotPortal().capture(); }
 
@@ -41,7 +41,8 @@ public:
     }
 
 private:
-    std::unique_ptr<QSoundEffect> m_sound;
+    std::unique_ptr<Sound> m_sound;
+    DesktopSignals m_signals;
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// Services whose libraries take long to load and that few runs of the program need. They stand in
@@ -13,7 +14,11 @@ public:
     virtual ~LateServices() = default;
 
     /// As `Shell::PlaySoundFile`.
-    virtual void playSound(const QString& path, bool loop) = 0;
+    virtual void playSound(const QString& path, bool loop, const std::function<void()>& ended) = 0;
+    /// As `Shell::Notify`.
+    virtual void notify(const QString& text) = 0;
+    /// As `Shell::WhenWoken`.
+    virtual void whenWoken(const std::function<void()>& act) = 0;
     /// The screen by the desktop's screenshot portal: nothing where there is none, a null picture
     /// where the person gave no leave.
     virtual std::optional<QImage> captureByPortal() = 0;

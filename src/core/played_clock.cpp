@@ -1,27 +1,27 @@
-#include "support/scripted_clock.h"
+#include "core/played_clock.h"
 
 #include <algorithm>
 #include <utility>
 
-class ScriptedClock::ScriptedTimer : public Timer {
+class PlayedClock::PlayedTimer : public Timer {
 public:
-    ScriptedTimer(ScriptedClock& clock, int number) : m_clock(clock), m_number(number) {}
-    ~ScriptedTimer() override { m_clock.m_timers.erase(m_number); }
-    ScriptedTimer(const ScriptedTimer&) = delete;
-    ScriptedTimer& operator=(const ScriptedTimer&) = delete;
+    PlayedTimer(PlayedClock& clock, int number) : m_clock(clock), m_number(number) {}
+    ~PlayedTimer() override { m_clock.m_timers.erase(m_number); }
+    PlayedTimer(const PlayedTimer&) = delete;
+    PlayedTimer& operator=(const PlayedTimer&) = delete;
 
 private:
-    ScriptedClock& m_clock;
+    PlayedClock& m_clock;
     int m_number;
 };
 
-std::unique_ptr<Timer> ScriptedClock::after(std::chrono::milliseconds delay,
-                                            std::function<void()> action) {
+std::unique_ptr<Timer> PlayedClock::after(std::chrono::milliseconds delay,
+                                          std::function<void()> action) {
     m_timers[++m_made] = {m_now.addMSecs(delay.count()), std::move(action)};
-    return std::make_unique<ScriptedTimer>(*this, m_made);
+    return std::make_unique<PlayedTimer>(*this, m_made);
 }
 
-void ScriptedClock::advance(std::chrono::milliseconds time) {
+void PlayedClock::advance(std::chrono::milliseconds time) {
     const QDateTime end = m_now.addMSecs(time.count());
     while (!m_timers.empty()) {
         const auto next =
