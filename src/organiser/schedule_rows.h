@@ -17,12 +17,12 @@ inline const QString EveryDay = QStringLiteral("D"); ///< from Monday to Friday
 inline const QString EveryWeek = QStringLiteral("W");
 
 struct ScheduleItem {
-    QString date; ///< yyyy-mm-dd
-    QString time; ///< hh:mm:00
-    QString caption;
-    QString memo;
+    QString date = {}; ///< yyyy-mm-dd
+    QString time = {}; ///< hh:mm:00
+    QString caption = {};
+    QString memo = {};
     bool isActive = true;
-    QString alarm; ///< the path of a wave file; empty for none
+    QString alarm = {}; ///< the path of a wave file; empty for none
     bool loops = false;
     qint64 type = MessageReminder;
     QString duration = OnceOnly;
