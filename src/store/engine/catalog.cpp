@@ -190,6 +190,19 @@ void Catalog::moveField(const QString& table, int field, int position) {
     rebuild(*old, std::move(changed), origins);
 }
 
+void Catalog::setFields(const QString& table, const QList<Field>& fields) {
+    const auto old = find(table);
+    QHash<QString, int> places;
+    for (int place = 0; place < old->fields.size(); ++place)
+        places.insert(folded(old->fields.at(place).Name), place);
+    TableStructure changed = *old;
+    changed.fields = fields;
+    FieldOrigins origins;
+    for (const Field& field : fields)
+        origins += places.value(folded(field.Name), -1);
+    rebuild(*old, std::move(changed), origins);
+}
+
 void Catalog::addIndex(const QString& table, const Index& index) {
     const auto old = find(table);
     TableStructure changed = *old;
