@@ -197,7 +197,6 @@ void FieldCollection::SetAll(const QList<Field>& fields) {
 void FieldCollection::change(const std::function<void(Catalog&)>& work) {
     m_core->checkUnused(m_structure->name);
     work(m_core->catalog);
-    current();
 }
 
 TableDef::TableDef(const QString& name) : m_structure(std::make_shared<TableStructure>()) {
