@@ -39,8 +39,7 @@ void checkNewField(const TableStructure& table, const QString& name) {
 void checkUnindexed(const TableStructure& table, const QString& field) {
     for (const Index& index : table.indexes) {
         if (index.Fields.contains(field, Qt::CaseInsensitive))
-            throw EngineError(TableInRelation,
-                              u"The field '%1' is part of an index."_s.arg(field));
+            throw EngineError(TableInRelation, u"The field '%1' is part of an index."_s.arg(field));
     }
 }
 
