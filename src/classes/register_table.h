@@ -22,8 +22,3 @@ QList<dao::Field> registerFields(const dao::Database& database, const QString& t
 bool isLessonFrom(const dao::Field& field, QDate date);
 /// The last lesson among the fields.
 std::optional<RegisterColumn> lastLesson(const QList<dao::Field>& fields);
-
-/// Gives a register these fields and no others, at once: those that it has keep what they hold, new
-/// ones are Null, all others go with what they hold. Whole or not at all.
-void setRegisterFields(const dao::Database& database, const QString& table,
-                       const QList<dao::Field>& fields);

@@ -110,7 +110,7 @@ void deleteLessonsFrom(const dao::Database& database, QDate date, Progress& prog
                 kept += field;
         }
         if (kept.size() < fields.size())
-            setRegisterFields(database, tables[done], kept);
+            database.TableDefs()[tables[done]].Fields().SetAll(kept);
     }
 }
 
@@ -173,7 +173,7 @@ bool appendLessons(const dao::Database& database, const QString& table, QList<da
         tell(fields.last().Name);
     }
     if (!lessons.isEmpty())
-        setRegisterFields(database, table, fields);
+        database.TableDefs()[table].Fields().SetAll(fields);
     return lessons.size() <= room;
 }
 

@@ -118,6 +118,23 @@ TEST_F(TableDefTest, FieldsAreRenamedMovedAndRemoved) {
     EXPECT_EQ(rowsOf(database, u"SELECT test FROM REG_7A WHERE ID = 2"_s), QStringList{u"O"_s});
 }
 
+TEST_F(TableDefTest, AllFieldsAreSetAtOnce) {
+    dao::FieldCollection fields = database.TableDefs()[u"REG_7A"].Fields();
+    const QList<dao::Field> kept{fields[u"07/09/24 2"],
+                                 emptyableField(u"say \"x\""_s, DataType::Text, 1), fields[u"ID"]};
+    fields.SetAll(kept);
+    EXPECT_EQ(fieldNames(database, u"REG_7A"_s),
+              (QStringList{u"07/09/24 2"_s, u"say \"x\""_s, u"ID"_s}));
+    EXPECT_EQ(registerRows(), (QStringList{u"~|~|3"_s, u"~|~|1"_s, u"~|~|2"_s}));
+    EXPECT_EQ(database.Relations().all().size(), 1);
+    EXPECT_EQ(errorOf([&] { fields.SetAll({kept[0], kept[1], kept[0]}); }), dao::FieldExists);
+    EXPECT_EQ(errorOf([&] {
+                  database.TableDefs()[u"Class_7A"].Fields().SetAll(
+                      {emptyableField(u"x"_s, DataType::Memo)});
+              }),
+              dao::TableInRelation);
+}
+
 TEST_F(TableDefTest, RelationsHoldAfterEveryChangeOfTheirTables) {
     const QList<std::function<void()>> changes{
         [&] { database.TableDefs()[u"Class_7A"].Fields().Rename(u"Surname", u"Family"_s); },

@@ -15,6 +15,14 @@ namespace {
 /// The name of a table while it is built again; no table of a person can have it.
 constexpr QStringView rebuiltName = u"orva.rebuilt";
 
+/// Whether the statement of a table names another as the one that it refers to. Most don't, and
+/// need not be taken apart to tell.
+bool mayRelateTo(const QString& statement, QStringView table) {
+    const QString name = quoteName(table);
+    return statement.contains(u"REFERENCES", Qt::CaseInsensitive) &&
+           statement.contains(QStringView(name).sliced(1, name.size() - 2), Qt::CaseInsensitive);
+}
+
 bool numbersItself(const TableStructure& table) {
     return std::any_of(table.fields.begin(), table.fields.end(),
                        [](const Field& field) { return field.isAutoIncrement(); });
@@ -102,10 +110,15 @@ QList<Relation> Catalog::relations() {
 }
 
 QList<Relation> Catalog::relationsOn(QStringView table) {
+    refresh();
     QList<Relation> found;
-    for (const Relation& relation : relations()) {
-        if (sameName(relation.Table, table) && !sameName(relation.ForeignTable, table))
-            found += relation;
+    for (Entry& entry : m_entries) {
+        if (!mayRelateTo(entry.statement, table))
+            continue;
+        for (const Relation& relation : structureOf(entry).relations) {
+            if (sameName(relation.Table, table) && !sameName(relation.ForeignTable, table))
+                found += relation;
+        }
     }
     return found;
 }
@@ -187,6 +200,19 @@ void Catalog::moveField(const QString& table, int field, int position) {
         return;
     changed.fields.move(field, target);
     origins.move(field, target);
+    rebuild(*old, std::move(changed), origins);
+}
+
+void Catalog::setFields(const QString& table, const QList<Field>& fields) {
+    const auto old = find(table);
+    QHash<QString, int> places;
+    for (int place = 0; place < old->fields.size(); ++place)
+        places.insert(folded(old->fields.at(place).Name), place);
+    TableStructure changed = *old;
+    changed.fields = fields;
+    FieldOrigins origins;
+    for (const Field& field : fields)
+        origins += places.value(folded(field.Name), -1);
     rebuild(*old, std::move(changed), origins);
 }
 

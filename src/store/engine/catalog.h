@@ -33,6 +33,8 @@ public:
     void dropField(const QString& table, int field);
     void renameField(const QString& table, int field, const QString& newName);
     void moveField(const QString& table, int field, int position);
+    /// The table's fields become these, in this order; what the records hold goes by the names.
+    void setFields(const QString& table, const QList<Field>& fields);
     void addIndex(const QString& table, const Index& index);
     void addRelation(const Relation& relation);
     void dropRelation(const Relation& relation);

@@ -4,7 +4,8 @@
 #include "store/engine/names.h"
 #include "store/engine/structure.h"
 
-#include <utility>
+#include <algorithm>
+#include <deque>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +15,7 @@ namespace {
 struct Token {
     enum Kind { Word, Name, Literal, Mark, End };
     Kind kind = End;
-    QString text; ///< of a Name or Literal, without its quotes
+    QStringView text; ///< of a Name or Literal, without its quotes
 };
 
 class Tokens {
@@ -28,12 +29,12 @@ public:
                m_current.text.compare(QLatin1StringView(word), Qt::CaseInsensitive) == 0;
     }
     bool isMark(char16_t mark) const {
-        return m_current.kind == Token::Mark && m_current.text == QChar(mark);
+        return m_current.kind == Token::Mark && m_current.text.front() == mark;
     }
     bool takeWord(const char* word) { return isWord(word) && (advance(), true); }
     bool takeMark(char16_t mark) { return isMark(mark) && (advance(), true); }
     QString takeText() {
-        QString text = m_current.text;
+        QString text = m_current.text.toString();
         advance();
         return text;
     }
@@ -52,7 +53,7 @@ public:
         else if (first.isLetterOrNumber() || first == u'_' || first.unicode() > 127)
             m_current = {Token::Word, word()};
         else
-            m_current = {Token::Mark, m_text.at(m_at++)};
+            m_current = {Token::Mark, QStringView(m_text).mid(m_at++, 1)};
     }
 
     /// Passes over a pair of brackets with all inside; the current token is the opening one.
@@ -87,27 +88,34 @@ private:
         const qsizetype found = QStringView(m_text).indexOf(end, m_at + 2);
         m_at = found < 0 ? m_text.size() : found + end.size();
     }
-    QString quoted(QChar closing) {
-        QString text;
-        for (++m_at; m_at < m_text.size(); ++m_at) {
-            if (m_text.at(m_at) == closing) {
-                ++m_at;
-                if (m_at >= m_text.size() || m_text.at(m_at) != closing || closing == u']')
-                    return text;
-            }
-            text += m_text.at(m_at);
+    QStringView quoted(QChar closing) {
+        const qsizetype start = ++m_at;
+        bool isDoubled = false;
+        for (; m_at < m_text.size(); ++m_at) {
+            if (m_text.at(m_at) != closing)
+                continue;
+            if (closing == u']' || m_at + 1 >= m_text.size() || m_text.at(m_at + 1) != closing)
+                break;
+            isDoubled = true;
+            ++m_at;
         }
-        return text;
+        const QStringView inside = QStringView(m_text).mid(start, m_at - start);
+        m_at = std::min(m_at + 1, m_text.size());
+        if (!isDoubled)
+            return inside;
+        return m_undoubled.emplace_back(
+            inside.toString().replace(QString(2, closing), QString(closing)));
     }
-    QString word() {
+    QStringView word() {
         const qsizetype start = m_at;
         while (m_at < m_text.size() && (m_text.at(m_at).isLetterOrNumber() ||
                                         m_text.at(m_at) == u'_' || m_text.at(m_at).unicode() > 127))
             ++m_at;
-        return m_text.mid(start, m_at - start);
+        return QStringView(m_text).mid(start, m_at - start);
     }
 
     const QString& m_text;
+    std::deque<QString> m_undoubled; ///< what tokens show that does not stand in the text like that
     qsizetype m_at = 0;
     Token m_current;
 };

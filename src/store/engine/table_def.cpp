@@ -4,6 +4,8 @@
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -16,6 +18,10 @@ EngineError noSuchField(QStringView name) {
     return {NoSuchItem, u"There is no field '%1'."_s.arg(name)};
 }
 
+EngineError fieldExists(const QString& name) {
+    return {FieldExists, u"There is already a field '%1'."_s.arg(name)};
+}
+
 int requireField(const TableStructure& table, QStringView name) {
     const int position = table.fieldIndex(name);
     if (position < 0)
@@ -26,7 +32,15 @@ int requireField(const TableStructure& table, QStringView name) {
 void checkNewField(const TableStructure& table, const QString& name) {
     checkName(name);
     if (table.fieldIndex(name) >= 0)
-        throw EngineError(FieldExists, u"There is already a field '%1'."_s.arg(name));
+        throw fieldExists(name);
+}
+
+/// Raises where an index has a field that is to go.
+void checkUnindexed(const TableStructure& table, const QString& field) {
+    for (const Index& index : table.indexes) {
+        if (index.Fields.contains(field, Qt::CaseInsensitive))
+            throw EngineError(TableInRelation, u"The field '%1' is part of an index."_s.arg(field));
+    }
 }
 
 void checkFieldCount(const TableStructure& table) {
@@ -131,10 +145,7 @@ void FieldCollection::Delete(QStringView name) {
     }
     if (Count() == 1)
         throw EngineError(InvalidOperation, u"The last field of a table can't be removed."_s);
-    for (const Index& index : std::as_const(m_structure->indexes)) {
-        if (index.Fields.contains(m_structure->fields.at(position).Name, Qt::CaseInsensitive))
-            throw EngineError(TableInRelation, u"The field '%1' is part of an index."_s.arg(name));
-    }
+    checkUnindexed(*m_structure, m_structure->fields.at(position).Name);
     change([&](Catalog& catalog) { catalog.dropField(m_structure->name, position); });
 }
 
@@ -160,10 +171,31 @@ void FieldCollection::SetOrdinalPosition(QStringView name, int position) {
     change([&](Catalog& catalog) { catalog.moveField(m_structure->name, present, position); });
 }
 
+void FieldCollection::SetAll(const QList<Field>& fields) {
+    QSet<QString> names;
+    for (const Field& field : fields) {
+        checkName(field.Name);
+        if (names.contains(folded(field.Name)))
+            throw fieldExists(field.Name);
+        names += folded(field.Name);
+    }
+    TableStructure wanted = current();
+    for (const Field& present : std::as_const(wanted.fields)) {
+        if (!names.contains(folded(present.Name)))
+            checkUnindexed(wanted, present.Name);
+    }
+    wanted.fields = fields;
+    checkFieldCount(wanted);
+    if (!m_core) {
+        *m_structure = std::move(wanted);
+        return;
+    }
+    change([&](Catalog& catalog) { catalog.setFields(m_structure->name, fields); });
+}
+
 void FieldCollection::change(const std::function<void(Catalog&)>& work) {
     m_core->checkUnused(m_structure->name);
     work(m_core->catalog);
-    current();
 }
 
 TableDef::TableDef(const QString& name) : m_structure(std::make_shared<TableStructure>()) {

@@ -30,6 +30,10 @@ public:
     void Rename(QStringView name, const QString& newName);
     /// Moves a field so that it stands at `position`, counted from 0; those between shift by one.
     void SetOrdinalPosition(QStringView name, int position);
+    /// The table gets these fields, in this order, at one go: what the records hold stays in the
+    /// fields that have kept their name, and goes with those that are not among them. Raises 3281
+    /// where an index needs one of these, and as Append does.
+    void SetAll(const QList<Field>& fields);
 
 private:
     friend class TableDef;
