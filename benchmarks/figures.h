@@ -60,3 +60,4 @@ std::vector<Figure> planningFigures(const QString& folder);
 std::vector<Figure> weekFigures(const QString& folder);
 std::vector<Figure> searchFigures(const QString& folder);
 std::vector<Figure> eventFigures(const QString& folder);
+std::vector<Figure> reminderFigures(const QString& folder);

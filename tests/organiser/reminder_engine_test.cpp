@@ -68,10 +68,11 @@ protected:
     /// Begins at a moment and lets time pass; answers what came: hh:mm:ss and the caption.
     QStringList play(const QDateTime& from, std::chrono::milliseconds time) {
         log.clear();
+        watch.reset();
+        engine_.reset(); // their timers are the clock's
         clock = std::make_unique<ScriptedClock>(from);
         adjusted = std::make_unique<AdjustedClock>(*clock);
         engine_ = std::make_unique<ReminderEngine>(session, *adjusted, *this);
-        watch.reset();
         engine_->Check_Schedules();
         clock->advance(time);
         return log;
@@ -149,7 +150,6 @@ TEST_F(ReminderEngineTest, EachRepetitionGoesOnInItsOwnWay) {
                 {u"2026-09-05"_s, u"2026-09-06"_s},
                 {u"2026-09-06"_s, u"2026-09-07"_s}};
     for (const auto& [today, next] : days) {
-        put(u"Schedules"_s, u"Active"_s, u"No"_s); // that of the day before
         add(today, u"00:00:00"_s, today, EveryDay);
         EXPECT_EQ(play(at(today + u" 00:00:00"_s), 1min), QStringList(u"00:00:00 "_s + today));
         EXPECT_EQ(row(today), next + u"|00:00:00|Yes"_s);
@@ -207,7 +207,7 @@ TEST_F(ReminderEngineTest, AfterASoundTheNextOneWaitsForItsEnd) {
 
 TEST_F(ReminderEngineTest, WhatMakesNoSenseIsToldOnceAndPassedOver) {
     add(u"2026-02-30"_s, u"12:00:00"_s, u"date"_s);
-    add(u"2026-09-01"_s, u"12:61:00"_s, u"time"_s);
+    add(u"2026-09-01"_s, u"11:61:00"_s, u"time"_s);
     add(u"2026-09-01"_s, u""_s, u"no time"_s);
     add(u"2026-09-01"_s, u"11:00:00"_s, u"repetition"_s, u"M"_s);
     add(u"2026-09-01"_s, u"12:00:00"_s, u"good"_s);
@@ -216,7 +216,7 @@ TEST_F(ReminderEngineTest, WhatMakesNoSenseIsToldOnceAndPassedOver) {
     seams.prompts.expect(PromptKind::Plain, errorTitle, AnswerOk);
     EXPECT_EQ(play(at(u"2026-09-01 11:59:00"_s), 1h),
               QStringList({u"12:00:00 good"_s, u"12:01:00 good too"_s}));
-    EXPECT_TRUE(seams.prompts.last().text.contains(u"date\nno time\nrepetition"_s))
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"date\nno time\nrepetition\ntime"_s))
         << qPrintable(seams.prompts.last().text);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT * FROM Schedules"_s).first(4), before);
 }

@@ -155,9 +155,13 @@ TEST_F(DesktopTest, TheShellTellsWhatCanNotBeOpened) {
 
 TEST_F(DesktopTest, ASoundThatIsMissingOrNoneIsSilent) {
     DesktopShell shell(m_seams.prompts);
-    shell.PlaySoundFile(m_folder.filePath(u"gone.wav"_s), true);
-    shell.PlaySoundFile(write(u"broken.wav"_s, "RIFF"), true);
-    shell.PlaySoundFile({}, false);
+    int ended = 0;
+    const auto end = [&ended] { ++ended; };
+    shell.PlaySoundFile(m_folder.filePath(u"gone.wav"_s), true, end);
+    EXPECT_EQ(ended, 1);
+    shell.PlaySoundFile(write(u"broken.wav"_s, "RIFF"), false, end);
+    shell.PlaySoundFile({}, false, {}); // what could play has to give way
+    EXPECT_EQ(ended, 2);
 }
 
 TEST_F(DesktopTest, ProgressBlocksInputAndOutlivesWorkWithinWork) {

@@ -104,6 +104,8 @@ TEST_F(RemindersWindowTest, TheTimeIsChangedByItsLabelsKeysAndButtons) {
     QTest::keyClick(&time, Qt::Key_Right);
     QTest::keyClicks(&time, u"45a"_s);
     EXPECT_EQ(time.time(), QTime(7, 45));
+    seams.prompts.expect(PromptKind::Message, u"Not saved"_s, AnswerNo);
+    close();
 }
 
 TEST_F(RemindersWindowTest, NoneKeepsTheSoundAndSoundOnlyHasItsOwnMessage) {

@@ -16,6 +16,7 @@
 #include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
+#include "tour/screens/tour_reminders.h"
 #include "tour/screens/tour_timetable.h"
 #include "tour/screens/tour_upkeep.h"
 #include "tour/screens/tour_wizard.h"
@@ -139,6 +140,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
             return fail(u"The sample year did not open."_s);
         fillTimetable(session);
         fillEvents(session);
+        fillReminders(session);
         fillWeeks(session);
         fillTodaysSheet(session);
         fillTodaysPlan(session);
@@ -160,6 +162,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitShortTermPlan(frame, pictures);
     visitPastLessons(session, frame, pictures);
     visitClasses(session, frame, pictures);
+    visitReminders(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
     visitWeekChange(session, pictures);

@@ -1,6 +1,8 @@
 #include "desktop/screens/late/sound.h"
 
+#include <QAudioDevice>
 #include <QFile>
+#include <QMediaDevices>
 #include <QTimer>
 #include <QUrl>
 #include <QtEndian>
@@ -34,6 +36,11 @@ std::chrono::milliseconds playingTime(const QString& path) {
 
 Sound::Sound(const QString& path, bool loop, std::function<void()> ended)
     : m_ended(std::move(ended)) {
+    const std::chrono::milliseconds time = playingTime(path);
+    if (time.count() == 0 || QMediaDevices::defaultAudioOutput().isNull()) {
+        end();
+        return;
+    }
     connect(&m_effect, &QSoundEffect::statusChanged, this, &Sound::followState);
     connect(&m_effect, &QSoundEffect::playingChanged, this, &Sound::followState);
     m_effect.setSource(QUrl::fromLocalFile(path));
@@ -44,7 +51,7 @@ Sound::Sound(const QString& path, bool loop, std::function<void()> ended)
             end();
     });
     if (!loop)
-        QTimer::singleShot(playingTime(path) + Patience, this, &Sound::end);
+        QTimer::singleShot(time + Patience, this, &Sound::end);
 }
 
 Sound::~Sound() {
