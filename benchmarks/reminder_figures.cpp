@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int items = 5000;
-constexpr int activeItems = 5000; ///< the last of them by their dates
+constexpr int activeItems = 2500; ///< the last of them by their dates
 
 QString madeReminders(const QString& folder) {
     QDir().mkpath(folder);
