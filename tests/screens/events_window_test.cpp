@@ -217,6 +217,11 @@ TEST_F(EventsWindowTest, ASelectionReplacesABlockOfThePlanningSheet) {
     day(14).selectAll();
     command(u"Add to Planning: 'Notes'"_s).trigger(); // has no sheet: nothing is said
 
+    command(u"Schedule this event..."_s).trigger();
+    EXPECT_EQ(control<QLineEdit>(*frame, u"txtCaption"_s).text(), u"Saturday"_s);
+    seams.prompts.expect(PromptKind::Message, u"Not saved"_s, AnswerNo);
+    EXPECT_TRUE(frame->close(ToolWindow::Reminders));
+
     window->SelectDate(QDate(2024, 9, 11));
     command(u"Show Planning..."_s).trigger();
     EXPECT_EQ(control<QLabel>(*frame, u"LbDate"_s).text(), u"24-09-11"_s);

@@ -19,6 +19,11 @@ namespace {
 /// Its today is Monday 9 September 2024, half past eight.
 class RemindersWindowTest : public PlanningScreen<RemindersWindow, ToolWindow::Reminders> {
 protected:
+    void TearDown() override {
+        frame.reset();
+        session.CloseAllDatabases(); // with it the reminders go
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
     QTableView& grid() { return on<QTableView>("dbg"); }
     QString cell(int row, int column) {
         return grid().model()->index(row, column).data().toString();

@@ -33,8 +33,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize RemindersSize(760, 520);
-constexpr int PaneWidth = 220;
+constexpr QSize RemindersSize(790, 520);
+constexpr int PaneWidth = 250;
+constexpr int DetailsWidth = PaneWidth - 50; ///< without the frames around it, at least
 
 const FailureBox RemindersFailure{.title = u"Schedule Reminder error",
                                   .text = u"Error number : %2\n%1"};
@@ -254,6 +255,10 @@ void RemindersWindow::showDetails() {
     m_details->setText(place < 0 ? u"No Items available\n\nPlease select add new item above\nto "
                                    "schedule an event."_s
                                  : scheduleDetails(m_list->item(place)));
+    // As high as it needs in any case, and of one height for most items.
+    constexpr int usualLines = 7;
+    m_details->setMinimumHeight(
+        qMax(m_details->heightForWidth(DetailsWidth), usualLines * fontMetrics().lineSpacing()));
     m_edit->setEnabled(place >= 0);
     m_delete->setEnabled(place >= 0);
 }
