@@ -143,6 +143,18 @@ void configure(Connection& connection) {
     sqlcipher().configure(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
 }
 
+/// A register is full of texts of one letter: each is made once and shared.
+QString textOf(QByteArrayView utf8) {
+    static const QList<QString> letters = [] {
+        QList<QString> all;
+        for (char16_t letter = 0; letter < 0x80; ++letter)
+            all += QString(QChar(letter));
+        return all;
+    }();
+    const bool isLetter = utf8.size() == 1 && static_cast<unsigned char>(utf8.front()) < 0x80;
+    return isLetter ? letters.at(utf8.front()) : QString::fromUtf8(utf8);
+}
+
 } // namespace
 
 void raiseDatabaseError(sqlite3* database) {
@@ -266,7 +278,7 @@ Value Statement::column(int position, DataType type) const {
     }
     case SQLITE_TEXT: {
         const auto* text = reinterpret_cast<const char*>(sqlcipher().valueText(value));
-        return QString::fromUtf8(text, sqlcipher().valueBytes(value));
+        return textOf({text, sqlcipher().valueBytes(value)});
     }
     case SQLITE_BLOB: {
         const auto* bytes = static_cast<const char*>(sqlcipher().valueBlob(value));

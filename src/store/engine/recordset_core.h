@@ -102,6 +102,7 @@ private:
     int placeOf(const QList<qint64>& keys);
     void insertRecord();
     void updateRecord();
+    bool holdsWhatWasWritten();
     void updateSource(int source, const QList<int>& columns, qint64 key);
     void checkRequired() const;
 
