@@ -34,8 +34,7 @@ void createRegisterTable(const dao::Database& database, const QString& classCode
     definition.AppendRelation(
         classRelation(registerRelation(classCode), classCode, registerTable(classCode)));
     dao::FieldCollection fields = definition.Fields();
-    for (const dao::Field& field : registerFields(lessons))
-        fields.Append(field);
+    fields.SetAll(QList<dao::Field>(fields.begin(), fields.end()) + registerFields(lessons));
     database.TableDefs().Append(definition);
 }
 

@@ -36,7 +36,7 @@ void renumber(TableStructure& table) {
 } // namespace
 
 void Catalog::refresh() {
-    const qint64 version = m_connection.firstInteger(u"PRAGMA schema_version"_s);
+    const qint64 version = versionInFile();
     if (version == m_version)
         return;
     QHash<QString, std::shared_ptr<TableStructure>> known;
@@ -44,6 +44,7 @@ void Catalog::refresh() {
         known.insert(entry.statement, entry.structure);
     m_entries.clear();
     m_positions.clear();
+    m_relationNames.reset();
     Statement statement(m_connection,
                         u"SELECT name, sql FROM sqlite_master WHERE type = 'table' AND "
                         "name NOT LIKE 'sqlite\\_%' ESCAPE '\\' AND sql LIKE 'CREATE TABLE%' "
@@ -123,12 +124,40 @@ QList<Relation> Catalog::relationsOn(QStringView table) {
     return found;
 }
 
+bool Catalog::hasRelation(QStringView name) {
+    refresh();
+    if (!m_relationNames) {
+        m_relationNames.emplace();
+        for (const Relation& relation : relations())
+            m_relationNames->insert(folded(relation.Name));
+    }
+    return m_relationNames->contains(folded(name));
+}
+
 void Catalog::createTable(const TableStructure& table) {
+    refresh();
     Savepoint savepoint(m_connection);
-    m_connection.execute(createStatement(table));
+    const QString statement = createStatement(table);
+    m_connection.execute(statement);
     createIndexes(table);
     savepoint.commit();
-    invalidate();
+    noteTable(table, statement);
+}
+
+/// Takes a table just made to what is known, which otherwise is as the file has it: a year is made
+/// of fifty tables, and each would have all before it read again.
+void Catalog::noteTable(const TableStructure& table, const QString& statement) {
+    m_positions.insert(folded(table.name), m_entries.size());
+    m_entries += Entry{table.name, statement, nullptr};
+    for (const Relation& relation : table.relations) {
+        if (m_relationNames)
+            m_relationNames->insert(folded(relation.Name));
+    }
+    m_version = versionInFile();
+}
+
+qint64 Catalog::versionInFile() {
+    return m_connection.firstInteger(u"PRAGMA schema_version"_s);
 }
 
 void Catalog::createIndexes(const TableStructure& table) {

@@ -5,8 +5,10 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 
 #include <memory>
+#include <optional>
 
 namespace dao {
 
@@ -26,6 +28,7 @@ public:
     QList<Relation> relations();
     /// The relations in which the table is not the foreign one.
     QList<Relation> relationsOn(QStringView table);
+    bool hasRelation(QStringView name);
 
     void createTable(const TableStructure& table);
     void dropTable(const QString& table);
@@ -51,6 +54,8 @@ private:
     using FieldOrigins = QList<int>;
 
     void refresh();
+    qint64 versionInFile();
+    void noteTable(const TableStructure& table, const QString& statement);
     const TableStructure& structureOf(Entry& entry);
     void readIndexes(TableStructure& table);
     void rebuild(const TableStructure& old, TableStructure table, const FieldOrigins& origins);
@@ -68,6 +73,7 @@ private:
     qint64 m_version = -1;
     QList<Entry> m_entries;
     QHash<QString, qsizetype> m_positions; ///< folded name to position in m_entries
+    std::optional<QSet<QString>> m_relationNames; ///< folded; read when first asked for
 };
 
 } // namespace dao

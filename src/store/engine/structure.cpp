@@ -196,9 +196,14 @@ QString fieldDefinition(const Field& field) {
 }
 
 QString quoteName(QStringView name) {
-    QString text = name.toString();
-    text.replace(u'"', u"\"\""_s);
-    return u'"' + text + u'"';
+    QString text;
+    text.reserve(name.size() + 2);
+    text += u'"';
+    text += name;
+    if (name.contains(u'"'))
+        text.replace(1, name.size(), name.toString().replace(u'"', u"\"\""_s));
+    text += u'"';
+    return text;
 }
 
 } // namespace dao

@@ -70,11 +70,8 @@ void checkRelation(DatabaseCore& core, const Relation& relation, const TableStru
         throw EngineError(
             InvalidOperation,
             u"The fields of '%1' that the relation names are no key."_s.arg(table->name));
-    for (const Relation& present : core.catalog.relations()) {
-        if (sameName(present.Name, relation.Name))
-            throw EngineError(ItemExists,
-                              u"There is already a relation '%1'."_s.arg(relation.Name));
-    }
+    if (core.catalog.hasRelation(relation.Name))
+        throw EngineError(ItemExists, u"There is already a relation '%1'."_s.arg(relation.Name));
 }
 
 /// The fields of a primary index have to have values.
@@ -187,6 +184,8 @@ void FieldCollection::SetAll(const QList<Field>& fields) {
     wanted.fields = fields;
     checkFieldCount(wanted);
     if (!m_core) {
+        for (int i = 0; i < wanted.fields.size(); ++i)
+            wanted.fields[i].OrdinalPosition = i;
         *m_structure = std::move(wanted);
         return;
     }
