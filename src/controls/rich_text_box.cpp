@@ -21,6 +21,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <memory>
@@ -90,7 +91,12 @@ QString RichTextBox::rtf() const {
 
 void RichTextBox::setRtf(const QString& rtf) {
     const QScopedValueRollback loading(m_isLoading, true);
+    QTextCursor start(document());
+    start.beginEditBlock();
     richtext::readDocument(rtf, *document());
+    // The caret that goes there asks for the first paragraph's glyphs once more, and once again.
+    document()->begin().layout()->setCacheEnabled(true);
+    start.endEditBlock();
     setTextCursor(QTextCursor(document()));
     setDataChanged(false);
 }
@@ -215,7 +221,18 @@ bool RichTextBox::applyDefaultFont(const FontRecord& font) {
 }
 
 void RichTextBox::setPaper(const QColor& colour) {
-    setBackground(this, colour);
+    // Of the text's area alone: the box would hand it on to all that stands in it.
+    setBackground(viewport(), colour);
+    const QColor text = textColourOn(colour);
+    QPalette colours = palette();
+    if (colours.color(QPalette::Text) == text)
+        return;
+    colours.setColor(QPalette::Text, text);
+    setPalette(colours);
+}
+
+QColor RichTextBox::paper() const {
+    return viewport()->palette().color(QPalette::Base);
 }
 
 qsizetype RichTextBox::excessAfter(const std::function<void(QTextCursor&)>& change) const {
@@ -330,7 +347,7 @@ richtext::HtmlGround RichTextBox::ground() const {
     const QFont font = document()->defaultFont();
     return {.family = m_defaultFont ? m_defaultFont->name : font.family(),
             .points = m_defaultFont ? m_defaultFont->size : font.pointSizeF(),
-            .paper = palette().color(QPalette::Base),
+            .paper = paper(),
             .picture = {}};
 }
 

@@ -75,6 +75,7 @@ public:
 
     /// The background; the text's automatic colour is what reads on it. White at first.
     void setPaper(const QColor& colour);
+    QColor paper() const;
 
     /// The most characters that the document can be written back with, 0 for any number. Typing is
     /// not held back; pictures and objects that would be too much are not pasted.

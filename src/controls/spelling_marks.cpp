@@ -103,12 +103,13 @@ template<typename Visit>
 void SpellingMarks::eachVisibleBlock(const QRect& rect, Visit visit) const {
     const QPoint scrolled(m_box.horizontalScrollBar()->value(), m_box.verticalScrollBar()->value());
     const QRectF inDocument = rect.translated(scrolled);
-    QTextBlock block = m_box.cursorForPosition(rect.topLeft()).block();
-    for (; block.isValid(); block = block.next()) {
+    // Walked from the start: what asks for the text at a point lays out a line anew.
+    for (QTextBlock block = m_box.document()->begin(); block.isValid(); block = block.next()) {
         const QRectF place = m_box.document()->documentLayout()->blockBoundingRect(block);
         if (place.top() > inDocument.bottom())
             return;
-        visit(block);
+        if (place.bottom() >= inDocument.top())
+            visit(block);
     }
 }
 

@@ -19,7 +19,7 @@ class EventsWindowTest : public PlanningScreen<EventsWindow, ToolWindow::Calenda
 protected:
     DayBox& day(int day) { return control<DayBox>(*window, u"T1(%1)"_s.arg(day - 1)); }
     QString caption(int day) { return control<QLabel>(*window, u"L1(%1)"_s.arg(day - 1)).text(); }
-    QColor ground(int day) { return this->day(day).palette().color(QPalette::Base); }
+    QColor ground(int day) { return this->day(day).paper(); }
     /// Of the whole window: 0 where the caret is in no day.
     int focused() {
         const auto* box = qobject_cast<DayBox*>(window->focusWidget());

@@ -4,8 +4,10 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmapCache>
 
 #include <algorithm>
 #include <utility>
@@ -30,15 +32,28 @@ CaptionShade captionShade(bool isWeekend, bool isSelected) {
 }
 
 /// Line by line: the toolkit would start threads for a gradient of this size.
-void paintShade(QPainter& painter, const QRect& area, const CaptionShade& shade) {
+QPixmap paintedShade(int height, const CaptionShade& shade) {
     const auto between = [&](int from, int to, int y) {
-        return from + (to - from) * y / std::max(1, area.height() - 1);
+        return from + (to - from) * y / std::max(1, height - 1);
     };
-    for (int y = 0; y < area.height(); ++y)
-        painter.fillRect(area.left(), area.top() + y, area.width(), 1,
-                         QColor(between(shade.from.red(), shade.to.red(), y),
-                                between(shade.from.green(), shade.to.green(), y),
-                                between(shade.from.blue(), shade.to.blue(), y)));
+    QImage strip(1, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        strip.setPixelColor(0, y,
+                            QColor(between(shade.from.red(), shade.to.red(), y),
+                                   between(shade.from.green(), shade.to.green(), y),
+                                   between(shade.from.blue(), shade.to.blue(), y)));
+    return QPixmap::fromImage(strip);
+}
+
+/// All captions of a page have one of three shades at one height.
+void paintShade(QPainter& painter, const QRect& area, const CaptionShade& shade) {
+    const QString key = u"caption %1 %2"_s.arg(area.height()).arg(shade.to.rgb());
+    QPixmap strip;
+    if (!QPixmapCache::find(key, &strip)) {
+        strip = paintedShade(area.height(), shade);
+        QPixmapCache::insert(key, strip);
+    }
+    painter.drawTiledPixmap(area, strip);
 }
 
 /// What stands behind the text in the person's scheme.
