@@ -1,24 +1,27 @@
 #include "controls/icons.h"
 
-#include <QFile>
+#include "core/icon_shapes.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+#include <QResource>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QByteArrayView familyBlue = "#2f80d0";
+QString fileOf(const QString& name) {
+    return u":/icons/%1.icon"_s.arg(name);
+}
 
-QByteArray drawing(const QString& name) {
-    QFile file(u":/icons/%1.svg"_s.arg(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+IconShapes shapesOf(const QString& name) {
+    const QResource file(fileOf(name));
+    return readIconFile({file.data(), static_cast<qsizetype>(file.size())});
 }
 
 QColor lineColour(QIcon::Mode mode) {
@@ -33,22 +36,27 @@ QColor lineColour(QIcon::Mode mode) {
     }
 }
 
-void paintDrawing(QPainter& painter, const QRect& rect, QByteArray svg, const QColor& lines,
-                  bool isSelected = false) {
-    svg.replace("currentColor", lines.name().toLatin1());
-    if (isSelected) // where the family's blue may stand on itself
-        svg.replace(familyBlue, lines.name().toLatin1());
-    QSvgRenderer(svg).render(&painter, rect);
+void paintShapes(QPainter& painter, const QRect& rect, const IconShapes& shapes,
+                 const QColor& lines, bool isSelected = false) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(rect.topLeft());
+    painter.scale(rect.width() / qreal{IconSide}, rect.height() / qreal{IconSide});
+    for (const auto& [colour, surface] : shapes) {
+        const bool isText = colour == SchemeTextColour || (isSelected && colour == FamilyBlue);
+        painter.fillPath(surface, isText ? lines : QColor(colour));
+    }
+    painter.restore();
 }
 
 class FamilyEngine : public QIconEngine {
 public:
-    FamilyEngine(QString name, QByteArray svg) : m_name(std::move(name)), m_svg(std::move(svg)) {}
+    explicit FamilyEngine(QString name) : m_name(std::move(name)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         if (mode == QIcon::Disabled)
             painter->setOpacity(0.5);
-        paintDrawing(*painter, rect, m_svg, lineColour(mode), mode == QIcon::Selected);
+        paintShapes(*painter, rect, shapesOf(m_name), lineColour(mode), mode == QIcon::Selected);
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -68,20 +76,18 @@ public:
         return pixmap;
     }
 
-    QIconEngine* clone() const override { return new FamilyEngine(m_name, m_svg); }
+    QIconEngine* clone() const override { return new FamilyEngine(m_name); }
 
 private:
     QString m_name;
-    QByteArray m_svg;
 };
 
 } // namespace
 
 QIcon icon(const QString& name) {
-    const QByteArray svg = drawing(name);
-    return svg.isEmpty() ? QIcon() : QIcon(new FamilyEngine(name, svg));
+    return QResource(fileOf(name)).isValid() ? QIcon(new FamilyEngine(name)) : QIcon();
 }
 
 void paintIcon(QPainter& painter, const QRect& rect, const QString& name, const QColor& lines) {
-    paintDrawing(painter, rect, drawing(name), lines);
+    paintShapes(painter, rect, shapesOf(name), lines);
 }
