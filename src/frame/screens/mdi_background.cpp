@@ -13,19 +13,39 @@
 #include <QPainter>
 #include <QResizeEvent>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QPointF fadeEnd(QSizeF size, FadeDirection direction) {
-    switch (direction) {
-    case FadeDirection::Horizontal:
-        return {size.width(), 0};
-    case FadeDirection::Vertical:
-        return {0, size.height()};
-    default:
-        return {size.width(), size.height()};
-    }
+/// Along the direction of a shading: how far it goes on a pixel to the right, and on one down,
+/// where the whole of it is 1.
+struct Steps {
+    qreal right = 0;
+    qreal down = 0;
+};
+
+Steps stepsOf(QSizeF size, FadeDirection direction) {
+    const qreal width = std::max(1.0, size.width());
+    const qreal height = std::max(1.0, size.height());
+    if (direction == FadeDirection::Horizontal)
+        return {1 / width, 0};
+    if (direction == FadeDirection::Vertical)
+        return {0, 1 / height};
+    const qreal diagonal = width * width + height * height;
+    return {width / diagonal, height / diagonal};
+}
+
+/// A line of pixels along which a shading goes on step by step to its end.
+QImage shadedLine(const QColor& start, const QColor& end, qreal step) {
+    QImage line(static_cast<int>(std::ceil(1 / step)) + 1, 1, QImage::Format_RGB32);
+    QLinearGradient gradient({0, 0}, {1 / step, 0});
+    gradient.setColorAt(0, start);
+    gradient.setColorAt(1, end);
+    QPainter(&line).fillRect(line.rect(), gradient);
+    return line;
 }
 
 } // namespace
@@ -49,23 +69,34 @@ void MdiBackground::ShadeMDI() {
     const QColor workspace = palette().color(QPalette::Dark);
     const QColor end =
         toColour(settings.find(setting::FadeEndColor).value_or(fromColour(workspace)));
-    if (!m_session.GradientsEnabled)
-        return setBackground(end);
-    QLinearGradient gradient({0, 0}, fadeEnd(size(), settings.get(setting::FadeStyle)));
-    gradient.setColorAt(0, toColour(settings.get(setting::FadeStartColor)));
-    gradient.setColorAt(1, end);
-    setBackground(gradient);
+    const QColor start =
+        m_session.GradientsEnabled ? toColour(settings.get(setting::FadeStartColor)) : end;
+    const Steps steps =
+        stepsOf(QSizeF(size()) * devicePixelRatioF(), settings.get(setting::FadeStyle));
+    m_shading = shadedLine(start, end, std::max(steps.right, steps.down));
+    m_isUpright = steps.right == 0;
+    m_rowShift = m_isUpright ? 1 : steps.down / steps.right;
+    viewport()->update();
 }
 
-/// In bands: a shading of more lines is shared out among threads, which take longer to come than
-/// the whole of it takes to paint.
+/// Row by row of the screen out of one line, since each row goes on where the one above began. The
+/// toolkit would reckon each pixel, and start threads for it, which takes longer than all of this.
 void MdiBackground::paintEvent(QPaintEvent* event) {
-    constexpr int bandHeight = 64;
+    const qreal scale = devicePixelRatioF();
     QPainter painter(viewport());
+    painter.scale(1 / scale, 1 / scale);
     for (const QRect& part : event->region()) {
-        for (int top = part.top(); top <= part.bottom(); top += bandHeight)
-            painter.fillRect(part & QRect(part.left(), top, part.width(), bandHeight),
-                             background());
+        const QRect pixels =
+            QRectF(QPointF(part.topLeft()) * scale, QSizeF(part.size()) * scale).toAlignedRect();
+        for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+            const int shift = qRound(y * m_rowShift);
+            if (m_isUpright)
+                painter.fillRect(pixels.left(), y, pixels.width(), 1,
+                                 m_shading.pixelColor(std::min(shift, m_shading.width() - 1), 0));
+            else
+                painter.drawImage(pixels.left(), y, m_shading, pixels.left() + shift, 0,
+                                  pixels.width(), 1);
+        }
     }
 }
 

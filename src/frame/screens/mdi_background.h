@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QMdiArea>
 
 class Session;
@@ -24,4 +25,7 @@ private:
     void keepFormsInside();
 
     Session& m_session;
+    QImage m_shading;         ///< a line of pixels from the start of the shading to its end
+    qreal m_rowShift = 0;     ///< so many of them later begins each row
+    bool m_isUpright = false; ///< the colour changes from row to row alone
 };
