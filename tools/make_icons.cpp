@@ -1,7 +1,7 @@
 // make_icons FOLDER FILE.svg...: draws each icon of the program's family into FOLDER/FILE.icon, as
-// the surfaces that the program fills (core/icon_shapes.h). Part of the build.
+// the surfaces that the program fills (core/icon_file.h). Part of the build.
 
-#include "core/icon_shapes.h"
+#include "core/icon_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -92,7 +92,7 @@ bool makeIcon(const QString& drawing, const QString& folder) {
     QFile file(folder + u'/' + QFileInfo(drawing).completeBaseName() + u".icon"_s);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    file.write(iconFile(device.shapes()));
+    file.write(IconFile::make(device.shapes()));
     return file.flush();
 }
 

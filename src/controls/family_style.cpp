@@ -67,6 +67,8 @@ void FamilyStyle::drawControl(ControlElement element, const QStyleOption* option
 
 void FamilyStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                      QPainter* painter, const QWidget* widget) const {
+    if (control == CC_ScrollBar && isFusion())
+        return drawScrollBar(option, painter, widget);
     const auto* bar =
         control == CC_TitleBar ? qstyleoption_cast<const QStyleOptionTitleBar*>(option) : nullptr;
     if (!bar || !isFusion())
@@ -74,6 +76,20 @@ void FamilyStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     QStyleOptionTitleBar readable = *bar;
     readable.palette = titlePalette(bar->palette, bar->titleBarState & State_Active);
     QProxyStyle::drawComplexControl(control, &readable, painter, widget);
+}
+
+/// In bands: for the shading of a longer one the toolkit starts threads.
+void FamilyStyle::drawScrollBar(const QStyleOptionComplex* option, QPainter* painter,
+                                const QWidget* widget) const {
+    constexpr int bandHeight = 64;
+    const QRect& whole = option->rect;
+    for (int top = whole.top(); top <= whole.bottom(); top += bandHeight) {
+        painter->save();
+        painter->setClipRect(QRect(whole.left(), top, whole.width(), bandHeight),
+                             Qt::IntersectClip);
+        QProxyStyle::drawComplexControl(CC_ScrollBar, option, painter, widget);
+        painter->restore();
+    }
 }
 
 QIcon FamilyStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption* option,

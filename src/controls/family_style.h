@@ -28,5 +28,7 @@ public:
                             QPainter* painter, const QWidget* widget = nullptr) const override;
 
 private:
+    void drawScrollBar(const QStyleOptionComplex* option, QPainter* painter,
+                       const QWidget* widget) const;
     bool isFusion() const;
 };

@@ -1,28 +1,43 @@
 #include "controls/icons.h"
 
-#include "core/icon_shapes.h"
+#include "core/icon_file.h"
 
 #include <QGuiApplication>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
 #include <QPixmapCache>
 #include <QResource>
+
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString fileOf(const QString& name) {
+QString pathOf(const QString& name) {
     return u":/icons/%1.icon"_s.arg(name);
 }
 
-IconShapes shapesOf(const QString& name) {
-    const QResource file(fileOf(name));
-    return readIconFile({file.data(), static_cast<qsizetype>(file.size())});
+/// Stays where it is: the program carries its icons.
+IconFile fileOfIcon(const QString& name) {
+    const QResource file(pathOf(name));
+    return IconFile({file.data(), static_cast<qsizetype>(file.size())});
 }
+
+/// The colours that stand for others on a person's screen.
+struct Colours {
+    QColor lines;
+    bool isSelected = false; ///< where the family's blue may stand on itself
+
+    QColor shown(QRgb colour) const {
+        const bool isText = colour == SchemeTextColour || (isSelected && colour == FamilyBlue);
+        return isText ? lines : QColor(colour);
+    }
+};
 
 QColor lineColour(QIcon::Mode mode) {
     const QPalette palette = QGuiApplication::palette();
@@ -36,17 +51,45 @@ QColor lineColour(QIcon::Mode mode) {
     }
 }
 
-void paintShapes(QPainter& painter, const QRect& rect, const IconShapes& shapes,
-                 const QColor& lines, bool isSelected = false) {
+void paintShapes(QPainter& painter, const QRect& rect, const IconFile& file,
+                 const Colours& colours) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(rect.topLeft());
     painter.scale(rect.width() / qreal{IconSide}, rect.height() / qreal{IconSide});
-    for (const auto& [colour, surface] : shapes) {
-        const bool isText = colour == SchemeTextColour || (isSelected && colour == FamilyBlue);
-        painter.fillPath(surface, isText ? lines : QColor(colour));
-    }
+    for (const IconShape& shape : file.shapes())
+        painter.fillPath(shape.surface, colours.shown(shape.colour));
     painter.restore();
+}
+
+/// A colour over another, each with its share of the pixel in it.
+QRgb over(QRgb upper, QRgb lower) {
+    const int rest = 255 - qAlpha(upper);
+    const auto mixed = [rest](int above, int below) { return above + (below * rest + 127) / 255; };
+    return qRgba(mixed(qRed(upper), qRed(lower)), mixed(qGreen(upper), qGreen(lower)),
+                 mixed(qBlue(upper), qBlue(lower)), mixed(qAlpha(upper), qAlpha(lower)));
+}
+
+QImage drawnIcon(const IconFile& file, int side, const Colours& colours) {
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    auto* pixels = reinterpret_cast<QRgb*>(image.bits()); // no gaps between rows of 32 bits
+    for (int shape = 0; shape < file.count(); ++shape) {
+        const QColor colour = colours.shown(file.colour(shape));
+        const uchar* cover = file.cover(shape, side);
+        for (int i = 0; i < side * side; ++i) {
+            if (cover[i] > 0)
+                pixels[i] =
+                    over(qPremultiply(qRgba(colour.red(), colour.green(), colour.blue(), cover[i])),
+                         pixels[i]);
+        }
+    }
+    return image;
+}
+
+bool isDrawnFor(const QSize& size) {
+    return size.width() == size.height() &&
+           std::find(DrawnSides.begin(), DrawnSides.end(), size.width()) != DrawnSides.end();
 }
 
 class FamilyEngine : public QIconEngine {
@@ -56,7 +99,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         if (mode == QIcon::Disabled)
             painter->setOpacity(0.5);
-        paintShapes(*painter, rect, shapesOf(m_name), lineColour(mode), mode == QIcon::Selected);
+        paintShapes(*painter, rect, fileOfIcon(m_name), coloursOf(mode));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -70,7 +113,12 @@ public:
         pixmap = QPixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
+        if (isDrawnFor(size)) {
+            painter.setOpacity(mode == QIcon::Disabled ? 0.5 : 1);
+            painter.drawImage(0, 0, drawnIcon(fileOfIcon(m_name), size.width(), coloursOf(mode)));
+        } else {
+            paint(&painter, QRect(QPoint(), size), mode, state);
+        }
         painter.end();
         QPixmapCache::insert(key, pixmap);
         return pixmap;
@@ -79,15 +127,19 @@ public:
     QIconEngine* clone() const override { return new FamilyEngine(m_name); }
 
 private:
+    static Colours coloursOf(QIcon::Mode mode) {
+        return {lineColour(mode), mode == QIcon::Selected};
+    }
+
     QString m_name;
 };
 
 } // namespace
 
 QIcon icon(const QString& name) {
-    return QResource(fileOf(name)).isValid() ? QIcon(new FamilyEngine(name)) : QIcon();
+    return QResource(pathOf(name)).isValid() ? QIcon(new FamilyEngine(name)) : QIcon();
 }
 
 void paintIcon(QPainter& painter, const QRect& rect, const QString& name, const QColor& lines) {
-    paintShapes(painter, rect, shapesOf(name), lines);
+    paintShapes(painter, rect, fileOfIcon(name), {.lines = lines});
 }
