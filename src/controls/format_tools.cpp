@@ -1,5 +1,6 @@
 #include "controls/format_tools.h"
 
+#include "controls/box_objects.h"
 #include "controls/colours.h"
 #include "controls/edit_menu.h"
 #include "controls/icons.h"
@@ -109,8 +110,8 @@ void FormatTools::serve(RichTextBox& box) {
     m_focused.add(box);
     connect(&box, &RichTextBox::menuWanted, m_editMenu,
             [this](const QPoint& place) { m_editMenu->popup(place); });
-    connect(&box, &RichTextBox::objectActivated, m_insertMenu,
-            [this, &box] { m_insertMenu->openObject(box); });
+    connect(&box, &RichTextBox::objectActivated, this,
+            [this, &box] { openObjectOfBox(m_session, box); });
     // Once the paste is over: where something was dropped, it is being moved still.
     connect(
         &box, &RichTextBox::tooMuchPasted, &box,

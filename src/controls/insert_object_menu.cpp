@@ -1,5 +1,6 @@
 #include "controls/insert_object_menu.h"
 
+#include "controls/box_objects.h"
 #include "controls/equation_dialog.h"
 #include "controls/focused_box.h"
 #include "controls/icons.h"
@@ -8,23 +9,11 @@
 #include "controls/symbol_dialog.h"
 #include "core/prompts.h"
 #include "core/session.h"
-#include "core/shell_services.h"
-#include "richtext/object_files.h"
 #include "richtext/objects.h"
 
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-void insertAt(RichTextBox& box, const richtext::EmbeddedObject& object) {
-    QTextCursor cursor = box.textCursor();
-    richtext::insertObject(cursor, object);
-    box.setTextCursor(cursor);
-}
-
-} // namespace
 
 InsertObjectMenu::InsertObjectMenu(Session& session, const FocusedBox& focused, QWidget* parent)
     : QMenu(u"Insert Object"_s, parent), m_session(session), m_focused(focused) {
@@ -46,7 +35,7 @@ void InsertObjectMenu::insertEquation() {
         return;
     const QString formula = EquationDialog(box).ask({});
     if (box && !formula.isEmpty())
-        insertAt(*box, richtext::equation(formula));
+        insertObjectInBox(*box, richtext::equation(formula));
 }
 
 void InsertObjectMenu::insertPackage() {
@@ -59,15 +48,18 @@ void InsertObjectMenu::insertPackage() {
     if (!box || path.isEmpty())
         return;
     const richtext::EmbeddedObject package = richtext::packageOf(path);
-    if (package.source.isEmpty())
-        return tell(u"The file could not be read:\n"_s + path);
+    if (package.source.isEmpty()) {
+        m_session.GetSeams().prompts.PlainBox(u"The file could not be read:\n"_s + path,
+                                              OkButton | WarningIcon, u"Insert Object"_s);
+        return;
+    }
     const qsizetype excess =
         box->excessAfter([&](QTextCursor& cursor) { richtext::insertObject(cursor, package); });
     if (excess > 0)
         tellNoRoom(m_session.GetSeams().prompts, *box, u"The file \"%1\""_s.arg(package.name),
                    excess);
     else
-        insertAt(*box, package);
+        insertObjectInBox(*box, package);
 }
 
 void InsertObjectMenu::insertSymbol() {
@@ -85,35 +77,4 @@ void InsertObjectMenu::insertSymbol() {
     box->setFontName(chosen.mid(1));
     box->select(start + 1, 0);
     box->setCurrentCharFormat(typing);
-}
-
-void InsertObjectMenu::openObject(RichTextBox& box) {
-    const auto object = richtext::objectAt(box.textCursor());
-    if (!object)
-        return;
-    if (object->className == u"Equation" && !object->name.isEmpty())
-        editEquation(box, *object);
-    else if (object->className == u"Package" && !object->name.isEmpty())
-        openPackage(*object);
-    else
-        tell(u"This object was made by another program and can be opened there only."_s);
-}
-
-void InsertObjectMenu::editEquation(RichTextBox& box, const richtext::EmbeddedObject& object) {
-    const QPointer<RichTextBox> kept = &box;
-    const QString formula = EquationDialog(&box).ask(object.name);
-    if (kept && !box.isReadOnly() && !formula.isEmpty() && formula != object.name)
-        insertAt(box, richtext::equation(formula));
-}
-
-void InsertObjectMenu::openPackage(const richtext::EmbeddedObject& object) {
-    const QString path = richtext::ObjectFiles::ofProcess(m_session.AppPath).write(object);
-    if (path.isEmpty())
-        tell(u"The file could not be opened, since there is no room to put it:\n"_s + object.name);
-    else
-        OpenForeignFile(path, m_session.GetSeams().shell, m_session.GetSeams().prompts);
-}
-
-void InsertObjectMenu::tell(const QString& text) {
-    m_session.GetSeams().prompts.PlainBox(text, OkButton | WarningIcon, u"Insert Object"_s);
 }

@@ -1,5 +1,6 @@
 #include "planning/screens/history_window.h"
 
+#include "controls/box_objects.h"
 #include "controls/icons.h"
 #include "controls/rich_text_box.h"
 #include "core/engine_failure.h"
@@ -92,6 +93,8 @@ QWidget* HistoryWindow::makeText(int element, const QString& heading, const QStr
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(place);
     });
+    connect(box, &RichTextBox::objectActivated, this,
+            [this, box] { openObjectOfBox(m_session, *box); });
     m_texts.at(element) = box;
     auto* part = new QWidget;
     auto* layout = new QVBoxLayout(part);
