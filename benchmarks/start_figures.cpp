@@ -3,9 +3,9 @@
 
 #include "core/core_settings.h"
 #include "core/dates.h"
+#include "core/program_settings.h"
 #include "core/settings.h"
 #include "figures.h"
-#include "frame/frame_settings.h"
 #include "planning/sheet_making.h"
 #include "richtext/rtf_writer.h"
 #include "sample_year.h"

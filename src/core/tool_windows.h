@@ -28,6 +28,21 @@ enum class ToolWindow {
     WeekChange,
 };
 
+/// The pages of the settings, by which `ToolWindow::Settings` is opened as its subject, a `qint64`.
+/// The last one is the part of the view's page that is about post-it notes.
+enum SettingsPage : qint64 {
+    GeneralSettingsPage,
+    ViewSettingsPage,
+    FileLocationsPage,
+    TimetableSettingsPage,
+    PlanningSettingsPage,
+    RegisterSettingsPage,
+    EventsSettingsPage,
+    IncidentSettingsPage,
+    AddressSettingsPage,
+    PostItSettingsPage,
+};
+
 /// A stretch of a text on the daily sheet of a date.
 struct SheetText {
     QDate date;
@@ -63,6 +78,13 @@ public:
     virtual void open(ToolWindow, const WindowSubject& = {}) {}
     /// Unloads a window, if it is loaded. Answers false where it stays, for what is written in it.
     virtual bool close(ToolWindow) { return true; }
+    virtual bool isOpen(ToolWindow) const { return false; }
+    /// Unloads all windows of the year but that of the settings, after each was asked. Answers
+    /// false, with all as they were, where the person stays for what is written in one.
+    virtual bool closeYearWindows() { return true; }
+    /// Closes the year, backs it up with compaction and opens it again. Answers false where it did
+    /// not come open again: then there is the start-up wizard.
+    virtual bool backUpNow() { return true; }
     /// Opens the windows of the last run, after a year came open.
     virtual void RunCurrentStartup() {}
 };

@@ -1,11 +1,11 @@
 #include "frame/internet_upgrade.h"
 
+#include "core/program_settings.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/shell.h"
 #include "core/version.h"
-#include "frame/frame_settings.h"
 
 #include <optional>
 

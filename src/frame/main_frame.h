@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/program_settings.h"
 #include "core/tool_windows.h"
-#include "frame/frame_settings.h"
 
 #include <QList>
 

@@ -2,11 +2,11 @@
 
 #include "core/core_settings.h"
 #include "core/database_closing.h"
+#include "core/program_settings.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "frame/frame_commands.h"
-#include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
 #include "organiser/post_it_settings.h"
@@ -159,6 +159,24 @@ void ChangeWeeksCommand(Session& session, MainFrame& frame) {
     frame.SetCaption(mainCaption(session.CurrentDB.Name()));
     frame.EnableInput(true);
     emit session.GetNotices().yearStarted();
+}
+
+bool BackupNowCommand(Session& session, MainFrame& frame) {
+    if (!frame.closeYearWindows())
+        return true;
+    const QString path = session.DatabasePath;
+    const QString password = session.DatabasePassword;
+    session.CloseAllDatabases();
+    frame.EnableInput(false);
+    BackupAndCompact(backupContext(session), path, false, password);
+    session.DatabasePath = path;
+    if (session.OpenDatabaseFile(path, password) != OpenDone) {
+        backToWizard(session, frame);
+        return false;
+    }
+    frame.EnableInput(true);
+    emit session.GetNotices().yearStarted();
+    return true;
 }
 
 void RestoreBackupCommand(Session& session, MainFrame& frame) {

@@ -1,8 +1,8 @@
 #include "core/settings.h"
 
 #include "core/core_settings.h"
+#include "core/program_settings.h"
 #include "core/setting_notices.h"
-#include "frame/frame_settings.h"
 #include "support/engine_files.h"
 
 #include <csignal>

@@ -1,7 +1,7 @@
 // What the main window's commands are called, where they stand and when they are there.
 
+#include "core/toolbar_side.h"
 #include "frame/frame_commands.h"
-#include "frame/toolbar_side.h"
 #include "incidents/incident_settings.h"
 #include "incidents/security_warning.h"
 #include "support/scripted_frame.h"

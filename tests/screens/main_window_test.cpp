@@ -2,7 +2,7 @@
 
 #include "calendar/timetable_settings.h"
 #include "core/core_settings.h"
-#include "frame/frame_settings.h"
+#include "core/program_settings.h"
 #include "frame/screens/accessible_program.h"
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"

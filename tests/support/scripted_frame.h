@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/frame_settings.h"
+#include "core/program_settings.h"
 #include "frame/main_frame.h"
 
 #include <QStringList>

@@ -68,8 +68,9 @@ void EventsCommands::makeMenu(const Session& session, QMenu& months) {
         return;
     m_menu->addSeparator();
     QAction* settings = m_menu->addAction(icon(u"settings"_s), u"Settings..."_s);
-    connect(settings, &QAction::triggered, this,
-            [&windows = session.GetWindows()] { windows.open(ToolWindow::Settings); });
+    connect(settings, &QAction::triggered, this, [&windows = session.GetWindows()] {
+        windows.open(ToolWindow::Settings, qint64{EventsSettingsPage});
+    });
 }
 
 void EventsCommands::addPosts(const Session& session, FormatTools& tools) {

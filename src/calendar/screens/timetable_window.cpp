@@ -104,7 +104,7 @@ LayoutToolbar* TimetableWindow::makeToolbar() {
         QString icon;
         std::function<void()> act;
     };
-    const QList<Button> buttons{
+    QList<Button> buttons{
         {1, u"Save Settings."_s, u"save"_s,
          [this] {
              m_failure.reset();
@@ -112,6 +112,11 @@ LayoutToolbar* TimetableWindow::makeToolbar() {
          }},
         {2, u"Save as BMP picture."_s, u"picture"_s, [this] { savePicture(); }},
     };
+    if (m_session.GetWindows().has(ToolWindow::Settings))
+        buttons.insert(1, {2, u"Timetable Settings."_s, u"settings"_s, [this] {
+                               m_session.GetWindows().open(ToolWindow::Settings,
+                                                           qint64{TimetableSettingsPage});
+                           }});
     QString layout;
     QStringList tips;
     QStringList icons;

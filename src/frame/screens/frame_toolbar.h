@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controls/layout_toolbar.h"
+#include "core/toolbar_side.h"
 #include "frame/frame_commands.h"
-#include "frame/toolbar_side.h"
 
 class FrameMenus;
 class QMainWindow;

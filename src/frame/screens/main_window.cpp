@@ -2,10 +2,10 @@
 
 #include "controls/placed_widget.h"
 #include "controls/window_going.h"
+#include "core/program_settings.h"
 #include "core/session.h"
 #include "core/setting_notices.h"
 #include "core/settings.h"
-#include "frame/frame_settings.h"
 #include "frame/screens/about_dialog.h"
 #include "frame/screens/frame_menus.h"
 #include "frame/screens/frame_toolbar.h"
@@ -232,6 +232,35 @@ bool MainWindow::close(ToolWindow window) {
     }
     m_loaded.removeIf(of); // the windows themselves go from the event loop
     return true;
+}
+
+bool MainWindow::isOpen(ToolWindow window) const {
+    return std::any_of(m_loaded.begin(), m_loaded.end(), [window](const Loaded& loaded) {
+        return loaded.entry->window == window && loaded.holder->isVisible();
+    });
+}
+
+bool MainWindow::closeYearWindows() {
+    const auto stays = [](const Loaded& loaded) {
+        return loaded.entry->window == ToolWindow::Settings || !loaded.entry->needsDatabase;
+    };
+    for (const Loaded& loaded : std::as_const(m_loaded)) {
+        if (!stays(loaded) && !mayWindowGo(*loaded.window))
+            return false;
+    }
+    for (const Loaded& loaded : QList(m_loaded)) {
+        if (stays(loaded))
+            continue;
+        const QPointer<QWidget> holder = loaded.holder;
+        holder->close();
+        forget(holder);
+        delete holder; // its records go with it, and not from the event loop
+    }
+    return true;
+}
+
+bool MainWindow::backUpNow() {
+    return BackupNowCommand(m_session, *this);
 }
 
 void MainWindow::run(ToolWindow window, FrameCommand command) {

@@ -35,6 +35,9 @@ public:
     bool has(ToolWindow window) const override;
     void open(ToolWindow window, const WindowSubject& subject = {}) override;
     bool close(ToolWindow window) override;
+    bool isOpen(ToolWindow window) const override;
+    bool closeYearWindows() override;
+    bool backUpNow() override;
     void RunCurrentStartup() override;
 
     void SetCaption(const QString& caption) override;

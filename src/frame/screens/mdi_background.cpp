@@ -2,10 +2,11 @@
 
 #include "controls/colours.h"
 #include "controls/placed_widget.h"
+#include "core/core_settings.h"
+#include "core/program_settings.h"
 #include "core/session.h"
 #include "core/setting_notices.h"
 #include "core/settings.h"
-#include "frame/frame_settings.h"
 
 #include <QLinearGradient>
 #include <QMdiSubWindow>
@@ -62,6 +63,7 @@ MdiBackground::MdiBackground(Session& session, QWidget* parent)
     notices.onChange(setting::FadeStartColor, this, shade);
     notices.onChange(setting::FadeEndColor, this, shade);
     notices.onChange(setting::FadeStyle, this, shade);
+    notices.onChange(setting::DisableGradients, this, shade);
 }
 
 void MdiBackground::ShadeMDI() {

@@ -6,8 +6,8 @@
 #include "calendar/timetable_settings.h"
 #include "classes/class_settings.h"
 #include "classes/screens/class_window.h"
+#include "core/program_settings.h"
 #include "core/session.h"
-#include "frame/frame_settings.h"
 #include "organiser/post_it_commands.h"
 #include "organiser/post_it_rows.h"
 #include "organiser/screens/post_it_window.h"
@@ -18,6 +18,7 @@
 #include "planning/screens/search_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "planning/sheet_events.h"
+#include "settings/screens/settings_dialog.h"
 #include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
@@ -137,6 +138,11 @@ WindowTable windowTable() {
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan, &DailySheetWindow::showText)},
+        WindowEntry{.window = ToolWindow::Settings,
+                    .name = u"SettingsFrm"_s,
+                    .kind = WindowKind::Floating,
+                    .make = make<SettingsDialog>,
+                    .show = shows(&SettingsDialog::showPage)},
         WindowEntry{.window = ToolWindow::Postits,
                     .name = u"PostitFrm"_s,
                     .kind = WindowKind::FloatingMany,

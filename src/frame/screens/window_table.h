@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/program_settings.h"
 #include "core/tool_windows.h"
 #include "frame/frame_commands.h"
-#include "frame/frame_settings.h"
 
 #include <QString>
 

@@ -11,6 +11,7 @@
 #include "core/tool_windows.h"
 #include "core/window_placement.h"
 #include "organiser/post_it_commands.h"
+#include "organiser/post_it_font.h"
 #include "organiser/post_it_settings.h"
 #include "organiser/screens/post_it_strip.h"
 #include "richtext/rtf_parser.h"
@@ -29,24 +30,6 @@ namespace {
 constexpr int noteWidth = FullNoteHeight / TwipsPerPixel;
 constexpr int fullHeight = FullNoteHeight / TwipsPerPixel;
 constexpr int stripHeight = 22;
-constexpr qint64 postItPage = 1; ///< of the settings
-
-/// The font of the settings; none where none was chosen.
-std::optional<FontRecord> noteFont(const Settings& settings) {
-    const QString name = settings.get(setting::PostitFontName);
-    const std::optional<qint32> colour = settings.find(setting::PostitFontCol);
-    if (name.isEmpty() && !colour)
-        return std::nullopt;
-    FontRecord font;
-    if (!name.isEmpty())
-        font.name = name;
-    font.bold = settings.get(setting::PostitFontBold);
-    font.italic = settings.get(setting::PostitFontItalic);
-    font.underline = settings.get(setting::PostitFontUnderline);
-    font.size = settings.get(setting::PostitFontSize);
-    font.colour = colour.value_or(0);
-    return font;
-}
 
 bool windowsHaveOutlines() {
     const QString platform = QGuiApplication::platformName();
@@ -108,7 +91,7 @@ void PostItWindow::makeParts() {
 void PostItWindow::showNote() {
     const bool isRich = richtext::isRichText(m_note.memo);
     m_body->setRtf(isRich ? m_note.memo : QString());
-    const std::optional<FontRecord> font = noteFont(m_session.GetSettings());
+    const std::optional<FontRecord> font = postItFont(m_session.GetSettings());
     if (font)
         m_body->applyDefaultFont(*font);
     if (!isRich) {
@@ -128,7 +111,7 @@ void PostItWindow::enterBody() {
     if (!isNewNoteText(m_body->plainText()))
         return;
     m_body->clear();
-    if (const std::optional<FontRecord> font = noteFont(m_session.GetSettings()))
+    if (const std::optional<FontRecord> font = postItFont(m_session.GetSettings()))
         m_body->applyDefaultFont(*font);
     m_body->setDataChanged(true);
     m_writing.typed();
@@ -190,8 +173,9 @@ void PostItWindow::showMenu(const QPoint& place) {
     menu->addAction(u"Save"_s, this, [this] { m_writing.save(); });
     menu->addAction(u"Delete"_s, this, &PostItWindow::deleteNote);
     if (m_session.GetWindows().has(ToolWindow::Settings))
-        menu->addAction(u"Settings..."_s, this,
-                        [this] { m_session.GetWindows().open(ToolWindow::Settings, postItPage); });
+        menu->addAction(u"Settings..."_s, this, [this] {
+            m_session.GetWindows().open(ToolWindow::Settings, qint64{PostItSettingsPage});
+        });
     menu->popup(place);
 }
 

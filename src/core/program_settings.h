@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/setting.h"
-#include "frame/toolbar_side.h"
+#include "core/toolbar_side.h"
 
 /// What happens to the database when the program closes.
 enum class ClosingBackup { None = 0, Ask = 1, CompactAndBackUp = 2, BackUpOnly = 3 };

@@ -1,4 +1,4 @@
-#include "frame/toolbar_side.h"
+#include "core/toolbar_side.h"
 
 QPoint popupPlace(ToolbarSide side, const QRect& button, QSize popup) {
     const int middleX = button.x() + (button.width() - popup.width()) / 2;
