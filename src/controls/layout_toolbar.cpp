@@ -30,6 +30,18 @@ LayoutToolbar::LayoutToolbar(const QString& key, const QString& layout, const QS
 void LayoutToolbar::addButton(const QString& tip, const QString& iconName) {
     addAction(icon(iconName), tip);
     nameButton(buttonCount() - 1, tip);
+    followToggle(buttonCount() - 1);
+}
+
+/// A screen reader toggles the button and not its action, which alone carries the command.
+void LayoutToolbar::followToggle(qsizetype index) {
+    QToolButton* widget = widgetOf(index);
+    connect(widget, &QToolButton::toggled, this, [widget, action = button(index)](bool on) {
+        if (action->isChecked() == on)
+            return;
+        action->trigger();
+        widget->setChecked(action->isChecked());
+    });
 }
 
 void LayoutToolbar::nameButton(qsizetype index, const QString& tip) {
