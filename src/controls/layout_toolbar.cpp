@@ -33,14 +33,18 @@ void LayoutToolbar::addButton(const QString& tip, const QString& iconName) {
     followToggle(buttonCount() - 1);
 }
 
-/// A screen reader toggles the button and not its action, which alone carries the command.
+/// A screen reader toggles the button, which hands its state to the action but does not trigger it.
+/// Where a click or the program does, the button tells of the state before the action.
 void LayoutToolbar::followToggle(qsizetype index) {
     QToolButton* widget = widgetOf(index);
-    connect(widget, &QToolButton::toggled, this, [widget, action = button(index)](bool on) {
-        if (action->isChecked() == on)
+    QAction* action = button(index);
+    const auto told = std::make_shared<bool>(false);
+    connect(widget, &QToolButton::toggled, this, [told](bool on) { *told = on; });
+    connect(action, &QAction::toggled, widget, [told, widget, action](bool on) {
+        if (*told == on || widget->isChecked() != on)
             return;
-        action->trigger();
-        widget->setChecked(action->isChecked());
+        QMetaObject::invokeMethod(
+            action, [action, on] { emit action->triggered(on); }, Qt::QueuedConnection);
     });
 }
 
