@@ -61,3 +61,4 @@ std::vector<Figure> weekFigures(const QString& folder);
 std::vector<Figure> searchFigures(const QString& folder);
 std::vector<Figure> eventFigures(const QString& folder);
 std::vector<Figure> reminderFigures(const QString& folder);
+std::vector<Figure> postItFigures(const QString& folder);

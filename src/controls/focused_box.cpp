@@ -17,6 +17,8 @@ void FocusedBox::add(RichTextBox& box) {
         m_box = nullptr;
         emit changed();
     });
+    if (box.hasFocus())
+        enter(box);
 }
 
 RichTextBox* FocusedBox::writableBox() const {

@@ -62,20 +62,10 @@ void setTextFont(QTextCharFormat& format, const FontRecord& font) {
 } // namespace
 
 RichTextBox::RichTextBox(const QString& name, QWidget* parent)
-    : QTextEdit(parent)
-    , m_objects(new ObjectView(*this))
-    , m_spelling(new SpellingMarks(*this))
-    , m_notice(new QLabel(this)) {
+    : QTextEdit(parent), m_objects(new ObjectView(*this)), m_spelling(new SpellingMarks(*this)) {
     setAccessibleName(name);
     setTabChangesFocus(true);
     setPaper(Qt::white);
-    m_notice->setObjectName(u"Notice"_s);
-    m_notice->setWordWrap(true);
-    m_notice->setMargin(2);
-    m_notice->setAutoFillBackground(true);
-    m_notice->setBackgroundRole(QPalette::ToolTipBase);
-    m_notice->setForegroundRole(QPalette::ToolTipText);
-    m_notice->hide();
     m_objects->registerWith(*document()->documentLayout());
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         if (!m_isLoading)
@@ -251,8 +241,10 @@ qsizetype RichTextBox::excessWith(const QString& rtf) const {
 }
 
 void RichTextBox::setNotice(const QString& text) {
-    if (text == m_notice->text())
+    if (text == (m_notice ? m_notice->text() : QString()))
         return;
+    if (!m_notice)
+        makeNotice();
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
     setAccessibleDescription(text);
@@ -264,7 +256,21 @@ void RichTextBox::setNotice(const QString& text) {
 }
 
 /// Under the text, which gives way.
+/// When there is something to say: few of the many boxes of a window ever have one.
+void RichTextBox::makeNotice() {
+    m_notice = new QLabel(this);
+    m_notice->setObjectName(u"Notice"_s);
+    m_notice->setWordWrap(true);
+    m_notice->setMargin(2);
+    m_notice->setAutoFillBackground(true);
+    m_notice->setBackgroundRole(QPalette::ToolTipBase);
+    m_notice->setForegroundRole(QPalette::ToolTipText);
+    m_notice->hide();
+}
+
 void RichTextBox::placeNotice() {
+    if (!m_notice)
+        return;
     const int width = viewport()->width();
     const int height = m_notice->text().isEmpty() ? 0 : m_notice->heightForWidth(width);
     if (viewportMargins().bottom() != height)

@@ -119,12 +119,13 @@ protected:
 private:
     void change(const std::function<void(QTextCharFormat&)>& change);
     bool selectObjectAt(const QPoint& place);
+    void makeNotice();
     void placeNotice();
     richtext::HtmlGround ground() const;
 
     ObjectView* m_objects;
     SpellingMarks* m_spelling;
-    QLabel* m_notice;
+    QLabel* m_notice = nullptr; ///< made when there is something to say
     qsizetype m_limit = 0;
     std::optional<FontRecord> m_defaultFont; ///< of the window's new text
     bool m_isLoading = false;

@@ -21,6 +21,7 @@ signals:
     void yearStarted();   ///< it was opened, and so were its windows of the last run
     /// Rows of `Schedules` have changed, or were read anew by their window.
     void remindersChanged();
+    void postItsDeleted(); ///< all of them; their windows go
     /// A period was selected on the daily sheet, or none: the session's current class and date.
     void currentClassChanged();
 };

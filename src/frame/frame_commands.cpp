@@ -86,8 +86,11 @@ const std::array commands{
                  .caption = u"General Settings..."_s,
                  .icon = u"settings",
                  .window = ToolWindow::Settings},
-    CommandEntry{
-        .command = PostitMenu, .name = u"mnuPostit", .caption = u"postit"_s, .icon = u"postit"},
+    CommandEntry{.command = PostitMenu,
+                 .name = u"mnuPostit",
+                 .caption = u"postit"_s,
+                 .icon = u"postit",
+                 .window = ToolWindow::Postits},
     CommandEntry{.command = PostitNew,
                  .name = u"mnuPostitNew",
                  .caption = u"Create a New Post-it"_s,
@@ -104,14 +107,6 @@ const std::array commands{
     CommandEntry{.command = PostitDeleteAll,
                  .name = u"mnuPostitDeleteAll",
                  .caption = u"Delete All Post-it's"_s,
-                 .window = ToolWindow::Postits},
-    CommandEntry{.command = PostitImport,
-                 .name = u"mnuPostitImport",
-                 .caption = u"Import Notes from Outlook"_s,
-                 .window = ToolWindow::Postits},
-    CommandEntry{.command = PostitExport,
-                 .name = u"mnuPostitExport",
-                 .caption = u"Export Post-it notes to Outlook"_s,
                  .window = ToolWindow::Postits},
     CommandEntry{.command = Schedule,
                  .name = u"Schedule",
@@ -196,8 +191,7 @@ Places popupPlaces(FrameCommand popup) {
     if (popup == PlanningMenu)
         return {DailyPlanning, WeeklyPlanning};
     if (popup == PostitMenu)
-        return {PostitNew,       PostitShowAll, PostitHideAll,
-                PostitDeleteAll, PostitImport,  PostitExport};
+        return {PostitNew, PostitShowAll, PostitHideAll, PostitDeleteAll};
     if (popup == ToolsMenu)
         return {ChangeWeekAlloc};
     return {};

@@ -33,8 +33,6 @@ enum class FrameCommand {
     PostitShowAll,
     PostitHideAll,
     PostitDeleteAll,
-    PostitImport,
-    PostitExport,
     Schedule,
     SeatingPlan,
     Incidents,

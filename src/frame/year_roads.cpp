@@ -9,6 +9,7 @@
 #include "frame/frame_settings.h"
 #include "frame/internet_upgrade.h"
 #include "frame/main_frame.h"
+#include "organiser/post_it_settings.h"
 #include "richtext/object_files.h"
 #include "year/backup.h"
 #include "year/moved_year.h"
@@ -180,6 +181,8 @@ void RunCurrentStartup(Session& session, MainFrame& frame) {
         if (session.GetSettings().get(noted.isOpen))
             frame.open(noted.window);
     }
+    if (session.GetSettings().get(setting::AutoloadPostits))
+        frame.run(ToolWindow::Postits, FrameCommand::PostitShowAll);
     if (session.GetSettings().get(setting::CheckForUpgrade) && hasUpgradeAddress(session))
         GetUpgradeInfo(session);
     emit session.GetNotices().yearStarted();

@@ -2,6 +2,7 @@
 
 #include "calendar/class_colours.h"
 #include "classes/pupil_notes.h"
+#include "organiser/post_it_rows.h"
 #include "planning/sheet_fields.h"
 #include "planning/sheet_upgrades.h"
 #include "store/engine/error.h"
@@ -65,6 +66,7 @@ void bringUpToDate(Session& session) {
     AddWeekField(session.CurrentDB);
     AddABWeekField(session.CurrentDB, session.TTweekly, session.StartWeek);
     AddLessonNotesTable(session.CurrentDB);
+    CheckPostItTable(session.CurrentDB);
 }
 
 } // namespace

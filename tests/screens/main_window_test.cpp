@@ -64,12 +64,13 @@ protected:
             {ToolWindow::AddressBook, u"ContactsFrm"}};
         for (const auto& [window, nameView] : named) {
             const QString name = nameView.toString();
-            windows.push_back(
-                {.window = window,
-                 .name = name,
-                 .placementKey = name + u"Place"_s,
-                 .minimisedKey = name + u"Minimised"_s,
-                 .make = [this, name](Session&) { return new PlainWindow(name, closed); }});
+            windows.push_back({.window = window,
+                               .name = name,
+                               .placementKey = name + u"Place"_s,
+                               .minimisedKey = name + u"Minimised"_s,
+                               .make = [this, name](Session&, const WindowSubject&) {
+                                   return new PlainWindow(name, closed);
+                               }});
         }
         for (const ToolWindow window : {ToolWindow::Postits, ToolWindow::Settings})
             windows.push_back({.window = window,
@@ -189,14 +190,16 @@ TEST_F(FrameTest, ACommandLoadsItsWindowOnceAndBringsItForward) {
 }
 
 TEST_F(FrameTest, ManyWindowsOfAKindAreToldApartByTheirSubjects) {
-    windows.push_back({.window = ToolWindow::History,
-                       .name = u"Note"_s,
-                       .kind = WindowKind::FloatingMany,
-                       .make = [this](Session&) { return new PlainWindow(u"Note"_s, closed); },
-                       .show =
-                           [](QWidget& window, const WindowSubject& subject) {
-                               window.setWindowTitle(QString::number(std::get<qint64>(subject)));
-                           }});
+    windows.push_back(
+        {.window = ToolWindow::History,
+         .name = u"Note"_s,
+         .kind = WindowKind::FloatingMany,
+         .make = [this](Session&,
+                        const WindowSubject&) { return new PlainWindow(u"Note"_s, closed); },
+         .show =
+             [](QWidget& window, const WindowSubject& subject) {
+                 window.setWindowTitle(QString::number(std::get<qint64>(subject)));
+             }});
     const std::unique_ptr<MainWindow> frame = fullFrame(true);
     for (int round = 0; round < 2; ++round) {
         for (qint64 note = 1; note <= 20; ++note)

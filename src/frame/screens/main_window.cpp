@@ -258,7 +258,9 @@ PlacedWidget MainWindow::placed(const Loaded& loaded) const {
 }
 
 const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const WindowSubject& subject) {
-    QWidget* window = entry.make(m_session);
+    QWidget* window = entry.make(m_session, subject);
+    if (!window)
+        return nullptr;
     QWidget* holder = hold(entry, *window);
     m_loaded.append({&entry, subject, holder, window});
     connect(holder, &QObject::destroyed, this, [this, holder] { forget(holder); });

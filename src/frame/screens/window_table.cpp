@@ -8,6 +8,9 @@
 #include "classes/screens/class_window.h"
 #include "core/session.h"
 #include "frame/frame_settings.h"
+#include "organiser/post_it_commands.h"
+#include "organiser/post_it_rows.h"
+#include "organiser/screens/post_it_window.h"
 #include "organiser/screens/reminders_window.h"
 #include "planning/planning_settings.h"
 #include "planning/screens/daily_sheet_window.h"
@@ -18,6 +21,9 @@
 #include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
+#include <QAction>
+#include <QMenu>
+
 #include <algorithm>
 #include <array>
 
@@ -26,7 +32,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 template<typename Window>
-QWidget* make(Session& session) {
+QWidget* make(Session& session, const WindowSubject&) {
     return new Window(session);
 }
 
@@ -43,11 +49,43 @@ auto shows(void (Window::*... show)(Subject)) {
 }
 
 /// The calendar of events stands below the planning sheets: the way to them is handed to it.
-QWidget* makeEvents(Session& session) {
+QWidget* makeEvents(Session& session, const WindowSubject&) {
     return new EventsWindow(session, [&session](QDate date, DayBlock block, const QString& rtf) {
         Add_to_Planning(session.CurrentDB, date, static_cast<SheetBox>(block), rtf);
         emit session.GetNotices().sheetsChanged();
     });
+}
+
+QWidget* makePostIt(Session& session, const WindowSubject& subject) {
+    const auto* id = std::get_if<qint64>(&subject);
+    return id ? PostItWindow::make(session, *id) : nullptr;
+}
+
+void runPostItCommand(Session& session, FrameCommand command) {
+    switch (command) {
+    case FrameCommand::PostitNew:
+        return CreatePostIt(session);
+    case FrameCommand::PostitShowAll:
+        return ShowAllPostIts(session);
+    case FrameCommand::PostitHideAll:
+        return HideAllPostIts(session);
+    case FrameCommand::PostitDeleteAll:
+        return DeleteAllPostIts(session);
+    default:
+        return;
+    }
+}
+
+/// Without notes there is none to show, to hide or to delete.
+void fillPostItMenu(Session& session, QMenu& menu) {
+    const bool hasNotes = countPostIts(session.CurrentDB) > 0;
+    for (const FrameCommand command : {FrameCommand::PostitShowAll, FrameCommand::PostitHideAll,
+                                       FrameCommand::PostitDeleteAll}) {
+        for (QAction* action : menu.actions()) {
+            if (action->objectName() == commandEntry(command).name)
+                action->setEnabled(hasNotes);
+        }
+    }
 }
 
 } // namespace
@@ -99,6 +137,12 @@ WindowTable windowTable() {
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan, &DailySheetWindow::showText)},
+        WindowEntry{.window = ToolWindow::Postits,
+                    .name = u"PostitFrm"_s,
+                    .kind = WindowKind::FloatingMany,
+                    .make = makePostIt,
+                    .run = runPostItCommand,
+                    .fill = fillPostItMenu},
         WindowEntry{.window = ToolWindow::Reminders,
                     .name = u"Schedulefrm"_s,
                     .make = make<RemindersWindow>,

@@ -38,9 +38,10 @@ struct WindowEntry {
     bool needsDatabase = true;
     /// The window that is never open beside this one: it closes before this one is made.
     std::optional<ToolWindow> insteadOf = {};
-    /// Makes it. Empty for one that the main window does not open by itself. A menu bar that is set
-    /// in its layout gets the main window's menus in front.
-    std::function<QWidget*(Session& session)> make = {};
+    /// Makes it, one of many for its subject; null where there is nothing to show. Empty for one
+    /// that the main window does not open by itself. A menu bar that is set in its layout gets the
+    /// main window's menus in front.
+    std::function<QWidget*(Session& session, const WindowSubject& subject)> make = {};
     /// Shows a subject in it, after it was made or while it is open.
     std::function<void(QWidget& window, const WindowSubject& subject)> show = {};
     /// Acts on a command in place of opening the window.

@@ -16,6 +16,7 @@
 #include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
+#include "tour/screens/tour_post_its.h"
 #include "tour/screens/tour_reminders.h"
 #include "tour/screens/tour_timetable.h"
 #include "tour/screens/tour_upkeep.h"
@@ -163,6 +164,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitPastLessons(session, frame, pictures);
     visitClasses(session, frame, pictures);
     visitReminders(session, frame, pictures);
+    visitPostIts(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
     visitWeekChange(session, pictures);
