@@ -86,7 +86,8 @@ void DayBox::setGrown(bool grown) {
 }
 
 bool DayBox::hasMoreLines() const {
-    return document()->blockCount() > 1 || document()->lineCount() > 1;
+    // The document itself counts its paragraphs only.
+    return document()->blockCount() > 1 || document()->firstBlock().layout()->lineCount() > 1;
 }
 
 void DayBox::keyPressEvent(QKeyEvent* event) {
