@@ -43,13 +43,23 @@ bool isWholeBitmap(QFile& file) {
     return file.size() >= number(10) + (isPacked ? number(34) : rowSize * height);
 }
 
-bool isWholeGif(QFile& file) {
-    constexpr qint64 enough = 256; // some writers fill up behind the end
+/// So much of the end that nothing but what some writers fill up with stands behind.
+QByteArray endOf(QFile& file) {
+    constexpr qint64 enough = 256;
     file.seek(qMax<qint64>(0, file.size() - enough));
-    QByteArray end = file.readAll();
+    return file.readAll();
+}
+
+bool isWholeGif(QFile& file) {
+    QByteArray end = endOf(file);
     while (end.endsWith('\0'))
         end.chop(1);
     return end.endsWith(';');
+}
+
+/// The picture is a list in the language C, which a brace closes.
+bool isWholeXbm(QFile& file) {
+    return endOf(file).contains('}');
 }
 
 /// Hears what the toolkit's reader of photographs only warns of: it fills up with grey what is
@@ -82,7 +92,11 @@ bool isWhole(const QString& path, const QByteArray& format) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    return format == "bmp" ? isWholeBitmap(file) : format != "gif" || isWholeGif(file);
+    if (format == "bmp")
+        return isWholeBitmap(file);
+    if (format == "gif")
+        return isWholeGif(file);
+    return format != "xbm" || isWholeXbm(file);
 }
 
 /// What the toolkit allows a picture in memory; it keeps four bytes a pixel.

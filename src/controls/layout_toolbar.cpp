@@ -30,6 +30,22 @@ LayoutToolbar::LayoutToolbar(const QString& key, const QString& layout, const QS
 void LayoutToolbar::addButton(const QString& tip, const QString& iconName) {
     addAction(icon(iconName), tip);
     nameButton(buttonCount() - 1, tip);
+    followToggle(buttonCount() - 1);
+}
+
+/// A screen reader toggles the button, which hands its state to the action but does not trigger it.
+/// Where a click or the program does, the button tells of the state before the action.
+void LayoutToolbar::followToggle(qsizetype index) {
+    QToolButton* widget = widgetOf(index);
+    QAction* action = button(index);
+    const auto told = std::make_shared<bool>(false);
+    connect(widget, &QToolButton::toggled, this, [told](bool on) { *told = on; });
+    connect(action, &QAction::toggled, widget, [told, widget, action](bool on) {
+        if (*told == on || widget->isChecked() != on)
+            return;
+        QMetaObject::invokeMethod(
+            action, [action, on] { emit action->triggered(on); }, Qt::QueuedConnection);
+    });
 }
 
 void LayoutToolbar::nameButton(qsizetype index, const QString& tip) {

@@ -34,6 +34,7 @@ protected:
 private:
     void addButton(const QString& tip, const QString& iconName);
     QList<QAction*> buttons() const;
+    void followToggle(qsizetype index);
     void nameButton(qsizetype index, const QString& tip);
     QToolButton* widgetOf(qsizetype index) const;
     bool arrowKey(qsizetype from, int key);

@@ -146,6 +146,8 @@ TEST_F(PhotosTest, WhatCannotBeReadIsToldAndThePhotoStays) {
     EXPECT_TRUE(load(1, put(u"whole.jpg"_s, jpeg + "more")));
     EXPECT_TRUE(load(1, put(u"whole.bmp"_s, bmp)));
     EXPECT_TRUE(load(1, put(u"whole.gif"_s, gif)));
+    const QByteArray xbm = bytesOf(pattern, "XBM");
+    EXPECT_TRUE(load(1, put(u"whole.xbm"_s, xbm)));
     ValidatePicture(database, code, 1, coloured(Qt::red));
     const QString isDamaged = u"damaged"_s;
     const QString unreadable = u"can't be read"_s;
@@ -162,6 +164,7 @@ TEST_F(PhotosTest, WhatCannotBeReadIsToldAndThePhotoStays) {
              Case{put(u"broken.jpg"_s, QByteArray(jpeg).remove(jpeg.size() / 2, 600)), isDamaged},
              Case{put(u"cut.bmp"_s, bmp.chopped(2000)), isDamaged},
              Case{put(u"cut.gif"_s, gif.chopped(1)), isDamaged},
+             Case{put(u"cut.xbm"_s, xbm.chopped(xbm.size() / 2)), isDamaged},
              Case{folder.path(), unreadable},
              Case{pipe, unreadable},
              Case{folder.filePath(u"none.bmp"_s), unreadable},

@@ -1,3 +1,4 @@
+#include "controls/declined_boxes.h"
 #include "core/version.h"
 #include "desktop/screens/desktop_prompts.h"
 #include "desktop/screens/desktop_shell.h"
@@ -90,6 +91,14 @@ TEST_F(DesktopTest, APlainBoxShowsItsFlagsAndAnswers) {
         EXPECT_EQ(m_prompts.PlainBox(u"<Text>"_s, c.flags, u"Action canceled"_s), c.answer)
             << c.flags;
     }
+}
+
+TEST_F(DesktopTest, WithNobodyThereEveryBoxIsDeclined) {
+    const DeclinedBoxes nobody;
+    const int flags = YesNoButtons | WarningIcon;
+    EXPECT_EQ(m_prompts.PlainBox(u"Text"_s, flags, u"Title"_s), AnswerNo);
+    EXPECT_TRUE(m_prompts.msg_Box(u"Text"_s, flags, u"Title"_s, {}) == AnswerNo);
+    EXPECT_TRUE(m_prompts.msg_Box(u"Text"_s, OkButton, u"Title"_s, {}) == AnswerOk);
 }
 
 TEST_F(DesktopTest, ThePasswordIsHiddenFromEyesAndReaders) {

@@ -118,6 +118,11 @@ TEST_F(EventsWindowTest, ABoxGrowsForMoreLinesAndGoesBack) {
     EXPECT_EQ(day(9).geometry(), line);
     press(*window, Qt::Key_Left);
     EXPECT_TRUE(day(9).isGrown());
+    day(12).setFocus();
+    press(*window, Qt::Key_Return, Qt::ShiftModifier); // a line of the same paragraph
+    press(*window, Qt::Key_Escape);
+    press(*window, Qt::Key_Left);
+    EXPECT_TRUE(day(12).isGrown());
     day(30).setFocus();
     EXPECT_EQ(day(9).geometry(), line);
     press(*window, Qt::Key_Return);

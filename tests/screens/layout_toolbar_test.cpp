@@ -57,6 +57,27 @@ TEST(LayoutToolbar, TheKeyboardReachesEveryButtonOverOneStop) {
     checkScreen(window, u"layout_toolbar"_s);
 }
 
+TEST(LayoutToolbar, AToggleIsTheCommandByEveryRoad) {
+    LayoutToolbar bar(u"Keys"_s, u"B"_s, u"One"_s, u"bold"_s);
+    QAction& action = *bar.button(0);
+    action.setCheckable(true);
+    auto& widget = *qobject_cast<QToolButton*>(bar.widgetForAction(&action));
+    int commands = 0;
+    QObject::connect(&action, &QAction::triggered, &bar, [&] { ++commands; });
+    const auto commandsOf = [&](const std::function<void()>& road) {
+        commands = 0;
+        road();
+        QCoreApplication::processEvents();
+        return commands;
+    };
+    EXPECT_EQ(commandsOf([&] { widget.click(); }), 1);
+    EXPECT_EQ(commandsOf([&] { widget.toggle(); }), 1); // as a screen reader does
+    EXPECT_EQ(commandsOf([&] { widget.toggle(); }), 1);
+    EXPECT_EQ(commandsOf([&] { action.trigger(); }), 1);
+    EXPECT_EQ(commandsOf([&] { action.setChecked(true); }), 0);
+    EXPECT_EQ(commandsOf([&] { action.setChecked(false); }), 0);
+}
+
 TEST(Icons, AllReadInLightAndDark) {
     const QPalette usual = QApplication::palette();
     const QStringList files = QDir(u":/icons"_s).entryList();

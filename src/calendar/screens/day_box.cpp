@@ -2,10 +2,14 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <QtMath>
 
 using namespace Qt::StringLiterals;
 
@@ -82,7 +86,8 @@ void DayBox::setGrown(bool grown) {
 }
 
 bool DayBox::hasMoreLines() const {
-    return document()->blockCount() > 1 || document()->lineCount() > 1;
+    // The document itself counts its paragraphs only.
+    return document()->blockCount() > 1 || document()->firstBlock().layout()->lineCount() > 1;
 }
 
 void DayBox::keyPressEvent(QKeyEvent* event) {
@@ -102,6 +107,17 @@ void DayBox::focusOutEvent(QFocusEvent* event) {
     RichTextBox::focusOutEvent(event);
     if (!m_isGrown)
         verticalScrollBar()->setValue(0);
+}
+
+/// In the list the room below the first line stays free of the heads of a second one.
+void DayBox::paintEvent(QPaintEvent* event) {
+    RichTextBox::paintEvent(event);
+    if (m_isGrown || verticalScrollBar()->value() > 0 || !hasMoreLines())
+        return;
+    const QTextLayout& first = *document()->firstBlock().layout();
+    const QRectF line = first.lineAt(0).rect().translated(first.position());
+    const QRect below = viewport()->rect().adjusted(0, qCeil(line.bottom()), 0, 0);
+    QPainter(viewport()).fillRect(below, paper());
 }
 
 /// In the list the wheel scrolls the list.

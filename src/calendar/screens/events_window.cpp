@@ -171,10 +171,13 @@ void EventsWindow::daySelected(int day) {
     showSelectedDay();
 }
 
-/// Scrolls to where the selected day is seen, all of a box that has grown.
+/// Scrolls to where the selected day is seen, all of a box that has grown: by the box, where the
+/// scroll area would be content with its caret.
 void EventsWindow::showSelectedDay() {
-    if (m_page->selectedDay() > 0)
-        m_scroll->ensureWidgetVisible(&m_page->box(m_page->selectedDay()), 0, 0);
+    if (m_page->selectedDay() == 0)
+        return;
+    const QRect box = m_page->box(m_page->selectedDay()).geometry();
+    m_scroll->ensureVisible(box.center().x(), box.center().y(), 0, (box.height() + 1) / 2);
 }
 
 /// The keys go on to the last day of the month before, or to the first of the next.

@@ -364,6 +364,8 @@ void GradesPage::setPanelShown(bool shown) {
     m_sort->setVisible(shown);
     m_sortAction->setChecked(shown);
     m_sortButton->setChecked(shown);
+    // Tab, which goes from grade to grade, would be a long way there.
+    (shown ? static_cast<QWidget*>(m_sort) : m_grid)->setFocus();
 }
 
 void GradesPage::runQuery(const QString& query, bool picks) {

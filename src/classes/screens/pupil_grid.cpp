@@ -160,6 +160,13 @@ void PupilGrid::contextMenuEvent(QContextMenuEvent* event) {
     emit menuWanted(event->globalPos());
 }
 
+/// Where a command leads from cell to cell, the keys that are held down for it (Ctrl+Z, Shift+Tab)
+/// pick no further cells.
+QItemSelectionModel::SelectionFlags PupilGrid::selectionCommand(const QModelIndex& index,
+                                                                const QEvent* event) const {
+    return event ? QTableView::selectionCommand(index, event) : QItemSelectionModel::ClearAndSelect;
+}
+
 int textRowHeight(const QWidget& widget) {
     constexpr int margin = 4;
     return widget.fontMetrics().height() + margin;

@@ -1,5 +1,6 @@
 #include "frame/screens/main_window.h"
 
+#include "controls/declined_boxes.h"
 #include "controls/placed_widget.h"
 #include "controls/window_going.h"
 #include "core/program_settings.h"
@@ -413,10 +414,15 @@ void MainWindow::activateFirst() {
 }
 
 void MainWindow::Terminate() {
+    const bool isUnderDialog = QApplication::activeModalWidget();
+    // Of a year whose file is gone there is nothing left but what is shown: that is worth a wait.
+    if (!isUnderDialog && !MayLeaveMovedYear(m_session))
+        return;
     m_isTerminated = true;
+    new DeclinedBoxes(qApp); // who ends a program so waits for no answers
     // Under an open dialog nothing is closed: the program unwinds as if it had been cancelled, and
     // the windows keep what was typed on its way out.
-    if (QApplication::activeModalWidget())
+    if (isUnderDialog)
         QCoreApplication::exit();
     else
         close();
@@ -432,7 +438,7 @@ void MainWindow::leaveDesktop(QSessionManager& manager) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (!MayLeave()) {
+    if (!m_isTerminated && !MayLeave()) {
         event->ignore();
         return;
     }

@@ -51,8 +51,8 @@ public:
     void Unload() override;
     void Help_Menu(HelpItem item) override;
 
-    /// The system wants the program to end: as closing does, but asks only about what could not be
-    /// written.
+    /// The system wants the program to end: as closing does, but asks nothing, unless the year's
+    /// file is gone. What could be written is.
     void Terminate();
 
     /// Docks the toolbar at the side that the settings say.

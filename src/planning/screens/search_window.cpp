@@ -58,6 +58,7 @@ void SearchWindow::makeQuery(QVBoxLayout& layout) {
     m_text->setObjectName(u"Combo1"_s);
     m_text->setAccessibleName(u"Text to find"_s);
     m_text->setEditable(true);
+    m_text->lineEdit()->setAccessibleName(m_text->accessibleName());
     m_text->setCompleter(nullptr); // it would change what is typed into what was typed before
     m_text->setInsertPolicy(QComboBox::NoInsert);
     m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
