@@ -2,6 +2,7 @@
 
 #include "core/database_closing.h"
 #include "core/engine_failure.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "store/engine/error.h"
 

@@ -1,5 +1,6 @@
 #include "settings/screens/folders_page.h"
 
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
 #include "settings/settings_pages.h"

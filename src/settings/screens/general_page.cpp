@@ -1,6 +1,7 @@
 #include "settings/screens/general_page.h"
 
 #include "core/paths.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/password_change.h"
 #include "settings/screens/setting_controls.h"

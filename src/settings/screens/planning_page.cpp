@@ -1,6 +1,7 @@
 #include "settings/screens/planning_page.h"
 
 #include "controls/wheel_guard.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "planning/plan_choices.h"
 #include "settings/screens/setting_controls.h"

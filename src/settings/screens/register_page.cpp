@@ -1,5 +1,6 @@
 #include "settings/screens/register_page.h"
 
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
 #include "settings/setting_lists.h"
@@ -17,7 +18,7 @@ RegisterSettings::RegisterSettings(Session& session)
     , m_keys(new QListWidget)
     , m_remove(new QPushButton(u"&Remove"_s))
     , m_dates(new QLabel)
-    , m_picture(new QCheckBox(u"Show the &photo of a pupil beside the register"_s))
+    , m_picture(new QCheckBox(u"Show the photo &of a pupil beside the register"_s))
     , m_notes(new QCheckBox(u"&Do without lesson notes"_s)) {
     m_keys->setObjectName(u"KeyList"_s);
     m_keys->setAccessibleName(u"Marks of the register"_s);

@@ -1,5 +1,6 @@
 #include "settings/screens/small_pages.h"
 
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
 #include "settings/setting_lists.h"

@@ -2,6 +2,7 @@
 
 #include "controls/wheel_guard.h"
 #include "core/engine_failure.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
 #include "settings/settings_pages.h"

@@ -2,6 +2,7 @@
 
 #include "controls/colours.h"
 #include "controls/wheel_guard.h"
+#include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
 
@@ -41,7 +42,7 @@ QWidget* ViewSettings::makeWindowTab() {
     m_fadeStart = new ColourButton(u"FadeStart"_s, u"&Start Colour..."_s, prompts);
     m_fadeEnd = new ColourButton(u"FadeEnd"_s, u"&End Colour..."_s, prompts);
     connect(m_fadeEnd, &ColourButton::chosen, this, [this] { m_isEndChosen = true; });
-    m_flat = new QCheckBox(u"&Paint without gradients"_s);
+    m_flat = new QCheckBox(u"Paint with&out gradients"_s);
     m_flat->setObjectName(u"Check8"_s);
     auto* tab = new QWidget;
     auto* layout = new QFormLayout(tab);

@@ -18,6 +18,7 @@
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_post_its.h"
 #include "tour/screens/tour_reminders.h"
+#include "tour/screens/tour_settings.h"
 #include "tour/screens/tour_timetable.h"
 #include "tour/screens/tour_upkeep.h"
 #include "tour/screens/tour_wizard.h"
@@ -165,6 +166,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitReminders(session, frame, pictures);
     visitPostIts(session, frame, pictures);
+    visitSettings(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
     visitWeekChange(session, pictures);
