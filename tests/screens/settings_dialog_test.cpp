@@ -61,7 +61,8 @@ TEST_F(SettingsDialogTest, OnlyTheSelectedPageIsWritten) {
     EXPECT_EQ(kept().get(setting::PreviousDates), 1);
     show(RegisterSettingsPage);
     on<QToolButton>("DatesUp").click();
-    foot(2);
+    press(*window, Qt::Key_Return);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(kept().get(setting::PreviousDates), 2);
 }

@@ -15,7 +15,6 @@ FolderSettings::FolderSettings(Session& session) : m_session(session), m_list(ne
     m_list->setAccessibleName(u"Folders"_s);
     auto* change = new QPushButton(u"&Change Folder..."_s);
     change->setObjectName(u"ChangeFolder"_s);
-    change->setAutoDefault(false);
     connect(change, &QPushButton::clicked, this, &FolderSettings::choose);
     connect(m_list, &QListWidget::itemDoubleClicked, this, &FolderSettings::choose);
     auto* layout = new QVBoxLayout(this);

@@ -22,7 +22,6 @@ namespace {
 QPushButton* actButton(const QString& name, const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
-    button->setAutoDefault(false);
     return button;
 }
 

@@ -56,7 +56,6 @@ PlanningSettings::PlanningSettings(Session& session)
     }
     auto* clear = new QPushButton(u"&Reset"_s);
     clear->setObjectName(u"ResetPlan"_s);
-    clear->setAutoDefault(false);
     connect(clear, &QPushButton::clicked, this, &PlanningSettings::reset);
     layout->addRow(clear);
 }

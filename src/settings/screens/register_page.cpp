@@ -39,8 +39,6 @@ RegisterSettings::RegisterSettings(Session& session)
 QLayout* RegisterSettings::makeKeys() {
     auto* add = new QPushButton(u"&Add..."_s);
     add->setObjectName(u"AddKey"_s);
-    for (QPushButton* button : {add, m_remove})
-        button->setAutoDefault(false);
     connect(add, &QPushButton::clicked, this, [this] {
         const QString row = askRegisterKey(m_session.GetSeams().prompts, rows());
         if (!row.isEmpty())

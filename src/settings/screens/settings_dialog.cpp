@@ -36,6 +36,11 @@ SettingsDialog::SettingsDialog(Session& session)
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + 12);
     connect(m_list, &QListWidget::currentRowChanged, this, &SettingsDialog::DisplayFrame);
     Acquire_Settings();
+    // Enter is "OK" wherever the focus is, but for a button that has it.
+    auto* ok = findChild<QPushButton*>(u"Command1(2)"_s);
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(button == ok);
+    ok->setDefault(true);
     m_list->setCurrentRow(0);
     m_list->setFocus();
 }
@@ -65,9 +70,6 @@ QWidget* SettingsDialog::makeButtons() {
     auto* write = new QPushButton(u"A&pply"_s);
     auto* leave = new QPushButton(u"Cancel"_s);
     auto* writeAndLeave = new QPushButton(u"OK"_s);
-    write->setAutoDefault(false);
-    leave->setAutoDefault(false);
-    writeAndLeave->setDefault(true);
     connect(write, &QPushButton::clicked, this, &SettingsDialog::applyPage);
     connect(leave, &QPushButton::clicked, this, &QDialog::reject);
     connect(writeAndLeave, &QPushButton::clicked, this, [this] {

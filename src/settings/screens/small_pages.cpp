@@ -48,8 +48,6 @@ IncidentSettings::IncidentSettings(Session& session)
     m_remove->setObjectName(u"RemoveTitle"_s);
     auto* add = new QPushButton(u"&Add..."_s);
     add->setObjectName(u"AddTitle"_s);
-    for (QPushButton* button : {add, m_remove})
-        button->setAutoDefault(false);
     connect(add, &QPushButton::clicked, this, [this] {
         addIncidentTitle(
             m_session.GetSettings(),
