@@ -62,3 +62,4 @@ std::vector<Figure> searchFigures(const QString& folder);
 std::vector<Figure> eventFigures(const QString& folder);
 std::vector<Figure> reminderFigures(const QString& folder);
 std::vector<Figure> postItFigures(const QString& folder);
+std::vector<Figure> addressBookFigures(const QString& folder);

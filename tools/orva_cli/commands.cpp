@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "contact_commands.h"
 #include "event_commands.h"
 #include "file_commands.h"
 #include "remind_commands.h"
@@ -29,6 +30,10 @@ const QList<Command>& programCommands() {
          .arguments = 1,
          .options = {{u"homework"_s, {}}, {u"match-case"_s, {}}}},
         {.name = u"history"_s, .usage = u"YEAR CLASS"_s, .run = printHistory, .arguments = 1},
+        {.name = u"import-contacts"_s,
+         .usage = u"BOOK CSV"_s,
+         .run = importContacts,
+         .arguments = 1},
         {.name = u"remind"_s, .usage = u"YEAR FROM UNTIL"_s, .run = playReminders, .arguments = 2},
     };
     return commands;

@@ -8,8 +8,10 @@
 #include "classes/screens/class_window.h"
 #include "core/program_settings.h"
 #include "core/session.h"
+#include "organiser/address_book_settings.h"
 #include "organiser/post_it_commands.h"
 #include "organiser/post_it_rows.h"
+#include "organiser/screens/address_book_window.h"
 #include "organiser/screens/post_it_window.h"
 #include "organiser/screens/reminders_window.h"
 #include "planning/planning_settings.h"
@@ -138,6 +140,12 @@ WindowTable windowTable() {
                     .insteadOf = ToolWindow::WeeklySheet,
                     .make = make<DailySheetWindow>,
                     .show = shows(&DailySheetWindow::ShowPlan, &DailySheetWindow::showText)},
+        WindowEntry{.window = ToolWindow::AddressBook,
+                    .name = u"ContactsFrm"_s,
+                    .placementKey = setting::AddressBook.toString(),
+                    .minimisedKey = setting::AddressBook.toString(),
+                    .needsDatabase = false,
+                    .make = make<AddressBookWindow>},
         WindowEntry{.window = ToolWindow::Settings,
                     .name = u"SettingsFrm"_s,
                     .kind = WindowKind::Floating,

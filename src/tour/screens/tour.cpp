@@ -12,6 +12,7 @@
 #include "incidents/security_warning.h"
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
+#include "tour/screens/tour_contacts.h"
 #include "tour/screens/tour_events.h"
 #include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
@@ -166,6 +167,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitReminders(session, frame, pictures);
     visitPostIts(session, frame, pictures);
+    visitContacts(session, frame, pictures);
     visitSettings(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
