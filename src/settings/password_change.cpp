@@ -14,8 +14,19 @@ void tellPassword(const Session& session, int icon, const QString& title, const 
     session.GetSeams().prompts.msg_Box(text, OkButton | icon, title);
 }
 
+void tellWrongPassword(const Session& session) {
+    tellPassword(session, WarningIcon, u"Password NOT Changed"_s,
+                 u"Changing the password FAILED!\n"
+                 "Please make sure that you have entered the old password correctly.\n"
+                 "Passwords are case sensitive."_s);
+}
+
 /// Answers whether the file has the new password, by which it can be compacted later.
 bool change(Session& session, const QString& oldPassword, const QString& newPassword) {
+    if (oldPassword != session.DatabasePassword) {
+        tellWrongPassword(session); // before any window has to go
+        return false;
+    }
     if (!session.GetWindows().closeYearWindows())
         return false;
     CloseRecordsets(session.CurrentDB, session.GetSeams().prompts);
@@ -23,15 +34,13 @@ bool change(Session& session, const QString& oldPassword, const QString& newPass
         session.CurrentDB.NewPassword(oldPassword, newPassword);
     } catch (const dao::EngineError& error) {
         if (error.number() == dao::WrongPassword)
-            tellPassword(session, WarningIcon, u"Password NOT Changed"_s,
-                         u"Changing the password FAILED!\n"
-                         "Please make sure that you have entered the old password correctly.\n"
-                         "Passwords are case sensitive."_s);
+            tellWrongPassword(session);
         else
             tellFailure(session.GetSeams().prompts, {u"Password NOT Changed"}, error);
         return false;
     }
     session.DatabasePassword = newPassword;
+    emit session.GetNotices().yearMoved(); // another file has its name now
     return true;
 }
 
