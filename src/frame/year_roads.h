@@ -31,8 +31,8 @@ void ChangeWeeksCommand(Session& session, MainFrame& frame);
 /// wizard's restore has taken its place.
 void RestoreBackupCommand(Session& session, MainFrame& frame);
 
-/// "Backup now" of the settings. Answers false where the year did not come open again: then there is
-/// the start-up wizard.
+/// "Backup now" of the settings. Answers false where the year did not come open again: then there
+/// is the start-up wizard.
 bool BackupNowCommand(Session& session, MainFrame& frame);
 
 /// Closes the year with its windows: every way out of the open state begins so. Answers false, with

@@ -297,7 +297,7 @@ const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const Windo
     if (!entry.placementKey.isEmpty())
         RestoreWindowPlacement(m_session.GetSettings(), place, entry.placementKey);
     holder->show();
-    if (entry.kind != WindowKind::Tool)
+    if (entry.kind != WindowKind::Tool && !holder->testAttribute(Qt::WA_ShowWithoutActivating))
         holder->activateWindow(); // not every desktop gives the keyboard to such a window by itself
     takeFocus(*window);
     return find(entry, subject);

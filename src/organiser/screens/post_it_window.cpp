@@ -50,6 +50,8 @@ PostItWindow::PostItWindow(Session& session, PostIt note)
                  .leave = [this] { return leave(); }}) {
     setObjectName(u"PostitFrm"_s);
     setWindowTitle(u"Post-it"_s);
+    // Who has all notes shown goes on where the keyboard is; a new one is to be written in.
+    setAttribute(Qt::WA_ShowWithoutActivating, !isNewNoteText(m_note.memo));
     makeParts();
     showNote();
     connect(m_body, &RichTextBox::edited, &m_writing, &KeptWriting::typed);

@@ -72,7 +72,7 @@ private:
     Connection& m_connection;
     qint64 m_version = -1;
     QList<Entry> m_entries;
-    QHash<QString, qsizetype> m_positions; ///< folded name to position in m_entries
+    QHash<QString, qsizetype> m_positions;        ///< folded name to position in m_entries
     std::optional<QSet<QString>> m_relationNames; ///< folded; read when first asked for
 };
 
