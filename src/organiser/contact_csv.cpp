@@ -57,6 +57,13 @@ public:
         bool isQuoted = false;
         bool hasText = false;
         for (; m_place < m_text.size(); ++m_place) {
+            const QStringView plain = plainText();
+            if (!plain.isEmpty()) {
+                value += plain;
+                hasText = hasText || !plain.trimmed().isEmpty();
+                m_place += plain.size() - 1;
+                continue;
+            }
             const QChar sign = m_text.at(m_place);
             hasText = hasText || !sign.isSpace();
             if (sign == u'"')
@@ -77,6 +84,17 @@ public:
     }
 
 private:
+    /// What stands before the next sign that means something.
+    QStringView plainText() const {
+        const auto isPlain = [](QChar sign) {
+            return sign != u'"' && sign != u',' && sign != u'\n' && sign != u'\r';
+        };
+        qsizetype end = m_place;
+        while (end < m_text.size() && isPlain(m_text.at(end)))
+            ++end;
+        return QStringView(m_text).sliced(m_place, end - m_place);
+    }
+
     void takeQuote(QString& value, bool& isQuoted) {
         const bool isDoubled =
             isQuoted && m_place + 1 < m_text.size() && m_text.at(m_place + 1) == u'"';

@@ -100,6 +100,7 @@ private:
     int findInDynaset(const QString& criteria);
     int findInSnapshot(const QString& criteria);
     int placeOf(const QList<qint64>& keys);
+    void shapeInsert();
     void insertRecord();
     void updateRecord();
     bool holdsWhatWasWritten();
@@ -125,6 +126,10 @@ private:
     QList<Value> m_edited;
     QList<bool> m_changed;
     QList<bool> m_chunked;
+    /// How the record added last was written: which fields had values, and by what statement.
+    QList<bool> m_insertShape;
+    QList<int> m_insertColumns;
+    QString m_insertSql;
 };
 
 } // namespace dao

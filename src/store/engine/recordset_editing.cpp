@@ -100,25 +100,33 @@ void RecordsetCore::checkRequired() const {
     }
 }
 
-void RecordsetCore::insertRecord() {
-    const sql::Source& source = query.sources.first();
+/// Of many records that are added one after another most have the same fields.
+void RecordsetCore::shapeInsert() {
+    m_insertShape = m_changed;
+    m_insertColumns.clear();
     QStringList names;
     QStringList parameters;
-    QList<Value> values;
     for (int i = 0; i < query.columns.size(); ++i) {
-        if (!m_changed.at(i) || names.contains(quoteName(query.columns.at(i).field.Name)))
+        const QString name = quoteName(query.columns.at(i).field.Name);
+        if (!m_changed.at(i) || names.contains(name))
             continue;
-        names += quoteName(query.columns.at(i).field.Name);
-        values += m_edited.at(i);
+        names += name;
         parameters += u"?"_s;
+        m_insertColumns += i;
     }
-    const QString table = quoteName(source.table->name);
-    Statement& statement = m_database->prepared(
-        names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(table)
-                        : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, names.join(u", "_s),
-                                                                   parameters.join(u", "_s)));
-    for (qsizetype i = 0; i < values.size(); ++i)
-        statement.bind(static_cast<int>(i) + 1, values.at(i));
+    const QString table = quoteName(query.sources.first().table->name);
+    m_insertSql = names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(table)
+                                  : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
+                                        table, names.join(u", "_s), parameters.join(u", "_s));
+}
+
+void RecordsetCore::insertRecord() {
+    if (m_insertSql.isEmpty() || m_insertShape != m_changed)
+        shapeInsert();
+    Statement& statement = m_database->prepared(m_insertSql);
+    int position = 0;
+    for (const int column : std::as_const(m_insertColumns))
+        statement.bind(++position, m_edited.at(column));
     statement.step();
     statement.reset();
     noteChange();
