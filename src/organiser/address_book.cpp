@@ -151,23 +151,33 @@ bool AddressBook::setFrontPage(const QString& text) {
 
 QList<ContactEntry> AddressBook::entries() {
     QList<ContactEntry> entries;
-    if (m_contacts.RecordCount() == 0)
-        return entries;
-    for (m_contacts.MoveFirst(); !m_contacts.EOF_(); m_contacts.MoveNext())
-        entries += ContactEntry{.place = m_contacts.Bookmark(),
-                                .forename = m_contacts.Collect(u"Forename").toText(),
-                                .surname = m_contacts.Collect(u"Surname").toText(),
-                                .letter = treeLetter(m_contacts.Collect(u"GroupID").toText())};
+    tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
+        if (m_contacts.RecordCount() == 0)
+            return;
+        for (m_contacts.MoveFirst(); !m_contacts.EOF_(); m_contacts.MoveNext())
+            entries += ContactEntry{.place = m_contacts.Bookmark(),
+                                    .forename = m_contacts.Collect(u"Forename").toText(),
+                                    .surname = m_contacts.Collect(u"Surname").toText(),
+                                    .letter = treeLetter(m_contacts.Collect(u"GroupID").toText())};
+    });
     std::stable_sort(entries.begin(), entries.end(), comesBefore);
     return entries;
 }
 
-Contact AddressBook::contact(const dao::Bookmark& place) {
+std::optional<Contact> AddressBook::contact(const ContactEntry& entry) {
     Contact contact;
-    m_contacts.SetBookmark(place);
-    for (int field = 0; field < ContactFieldCount; ++field)
-        contact.at(static_cast<size_t>(field)) =
-            m_contacts.Collect(contactFieldName(field)).toText();
+    try {
+        m_contacts.SetBookmark(entry.place);
+        for (int field = 0; field < ContactFieldCount; ++field)
+            contact.at(static_cast<size_t>(field)) =
+                m_contacts.Collect(contactFieldName(field)).toText();
+    } catch (const dao::EngineError& error) {
+        if (error.number() == dao::RecordDeleted)
+            tell(u"Can't find "_s + entry.text(), {}, WarningIcon);
+        else
+            tellFailure(m_session.GetSeams().prompts, bookFailure, error);
+        return std::nullopt;
+    }
     return contact;
 }
 
@@ -225,7 +235,13 @@ bool AddressBook::deleteContact(const ContactEntry& entry) {
                    false))
         return false;
     return tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
-        m_contacts.SetBookmark(entry.place);
+        try {
+            m_contacts.SetBookmark(entry.place);
+        } catch (const dao::EngineError& error) {
+            if (error.number() != dao::RecordDeleted)
+                throw;
+            return tell(u"Sorry, can't find "_s + entry.text(), u"Can't delete"_s, WarningIcon);
+        }
         m_contacts.Delete();
     });
 }

@@ -40,7 +40,8 @@ public:
 
     /// All contacts, by surname and forename.
     QList<ContactEntry> entries();
-    Contact contact(const dao::Bookmark& place);
+    /// None where it can't be read.
+    std::optional<Contact> contact(const ContactEntry& entry);
     bool save(const dao::Bookmark& place, const Contact& contact);
     /// Adds a contact by its name, unless the name is none, or there already. Answers its place.
     std::optional<dao::Bookmark> Add_new_contact(const QString& name);

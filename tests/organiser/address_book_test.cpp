@@ -98,11 +98,11 @@ TEST_F(AddressBookTest, EqualNamesKeepTheirOwnRecords) {
     seams.prompts.expect(PromptKind::Message, u"CSV file import"_s, AnswerOk);
     EXPECT_TRUE(
         book.import_csv(csv("First Name,Last Name,Home Phone\nAnn,Lee,1\nAnn,Lee,2\nBo,Ng,3\n")));
-    Contact second = book.contact(book.entries().value(1).place);
+    Contact second = book.contact(book.entries().value(1)).value();
     EXPECT_EQ(second[HomeTelephone], u"2"_s);
     second[HomeTelephone] = u"22"_s;
     EXPECT_TRUE(book.save(book.entries().value(1).place, second));
-    EXPECT_EQ(book.contact(book.entries().value(0).place)[HomeTelephone], u"1"_s);
+    EXPECT_EQ(book.contact(book.entries().value(0)).value()[HomeTelephone], u"1"_s);
     seams.prompts.expect(PromptKind::Message, u"Delete Contact"_s, BoxAnswer{AnswerYes, true});
     EXPECT_TRUE(book.deleteContact(book.entries().value(0)));
     EXPECT_TRUE(book.deleteContact(book.entries().value(0))); // no longer asked

@@ -24,7 +24,7 @@ protected:
     Contact stored(int number) {
         AddressBook book(session);
         EXPECT_TRUE(book.load_Contacts_DB());
-        return book.contact(book.entries().value(number).place);
+        return book.contact(book.entries().value(number)).value_or(Contact());
     }
 };
 

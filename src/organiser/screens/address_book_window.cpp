@@ -154,15 +154,19 @@ void AddressBookWindow::selectionChanged() {
         const ContactEntry chosen = *entry;
         if (m_writing.leave())
             showContact(chosen);
-        select(*m_shown); // what was written may have brought the tree into another order
+        if (m_shown)
+            select(*m_shown); // what was written may have brought the tree into another order
     }
     enableButtons();
 }
 
 void AddressBookWindow::showContact(const ContactEntry& entry) {
+    const std::optional<Contact> contact = m_book.contact(entry);
+    if (!contact)
+        return;
     leaveFrontPage();
     m_shown = entry.place;
-    m_kept = m_book.contact(entry.place);
+    m_kept = *contact;
     m_panel->show(m_kept);
     m_pages->setCurrentIndex(ContactPage);
 }

@@ -9,7 +9,7 @@ class SettingPage : public QWidget {
 public:
     using QWidget::QWidget;
 
-    /// Reads what it shows.
+    /// Reads what it shows. Raises what the engine raises.
     virtual void acquire() = 0;
     /// Writes what it shows. Answers false where that failed, which has been told.
     virtual bool apply() = 0;

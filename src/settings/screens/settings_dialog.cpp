@@ -1,5 +1,6 @@
 #include "settings/screens/settings_dialog.h"
 
+#include "core/prompts.h"
 #include "core/session.h"
 #include "core/tool_windows.h"
 #include "settings/screens/folders_page.h"
@@ -9,6 +10,7 @@
 #include "settings/screens/small_pages.h"
 #include "settings/screens/timetable_page.h"
 #include "settings/screens/view_page.h"
+#include "store/engine/error.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -89,8 +91,19 @@ QWidget* SettingsDialog::makeButtons() {
 }
 
 void SettingsDialog::Acquire_Settings() {
-    for (SettingPage* page : m_pages)
-        page->acquire();
+    bool isWhole = true;
+    for (SettingPage* page : m_pages) {
+        try {
+            page->acquire();
+        } catch (const dao::EngineError&) {
+            isWhole = false;
+        }
+    }
+    if (!isWhole)
+        m_session.GetSeams().prompts.msg_Box(
+            u"There was an error whilst trying to acquire settings from the registry!\n"
+            "ORVA will attempt to continue."_s,
+            OkButton | WarningIcon, u"Error loading Registry Settings"_s);
 }
 
 void SettingsDialog::DisplayFrame(int page) {

@@ -40,12 +40,10 @@ TimetableSettings::TimetableSettings(Session& session)
 }
 
 void TimetableSettings::acquire() {
-    tryTelling(m_session.GetSeams().prompts, timetableFailure, [this] {
-        const TimetableValues page = readTimetable(m_session);
-        for (size_t i = 0; i < m_breaks.size(); ++i)
-            m_breaks.at(i)->setCurrentIndex(page.breaks.at(i));
-        m_font->setSample(page.font);
-    });
+    const TimetableValues page = readTimetable(m_session);
+    for (size_t i = 0; i < m_breaks.size(); ++i)
+        m_breaks.at(i)->setCurrentIndex(page.breaks.at(i));
+    m_font->setSample(page.font);
 }
 
 bool TimetableSettings::apply() {

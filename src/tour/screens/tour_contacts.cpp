@@ -21,13 +21,13 @@ void visitContacts(Session& session, MainWindow& frame, TourPictures& pictures) 
                  {u"Grace Okafor"_s, u"Tom Baker"_s, u"Élodie Étienne"_s, u"Sam O'Brien"_s})
                 book.Add_new_contact(name);
         }
-        const dao::Bookmark last = book.entries().last().place;
-        Contact contact = book.contact(last);
+        const ContactEntry last = book.entries().last();
+        Contact contact = book.contact(last).value_or(Contact());
         contact[HomeAddress] = u"12 Mill Lane\nWesthaven"_s;
         contact[HomePostcode] = u"WH3 4QT"_s;
         contact[HomeTelephone] = u"01632 960 112"_s;
         contact[HomeEmail1] = u"sam.obrien@example.org"_s;
-        book.save(last, contact);
+        book.save(last.place, contact);
     }
     frame.open(ToolWindow::AddressBook);
     if (auto* window = frame.findChild<AddressBookWindow*>()) {
