@@ -3,6 +3,7 @@
 #include "organiser/address_book.h"
 #include "organiser/contact_csv.h"
 #include "organiser/contact_tree_model.h"
+#include "support/engine_places.h"
 #include "support/year_session.h"
 
 #include <QAbstractItemModelTester>
@@ -140,4 +141,15 @@ TEST_F(AddressBookTest, ADamagedBookIsToldAndLeftAlone) {
     AddressBook book(session);
     EXPECT_FALSE(book.load_Contacts_DB());
     EXPECT_EQ(QFileInfo(file).size(), 5000);
+}
+
+TEST_F(AddressBookTest, AnOlderBookIsConvertedAndItsOriginalKept) {
+    const QString file = session.AppPath + u"AddressBook.mdb"_s;
+    ASSERT_TRUE(QFile::copy(::test::testData(u"jet/not_a_year.mdb"_s), file));
+    seams.prompts.expect(PromptKind::Message, u"Address Book"_s, AnswerOk);
+    AddressBook book(session);
+    ASSERT_TRUE(book.load_Contacts_DB());
+    EXPECT_TRUE(book.Add_new_contact(u"Ann Lee"_s));
+    EXPECT_EQ(QFileInfo(session.AppPath + u"AddressBook.original.mdb"_s).size(),
+              QFileInfo(::test::testData(u"jet/not_a_year.mdb"_s)).size());
 }
