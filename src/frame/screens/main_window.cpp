@@ -292,7 +292,7 @@ const MainWindow::Loaded* MainWindow::load(const WindowEntry& entry, const Windo
         return nullptr;
     QWidget* holder = hold(entry, *window);
     m_loaded.append({&entry, subject, holder, window});
-    connect(holder, &QObject::destroyed, this, [this, holder] { forget(holder); });
+    connect(holder, &QObject::destroyed, &m_listening, [this, holder] { forget(holder); });
     PlacedWidget place = placed(m_loaded.last());
     if (!entry.placementKey.isEmpty())
         RestoreWindowPlacement(m_session.GetSettings(), place, entry.placementKey);

@@ -116,4 +116,7 @@ private:
     QFileSystemWatcher m_yearFile;
     bool m_hasToldMoved = false; ///< that the year's file is gone
     QList<Loaded> m_loaded;      ///< in the order of loading
+    /// As long as it is there, windows that go are taken from that list: the last of them may go
+    /// with the main window, when there is none any more.
+    QObject m_listening;
 };
