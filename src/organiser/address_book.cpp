@@ -32,18 +32,6 @@ dao::Value textOrNull(const QString& text) {
     return text.isEmpty() ? dao::Value() : dao::Value(text);
 }
 
-/// Of a new record what is empty stays Null.
-void fill(dao::Recordset& row, const Contact& contact, bool isNew) {
-    for (int field = 0; field < ContactFieldCount; ++field) {
-        const QString& text = contact.at(static_cast<size_t>(field));
-        const bool isName = field == Forename || field == Surname;
-        if (!isNew || !text.isEmpty())
-            row.SetCollect(contactFieldName(field), isName ? textOrNull(text) : dao::Value(text));
-    }
-    row.SetCollect(u"GroupID", textOrNull(contactGroup(contact[Surname])));
-    row.Update();
-}
-
 bool comesBefore(const ContactEntry& a, const ContactEntry& b) {
     const int surnames = dao::compareText(a.surname, b.surname);
     return surnames != 0 ? surnames < 0 : dao::compareText(a.forename, b.forename) < 0;
@@ -81,6 +69,8 @@ void AddressBook::openFile(const QString& path) {
     const dao::Recordset admin = m_book.OpenRecordset(AdminTable, dao::RecordsetType::Snapshot);
     m_frontPage = admin.EOF_() ? QString() : admin.Collect(FrontPageField).toText();
     m_contacts = m_book.OpenRecordset(ContactsTable);
+    for (int field = 0; field < ContactFieldCount; ++field)
+        m_fields += m_contacts.Fields(contactFieldName(field));
 }
 
 /// The converted copy takes the original's name, which stays beside it under another.
@@ -129,9 +119,22 @@ void AddressBook::ensureTables() {
 }
 
 void AddressBook::close() {
+    m_fields.clear();
     m_contacts.Close();
     if (m_book.isOpen())
         m_book.Close();
+}
+
+/// Of a new record what is empty stays Null.
+void AddressBook::fill(const Contact& contact, bool isNew) {
+    for (int field = 0; field < ContactFieldCount; ++field) {
+        const QString& text = contact.at(static_cast<size_t>(field));
+        const bool isName = field == Forename || field == Surname;
+        if (!isNew || !text.isEmpty())
+            m_fields.at(field).setValue(isName ? textOrNull(text) : dao::Value(text));
+    }
+    m_contacts.SetCollect(u"GroupID", textOrNull(contactGroup(contact[Surname])));
+    m_contacts.Update();
 }
 
 bool AddressBook::setFrontPage(const QString& text) {
@@ -156,8 +159,8 @@ QList<ContactEntry> AddressBook::entries() {
             return;
         for (m_contacts.MoveFirst(); !m_contacts.EOF_(); m_contacts.MoveNext())
             entries += ContactEntry{.place = m_contacts.Bookmark(),
-                                    .forename = m_contacts.Collect(u"Forename").toText(),
-                                    .surname = m_contacts.Collect(u"Surname").toText(),
+                                    .forename = m_fields.at(Forename).text(),
+                                    .surname = m_fields.at(Surname).text(),
                                     .letter = treeLetter(m_contacts.Collect(u"GroupID").toText())};
     });
     std::stable_sort(entries.begin(), entries.end(), comesBefore);
@@ -169,8 +172,7 @@ std::optional<Contact> AddressBook::contact(const ContactEntry& entry) {
     try {
         m_contacts.SetBookmark(entry.place);
         for (int field = 0; field < ContactFieldCount; ++field)
-            contact.at(static_cast<size_t>(field)) =
-                m_contacts.Collect(contactFieldName(field)).toText();
+            contact.at(static_cast<size_t>(field)) = m_fields.at(field).text();
     } catch (const dao::EngineError& error) {
         if (error.number() == dao::RecordDeleted)
             tell(u"Can't find "_s + entry.text(), {}, WarningIcon);
@@ -185,7 +187,7 @@ bool AddressBook::save(const dao::Bookmark& place, const Contact& contact) {
     return tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
         m_contacts.SetBookmark(place);
         m_contacts.Edit();
-        fill(m_contacts, contact, false);
+        fill(contact, false);
     });
 }
 
@@ -207,7 +209,7 @@ std::optional<dao::Bookmark> AddressBook::Add_new_contact(const QString& name) {
         contact[Forename] = parts.forename;
         contact[Surname] = parts.surname;
         m_contacts.AddNew();
-        fill(m_contacts, contact, true);
+        fill(contact, true);
         m_contacts.SetBookmark(m_contacts.LastModified());
         place = m_contacts.Bookmark();
     });
@@ -281,7 +283,7 @@ bool AddressBook::import_csv(const QString& path) {
         dao::Transaction whole(m_book);
         for (const Contact& contact : csv.contacts) {
             m_contacts.AddNew();
-            fill(m_contacts, contact, true);
+            fill(contact, true);
         }
         whole.commit();
     });

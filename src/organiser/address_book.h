@@ -56,11 +56,13 @@ private:
     void openFile(const QString& path);
     bool convert(const QString& path);
     void ensureTables();
+    void fill(const Contact& contact, bool isNew);
     void tell(const QString& text, const QString& title, int icon) const;
     bool mayDelete(const QString& text, const QString& title, bool group);
 
     Session& m_session;
     dao::Database m_book;
     dao::Recordset m_contacts;
+    QList<dao::RecordsetField> m_fields; ///< of it, by ContactField
     QString m_frontPage;
 };

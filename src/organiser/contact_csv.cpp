@@ -46,13 +46,14 @@ QString decodedCsv(QByteArrayView file) {
 /// Where a record stands while it is read, character by character.
 class CsvRecords {
 public:
-    explicit CsvRecords(const QString& text) : m_text(text) {}
+    explicit CsvRecords(QStringView text) : m_text(text) {}
 
     /// The next record's values; none at the end. It has as many commas at least.
     std::optional<QStringList> next(qsizetype commas) {
         if (m_place >= m_text.size())
             return std::nullopt;
         QStringList values;
+        values.reserve(commas + 1);
         QString value;
         bool isQuoted = false;
         bool hasText = false;
@@ -87,12 +88,11 @@ private:
     /// What stands before the next sign that means something.
     QStringView plainText() const {
         const auto isPlain = [](QChar sign) {
-            return sign != u'"' && sign != u',' && sign != u'\n' && sign != u'\r';
+            const bool isAbove = sign > u','; // as nearly all are
+            return isAbove || (sign != u'"' && sign != u',' && sign != u'\n' && sign != u'\r');
         };
-        qsizetype end = m_place;
-        while (end < m_text.size() && isPlain(m_text.at(end)))
-            ++end;
-        return QStringView(m_text).sliced(m_place, end - m_place);
+        const QStringView rest = m_text.sliced(m_place);
+        return rest.first(std::find_if_not(rest.begin(), rest.end(), isPlain) - rest.begin());
     }
 
     void takeQuote(QString& value, bool& isQuoted) {
@@ -106,7 +106,7 @@ private:
         }
     }
 
-    const QString& m_text;
+    QStringView m_text;
     qsizetype m_place = 0;
 };
 

@@ -222,6 +222,14 @@ QString folded(QStringView text) {
 }
 
 bool sameName(QStringView a, QStringView b) {
+    // Most names that are compared while one is looked up differ at either end.
+    const auto differ = [](QChar left, QChar right) {
+        return left.unicode() < EndOfAscii && right.unicode() < EndOfAscii &&
+               foldedAscii(left.unicode()) != foldedAscii(right.unicode());
+    };
+    const bool areTexts = !a.isEmpty() && !b.isEmpty();
+    if (areTexts && (differ(a.front(), b.front()) || differ(a.back(), b.back())))
+        return false;
     return compareText(a, b) == 0;
 }
 
