@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/power_status.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -14,7 +16,8 @@ public:
     virtual ~Shell() = default;
 
     /// Runs a verb on a file, folder or address: "Open" hands it to the program that is set for
-    /// it. `folder` is where that program starts.
+    /// it; a starter of the desktop (`.desktop`) starts its program. `folder` is where that program
+    /// starts.
     virtual void ShellRun(const QString& verb, const QString& file, const QString& parameters = {},
                           const QString& folder = {}) = 0;
     /// Plays a wave file beside other work, over and over when `loop`, in place of what plays. A
@@ -29,6 +32,12 @@ public:
     /// Calls `act` from the event loop each time the computer has woken from its sleep, where the
     /// desktop tells of that.
     virtual void WhenWoken(const std::function<void()>& act) = 0;
+
+    /// How the computer is powered.
+    virtual PowerStatus GetSystemPowerStatus() = 0;
+    /// Lets the computer sleep (`suspend`; else it hibernates), if need be against programs that
+    /// hold it back (`force`). Answers why it does not; empty where it does.
+    virtual QString SetSystemPowerState(bool suspend, bool force) = 0;
 
     /// What the screen shows without the program's own windows, which are gone for that moment, at
     /// its own resolution; a null picture where the desktop gives none.

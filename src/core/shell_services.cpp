@@ -54,16 +54,16 @@ QString quotedParameter(QString path) {
     return u'"' + path.replace(u'"', u"\"\"\""_s) + u'"';
 }
 
-bool isStarter(const QString& path) {
-    return path.endsWith(u".desktop"_s, Qt::CaseInsensitive);
-}
-
 bool isScript(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) && file.read(2) == "#!";
 }
 
 } // namespace
+
+bool isStarter(const QString& path) {
+    return path.endsWith(u".desktop"_s, Qt::CaseInsensitive);
+}
 
 bool startsProgram(const QString& path) {
     const QFileInfo file(path);
@@ -81,6 +81,13 @@ void OpenForeignFile(const QString& path, Shell& shell, Prompts& prompts) {
             return;
     }
     shell.ShellRun(u"Open"_s, path);
+}
+
+void OpenShortcut(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts) {
+    if (isGwbFile(path))
+        OpenGwbFile(path, settings, shell, prompts);
+    else
+        shell.ShellRun(u"Open"_s, path);
 }
 
 void ShowShellError(int code, Prompts& prompts) {

@@ -22,6 +22,8 @@ public:
     }
     void Notify(const QString&) override {}
     void WhenWoken(const std::function<void()>&) override {}
+    PowerStatus GetSystemPowerStatus() override { return {}; }
+    QString SetSystemPowerState(bool, bool) override { return {}; }
     QImage CaptureScreen() override { return {}; }
     QByteArray FetchText(const QString&) override { return {}; }
 };

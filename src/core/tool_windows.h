@@ -85,6 +85,9 @@ public:
     /// Closes the year, backs it up with compaction and opens it again. Answers false where it did
     /// not come open again: then there is the start-up wizard.
     virtual bool backUpNow() { return true; }
+    /// Writes all that is typed in the windows. Answers false where something can't be written and
+    /// the person wants to see to that first.
+    virtual bool writeAll() { return true; }
     /// Opens the windows of the last run, after a year came open.
     virtual void RunCurrentStartup() {}
 };

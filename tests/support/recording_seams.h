@@ -54,6 +54,14 @@ public:
     }
     void Notify(const QString& text) override { notifications.append(text); }
     void WhenWoken(const std::function<void()>& act) override { woken = act; }
+    PowerStatus power; ///< as it is told
+    QString noSleep;   ///< why the computer does not sleep
+    int sleeps = 0;    ///< asked for
+    PowerStatus GetSystemPowerStatus() override { return power; }
+    QString SetSystemPowerState(bool, bool) override {
+        ++sleeps;
+        return noSleep;
+    }
     QImage screen; ///< what it shows
     QImage CaptureScreen() override { return screen; }
     QByteArray FetchText(const QString& address) override {

@@ -2,6 +2,7 @@
 
 #include "core/file_state.h"
 #include "core/prompts.h"
+#include "core/shell_services.h"
 #include "desktop/screens/late/late_services.h"
 
 #include <QApplication>
@@ -42,6 +43,11 @@ bool isProgram(const QString& file) {
     return type.inherits(u"application/x-executable"_s) ||
            type.inherits(u"application/x-sharedlib"_s) ||
            type.inherits(u"application/x-pie-executable"_s);
+}
+
+bool startDesktopFile(const QString& file) {
+    LateServices* services = lateServices();
+    return services && services->startDesktopFile(file);
 }
 
 /// Takes the program's own windows off the screen, and puts them back where they were.
@@ -97,6 +103,8 @@ DesktopShell::~DesktopShell() = default;
 
 void DesktopShell::ShellRun(const QString&, const QString& file, const QString& parameters,
                             const QString& folder) {
+    if (isStarter(file) && startDesktopFile(file))
+        return;
     if (!parameters.isEmpty() || isProgram(file)) {
         if (!QProcess::startDetached(file, QProcess::splitCommand(parameters), folder))
             showFailure(file);
@@ -163,6 +171,17 @@ void DesktopShell::Notify(const QString& text) {
 void DesktopShell::WhenWoken(const std::function<void()>& act) {
     if (LateServices* services = lateServices())
         services->whenWoken(act);
+}
+
+PowerStatus DesktopShell::GetSystemPowerStatus() {
+    LateServices* services = lateServices();
+    const std::optional<PowerSupply> told = services ? services->power() : std::nullopt;
+    return powerStatus(told ? *told : readKernelPower(u"/sys/class/power_supply"_s));
+}
+
+QString DesktopShell::SetSystemPowerState(bool suspend, bool force) {
+    LateServices* services = lateServices();
+    return services ? services->sleep(suspend, force) : u"A part of the program is missing."_s;
 }
 
 QImage DesktopShell::CaptureScreen() {

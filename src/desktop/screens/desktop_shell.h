@@ -26,6 +26,8 @@ public:
     void Notify(const QString& text) override;
     void WhenWoken(const std::function<void()>& act) override;
     /// By the desktop's screenshot portal where there is one, else from the display itself.
+    PowerStatus GetSystemPowerStatus() override;
+    QString SetSystemPowerState(bool suspend, bool force) override;
     QImage CaptureScreen() override;
     QByteArray FetchText(const QString& address) override;
 

@@ -38,6 +38,7 @@ public:
     bool isOpen(ToolWindow window) const override;
     bool closeYearWindows() override;
     bool backUpNow() override;
+    bool writeAll() override { return MayLeave(); }
     void RunCurrentStartup() override;
 
     void SetCaption(const QString& caption) override;

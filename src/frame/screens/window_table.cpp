@@ -21,6 +21,8 @@
 #include "planning/screens/weekly_sheet_window.h"
 #include "planning/sheet_events.h"
 #include "settings/screens/settings_dialog.h"
+#include "user_menu/screens/menu_editor.h"
+#include "user_menu/screens/tools_popup.h"
 #include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
@@ -161,6 +163,12 @@ WindowTable windowTable() {
                     .name = u"Schedulefrm"_s,
                     .make = make<RemindersWindow>,
                     .show = shows(&RemindersWindow::scheduleEvent)},
+        WindowEntry{.window = ToolWindow::UserTools,
+                    .name = u"mnuEditor"_s,
+                    .kind = WindowKind::Floating,
+                    .needsDatabase = false,
+                    .make = make<MenuEditor>,
+                    .fill = fillToolsPopup},
         WindowEntry{.window = ToolWindow::WeekChange,
                     .name = u"ChangeWeekFrm"_s,
                     .kind = WindowKind::Floating,

@@ -15,6 +15,7 @@
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
 #include "planning/screens/maximise_button.h"
+#include "user_menu/screens/tools_popup.h"
 
 #include <QAction>
 #include <QApplication>
@@ -175,6 +176,9 @@ void WeeklySheetWindow::makeMenus() {
     auto* bar = new QMenuBar;
     bar->addMenu(m_slotMenu);
     bar->addMenu(m_tools->editMenu());
+    auto* shortcuts = bar->addMenu(u"&Shortcuts"_s);
+    shortcuts->setObjectName(u"mnuUserApps"_s);
+    fillOlderShortcuts(m_session, *shortcuts);
     layout()->setMenuBar(bar);
 }
 

@@ -1,6 +1,8 @@
 #include "desktop/screens/late/late_services.h"
 
+#include "desktop/screens/late/computer_power.h"
 #include "desktop/screens/late/desktop_signals.h"
+#include "desktop/screens/late/desktop_starter.h"
 #include "desktop/screens/late/screenshot_portal.h"
 #include "desktop/screens/late/sound.h"
 
@@ -25,6 +27,10 @@ public:
 
     void notify(const QString& text) override { m_signals.notify(text); }
     void whenWoken(const std::function<void()>& act) override { m_signals.whenWoken(act); }
+
+    std::optional<PowerSupply> power() override { return desktopPower(); }
+    QString sleep(bool suspend, bool force) override { return letSleep(suspend, force); }
+    bool startDesktopFile(const QString& path) override { return ::startDesktopFile(path); }
 
     std::optional<QImage> captureByPortal() override { return ScreenshotPortal().capture(); }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/power_status.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -19,6 +21,12 @@ public:
     virtual void notify(const QString& text) = 0;
     /// As `Shell::WhenWoken`.
     virtual void whenWoken(const std::function<void()>& act) = 0;
+    /// How the computer is powered; nothing where no service of the desktop tells.
+    virtual std::optional<PowerSupply> power() = 0;
+    /// As `Shell::SetSystemPowerState`.
+    virtual QString sleep(bool suspend, bool force) = 0;
+    /// Starts the program of a `.desktop` file; false where that names none that can be started.
+    virtual bool startDesktopFile(const QString& path) = 0;
     /// The screen by the desktop's screenshot portal: nothing where there is none, a null picture
     /// where the person gave no leave.
     virtual std::optional<QImage> captureByPortal() = 0;

@@ -1,0 +1,14 @@
+// GIO has a member called `signals`, which is a keyword of Qt's: its headers come first.
+#include <gio/gdesktopappinfo.h>
+
+#include "desktop/screens/late/desktop_starter.h"
+
+#include <QFile>
+
+#include <memory>
+
+bool startDesktopFile(const QString& path) {
+    const std::unique_ptr<GDesktopAppInfo, decltype(&g_object_unref)> starter(
+        g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()), &g_object_unref);
+    return starter && g_app_info_launch(G_APP_INFO(starter.get()), nullptr, nullptr, nullptr);
+}

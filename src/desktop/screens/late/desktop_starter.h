@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// Starts the program that a `.desktop` file describes, as the desktop's own menu does. Answers
+/// false where the file describes none, or the program can't be started.
+bool startDesktopFile(const QString& path);
