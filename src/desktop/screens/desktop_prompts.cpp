@@ -78,6 +78,25 @@ QString existingFolder(const QString& folder) {
     return path;
 }
 
+/// The window that asks. It has the keyboard again when its dialog has gone: a desktop where
+/// several windows float may hand it to another, and what is typed next would go astray.
+class Asking {
+public:
+    explicit Asking(QWidget* window) : m_window(window) {}
+    ~Asking() {
+        const bool isAtWork = QGuiApplication::applicationState() == Qt::ApplicationActive;
+        if (m_window && m_window->isVisible() && isAtWork)
+            m_window->activateWindow();
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+    operator QWidget*() const { return m_window; }
+
+private:
+    QPointer<QWidget> m_window;
+};
+
 } // namespace
 
 DesktopPrompts::DesktopPrompts(Clock& clock, QWidget* mainWindow)
@@ -91,7 +110,8 @@ QWidget* DesktopPrompts::owner() const {
 }
 
 PromptAnswer DesktopPrompts::PlainBox(const QString& text, int flags, const QString& title) {
-    QMessageBox box(owner());
+    const Asking asking(owner());
+    QMessageBox box(asking);
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
@@ -110,31 +130,32 @@ PromptAnswer DesktopPrompts::PlainBox(const QString& text, int flags, const QStr
 
 BoxAnswer DesktopPrompts::msg_Box(const QString& text, int flags, const QString& title,
                                   const BoxLook& look) {
-    return PromptDialog(owner()).msg_Box(text, flags, title, look);
+    return PromptDialog(Asking(owner())).msg_Box(text, flags, title, look);
 }
 
 BoxAnswer DesktopPrompts::MsgAuto_box(const QString& text, int flags, const QString& title,
                                       int seconds, const BoxLook& look) {
-    return PromptDialog(owner()).MsgAuto_box(text, flags, title, seconds, look, m_clock);
+    return PromptDialog(Asking(owner())).MsgAuto_box(text, flags, title, seconds, look, m_clock);
 }
 
 QString DesktopPrompts::input_box(const QString& text, int flags, const QString& title,
                                   const QString& proposal, qint32 colour) {
-    return PromptDialog(owner()).input_box(text, flags, title, proposal, colour);
+    return PromptDialog(Asking(owner())).input_box(text, flags, title, proposal, colour);
 }
 
 std::optional<DatePeriod> DesktopPrompts::Date_Box(const QString& title, const DatePeriod& limits) {
-    return PromptDialog(owner()).Date_Box(title, limits, m_clock.today(), *this);
+    return PromptDialog(Asking(owner())).Date_Box(title, limits, m_clock.today(), *this);
 }
 
 std::optional<LinkAnswer> DesktopPrompts::File_Link(const QString& title, const QString& text,
                                                     const QString& name, const QString& path) {
-    return PromptDialog(owner()).File_Link(title, text, name, path, *this);
+    return PromptDialog(Asking(owner())).File_Link(title, text, name, path, *this);
 }
 
 QString DesktopPrompts::OpenFileDialog(const QString& title, const QList<FileFilter>& filters,
                                        const QString& startFolder, int flags, bool save) {
-    QFileDialog dialog(owner(), title, existingFolder(startFolder));
+    const Asking asking(owner());
+    QFileDialog dialog(asking, title, existingFolder(startFolder));
     dialog.setNameFilters(nameFilters(filters));
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     const bool mustExist = !save && (flags & FileMustExist) != 0;
@@ -146,16 +167,17 @@ QString DesktopPrompts::OpenFileDialog(const QString& title, const QList<FileFil
 }
 
 QString DesktopPrompts::ChooseFolder(const QString& title) {
-    return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(owner(), title));
+    return QDir::toNativeSeparators(QFileDialog::getExistingDirectory(Asking(owner()), title));
 }
 
 std::optional<qint32> DesktopPrompts::ChooseColour(qint32 colour) {
-    const QColor chosen = QColorDialog::getColor(toColour(colour), owner());
+    const QColor chosen = QColorDialog::getColor(toColour(colour), Asking(owner()));
     return chosen.isValid() ? std::optional(fromColour(chosen)) : std::nullopt;
 }
 
 std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
-    QFontDialog dialog(toFont(font), owner());
+    const Asking asking(owner());
+    QFontDialog dialog(toFont(font), asking);
     dialog.setOption(QFontDialog::DontUseNativeDialog);
     qint32 colour = font.colour;
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
@@ -169,21 +191,21 @@ std::optional<FontRecord> DesktopPrompts::ChooseFont(const FontRecord& font) {
 }
 
 std::optional<int> DesktopPrompts::ReturnString(const OneItemRequest& request) {
-    return SelectorDialog(*this, owner()).ReturnString(request);
+    return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 
 QList<int> DesktopPrompts::ReturnString(const SeveralItemsRequest& request) {
-    return SelectorDialog(*this, owner()).ReturnString(request);
+    return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 
 std::optional<SpreadsheetChoice> DesktopPrompts::ReturnString(const SpreadsheetRequest& request) {
-    return SelectorDialog(*this, owner()).ReturnString(request);
+    return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 
 std::optional<NewField> DesktopPrompts::ReturnString(const NewFieldRequest& request) {
-    return SelectorDialog(*this, owner()).ReturnString(request);
+    return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 
 QString DesktopPrompts::PromptForPassword() {
-    return PasswordDialog(owner()).ask();
+    return PasswordDialog(Asking(owner())).ask();
 }
