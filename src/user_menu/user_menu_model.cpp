@@ -267,20 +267,13 @@ QMimeData* UserMenuModel::mimeData(const QModelIndexList& indexes) const {
     return data;
 }
 
-/// All that is dropped is taken, to say why where it can't be.
-bool UserMenuModel::canDropMimeData(const QMimeData*, Qt::DropAction, int, int,
-                                    const QModelIndex& parent) const {
-    return parent.isValid();
-}
-
-/// What was moved within the tree is not taken from its old place by the view: so the answer is no.
 bool UserMenuModel::dropMimeData(const QMimeData* data, Qt::DropAction, int, int,
                                  const QModelIndex& parent) {
     if (data->hasFormat(NodeFormat)) {
         const QModelIndex place = move(m_dragged, parent);
         if (place.isValid())
             emit moved(place);
-        return false;
+        return place.isValid();
     }
     if (!data->hasText()) {
         refuse(u"Data format not supported, sorry."_s, {});

@@ -51,8 +51,6 @@ public:
     Qt::DropActions supportedDropActions() const override {
         return Qt::MoveAction | Qt::CopyAction;
     }
-    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
-                         const QModelIndex& parent) const override;
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
 

@@ -14,6 +14,7 @@
 #include "tour/screens/tour_classes.h"
 #include "tour/screens/tour_contacts.h"
 #include "tour/screens/tour_events.h"
+#include "tour/screens/tour_menu.h"
 #include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
 #include "tour/screens/tour_planning.h"
@@ -168,6 +169,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitReminders(session, frame, pictures);
     visitPostIts(session, frame, pictures);
     visitContacts(session, frame, pictures);
+    visitMenuEditor(session, frame, pictures);
     visitSettings(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QIdentityProxyModel>
@@ -40,6 +41,41 @@ private:
     UserMenuModel& m_menu;
 };
 
+/// Hands on all that is dropped, on an item or beside them all, so that what can't be taken is
+/// told.
+class MenuTree : public QTreeView {
+public:
+    explicit MenuTree(UserMenuModel& model) {
+        m_pictured = new PicturedMenu(model, this);
+        m_menu = &model;
+        setModel(m_pictured);
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        QTreeView::dragEnterEvent(event);
+        event->accept();
+    }
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        QTreeView::dragMoveEvent(event); // shows the place, and goes on at the edges
+        event->accept();
+    }
+    void dropEvent(QDropEvent* event) override {
+        const QModelIndex place = m_pictured->mapToSource(indexAt(event->position().toPoint()));
+        m_menu->dropMimeData(event->mimeData(), event->dropAction(), -1, -1,
+                             place.isValid() ? place : m_menu->root());
+        stopAutoScroll();
+        setState(NoState);
+        viewport()->update();
+        event->setDropAction(Qt::CopyAction); // nothing is to be taken from where it came from
+        event->accept();
+    }
+
+private:
+    PicturedMenu* m_pictured;
+    UserMenuModel* m_menu;
+};
+
 UserMenu menuToEdit(Settings& settings) {
     moveOlderShortcuts(settings);
     return readUserMenu(settings);
@@ -50,7 +86,7 @@ UserMenu menuToEdit(Settings& settings) {
 MenuEditor::MenuEditor(Session& session)
     : m_session(session)
     , m_model(menuToEdit(session.GetSettings()))
-    , m_tree(new QTreeView)
+    , m_tree(new MenuTree(m_model))
     , m_caption(new QLineEdit)
     , m_going(*this, [this] { return mayGo(); }) {
     setObjectName(u"mnuEditor"_s);
@@ -82,7 +118,6 @@ QWidget* MenuEditor::makeTree() {
     layout->setContentsMargins({});
     m_tree->setObjectName(u"TV1"_s);
     m_tree->setAccessibleName(u"Menus and shortcuts"_s);
-    m_tree->setModel(new PicturedMenu(m_model, m_tree));
     m_tree->setHeaderHidden(true);
     m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
     m_tree->setDragDropMode(QAbstractItemView::DragDrop);
