@@ -39,12 +39,12 @@ public:
         for (int note = 0; note < noteCount; ++note) {
             QTextDocument text;
             text.setHtml(noteHtml(note));
-            m_ids += addPostIt(session.CurrentDB, {.memo = richtext::writeDocument(text)}).id;
+            addPostIt(session.CurrentDB, {.memo = richtext::writeDocument(text)});
         }
     }
     void run() override {
-        for (const qint64 id : m_ids) {
-            m_windows.emplace_back(PostItWindow::make(m_quiet.session(), id));
+        for (const PostIt& note : readPostIts(m_quiet.session().CurrentDB)) {
+            m_windows.push_back(std::make_unique<PostItWindow>(m_quiet.session(), note));
             m_windows.back()->show();
         }
         drawNotes();
@@ -62,7 +62,6 @@ private:
     }
 
     QuietSession m_quiet;
-    QList<qint64> m_ids;
     std::vector<std::unique_ptr<QWidget>> m_windows;
 };
 

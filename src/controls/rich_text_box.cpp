@@ -61,11 +61,11 @@ void setTextFont(QTextCharFormat& format, const FontRecord& font) {
 
 } // namespace
 
-RichTextBox::RichTextBox(const QString& name, QWidget* parent)
+RichTextBox::RichTextBox(const QString& name, QWidget* parent, const QColor& paper)
     : QTextEdit(parent), m_objects(new ObjectView(*this)), m_spelling(new SpellingMarks(*this)) {
     setAccessibleName(name);
     setTabChangesFocus(true);
-    setPaper(Qt::white);
+    setPaper(paper);
     m_objects->registerWith(*document()->documentLayout());
     connect(document(), &QTextDocument::contentsChanged, this, [this] {
         if (!m_isLoading)

@@ -28,7 +28,8 @@ class RichTextBox : public QTextEdit {
 
 public:
     /// `name` says in words what the text is: "Lesson, period 3".
-    explicit RichTextBox(const QString& name, QWidget* parent = nullptr);
+    explicit RichTextBox(const QString& name, QWidget* parent = nullptr,
+                         const QColor& paper = Qt::white);
     ~RichTextBox() override;
 
     /// The complete document.

@@ -3,7 +3,10 @@
 #include <QDate>
 #include <QString>
 
+#include <memory>
 #include <variant>
+
+struct PostIt;
 
 /// The windows that can be asked for, by what they are. The frame's table of windows says which of
 /// them the program has, and everything about each.
@@ -62,10 +65,20 @@ struct EventText {
     bool operator==(const EventText&) const = default;
 };
 
+/// A post-it note as it was just read (organiser/post_it_rows.h). One is the same as another of its
+/// number.
+struct PostItSubject {
+    qint64 id = 0;
+    std::shared_ptr<const PostIt> note;
+
+    bool operator==(const PostItSubject& other) const { return id == other.id; }
+};
+
 /// One thing of all that a window can show: the sheet of a date, a text on it, the register of a
-/// class's code, the row of an `ID`, an event to be reminded of. None: what the window shows by
-/// itself.
-using WindowSubject = std::variant<std::monostate, QDate, QString, qint64, SheetText, EventText>;
+/// class's code, the row of an `ID`, an event to be reminded of, a post-it note. None: what the
+/// window shows by itself.
+using WindowSubject =
+    std::variant<std::monostate, QDate, QString, qint64, SheetText, EventText, PostItSubject>;
 
 /// How rules and windows reach other windows. This class itself is a program without windows.
 class ToolWindows {

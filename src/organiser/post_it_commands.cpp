@@ -16,13 +16,18 @@ bool mayDelete(Session& session, const QString& title, const QString& question) 
                question, YesNoButtons | WarningIcon | SecondButtonDefault, title) == AnswerYes;
 }
 
+void showNote(Session& session, const PostIt& note) {
+    session.GetWindows().open(ToolWindow::Postits,
+                              PostItSubject{note.id, std::make_shared<const PostIt>(note)});
+}
+
 } // namespace
 
 void CreatePostIt(Session& session) {
     PostIt note{.memo = newNoteText()};
     if (tryTelling(session.GetSeams().prompts, postItFailure,
                    [&] { note = addPostIt(session.CurrentDB, note); }))
-        session.GetWindows().open(ToolWindow::Postits, note.id);
+        showNote(session, note);
 }
 
 void ShowAllPostIts(Session& session) {
@@ -30,7 +35,7 @@ void ShowAllPostIts(Session& session) {
     tryTelling(session.GetSeams().prompts, postItFailure,
                [&] { notes = readPostIts(session.CurrentDB); });
     for (const PostIt& note : notes)
-        session.GetWindows().open(ToolWindow::Postits, note.id);
+        showNote(session, note);
 }
 
 void HideAllPostIts(Session& session) {

@@ -11,10 +11,8 @@ namespace {
 const QString ShrunkText = u"1"_s;
 const QString FullSizeText = u"0"_s;
 
-dao::Recordset recordOf(const dao::Database& year, qint64 id,
-                        dao::RecordsetType type = dao::RecordsetType::Dynaset) {
-    return year.OpenRecordset(u"SELECT * FROM [%1] WHERE IDX = %2"_s.arg(PostItTable).arg(id),
-                              type);
+dao::Recordset recordOf(const dao::Database& year, qint64 id) {
+    return year.OpenRecordset(u"SELECT * FROM [%1] WHERE IDX = %2"_s.arg(PostItTable).arg(id));
 }
 
 PostIt noteOf(const dao::Recordset& row) {
@@ -64,13 +62,6 @@ QList<PostIt> readPostIts(const dao::Database& year) {
     for (; !rows.EOF_(); rows.MoveNext())
         notes += noteOf(rows);
     return notes;
-}
-
-std::optional<PostIt> findPostIt(const dao::Database& year, qint64 id) {
-    if (!TableExists(year, PostItTable))
-        return std::nullopt;
-    const dao::Recordset row = recordOf(year, id, dao::RecordsetType::Snapshot);
-    return row.EOF_() ? std::nullopt : std::optional(noteOf(row));
 }
 
 PostIt addPostIt(const dao::Database& year, PostIt note) {

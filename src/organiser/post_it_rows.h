@@ -5,8 +5,6 @@
 #include <QList>
 #include <QString>
 
-#include <optional>
-
 /// The rows of `Post-It`, a row a note. All raise what the engine raises.
 
 /// The height of a note that is not shrunk to its title, in twips.
@@ -32,7 +30,6 @@ void CheckPostItTable(const dao::Database& year);
 
 qsizetype countPostIts(const dao::Database& year);
 QList<PostIt> readPostIts(const dao::Database& year);
-std::optional<PostIt> findPostIt(const dao::Database& year, qint64 id);
 /// Answers the note with the number that the table gave it.
 PostIt addPostIt(const dao::Database& year, PostIt note);
 /// Answers false where the note's row has gone; then nothing is done.

@@ -62,8 +62,8 @@ QWidget* makeEvents(Session& session, const WindowSubject&) {
 }
 
 QWidget* makePostIt(Session& session, const WindowSubject& subject) {
-    const auto* id = std::get_if<qint64>(&subject);
-    return id ? PostItWindow::make(session, *id) : nullptr;
+    const auto* shown = std::get_if<PostItSubject>(&subject);
+    return shown ? new PostItWindow(session, *shown->note) : nullptr;
 }
 
 void runPostItCommand(Session& session, FrameCommand command) {

@@ -29,6 +29,8 @@ public:
     }
 
     void setWords(const QString& name) {
+        if (name == accessibleName())
+            return;
         setAccessibleName(name);
         setToolTip(name);
     }
@@ -68,11 +70,12 @@ const QList<QLineF> downLines{{5, 7, 9, 11}, {9, 11, 13, 7}};
 
 } // namespace
 
-PostItStrip::PostItStrip(bool gradients, QWidget* parent)
-    : QWidget(parent)
-    , m_gradients(gradients)
-    , m_shrink(new GlyphButton(u"Shrink"_s, u"Shrink the note"_s, upLines, this))
-    , m_close(new GlyphButton(u"Close"_s, u"Close the note"_s, crossLines, this)) {
+PostItStrip::PostItStrip(const QColor& colour, bool gradients, QWidget* parent)
+    : QWidget(parent), m_colour(colour), m_gradients(gradients) {
+    setBackground(this, colour); // before it has parts, which would all be told
+    setAutoFillBackground(false);
+    m_shrink = new GlyphButton(u"Shrink"_s, u"Shrink the note"_s, upLines, this);
+    m_close = new GlyphButton(u"Close"_s, u"Close the note"_s, crossLines, this);
     setObjectName(u"Picture1"_s);
     setAccessibleName(u"Title of the post-it note"_s);
     setAccessibleDescription(
@@ -86,12 +89,6 @@ PostItStrip::PostItStrip(bool gradients, QWidget* parent)
     layout->addWidget(m_close);
     connect(m_shrink, &QAbstractButton::clicked, this, &PostItStrip::shrinkWanted);
     connect(m_close, &QAbstractButton::clicked, this, &PostItStrip::closeWanted);
-}
-
-void PostItStrip::setColour(const QColor& colour) {
-    m_colour = colour;
-    setBackground(this, colour);
-    setAutoFillBackground(false);
 }
 
 void PostItStrip::setShrunk(bool isShrunk) {

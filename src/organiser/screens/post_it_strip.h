@@ -11,9 +11,8 @@ class PostItStrip : public QWidget {
     Q_OBJECT
 
 public:
-    PostItStrip(bool gradients, QWidget* parent);
+    PostItStrip(const QColor& colour, bool gradients, QWidget* parent);
 
-    void setColour(const QColor& colour);
     /// What the glyph of shrinking shows.
     void setShrunk(bool isShrunk);
 
@@ -33,9 +32,9 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    const QColor m_colour;
     const bool m_gradients;
-    QColor m_colour;
     QPoint m_grip; ///< of the window's place from the pointer, where the desktop does not move it
-    QAbstractButton* m_shrink;
-    QAbstractButton* m_close;
+    QAbstractButton* m_shrink = nullptr;
+    QAbstractButton* m_close = nullptr;
 };

@@ -42,8 +42,10 @@ PostItWindow::PostItWindow(Session& session, PostIt note)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint)
     , m_session(session)
     , m_note(std::move(note))
-    , m_strip(new PostItStrip(session.GradientsEnabled, this))
-    , m_body(new RichTextBox(u"Text of the post-it note"_s, this))
+    , m_strip(new PostItStrip(toColour(session.GetSettings().get(setting::PostitCapCol)),
+                              session.GradientsEnabled, this))
+    , m_body(new RichTextBox(u"Text of the post-it note"_s, this,
+                             toColour(session.GetSettings().get(setting::PostitCol))))
     , m_writing(*this, session.GetSeams(),
                 {.what = u"A post-it note"_s,
                  .save = [this] { return isAsKept() || SavePositInfo(); },
@@ -64,20 +66,10 @@ PostItWindow::~PostItWindow() {
     m_writing.end();
 }
 
-QWidget* PostItWindow::make(Session& session, qint64 id) {
-    std::optional<PostIt> note;
-    tryTelling(session.GetSeams().prompts, {u"Post-it Notes Error"},
-               [&] { note = findPostIt(session.CurrentDB, id); });
-    return note ? new PostItWindow(session, *note) : nullptr;
-}
-
 void PostItWindow::makeParts() {
-    const Settings& settings = m_session.GetSettings();
-    m_strip->setColour(toColour(settings.get(setting::PostitCapCol)));
     m_strip->setFixedHeight(stripHeight);
     m_body->setObjectName(u"RT1"_s);
     m_body->setFrameStyle(QFrame::NoFrame);
-    m_body->setPaper(toColour(settings.get(setting::PostitCol)));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);

@@ -16,11 +16,9 @@ class PostItWindow : public QWidget {
     Q_OBJECT
 
 public:
+    /// Shows a note of the open year as it was just read.
     PostItWindow(Session& session, PostIt note);
     ~PostItWindow() override;
-
-    /// Shows a note of the open year; null where it has gone.
-    static QWidget* make(Session& session, qint64 id);
 
     /// Writes the note as it stands. Answers false where it failed, which has been told.
     bool SavePositInfo();

@@ -17,7 +17,7 @@ void visitPostIts(Session& session, MainWindow& frame, TourPictures& pictures) {
                  "<p>Order <span style='color:#c00000'>squared paper</span>, 10 packs</p>"
                  "<p>Keys of the hall back to the office</p>"_s);
     const PostIt note = addPostIt(session.CurrentDB, {.memo = richtext::writeDocument(text)});
-    frame.open(ToolWindow::Postits, note.id);
+    frame.open(ToolWindow::Postits, PostItSubject{note.id, std::make_shared<const PostIt>(note)});
     if (auto* window = frame.findChild<PostItWindow*>())
         pictures.save(*window, u"PostitFrm"_s);
     frame.CloseOpenForms();
