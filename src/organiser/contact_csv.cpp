@@ -60,7 +60,10 @@ public:
         for (; m_place < m_text.size(); ++m_place) {
             const QStringView plain = plainText();
             if (!plain.isEmpty()) {
-                value += plain;
+                if (value.isEmpty())
+                    value = plain.toString();
+                else
+                    value += plain;
                 hasText = hasText || !plain.trimmed().isEmpty();
                 m_place += plain.size() - 1;
                 continue;

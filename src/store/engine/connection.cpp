@@ -225,9 +225,9 @@ void Statement::bind(int position, const Value& value) {
     } else if (value.isReal()) {
         result = sqlcipher().bindDouble(statement, position, value.toDouble());
     } else if (value.isText()) {
-        const QByteArray text = value.toText().toUtf8();
+        const QByteArray& text = m_texts.emplace_back(value.toText().toUtf8());
         result = sqlcipher().bindText64(statement, position, text.constData(),
-                                        static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
+                                        static_cast<sqlite3_uint64>(text.size()), SQLITE_STATIC,
                                         SQLITE_UTF8);
     } else {
         const QByteArray bytes = value.toBinary();
@@ -260,6 +260,7 @@ bool Statement::step() {
 void Statement::reset() {
     sqlcipher().reset(m_statement.get());
     sqlcipher().clearBindings(m_statement.get());
+    m_texts.clear();
 }
 
 Value Statement::column(int position, DataType type) const {

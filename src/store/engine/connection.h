@@ -4,6 +4,7 @@
 #include "store/engine/value.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <memory>
@@ -35,6 +36,7 @@ private:
         void operator()(sqlite3_stmt* statement) const;
     };
     sqlite3* m_database = nullptr;
+    QList<QByteArray> m_texts; ///< bound, and read by the library until the reset
     std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
 };
 
