@@ -178,8 +178,8 @@ void Settings::ClearRegistryKey(QStringView key) {
     CreateRegistryKey(key);
 }
 
-void Settings::FlushRegistryKey(QStringView) {
-    save();
+SettingStatus Settings::FlushRegistryKey(QStringView) {
+    return save();
 }
 
 QStringList Settings::CollectRegistrySubkeys(QStringView key) const {

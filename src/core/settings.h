@@ -96,7 +96,8 @@ public:
     SettingStatus DeleteRegistryKey(QStringView key);
     /// Leaves the key with nothing in it, whether it existed or not.
     void ClearRegistryKey(QStringView key);
-    void FlushRegistryKey(QStringView key);
+    /// Writes what has not reached the disk yet.
+    SettingStatus FlushRegistryKey(QStringView key);
 
     /// The full paths of all keys below a key, depth first, a key before those below it.
     QStringList CollectRegistrySubkeys(QStringView key) const;

@@ -59,13 +59,13 @@ UserMenu readUserMenu(const Settings& settings) {
     return root;
 }
 
-void saveUserMenu(Settings& settings, const UserMenu& root) {
+bool saveUserMenu(Settings& settings, const UserMenu& root) {
     {
         const Settings::Batch whole(settings);
         settings.DeleteRegistryKey(rootKey());
         writeMenu(settings, rootKey(), root);
     }
-    settings.FlushRegistryKey(rootKey());
+    return settings.FlushRegistryKey(rootKey()) == SettingFound;
 }
 
 void moveOlderShortcuts(Settings& settings) {

@@ -32,10 +32,11 @@ inline constexpr int MostShortcuts = 999;
 /// text value of it. Empty where nothing was kept.
 UserMenu readUserMenu(const Settings& settings);
 
-/// Keeps a menu in place of the one before, whole or not at all. A backslash in a caption parts it:
-/// what stands before it becomes a menu of its own. Equal captions in one menu are the caller's to
-/// avoid: the last shortcut stays, menus become one.
-void saveUserMenu(Settings& settings, const UserMenu& root);
+/// Keeps a menu in place of the one before, whole or not at all. Answers false where it could not
+/// be written: then it is there until the program ends, and written with the next setting that can
+/// be. A backslash in a caption parts it: what stands before it becomes a menu of its own. Equal
+/// captions in one menu are the caller's to avoid: the last shortcut stays, menus become one.
+bool saveUserMenu(Settings& settings, const UserMenu& root);
 
 /// Moves the shortcuts of the older, flat list to the end of the menu, if there are any.
 void moveOlderShortcuts(Settings& settings);

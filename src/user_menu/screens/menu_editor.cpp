@@ -297,10 +297,21 @@ void MenuEditor::paste() {
         select(m_model.move(m_cut, current()));
 }
 
+bool MenuEditor::keep() {
+    if (saveUserMenu(m_session.GetSettings(), m_model.menu())) {
+        m_model.setKept();
+        return true;
+    }
+    m_session.GetSeams().prompts.msg_Box(
+        u"The menu could not be written to the settings file. Make sure that there is room on the "
+        "disk, then save again."_s,
+        OkButton | WarningIcon, u"Users Menu Editor"_s);
+    return false;
+}
+
 void MenuEditor::save() {
-    saveUserMenu(m_session.GetSettings(), m_model.menu());
-    m_model.setKept();
-    close();
+    if (keep())
+        close();
 }
 
 bool MenuEditor::mayGo() {
@@ -310,10 +321,10 @@ bool MenuEditor::mayGo() {
         u"The menu has been changed. Do you want to save the changes?"_s,
         YesNoCancelButtons | QuestionIcon, u"Users Menu Editor"_s);
     if (answer == AnswerYes)
-        saveUserMenu(m_session.GetSettings(), m_model.menu());
-    if (answer != AnswerCancel)
+        return keep();
+    if (answer == AnswerNo)
         m_model.setKept();
-    return answer != AnswerCancel;
+    return answer == AnswerNo;
 }
 
 void MenuEditor::closeEvent(QCloseEvent* event) {

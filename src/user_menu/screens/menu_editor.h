@@ -38,6 +38,7 @@ private:
     void remove();
     void cut();
     void paste();
+    bool keep();
     void save();
     bool mayGo();
 
