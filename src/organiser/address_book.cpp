@@ -137,10 +137,22 @@ void AddressBook::fill(const Contact& contact, bool isNew) {
     m_contacts.Update();
 }
 
+bool AddressBook::keep(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const dao::EngineError& error) {
+        if (m_failure.first())
+            tellFailure(m_session.GetSeams().prompts, bookFailure, error);
+        return false;
+    }
+    m_failure.reset();
+    return true;
+}
+
 bool AddressBook::setFrontPage(const QString& text) {
     if (text == m_frontPage)
         return true;
-    return tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
+    return keep([&] {
         dao::Recordset admin = m_book.OpenRecordset(AdminTable);
         if (admin.EOF_())
             admin.AddNew();
@@ -184,7 +196,7 @@ std::optional<Contact> AddressBook::contact(const ContactEntry& entry) {
 }
 
 bool AddressBook::save(const dao::Bookmark& place, const Contact& contact) {
-    return tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
+    return keep([&] {
         m_contacts.SetBookmark(place);
         m_contacts.Edit();
         fill(contact, false);

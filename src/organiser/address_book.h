@@ -2,9 +2,11 @@
 
 #include "organiser/contact.h"
 #include "store/engine/engine.h"
+#include "store/kept_row.h"
 
 #include <QList>
 
+#include <functional>
 #include <optional>
 
 class Session;
@@ -42,7 +44,10 @@ public:
     QList<ContactEntry> entries();
     /// None where it can't be read.
     std::optional<Contact> contact(const ContactEntry& entry);
+    /// A failure of this and of setFrontPage, which come while a person types, is told once, until
+    /// something is written or `tellAgain`.
     bool save(const dao::Bookmark& place, const Contact& contact);
+    void tellAgain() { m_failure.reset(); }
     /// Adds a contact by its name, unless the name is none, or there already. Answers its place.
     std::optional<dao::Bookmark> Add_new_contact(const QString& name);
     /// Ask first where the settings say so. Answer whether something was deleted.
@@ -56,6 +61,7 @@ private:
     void openFile(const QString& path);
     bool convert(const QString& path);
     void ensureTables();
+    bool keep(const std::function<void()>& work);
     void fill(const Contact& contact, bool isNew);
     void tell(const QString& text, const QString& title, int icon) const;
     bool mayDelete(const QString& text, const QString& title, bool group);
@@ -65,4 +71,5 @@ private:
     dao::Recordset m_contacts;
     QList<dao::RecordsetField> m_fields; ///< of it, by ContactField
     QString m_frontPage;
+    ToldOnce m_failure;
 };

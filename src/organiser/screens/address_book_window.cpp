@@ -203,6 +203,7 @@ bool AddressBookWindow::save() {
 }
 
 void AddressBookWindow::saveAndShow() {
+    m_book.tellAgain();
     if (!m_writing.save() || !m_shown)
         return;
     loadTreeview();
