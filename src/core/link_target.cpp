@@ -34,8 +34,6 @@ void OpenFileLink(const QString& path, const Settings& settings, Shell& shell, P
     else if (!FileExists(path))
         prompts.PlainBox(u"The file \n\n"_s + path + u"\n\ndoes not exist!"_s,
                          OkButton | WarningIcon, u"File doesn't exist"_s);
-    else if (isGwbFile(path))
-        OpenGwbFile(path, settings, shell, prompts);
     else
-        OpenForeignFile(path, shell, prompts);
+        OpenShortcut(path, settings, shell, prompts);
 }

@@ -22,6 +22,6 @@ enum class LinkFault { None, Path, Name };
 /// address, or an empty name. The path is looked at first.
 LinkFault linkFault(const QString& name, const QString& path);
 
-/// Opens what a link leads to: a web address (it begins in lower case) by the shell, a whiteboard
-/// file by OpenGwbFile, any other by OpenForeignFile. Of a file that is gone the person is told.
+/// Opens what a link leads to: a web address (it begins in lower case) by the shell, any other as
+/// OpenShortcut does. Of a file that is gone the person is told.
 void OpenFileLink(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts);

@@ -54,6 +54,10 @@ QString quotedParameter(QString path) {
     return u'"' + path.replace(u'"', u"\"\"\""_s) + u'"';
 }
 
+bool isGwbFile(const QString& path) {
+    return path.endsWith(u"gwb"_s, Qt::CaseInsensitive);
+}
+
 bool isScript(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) && file.read(2) == "#!";
@@ -87,17 +91,13 @@ void OpenShortcut(const QString& path, const Settings& settings, Shell& shell, P
     if (isGwbFile(path))
         OpenGwbFile(path, settings, shell, prompts);
     else
-        shell.ShellRun(u"Open"_s, path);
+        OpenForeignFile(path, shell, prompts);
 }
 
 void ShowShellError(int code, Prompts& prompts) {
     const QString text = shellErrorText(code);
     if (!text.isEmpty())
         prompts.PlainBox(text, OkButton | WarningIcon, u"ShellExecute Error"_s);
-}
-
-bool isGwbFile(const QString& path) {
-    return path.endsWith(u"gwb"_s, Qt::CaseInsensitive);
 }
 
 void OpenGwbFile(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts) {

@@ -18,8 +18,7 @@ bool startsProgram(const QString& path);
 /// that may start a program is named, and opened only when the person agrees.
 void OpenForeignFile(const QString& path, Shell& shell, Prompts& prompts);
 
-/// Opens a shortcut that the person has made: a whiteboard file by OpenGwbFile, any other by the
-/// shell. The program that it starts is the person's own choice, and is not asked about.
+/// Opens what a shortcut leads to: a whiteboard file by OpenGwbFile, any other by OpenForeignFile.
 void OpenShortcut(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts);
 
 /// Shows the box "ShellExecute Error" for a code of the shell. A code without a text shows nothing.
@@ -28,6 +27,3 @@ void ShowShellError(int code, Prompts& prompts);
 /// Opens a whiteboard file, in the program that the setting `GwbViewer` names or else in the one
 /// that the desktop has for it.
 void OpenGwbFile(const QString& path, const Settings& settings, Shell& shell, Prompts& prompts);
-
-/// Whether a path is one for OpenGwbFile: it ends in "gwb", in whatever case.
-bool isGwbFile(const QString& path);

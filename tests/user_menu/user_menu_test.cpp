@@ -130,14 +130,20 @@ TEST_F(UserMenuTest, DroppedLinesBecomeNodes) {
 }
 
 TEST_F(UserMenuTest, ItemsDoWhatTheySay) {
-    saveUserMenu(settings, menuOf(u"Root Menu"_s, {}, {{u"a"_s, u"/a.desktop"_s}}));
+    const QString starter = path(u"a.desktop"_s);
+    QFile(starter).open(QIODevice::WriteOnly);
+    saveUserMenu(settings, menuOf(u"Root Menu"_s, {}, {{u"a"_s, starter}}));
     const UserPopups popups = BuildUserMenus(settings);
     RunToolsCommand(session, popups, NoToolsItem);
     RunToolsCommand(session, popups, LastShortcutItem);
     EXPECT_TRUE(seams.shell.runs.isEmpty());
-    RunToolsCommand(session, popups, FirstShortcutItem);
+    for (const PromptAnswer answer : {AnswerNo, AnswerYes}) {
+        EXPECT_TRUE(seams.shell.runs.isEmpty());
+        seams.prompts.expect(PromptKind::Message, u"Start a program"_s, answer);
+        RunToolsCommand(session, popups, FirstShortcutItem);
+    }
     ASSERT_EQ(seams.shell.runs.size(), 1);
-    EXPECT_EQ(seams.shell.runs.first().file, u"/a.desktop"_s);
+    EXPECT_EQ(seams.shell.runs.first().file, starter);
 
     RunToolsCommand(session, popups, StandbyItem);
     EXPECT_EQ(seams.shell.sleeps, 1);
