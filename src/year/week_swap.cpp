@@ -128,19 +128,19 @@ void markUnfinished(const dao::Database& database, short week) {
 }
 
 /// The classes of one day, period by period.
-struct TaughtDay {
+struct DayOfClasses {
     QDate date;
     QStringList classes;
 };
 
-QList<TaughtDay> taughtDays(const dao::Database& database, short week, int periodsPerDay) {
+QList<DayOfClasses> taughtDays(const dao::Database& database, short week, int periodsPerDay) {
     QString fields = u"PlanDate"_s;
     for (int period = 1; period <= periodsPerDay; ++period)
         fields += u", "_s + classField(period);
-    QList<TaughtDay> days;
+    QList<DayOfClasses> days;
     dao::Recordset sheets = openSheetsFrom(database, week, fields);
     for (; !sheets.EOF_(); sheets.MoveNext()) {
-        TaughtDay& day = days.emplaceBack(dateOf(sheets), QStringList());
+        DayOfClasses& day = days.emplaceBack(DayOfClasses{dateOf(sheets), {}});
         for (int period = 1; period <= periodsPerDay; ++period)
             day.classes += sheets.Collect(period).toText();
     }
@@ -149,10 +149,10 @@ QList<TaughtDay> taughtDays(const dao::Database& database, short week, int perio
 
 /// The lessons of a class on these days behind the last that its register has, numbered on from it.
 QList<RegisterColumn> lessonsBehind(const std::optional<RegisterColumn>& last,
-                                    const QString& classCode, const QList<TaughtDay>& days) {
+                                    const QString& classCode, const QList<DayOfClasses>& days) {
     QList<RegisterColumn> lessons;
     int number = last ? last->number : 0;
-    for (const TaughtDay& day : days) {
+    for (const DayOfClasses& day : days) {
         if (last && day.date <= last->date)
             continue;
         for (const QString& taught : day.classes) {
@@ -222,7 +222,7 @@ QList<LongRegister> addLessonColumns(const dao::Database& database, int periodsP
     dao::Transaction half(database);
     const QString line = u"Adding new Register Fields"_s;
     progress.UpdateProgress(0, line);
-    const QList<TaughtDay> days = taughtDays(database, *week, periodsPerDay);
+    const QList<DayOfClasses> days = taughtDays(database, *week, periodsPerDay);
     const QStringList tables = registerTables(database);
     for (qsizetype done = 0; done < tables.size(); ++done) {
         const QList<dao::Field> fields = registerFields(database, tables[done]);
