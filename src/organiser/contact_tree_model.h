@@ -1,17 +1,16 @@
 #pragma once
 
+#include "core/two_level_model.h"
 #include "organiser/address_book.h"
-
-#include <QAbstractItemModel>
 
 #include <array>
 
 /// The contacts of an address book below the letters from A to Z.
-class ContactTreeModel : public QAbstractItemModel {
+class ContactTreeModel : public TwoLevelModel {
     Q_OBJECT
 
 public:
-    using QAbstractItemModel::QAbstractItemModel;
+    using TwoLevelModel::TwoLevelModel;
 
     void setEntries(const QList<ContactEntry>& entries);
     /// The contact at a place of the tree; null for a letter.
@@ -21,11 +20,11 @@ public:
     /// Where a contact stands; an invalid one where it is in no group.
     QModelIndex indexOf(const dao::Bookmark& place) const;
 
-    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
-    QModelIndex parent(const QModelIndex& child) const override;
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+
+protected:
+    int groupCount() const override { return letters; }
+    int memberCount(int group) const override;
 
 private:
     static constexpr int letters = 26;

@@ -8,6 +8,8 @@
 #include "classes/screens/class_window.h"
 #include "core/program_settings.h"
 #include "core/session.h"
+#include "incidents/incident_settings.h"
+#include "incidents/screens/incident_window.h"
 #include "organiser/address_book_settings.h"
 #include "organiser/post_it_commands.h"
 #include "organiser/post_it_rows.h"
@@ -163,6 +165,11 @@ WindowTable windowTable() {
                     .name = u"Schedulefrm"_s,
                     .make = make<RemindersWindow>,
                     .show = shows(&RemindersWindow::scheduleEvent)},
+        WindowEntry{.window = ToolWindow::Incidents,
+                    .name = u"IncidentFrm"_s,
+                    .placementKey = setting::Incidents.toString(),
+                    .minimisedKey = setting::Incidents.toString(),
+                    .make = make<IncidentWindow>},
         WindowEntry{.window = ToolWindow::UserTools,
                     .name = u"mnuEditor"_s,
                     .kind = WindowKind::Floating,

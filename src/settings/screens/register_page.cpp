@@ -3,7 +3,7 @@
 #include "core/prompts.h"
 #include "core/session.h"
 #include "settings/screens/setting_controls.h"
-#include "settings/setting_lists.h"
+#include "settings/register_key_prompt.h"
 #include "settings/settings_pages.h"
 
 #include <QCheckBox>

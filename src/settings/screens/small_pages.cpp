@@ -2,8 +2,8 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
+#include "incidents/incident_titles.h"
 #include "settings/screens/setting_controls.h"
-#include "settings/setting_lists.h"
 #include "settings/settings_pages.h"
 
 #include <QCheckBox>
@@ -77,7 +77,7 @@ IncidentSettings::IncidentSettings(Session& session)
 
 void IncidentSettings::showTitles() {
     m_titles->clear();
-    m_titles->addItems(incidentTitles(m_session.GetSettings()));
+    m_titles->addItems(ownIncidentTitles(m_session.GetSettings()));
     m_remove->setEnabled(false);
 }
 

@@ -2,8 +2,8 @@
 
 #include "core/session.h"
 #include "frame/screens/main_window.h"
+#include "incidents/incident_titles.h"
 #include "settings/screens/settings_dialog.h"
-#include "settings/setting_lists.h"
 #include "settings/settings_pages.h"
 #include "tour/screens/tour_pictures.h"
 

@@ -1,6 +1,5 @@
-#include "settings/setting_lists.h"
+#include "incidents/incident_titles.h"
 
-#include "core/prompts.h"
 #include "core/settings.h"
 #include "incidents/incident_settings.h"
 
@@ -9,6 +8,16 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QStringList builtInTitles() {
+    return {u"Rudeness to a member of staff"_s,
+            u"Poor behaviour in the class room"_s,
+            u"Poor behaviour around school"_s,
+            u"Disruption of a lesson"_s,
+            u"Bullying"_s,
+            u"Fighting"_s,
+            u"Accident"_s};
+}
 
 QList<SettingEntry> titleEntries(const Settings& settings) {
     QList<SettingEntry> entries;
@@ -22,38 +31,15 @@ QList<SettingEntry> titleEntries(const Settings& settings) {
 
 } // namespace
 
-QString askRegisterKey(Prompts& prompts, const QStringList& present) {
-    QString entry =
-        prompts
-            .input_box(u"Please enter a character that you would like to be able to enter into the "
-                       "register, followed by an = sign and then a short description.\n\n"
-                       "   E.G L=Late , H=No homework"_s,
-                       OkCancelButtons, u"Add a Character"_s, {})
-            .trimmed();
-    if (entry.isEmpty())
-        return {};
-    if (entry.size() < 2 || entry.at(1) != u'=') {
-        prompts.msg_Box(u"Your entry must be a single letter, followed by an equals sign, followed "
-                        "by a description."_s,
-                        OkButton | WarningIcon, u"Invalid Entry"_s);
-        return {};
-    }
-    const QString letter = entry.left(1).toUpper();
-    const auto isTaken = [&](const QString& row) { return row.left(1).toUpper() == letter; };
-    if (std::any_of(present.begin(), present.end(), isTaken)) {
-        prompts.msg_Box(u"You already have a description for the character '%1'\n"
-                        "Please choose another character for this description."_s.arg(letter),
-                        OkButton | WarningIcon, u"Duplicate Entry"_s);
-        return {};
-    }
-    return letter + entry.mid(1);
-}
-
-QStringList incidentTitles(const Settings& settings) {
+QStringList ownIncidentTitles(const Settings& settings) {
     QStringList titles;
     for (const SettingEntry& entry : titleEntries(settings))
         titles += entry.content.toText();
     return titles;
+}
+
+QStringList incidentTitles(const Settings& settings) {
+    return builtInTitles() + ownIncidentTitles(settings);
 }
 
 void addIncidentTitle(Settings& settings, const QString& title) {
