@@ -63,3 +63,4 @@ std::vector<Figure> eventFigures(const QString& folder);
 std::vector<Figure> reminderFigures(const QString& folder);
 std::vector<Figure> postItFigures(const QString& folder);
 std::vector<Figure> addressBookFigures(const QString& folder);
+std::vector<Figure> incidentFigures(const QString& folder);

@@ -14,6 +14,7 @@
 #include "tour/screens/tour_classes.h"
 #include "tour/screens/tour_contacts.h"
 #include "tour/screens/tour_events.h"
+#include "tour/screens/tour_incidents.h"
 #include "tour/screens/tour_menu.h"
 #include "tour/screens/tour_past_lessons.h"
 #include "tour/screens/tour_pictures.h"
@@ -168,6 +169,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitReminders(session, frame, pictures);
     visitPostIts(session, frame, pictures);
+    visitIncidents(session, frame, pictures);
     visitContacts(session, frame, pictures);
     visitMenuEditor(session, frame, pictures);
     visitSettings(session, frame, pictures);
