@@ -1,10 +1,8 @@
 #include "calendar/timetable.h"
 
-#include "calendar/timetable_picture.h"
 #include "store/record_steps.h"
 #include "support/year_session.h"
 
-#include <QImage>
 
 namespace {
 
@@ -155,32 +153,6 @@ TEST_F(TimetableTest, AYearWithOneWeekHasNoOtherTable) {
     SaveTTinfo(session, 0, grid);
     EXPECT_EQ(load(), grid);
     EXPECT_FALSE(TableExists(session.CurrentDB, ExtraTTinfoBTable));
-}
-
-TEST_F(TimetableTest, SavesAPictureAndAsksBeforeItReplacesOne) {
-    QImage picture(3, 2, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    const QString plain = folder.filePath(u"week"_s);
-    const auto save = [&](const QString& chosen) {
-        seams.prompts.expect(PromptKind::File, u" Save file as :"_s, chosen);
-        SaveTimetablePicture(seams.prompts, folder.path(), picture);
-    };
-    save(plain);
-    EXPECT_EQ(QImage(plain + u".bmp"_s).size(), QSize(3, 2));
-    picture = picture.scaled(6, 4);
-    for (const int answer : {AnswerNo, AnswerYes}) {
-        seams.prompts.expect(PromptKind::File, u" Save file as :"_s, plain + u".BMP"_s);
-        QFile::copy(plain + u".bmp"_s, plain + u".BMP"_s);
-        seams.prompts.expect(PromptKind::Message, u"File already exists"_s, answer);
-        SaveTimetablePicture(seams.prompts, folder.path(), picture);
-        EXPECT_EQ(QImage(plain + u".BMP"_s).width(), answer == AnswerYes ? 6 : 3);
-    }
-    seams.prompts.expect(PromptKind::File, u" Save file as :"_s);
-    SaveTimetablePicture(seams.prompts, folder.path(), picture);
-    seams.prompts.expect(PromptKind::File, u" Save file as :"_s,
-                         folder.filePath(u"missing/week.bmp"_s));
-    seams.prompts.expect(PromptKind::Plain, u"Save Picture Error"_s, AnswerOk);
-    SaveTimetablePicture(seams.prompts, folder.path(), picture);
 }
 
 } // namespace

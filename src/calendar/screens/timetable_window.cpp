@@ -4,12 +4,12 @@
 #include "calendar/screens/timetable_editor.h"
 #include "calendar/screens/timetable_panel.h"
 #include "calendar/term_weeks.h"
-#include "calendar/timetable_picture.h"
 #include "calendar/timetable_settings.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
 #include "core/engine_failure.h"
 #include "core/prompts.h"
+#include "core/saved_picture.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
@@ -253,8 +253,8 @@ bool TimetableWindow::save() {
 }
 
 void TimetableWindow::savePicture() {
-    SaveTimetablePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
-                         m_panel->picture());
+    ::savePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
+                  m_panel->picture(), {u"Bitmap (*.bmp)"_s, u"*.bmp"_s}, SavedFormats::Bitmap);
 }
 
 void TimetableWindow::changeEvent(QEvent* event) {

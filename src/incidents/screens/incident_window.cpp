@@ -29,8 +29,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize IncidentsSize(780, 540);
-constexpr int TreeWidthInLetters = 30;
+constexpr QSize IncidentsSize(880, 560);
+constexpr int TreeWidthInLetters = 26;
 constexpr FailureBox IncidentFailure{.title = u"Incident Reporter"};
 
 } // namespace
