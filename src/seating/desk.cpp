@@ -35,6 +35,11 @@ qsizetype deskPlace(const Desks& desks, qint64 id) {
     return found == desks.end() ? -1 : found - desks.begin();
 }
 
+int deskTwips(int units, int twipsPerPixel) {
+    constexpr int pixelsPerUnit = 8;
+    return units * pixelsPerUnit * twipsPerPixel + twipsPerPixel;
+}
+
 QString pupilCaption(const QString& firstname, const QString& surname) {
     return firstname + LineBreak + surname;
 }

@@ -47,10 +47,15 @@ struct DeskSizes {
     QSize teachers{1695, 615};
 };
 
+/// A width or height that is set in units of the grid. `twipsPerPixel` is that of its direction.
+int deskTwips(int units, int twipsPerPixel);
+/// The most units that can be set.
+inline constexpr int MostDeskUnits = 20;
+
 inline const QString EmptyDeskCaption = QStringLiteral("EMPTY");
 inline const QString TeachersCaption = QStringLiteral("TEACHER");
 /// The most characters of a caption.
-inline constexpr int LongestCaption = 255;
+inline constexpr int LongestDeskCaption = 255;
 
 /// A pupil's caption.
 QString pupilCaption(const QString& firstname, const QString& surname);

@@ -192,7 +192,7 @@ QList<SeatedPupil> pupilsToSeat(const dao::Database& year, const QString& classC
     for (; !rows.EOF_(); rows.MoveNext())
         pupils +=
             {rows.Collect(0).toInteger(),
-             pupilCaption(rows.Collect(2).toText(), rows.Collect(1).toText()).left(LongestCaption)};
+             pupilCaption(rows.Collect(2).toText(), rows.Collect(1).toText()).left(LongestDeskCaption)};
     return pupils;
 }
 

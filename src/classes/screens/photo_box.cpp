@@ -1,7 +1,5 @@
 #include "classes/screens/photo_box.h"
 
-#include "classes/class_photos.h"
-
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -12,11 +10,8 @@
 using namespace Qt::StringLiterals;
 
 PhotoBox::PhotoBox() : m_menu(new QMenu(this)) {
-    setObjectName(u"PicPhoto"_s);
-    setAccessibleName(u"Photo"_s);
     setToolTip(u"Right Click for options."_s);
     setFocusPolicy(Qt::StrongFocus);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     const auto add = [this](const QString& caption, void (PhotoBox::*wanted)()) {
         connect(m_menu->addAction(caption), &QAction::triggered, this, wanted);
     };
@@ -28,40 +23,16 @@ PhotoBox::PhotoBox() : m_menu(new QMenu(this)) {
     add(u"Remove ALL pictures"_s, &PhotoBox::removeAllWanted);
 }
 
-void PhotoBox::setPhoto(const QImage& photo) {
-    m_photo = photo;
-    setAccessibleDescription(photo.isNull() ? u"No Photo Available"_s : QString());
-    update();
-}
-
-QSize PhotoBox::sizeHint() const {
-    constexpr int frame = 2;
-    return StandardPhoto + QSize(2 * frame, 2 * frame);
-}
-
-void PhotoBox::paintEvent(QPaintEvent*) {
+void PhotoBox::paintEvent(QPaintEvent* event) {
+    PhotoView::paintEvent(event);
+    if (!hasFocus())
+        return;
     QPainter painter(this);
-    const QRect inside = rect().adjusted(1, 1, -1, -1);
-    painter.fillRect(rect(), palette().base());
-    painter.setPen(palette().color(QPalette::Mid));
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    painter.setPen(palette().color(QPalette::Highlight));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    if (m_photo.isNull()) {
-        painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, u"  No Photo\n  Available"_s);
-    } else {
-        QRect place(QPoint(), m_photo.size().scaled(inside.size(), Qt::KeepAspectRatio));
-        place.moveCenter(inside.center());
-        // In the screen's own pixels, so that none of the photo's detail is lost on the way.
-        painter.drawImage(place, m_photo.scaled(place.size() * devicePixelRatio(),
-                                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    }
-    if (hasFocus()) {
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
 }
 
 void PhotoBox::contextMenuEvent(QContextMenuEvent* event) {
@@ -84,15 +55,15 @@ void PhotoBox::keyPressEvent(QKeyEvent* event) {
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         emit fileWanted();
     else
-        QWidget::keyPressEvent(event);
+        PhotoView::keyPressEvent(event);
 }
 
 void PhotoBox::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
+    PhotoView::focusInEvent(event);
     update();
 }
 
 void PhotoBox::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
+    PhotoView::focusOutEvent(event);
     update();
 }

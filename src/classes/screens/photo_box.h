@@ -1,21 +1,16 @@
 #pragma once
 
-#include <QImage>
-#include <QWidget>
+#include "classes/screens/photo_view.h"
 
 class QMenu;
 
-/// A pupil's photo, whole and sharp, or two lines that say there is none. What its menu and keys
-/// ask for is done by whoever owns it.
-class PhotoBox : public QWidget {
+/// A pupil's photo with the ways to change it. What its menu and keys ask for is done by whoever
+/// owns it.
+class PhotoBox : public PhotoView {
     Q_OBJECT
 
 public:
     PhotoBox();
-
-    /// Shows a photo; a null one is none.
-    void setPhoto(const QImage& photo);
-    QSize sizeHint() const override;
 
 signals:
     void captureWanted();
@@ -34,6 +29,5 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    QImage m_photo;
     QMenu* m_menu;
 };

@@ -22,6 +22,8 @@
 #include "planning/screens/search_window.h"
 #include "planning/screens/weekly_sheet_window.h"
 #include "planning/sheet_events.h"
+#include "seating/screens/seating_plan_window.h"
+#include "seating/seating_settings.h"
 #include "settings/screens/settings_dialog.h"
 #include "user_menu/screens/menu_editor.h"
 #include "user_menu/screens/tools_popup.h"
@@ -165,6 +167,11 @@ WindowTable windowTable() {
                     .name = u"Schedulefrm"_s,
                     .make = make<RemindersWindow>,
                     .show = shows(&RemindersWindow::scheduleEvent)},
+        WindowEntry{.window = ToolWindow::SeatingPlans,
+                    .name = u"SeatingPlanFrm"_s,
+                    .placementKey = setting::SeatingPlan.toString(),
+                    .minimisedKey = setting::SeatingPlan.toString(),
+                    .make = make<SeatingPlanWindow>},
         WindowEntry{.window = ToolWindow::Incidents,
                     .name = u"IncidentFrm"_s,
                     .placementKey = setting::Incidents.toString(),

@@ -6,6 +6,7 @@
 #include "settings/settings_pages.h"
 
 #include <QListWidget>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;

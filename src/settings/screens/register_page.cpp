@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QListWidget>
+#include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 

@@ -5,7 +5,7 @@
 #include "core/prompts.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -13,27 +13,6 @@ QLabel* explanation(const QString& text) {
     auto* label = new QLabel(text);
     label->setWordWrap(true);
     return label;
-}
-
-ColourButton::ColourButton(const QString& objectName, const QString& caption, Prompts& prompts)
-    : QPushButton(caption) {
-    setObjectName(objectName);
-    connect(this, &QPushButton::clicked, this, [this, &prompts] {
-        if (const auto picked = prompts.ChooseColour(m_colour)) {
-            setColour(*picked);
-            emit chosen();
-        }
-    });
-}
-
-void ColourButton::setColour(qint32 colour) {
-    m_colour = colour;
-    constexpr int side = 16;
-    QPixmap swatch(side, side);
-    swatch.fill(toColour(colour));
-    QPainter(&swatch).drawRect(0, 0, side - 1, side - 1);
-    setIcon(swatch);
-    setAccessibleDescription(toColour(colour).name());
 }
 
 FontSample::FontSample(const QString& objectName, const QString& text, Prompts& prompts)

@@ -3,7 +3,6 @@
 #include "core/font_record.h"
 
 #include <QLabel>
-#include <QPushButton>
 
 class Prompts;
 
@@ -11,23 +10,6 @@ class Prompts;
 
 /// A label of several lines that explains a page.
 QLabel* explanation(const QString& text);
-
-/// Shows a colour, and lets the person choose another one.
-class ColourButton : public QPushButton {
-    Q_OBJECT
-
-public:
-    ColourButton(const QString& objectName, const QString& caption, Prompts& prompts);
-
-    qint32 colour() const { return m_colour; }
-    void setColour(qint32 colour);
-
-signals:
-    void chosen();
-
-private:
-    qint32 m_colour = 0;
-};
 
 /// A sample of a font, with the button that chooses another one. The sample stands for the setting.
 class FontSample : public QWidget {

@@ -1,5 +1,6 @@
 #include "settings/screens/small_pages.h"
 
+#include "controls/colour_button.h"
 #include "core/prompts.h"
 #include "core/session.h"
 #include "incidents/incident_titles.h"
@@ -8,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QListWidget>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,6 @@
 #include "settings/screens/view_page.h"
 
+#include "controls/colour_button.h"
 #include "controls/colours.h"
 #include "controls/wheel_guard.h"
 #include "core/prompts.h"
