@@ -52,18 +52,12 @@ bool generate(const dao::Database& year, const PlanName& plan, const Classroom& 
            });
 }
 
-/// Tells of a code that no room can have.
-bool isRoomCode(const QString& code, Prompts& prompts) {
-    QString fault;
-    if (code.contains(u' '))
-        fault = u"You cannot use spaces in the room code, please try again"_s;
-    else if (code.contains(u'_') || code.compare(DefaultPlan, Qt::CaseInsensitive) == 0)
-        // The plan would be taken for that of another room.
-        fault = u"You cannot use an underline, or the word \"%1\", in the room code, please try "
-                "again"_s.arg(DefaultPlan);
-    if (!fault.isEmpty())
-        prompts.msg_Box(fault, OkButton | InformationIcon, u"Invalid Code"_s);
-    return fault.isEmpty();
+/// Of an older file, which lacks the other desks.
+void tellOutdated(Prompts& prompts) {
+    prompts.msg_Box(u"The current seating plan for this class is out of date due to database "
+                    "improvements. The plan will now be regenerated, sorry for any "
+                    "inconvenience."_s,
+                    OkButton | InformationIcon, u"Invalid Plan"_s);
 }
 
 } // namespace
@@ -71,6 +65,23 @@ bool isRoomCode(const QString& code, Prompts& prompts) {
 bool GenerateNewPlan(const dao::Database& year, const PlanName& plan, const Classroom& room,
                      Prompts& prompts) {
     return generate(year, plan, room, prompts, false);
+}
+
+void ensureDefaultPlan(const dao::Database& year, const QString& classCode, const Classroom& room,
+                       Prompts& prompts) {
+    switch (planTables(year, {classCode, {}})) {
+    case PlanTables::Both:
+        return;
+    case PlanTables::PupilsOnly:
+        tellOutdated(prompts);
+        [[fallthrough]];
+    case PlanTables::ExtraOnly:
+        RegenerateTable(year, classCode, room, prompts);
+        return;
+    case PlanTables::None:
+        GenerateNewPlan(year, {classCode, {}}, room, prompts);
+        return;
+    }
 }
 
 bool askRegenerate(Prompts& prompts) {
@@ -87,11 +98,17 @@ bool RegenerateTable(const dao::Database& year, const QString& classCode, const 
     return generate(year, {classCode, {}}, room, prompts, true);
 }
 
-void tellOutdated(Prompts& prompts) {
-    prompts.msg_Box(u"The current seating plan for this class is out of date due to database "
-                    "improvements. The plan will now be regenerated, sorry for any "
-                    "inconvenience."_s,
-                    OkButton | InformationIcon, u"Invalid Plan"_s);
+bool isRoomCode(const QString& code, Prompts& prompts) {
+    QString fault;
+    if (code.contains(u' '))
+        fault = u"You cannot use spaces in the room code, please try again"_s;
+    else if (code.contains(u'_') || code.compare(DefaultPlan, Qt::CaseInsensitive) == 0)
+        // The plan would be taken for that of another room.
+        fault = u"You cannot use an underline, or the word \"%1\", in the room code, please try "
+                "again"_s.arg(DefaultPlan);
+    if (!fault.isEmpty())
+        prompts.msg_Box(fault, OkButton | InformationIcon, u"Invalid Code"_s);
+    return fault.isEmpty();
 }
 
 QString Create_NewPlan(const dao::Database& year, const QString& classCode, const Classroom& room,

@@ -20,14 +20,18 @@ struct Classroom {
 /// tables. Refuses while a window has a table of the class open. Answers whether the plan is there.
 bool GenerateNewPlan(const dao::Database& year, const PlanName& plan, const Classroom& room,
                      Prompts& prompts);
+/// Sees to it that a class has a default plan: makes one where there is none, and anew where a half
+/// of it is missing, which is told.
+void ensureDefaultPlan(const dao::Database& year, const QString& classCode, const Classroom& room,
+                       Prompts& prompts);
 /// Asks whether to make a default plan anew.
 bool askRegenerate(Prompts& prompts);
 /// Makes a class's default plan anew, whatever of it is there.
 bool RegenerateTable(const dao::Database& year, const QString& classCode, const Classroom& room,
                      Prompts& prompts);
-/// What is told before the plan of an older file, which lacks the other desks, is made anew.
-void tellOutdated(Prompts& prompts);
 
+/// Whether a room can have a code; where not, that is told.
+bool isRoomCode(const QString& code, Prompts& prompts);
 /// Asks for the code of a room and makes the class's plan in it. Answers the code; empty where none
 /// was made.
 QString Create_NewPlan(const dao::Database& year, const QString& classCode, const Classroom& room,

@@ -190,9 +190,9 @@ QList<SeatedPupil> pupilsToSeat(const dao::Database& year, const QString& classC
                                dao::writeName(classTable(classCode))),
                            dao::RecordsetType::Snapshot);
     for (; !rows.EOF_(); rows.MoveNext())
-        pupils +=
-            {rows.Collect(0).toInteger(),
-             pupilCaption(rows.Collect(2).toText(), rows.Collect(1).toText()).left(LongestDeskCaption)};
+        pupils += {rows.Collect(0).toInteger(),
+                   pupilCaption(rows.Collect(2).toText(), rows.Collect(1).toText())
+                       .left(LongestDeskCaption)};
     return pupils;
 }
 

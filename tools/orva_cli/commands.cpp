@@ -5,6 +5,7 @@
 #include "file_commands.h"
 #include "remind_commands.h"
 #include "search_commands.h"
+#include "seat_commands.h"
 #include "week_commands.h"
 
 using namespace Qt::StringLiterals;
@@ -34,6 +35,15 @@ const QList<Command>& programCommands() {
          .usage = u"BOOK CSV"_s,
          .run = importContacts,
          .arguments = 1},
+        {.name = u"seat"_s,
+         .usage = u"YEAR CLASS [--room CODE] [--canvas WxH]"_s,
+         .run = makeSeatingPlan,
+         .arguments = 1,
+         .options = {{u"room"_s, u"CODE"_s}, {u"canvas"_s, u"WxH"_s}}},
+        {.name = u"seat-copy"_s,
+         .usage = u"YEAR CLASS SOURCE"_s,
+         .run = copySeatingPlan,
+         .arguments = 2},
         {.name = u"remind"_s, .usage = u"YEAR FROM UNTIL"_s, .run = playReminders, .arguments = 2},
     };
     return commands;

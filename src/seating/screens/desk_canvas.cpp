@@ -62,7 +62,8 @@ DeskCanvas::DeskCanvas(PlanEditor& editor, DeskEvents& events, QSize twipsPerPix
     m_text->installEventFilter(this);
     m_text->hide();
     connect(m_text, &QPlainTextEdit::textChanged, this, [this] {
-        m_designer.editText(m_text->toPlainText().replace(u'\n', u"\r\n"_s).left(LongestDeskCaption));
+        m_designer.editText(
+            m_text->toPlainText().replace(u'\n', u"\r\n"_s).left(LongestDeskCaption));
     });
     connect(&editor, &PlanEditor::desksChanged, this, &DeskCanvas::showDesks);
 }

@@ -264,23 +264,9 @@ void SeatingPlanWindow::GetMultiPlans() {
 }
 
 void SeatingPlanWindow::selectClass(const QString& classCode) {
-    const dao::Database& year = m_session.CurrentDB;
-    Prompts& prompts = m_session.GetSeams().prompts;
     m_plan = {.classCode = classCode};
     m_classes->setCurrentText(classCode);
-    switch (planTables(year, m_plan)) {
-    case PlanTables::Both:
-        break;
-    case PlanTables::PupilsOnly:
-        tellOutdated(prompts);
-        [[fallthrough]];
-    case PlanTables::ExtraOnly:
-        RegenerateTable(year, classCode, classroom(), prompts);
-        break;
-    case PlanTables::None:
-        GenerateNewPlan(year, m_plan, classroom(), prompts);
-        break;
-    }
+    ensureDefaultPlan(m_session.CurrentDB, classCode, classroom(), m_session.GetSeams().prompts);
     Reset_Toolbars();
     reopen();
 }
