@@ -64,3 +64,4 @@ std::vector<Figure> reminderFigures(const QString& folder);
 std::vector<Figure> postItFigures(const QString& folder);
 std::vector<Figure> addressBookFigures(const QString& folder);
 std::vector<Figure> incidentFigures(const QString& folder);
+std::vector<Figure> seatingFigures(const QString& folder);

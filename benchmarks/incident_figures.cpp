@@ -13,7 +13,6 @@
 #include <QStandardItemModel>
 #include <QTreeView>
 
-
 using namespace Qt::StringLiterals;
 
 namespace {
