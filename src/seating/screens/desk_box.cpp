@@ -4,21 +4,17 @@
 
 #include <QFocusEvent>
 #include <QPainter>
+#include <QTextOption>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Each line of a caption as far as there is room for it, in the middle of the desk. A caption of
-/// one line is broken where it needs to be.
-void paintCaption(QPainter& painter, const QRect& room, const QString& caption) {
-    const QStringList lines = QString(caption).remove(u'\r').split(u'\n');
-    if (lines.size() == 1)
-        return painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, caption);
-    QStringList shown;
-    for (const QString& line : lines)
-        shown += painter.fontMetrics().elidedText(line, Qt::ElideRight, room.width());
-    painter.drawText(room, Qt::AlignCenter, shown.join(u'\n'));
+/// In the middle of the desk; a word that is too long for it is broken.
+QTextOption captionOption() {
+    QTextOption option(Qt::AlignCenter);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
 }
 
 } // namespace
@@ -43,6 +39,8 @@ void DeskBox::setLook(const DeskLook& look) {
 }
 
 void DeskBox::setMarked(bool marked) {
+    if (m_isMarked == marked)
+        return;
     m_isMarked = marked;
     update();
 }
@@ -60,15 +58,16 @@ void DeskBox::paintEvent(QPaintEvent*) {
     const QColor text = isMarked ? textColourOn(ground, palette().color(QPalette::HighlightedText))
                                  : textColourOn(ground, m_look.text);
     QPainter painter(this);
-    painter.fillRect(rect(), ground);
-    painter.setPen(textColourOn(ground));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    // Two fills are quicker than a frame drawn by a pen.
+    painter.fillRect(rect(), textColourOn(ground));
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
     if (hasFocus() && !m_isPlain) {
         painter.setPen(QPen(textColourOn(ground), 1, Qt::DotLine));
         painter.drawRect(rect().adjusted(2, 2, -3, -3));
     }
     painter.setPen(text);
-    paintCaption(painter, rect().adjusted(2, 2, -2, -2), m_desk.caption);
+    painter.drawText(QRectF(rect().adjusted(1, 1, -1, -1)), QString(m_desk.caption).remove(u'\r'),
+                     captionOption());
 }
 
 void DeskBox::focusInEvent(QFocusEvent* event) {

@@ -73,14 +73,16 @@ void DeskCanvas::SetDragging(int mode) {
         return setDragEnabled(false);
     m_designer.attach(&m_editor, false, true, m_events);
     m_designer.setGridSize(DeskDesigner::UsualGridSize);
-    m_designer.setShowGrid(false);
+    setShowGrid(false);
     m_designer.setSnapToGrid(true);
     setDragEnabled(true);
-    update();
 }
 
 void DeskCanvas::detach() {
+    const bool hadGrid = m_designer.ShowGrid();
     m_designer.detach();
+    if (hadGrid)
+        update();
     hearSelection();
 }
 
@@ -90,8 +92,10 @@ void DeskCanvas::setDragEnabled(bool enabled) {
 }
 
 void DeskCanvas::setShowGrid(bool shown) {
+    const bool wasShown = m_designer.ShowGrid();
     m_designer.setShowGrid(shown);
-    update();
+    if (m_designer.ShowGrid() != wasShown)
+        update();
 }
 
 void DeskCanvas::setLook(const DeskLook& look, const QColor& classroom) {
@@ -103,6 +107,8 @@ void DeskCanvas::setLook(const DeskLook& look, const QColor& classroom) {
 }
 
 void DeskCanvas::mark(std::optional<qint64> pupil) {
+    if (m_marked == pupil)
+        return;
     m_marked = pupil;
     for (DeskBox* box : m_boxes)
         box->setMarked(m_marked == box->desk().id);

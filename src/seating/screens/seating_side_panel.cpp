@@ -46,6 +46,7 @@ SeatingSidePanel::SeatingSidePanel(Session& session)
     tabs->addTab(makePreview(), u"Preview"_s);
     tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_pupils->setObjectName(u"List2"_s);
+    m_pupils->setUniformItemSizes(true);
     m_pupils->setAccessibleName(u"Pupils of the plan"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

@@ -21,6 +21,7 @@
 #include "tour/screens/tour_planning.h"
 #include "tour/screens/tour_post_its.h"
 #include "tour/screens/tour_reminders.h"
+#include "tour/screens/tour_seating.h"
 #include "tour/screens/tour_settings.h"
 #include "tour/screens/tour_timetable.h"
 #include "tour/screens/tour_upkeep.h"
@@ -169,6 +170,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitClasses(session, frame, pictures);
     visitReminders(session, frame, pictures);
     visitPostIts(session, frame, pictures);
+    visitSeating(session, frame, pictures);
     visitIncidents(session, frame, pictures);
     visitContacts(session, frame, pictures);
     visitMenuEditor(session, frame, pictures);
