@@ -19,7 +19,7 @@ QTextOption captionOption() {
 
 } // namespace
 
-DeskBox::DeskBox(QWidget* canvas) : QWidget(canvas) {
+DeskBox::DeskBox(QWidget* canvas) : QLabel(canvas) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::TabFocus);
@@ -71,11 +71,11 @@ void DeskBox::paintEvent(QPaintEvent*) {
 }
 
 void DeskBox::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
+    QLabel::focusInEvent(event);
     emit entered();
 }
 
 void DeskBox::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
+    QLabel::focusOutEvent(event);
     update();
 }

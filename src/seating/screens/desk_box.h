@@ -3,7 +3,7 @@
 #include "seating/desk.h"
 
 #include <QColor>
-#include <QWidget>
+#include <QLabel>
 
 /// How desks look.
 struct DeskLook {
@@ -13,8 +13,9 @@ struct DeskLook {
     QColor text; ///< as wished; another where it could not be read
 };
 
-/// A desk on the canvas. The pointer goes past it, to the canvas; Tab comes to it.
-class DeskBox : public QWidget {
+/// A desk on the canvas. The pointer goes past it, to the canvas; Tab comes to it. To screen
+/// readers it is a label.
+class DeskBox : public QLabel {
     Q_OBJECT
 
 public:
