@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -160,6 +161,11 @@ void IncidentWindow::loadTreeview() {
     m_panel->setVisible(!m_model->isEmpty());
 }
 
+/// The current place alone says nothing: the tree makes one when the keyboard comes to it.
+QModelIndex IncidentWindow::selected() const {
+    return m_tree->selectionModel()->selectedIndexes().value(0);
+}
+
 void IncidentWindow::selectReport(qint64 report) {
     const QModelIndex place = m_model->indexOfReport(report);
     m_tree->expand(place.parent());
@@ -182,7 +188,7 @@ void IncidentWindow::selectionChanged() {
 }
 
 void IncidentWindow::showCurrent() {
-    const QModelIndex at = m_tree->currentIndex();
+    const QModelIndex at = selected();
     const IncidentReport* report = m_model->report(at);
     m_shown.reset();
     if (!report)
@@ -214,7 +220,7 @@ void IncidentWindow::beginNew() {
     if (!m_writing.leave())
         return;
     showNewPanel(true);
-    m_newPanel->begin(m_model->pupil(m_tree->currentIndex()));
+    m_newPanel->begin(m_model->pupil(selected()));
 }
 
 void IncidentWindow::create() {
@@ -249,7 +255,7 @@ bool IncidentWindow::mayLeaveNew() {
 }
 
 void IncidentWindow::deleteCurrent() {
-    const QModelIndex at = m_tree->currentIndex();
+    const QModelIndex at = selected();
     if (m_model->report(at))
         deleteReport();
     else if (m_model->pupil(at))
@@ -260,7 +266,7 @@ void IncidentWindow::deleteCurrent() {
 }
 
 void IncidentWindow::deletePupil() {
-    const IncidentPupil pupil = *m_model->pupil(m_tree->currentIndex());
+    const IncidentPupil pupil = *m_model->pupil(selected());
     Prompts& prompts = m_session.GetSeams().prompts;
     const BoxAnswer answer =
         prompts.msg_Box(u"You are about to delete all incidents for "_s + pupil.name() +
@@ -274,7 +280,7 @@ void IncidentWindow::deletePupil() {
 
 /// The pupil is selected then, if there are more reports on him.
 void IncidentWindow::deleteReport() {
-    const QModelIndex at = m_tree->currentIndex();
+    const QModelIndex at = selected();
     const qint64 pupil = m_model->pupil(at)->id;
     if (!tryTelling(m_session.GetSeams().prompts, IncidentFailure,
                     [&] { deleteIncident(m_session.CurrentDB, m_model->report(at)->id); }))

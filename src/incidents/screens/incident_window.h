@@ -3,7 +3,7 @@
 #include "controls/kept_writing.h"
 #include "incidents/incident_rows.h"
 
-#include <QSet>
+#include <QModelIndex>
 #include <QWidget>
 
 class IncidentReportPanel;
@@ -35,6 +35,7 @@ private:
     void makeMenus();
     void connectParts();
     void loadTreeview();
+    QModelIndex selected() const;
     void selectReport(qint64 report);
     void selectionChanged();
     void showCurrent();

@@ -100,8 +100,9 @@ QWidget* NewIncidentPanel::makeLists() {
     layout->addWidget(button, 0, Qt::AlignLeft);
     layout->addLayout(row, 1);
     connect(button, &QPushButton::clicked, this, &NewIncidentPanel::listClasses);
-    connect(m_classes, &QListWidget::currentRowChanged, this, &NewIncidentPanel::listPupils);
-    connect(m_pupils, &QListWidget::currentRowChanged, this, &NewIncidentPanel::pickPupil);
+    // The current item alone says nothing: a list makes one when the keyboard comes to it.
+    connect(m_classes, &QListWidget::itemSelectionChanged, this, &NewIncidentPanel::listPupils);
+    connect(m_pupils, &QListWidget::itemSelectionChanged, this, &NewIncidentPanel::pickPupil);
     return lists;
 }
 
@@ -162,7 +163,7 @@ void NewIncidentPanel::listPupils() {
     const QSignalBlocker quiet(m_pupils);
     m_pupils->clear();
     m_listed.clear();
-    if (!m_classes->currentItem())
+    if (m_classes->selectedItems().isEmpty())
         return;
     tryTelling(m_session.GetSeams().prompts, classUnread, [this] {
         m_listed = classPupils(m_session.CurrentDB, m_classes->currentItem()->text());
@@ -172,7 +173,7 @@ void NewIncidentPanel::listPupils() {
 }
 
 void NewIncidentPanel::pickPupil() {
-    if (m_pupils->currentRow() < 0)
+    if (m_pupils->selectedItems().isEmpty())
         return;
     const ClassPupil& picked = m_listed.at(m_pupils->currentRow());
     m_pupil.reset();

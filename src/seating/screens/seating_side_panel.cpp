@@ -52,9 +52,11 @@ SeatingSidePanel::SeatingSidePanel(Session& session)
     layout->setContentsMargins({});
     layout->addWidget(tabs);
     layout->addWidget(m_pupils, 1);
-    connect(m_pupils, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
-        if (item)
-            emit pupilChosen(item->data(Qt::UserRole).toLongLong());
+    // The current item alone says nothing: the list makes one when the keyboard comes to it.
+    connect(m_pupils, &QListWidget::itemSelectionChanged, this, [this] {
+        const QList<QListWidgetItem*> chosen = m_pupils->selectedItems();
+        if (!chosen.isEmpty())
+            emit pupilChosen(chosen.first()->data(Qt::UserRole).toLongLong());
     });
     ApplyRegistryData();
 }
