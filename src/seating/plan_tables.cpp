@@ -196,6 +196,14 @@ QList<SeatedPupil> pupilsToSeat(const dao::Database& year, const QString& classC
     return pupils;
 }
 
+void readShownPlan(const dao::Database& year, const PlanName& plan, ShownPlan& shown) {
+    const dao::Reading atOnce(year);
+    shown.plans = GetMultiPlans(year, plan.classCode);
+    shown.pupils = pupilsToSeat(year, plan.classCode);
+    if (planTables(year, plan) != PlanTables::None)
+        readPlan(year, plan, shown.desks);
+}
+
 QString planLag(const Desks& desks, const QList<SeatedPupil>& pupils) {
     qsizetype without = 0;
     qsizetype renamed = 0;

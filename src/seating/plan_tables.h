@@ -46,6 +46,15 @@ struct SeatedPupil {
 /// The pupils of a class, by surname.
 QList<SeatedPupil> pupilsToSeat(const dao::Database& year, const QString& classCode);
 
+/// All that a window shows of a plan.
+struct ShownPlan {
+    QStringList plans = {}; ///< of the class, as GetMultiPlans has them
+    Desks desks = {};       ///< none where its tables are not there
+    QList<SeatedPupil> pupils = {};
+};
+/// Reads it at one go. A failure in the middle leaves what was read.
+void readShownPlan(const dao::Database& year, const PlanName& plan, ShownPlan& shown);
+
 /// What a plan does not show until it is made anew: "2 pupils have no desk, 1 desk has an old
 /// name"; empty where it shows everything.
 QString planLag(const Desks& desks, const QList<SeatedPupil>& pupils);

@@ -11,7 +11,6 @@
 #include "core/saved_picture.h"
 #include "core/session.h"
 #include "seating/plan_layout.h"
-#include "seating/plan_tables.h"
 #include "seating/screens/desk_canvas.h"
 #include "seating/screens/seating_side_panel.h"
 
@@ -255,20 +254,12 @@ void SeatingPlanWindow::GetClassLists() {
         each->setEnabled(hasClasses);
 }
 
-void SeatingPlanWindow::GetMultiPlans() {
-    m_plans->clear();
-    tryTelling(m_session.GetSeams().prompts, PlanUnread, [this] {
-        m_plans->addItems(::GetMultiPlans(m_session.CurrentDB, m_plan.classCode));
-    });
-    m_plans->setEnabled(m_plans->count() > 1);
-}
-
 void SeatingPlanWindow::selectClass(const QString& classCode) {
     m_plan = {.classCode = classCode};
     m_classes->setCurrentText(classCode);
     ensureDefaultPlan(m_session.CurrentDB, classCode, classroom(), m_session.GetSeams().prompts);
     Reset_Toolbars();
-    reopen();
+    OpenExistingPlan();
 }
 
 void SeatingPlanWindow::selectPlan(int entry) {
@@ -279,30 +270,32 @@ void SeatingPlanWindow::selectPlan(int entry) {
 
 void SeatingPlanWindow::showRoom(const QString& room) {
     m_plan.room = room;
-    reopen();
-}
-
-/// The plan with the lists that belong to it.
-void SeatingPlanWindow::reopen() {
-    GetMultiPlans();
-    m_plans->setCurrentIndex(m_plan.room.isEmpty() ? 0 : m_plans->findText(m_plan.room));
-    m_delete->setEnabled(!m_plan.room.isEmpty());
     OpenExistingPlan();
 }
 
+/// The plan with the lists that belong to it.
 void SeatingPlanWindow::OpenExistingPlan() {
     m_canvas->detach();
     m_canvas->mark(std::nullopt);
-    Desks desks;
-    if (planTables(m_session.CurrentDB, m_plan) != PlanTables::None)
-        tryTelling(m_session.GetSeams().prompts, PlanUnread,
-                   [&] { readPlan(m_session.CurrentDB, m_plan, desks); });
-    m_editor.show(desks);
+    ShownPlan shown;
+    tryTelling(m_session.GetSeams().prompts, PlanUnread,
+               [&] { readShownPlan(m_session.CurrentDB, m_plan, shown); });
+    m_pupils = shown.pupils;
+    m_editor.show(shown.desks);
+    listPlans(shown.plans);
     m_canvas->SetDragging(-1);
     m_canvas->setShowGrid(m_dragTools->button(GridTool)->isChecked());
     m_canvas->setDragEnabled(!m_dragTools->button(NoDragTool)->isChecked());
-    m_side->listPupils(listedPupils(desks));
+    m_side->listPupils(listedPupils(shown.desks));
     showTitle();
+}
+
+void SeatingPlanWindow::listPlans(const QStringList& plans) {
+    m_plans->clear();
+    m_plans->addItems(plans);
+    m_plans->setEnabled(plans.size() > 1);
+    m_plans->setCurrentIndex(m_plan.room.isEmpty() ? 0 : m_plans->findText(m_plan.room));
+    m_delete->setEnabled(!m_plan.room.isEmpty());
 }
 
 void SeatingPlanWindow::SaveCurrentPlan() {
@@ -341,12 +334,7 @@ void SeatingPlanWindow::DrawTools() {
 
 /// The desks stand elsewhere, or are others.
 void SeatingPlanWindow::showDesks() {
-    QString lag;
-    if (hasPlan())
-        tryTelling(m_session.GetSeams().prompts, PlanUnread, [&] {
-            lag = planLag(m_editor.desks(), pupilsToSeat(m_session.CurrentDB, m_plan.classCode));
-        });
-    m_lag->setText(lag);
+    m_lag->setText(planLag(m_editor.desks(), m_pupils));
     DrawTools();
 }
 
@@ -377,10 +365,10 @@ void SeatingPlanWindow::followPupils(const QString& classCode) {
         return OpenExistingPlan();
     QList<qint64> gone;
     tryTelling(m_session.GetSeams().prompts, PlanUnread, [&] {
-        const QList<SeatedPupil> pupils = pupilsToSeat(m_session.CurrentDB, classCode);
+        m_pupils = pupilsToSeat(m_session.CurrentDB, classCode);
         for (const Desk& desk : m_editor.desks()) {
             const bool isThere =
-                std::any_of(pupils.begin(), pupils.end(),
+                std::any_of(m_pupils.begin(), m_pupils.end(),
                             [&](const SeatedPupil& pupil) { return pupil.id == desk.id; });
             if (desk.isPupils() && !isThere)
                 gone += desk.id;
@@ -398,6 +386,7 @@ void SeatingPlanWindow::followClasses() {
     if (m_classes->count() > 0)
         return selectClass(m_classes->itemText(0));
     m_plan = {};
+    m_pupils.clear();
     m_canvas->detach();
     m_editor.show({});
     m_plans->clear();

@@ -3,6 +3,7 @@
 #include "seating/desk_designer.h"
 #include "seating/plan_editor.h"
 #include "seating/plan_making.h"
+#include "seating/plan_tables.h"
 
 #include <QWidget>
 
@@ -39,12 +40,11 @@ private:
     void EventBeforeEdit(qint64 desk, bool& cancel) override;
 
     void GetClassLists();
-    void GetMultiPlans();
     void selectClass(const QString& classCode);
     void selectPlan(int entry);
     void showRoom(const QString& room);
     void OpenExistingPlan();
-    void reopen();
+    void listPlans(const QStringList& plans);
     void SaveCurrentPlan();
     void Reset_Toolbars();
     void DrawTools();
@@ -67,7 +67,8 @@ private:
 
     Session& m_session;
     PlanEditor m_editor;
-    PlanName m_plan; ///< that is shown; without a class none
+    QList<SeatedPupil> m_pupils; ///< of the class
+    PlanName m_plan;             ///< that is shown; without a class none
     DeskCanvas* m_canvas;
     QScrollArea* m_scroll;
     SeatingSidePanel* m_side;

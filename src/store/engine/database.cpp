@@ -144,6 +144,11 @@ void Database::Close() {
         m_core->close();
 }
 
+Reading::Reading(const Database& database)
+    : m_core(database.checkedCore()), m_scope(std::make_unique<ReadScope>(m_core->connection)) {}
+
+Reading::~Reading() = default;
+
 Transaction::Transaction(const Database& database) : m_core(database.checkedCore()) {
     m_core->checkWritable();
     m_core->connection.begin();

@@ -8,6 +8,7 @@
 namespace dao {
 
 class DatabaseCore;
+class ReadScope;
 
 /// An open file. A handle: copies speak of the same one; it closes with Close or with the last
 /// copy.
@@ -62,6 +63,7 @@ public:
 private:
     friend class DBEngine;
     friend class Transaction;
+    friend class Reading;
     friend class Workspace;
     explicit Database(std::shared_ptr<DatabaseCore> core);
     std::shared_ptr<DatabaseCore> checkedCore() const; ///< raises 3420 when closed
@@ -83,6 +85,20 @@ public:
 private:
     std::shared_ptr<DatabaseCore> m_core;
     bool m_open = true;
+};
+
+/// Reads that belong together: they see the file as it is at the first of them, and take its lock
+/// once. As long as the object lives nothing is written in this process.
+class Reading {
+public:
+    explicit Reading(const Database& database);
+    ~Reading();
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+private:
+    std::shared_ptr<DatabaseCore> m_core;
+    std::unique_ptr<ReadScope> m_scope;
 };
 
 } // namespace dao
