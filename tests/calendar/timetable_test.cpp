@@ -3,7 +3,6 @@
 #include "store/record_steps.h"
 #include "support/year_session.h"
 
-
 namespace {
 
 constexpr qint32 red = 0x0000FF;

@@ -2,8 +2,8 @@
 
 #include "core/prompts.h"
 #include "core/session.h"
-#include "settings/screens/setting_controls.h"
 #include "settings/register_key_prompt.h"
+#include "settings/screens/setting_controls.h"
 #include "settings/settings_pages.h"
 
 #include <QCheckBox>
