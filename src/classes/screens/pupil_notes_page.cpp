@@ -2,8 +2,8 @@
 
 #include "classes/pupil_notes.h"
 #include "controls/format_tools.h"
-#include "controls/icons.h"
 #include "controls/layout_toolbar.h"
+#include "controls/tool_button.h"
 #include "core/session.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
@@ -64,13 +64,7 @@ QWidget* PupilNotesPage::makeCategories() {
     auto* buttons = new QHBoxLayout;
     const auto add = [&](const QString& name, const QString& iconName, const QString& tip,
                          void (PupilNotesPage::*act)()) {
-        auto* button = new QToolButton;
-        button->setObjectName(name);
-        button->setIcon(icon(iconName));
-        button->setToolTip(tip);
-        button->setAccessibleName(tip);
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAutoRaise(true);
+        QToolButton* button = makeToolButton(name, iconName, tip);
         buttons->addWidget(button);
         connect(button, &QToolButton::clicked, this, act);
         return button;

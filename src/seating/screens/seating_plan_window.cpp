@@ -3,8 +3,8 @@
 #include "classes/pupil_photo.h"
 #include "controls/colours.h"
 #include "controls/fonts.h"
-#include "controls/icons.h"
 #include "controls/layout_toolbar.h"
+#include "controls/tool_button.h"
 #include "controls/wheel_guard.h"
 #include "core/clock.h"
 #include "core/engine_failure.h"
@@ -49,17 +49,6 @@ QComboBox* makeSelector(const QString& name, const QString& list, const QString&
     return selector;
 }
 
-QToolButton* makeTool(const QString& name, const QString& iconName, const QString& tip) {
-    auto* button = new QToolButton;
-    button->setObjectName(name);
-    button->setIcon(icon(iconName));
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setAutoRaise(true);
-    return button;
-}
-
 } // namespace
 
 SeatingPlanWindow::SeatingPlanWindow(Session& session)
@@ -71,8 +60,8 @@ SeatingPlanWindow::SeatingPlanWindow(Session& session)
     , m_classes(makeSelector(u"Sel1"_s, u"List1"_s, u"Class Selector"_s))
     , m_plans(makeSelector(u"C1"_s, u"List3"_s, u"Room"_s))
     , m_lag(new QLabel)
-    , m_save(makeTool(u"cmdTool"_s, u"save"_s, u"Save the seating plan."_s))
-    , m_delete(makeTool(u"cmdDel"_s, u"delete"_s, u"Delete the seating plan of this room."_s))
+    , m_save(makeToolButton(u"cmdTool"_s, u"save"_s, u"Save the seating plan."_s))
+    , m_delete(makeToolButton(u"cmdDel"_s, u"delete"_s, u"Delete the seating plan of this room."_s))
     , m_planTools(new LayoutToolbar(u"Toolbar1"_s, u"BB|BB"_s,
                                     u"Save as a BMP picture file.|Regenerate Plan.|Add an empty "
                                     "desk.|Delete this empty desk."_s,
