@@ -1,5 +1,6 @@
 // The window of the seating plans, driven by the pointer and by keys.
 
+#include "classes/class_removal.h"
 #include "seating/plan_tables.h"
 #include "seating/screens/desk_canvas.h"
 #include "seating/screens/seating_plan_window.h"
@@ -206,4 +207,13 @@ TEST_F(SeatingPlanWindowTest, APlanThatCantBeMadeLeavesTheWindowWithoutDesks) {
     button("Toolbar3(0)").click();
     seams.prompts.expect(PromptKind::Plain, u"Save Plan Error"_s, AnswerOk);
     click("cmdTool");
+}
+
+TEST_F(SeatingPlanWindowTest, WithoutClassesNothingIsOffered) {
+    for (const QString& code : {u"7A"_s, u"8X"_s, u"9C"_s})
+        ASSERT_TRUE(Delete_Class(session.CurrentDB, code, seams.prompts));
+    open();
+    for (const char* tool : {"Toolbar1(1)", "Toolbar1(2)", "Toolbar3(0)", "Toolbar3(2)"})
+        EXPECT_FALSE(on<QAction>(tool).isEnabled()) << tool;
+    EXPECT_FALSE(button("cmdTool").isEnabled());
 }

@@ -238,9 +238,16 @@ void SeatingPlanWindow::GetClassLists() {
                [this] { m_classes->addItems(::GetClassLists(m_session.CurrentDB)); });
     m_classes->setCurrentText(m_plan.classCode);
     const bool hasClasses = m_classes->count() > 0;
-    for (QWidget* each : {static_cast<QWidget*>(m_classes), static_cast<QWidget*>(m_save),
-                          static_cast<QWidget*>(m_planTools), static_cast<QWidget*>(m_layoutTools)})
-        each->setEnabled(hasClasses);
+    m_classes->setEnabled(hasClasses);
+    m_save->setEnabled(hasClasses);
+    // The actions and not the toolbars, since the menu has them too. With a class the selected
+    // desk decides.
+    for (LayoutToolbar* toolbar : {m_planTools, m_layoutTools}) {
+        for (qsizetype i = 0; i < toolbar->buttonCount(); ++i)
+            toolbar->button(i)->setEnabled(hasClasses);
+    }
+    if (hasClasses)
+        DrawTools();
 }
 
 void SeatingPlanWindow::selectClass(const QString& classCode) {
