@@ -125,7 +125,7 @@ void IncidentWindow::makeMenus() {
 }
 
 void IncidentWindow::connectParts() {
-    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &IncidentWindow::selectionChanged);
     connect(m_tree, &QTreeView::activated, this, [this](const QModelIndex& index) {
         if (m_model->report(index))
