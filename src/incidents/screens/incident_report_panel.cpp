@@ -139,6 +139,11 @@ void IncidentReportPanel::enter() {
         m_tabs->currentWidget()->findChild<QLineEdit*>()->setFocus();
 }
 
+void IncidentReportPanel::enterFirstPage() {
+    m_tabs->setCurrentIndex(0);
+    enter();
+}
+
 bool IncidentReportPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->text() == u"#") {
         static_cast<RichTextBox*>(watched)->setSelectedText(insertedForename(m_pupil));

@@ -32,6 +32,8 @@ public:
     void EnableControlsForEditing(bool flag);
     /// Puts the keyboard where the report is written.
     void enter();
+    /// A new report begins on the first page.
+    void enterFirstPage();
 
     bool save() { return m_binding.flush(); }
     Leaving leave() { return m_binding.leave(); }

@@ -232,7 +232,7 @@ void IncidentWindow::create() {
     loadTreeview();
     showNewPanel(false);
     selectReport(*report);
-    m_panel->enter();
+    m_panel->enterFirstPage();
 }
 
 void IncidentWindow::leaveNew() {
