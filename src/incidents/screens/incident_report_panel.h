@@ -1,5 +1,6 @@
 #pragma once
 
+#include "incidents/report_document.h"
 #include "incidents/incident_rows.h"
 #include "store/row_binding.h"
 
@@ -10,6 +11,7 @@
 #include <vector>
 
 class FormatTools;
+class LayoutToolbar;
 class QLineEdit;
 class QTabWidget;
 class RichTextBox;
@@ -35,12 +37,16 @@ public:
     /// A new report begins on the first page.
     void enterFirstPage();
 
+    /// What stands in the boxes, whether it is kept or not.
+    ReportTexts texts(const QString& dateFormat) const;
+
     bool save() { return m_binding.flush(); }
     Leaving leave() { return m_binding.leave(); }
     FormatTools& tools() const { return *m_tools; }
 
 signals:
     void edited();
+    void exportWanted();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,9 +58,11 @@ private:
     QWidget* makeDetails();
 
     FormatTools* m_tools;
+    LayoutToolbar* m_exportTool;
     TitleStrip* m_strip;
     QTabWidget* m_tabs;
     std::array<RichTextBox*, TextCount> m_texts{};
+    QList<QLineEdit*> m_details; ///< tutor, title, addressee, copy to
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     RowBinding m_binding;
     IncidentPupil m_pupil;

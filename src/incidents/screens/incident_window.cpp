@@ -137,6 +137,11 @@ void IncidentWindow::connectParts() {
     connect(m_new, &QPushButton::clicked, this, &IncidentWindow::beginNew);
     connect(m_delete, &QPushButton::clicked, this, &IncidentWindow::deleteCurrent);
     connect(m_panel, &IncidentReportPanel::edited, this, [this] { m_writing.typed(); });
+    connect(m_panel, &IncidentReportPanel::exportWanted, this, [this] {
+        m_writing.save();
+        CreateWordDoc(m_session, documentPlace(m_session),
+                      m_panel->texts(m_session.ShortDateFormat));
+    });
     connect(m_newPanel, &NewIncidentPanel::createWanted, this, &IncidentWindow::create);
     connect(m_newPanel, &NewIncidentPanel::leaveWanted, this, &IncidentWindow::leaveNew);
 }
