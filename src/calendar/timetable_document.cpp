@@ -44,7 +44,14 @@ richtext::TableCell dayCell(const TimetableCell& cell) {
     return made;
 }
 
-richtext::Table weekTable(const TimetableGrid& grid) {
+/// Rows as high as lets the week fill its page, within reason.
+int rowHeight(const richtext::Paper& paper, int periods) {
+    constexpr int titles = TwipsPerInch * 5 / 4;
+    constexpr int most = TwipsPerInch;
+    return qMin(most, (paper.usable().height() - titles) / (periods + 1));
+}
+
+richtext::Table weekTable(const TimetableGrid& grid, int height) {
     const richtext::TextLook heading{.size = CellSize, .bold = true, .centred = true};
     richtext::TableRow head{{cellOf(u"Period"_s, PeriodWidth, heading)}, true};
     for (int day = Monday; day <= Friday; ++day)
@@ -52,6 +59,7 @@ richtext::Table weekTable(const TimetableGrid& grid) {
     richtext::Table table{head};
     for (int period = 1; period <= grid.periods(); ++period) {
         richtext::TableRow row{{cellOf(QString::number(period), PeriodWidth, heading)}};
+        row.height = height;
         for (int day = 1; day <= TimetableGrid::Days; ++day)
             row.cells += dayCell(grid.at(day, period));
         table += row;
@@ -61,14 +69,14 @@ richtext::Table weekTable(const TimetableGrid& grid) {
 
 void addWeek(WordDocument& word, const dao::Database& database, const TimetableYear& year,
              int index) {
-    const QString week = year.twoWeeks ? u"Week %1"_s.arg(index == 0 ? u'A' : u'B') : u"Week"_s;
+    const QString week = year.twoWeeks ? (index == 0 ? u"Week A"_s : u"Week B"_s) : u"Week"_s;
     word.step(20 + 40 * index, u"Acquiring Data : "_s + week);
     TimetableGrid grid(year.periodsPerDay);
     LoadTT(database, index, grid);
     word.step(40 + 40 * index, u"Formatting Table Data : "_s + week);
     if (year.twoWeeks)
         word.Word_AddTitle(week, CellSize + 1, true, true);
-    word.Word_AddTable(weekTable(grid));
+    word.Word_AddTable(weekTable(grid, rowHeight(word.paper(), grid.periods())));
 }
 
 } // namespace

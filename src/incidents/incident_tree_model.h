@@ -28,7 +28,6 @@ protected:
     int memberCount(int group) const override;
 
 private:
-
     QString m_dateFormat;
     QList<PupilIncidents> m_pupils;
 };

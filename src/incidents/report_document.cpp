@@ -22,18 +22,17 @@ std::optional<ReportTexts> readReportTexts(const Session& session, qint64 report
     const std::optional<IncidentPupil> pupil = pupilOfReport(session.CurrentDB, report);
     const auto text = [&row](const QString& field) { return row.Collect(field).toText(); };
     const auto plain = [&text](const QString& field) { return plainCellText(text(field)); };
-    return ReportTexts{
-        .forename = pupil ? pupil->forename : QString(),
-        .surname = pupil ? pupil->surname : QString(),
-        .date = incidentDateText(text(u"Date"_s), session.ShortDateFormat),
-        .tutor = text(u"Tutor"_s),
-        .title = text(u"Event"_s),
-        .information = plain(u"Incident"_s),
-        .actionTaken = plain(u"Action"_s),
-        .home = plain(u"Home"_s),
-        .furtherAction = plain(u"Further"_s),
-        .sendTo = text(u"SendTo"_s),
-        .copyTo = text(u"CC"_s)};
+    return ReportTexts{.forename = pupil ? pupil->forename : QString(),
+                       .surname = pupil ? pupil->surname : QString(),
+                       .date = incidentDateText(text(u"Date"_s), session.ShortDateFormat),
+                       .tutor = text(u"Tutor"_s),
+                       .title = text(u"Event"_s),
+                       .information = plain(u"Incident"_s),
+                       .actionTaken = plain(u"Action"_s),
+                       .home = plain(u"Home"_s),
+                       .furtherAction = plain(u"Further"_s),
+                       .sendTo = text(u"SendTo"_s),
+                       .copyTo = text(u"CC"_s)};
 }
 
 bool CreateWordDoc(const Session& session, const DocumentPlace& place, const ReportTexts& report) {

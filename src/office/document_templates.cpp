@@ -66,11 +66,10 @@ QByteArray converted(const QString& path) {
     QProcess process;
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(program,
-                  {u"-env:UserInstallation="_s +
-                       QUrl::fromLocalFile(folder.filePath(u"profile"_s)).toString(),
-                   u"--headless"_s, u"--norestore"_s, u"--convert-to"_s, u"rtf"_s, u"--outdir"_s,
-                   folder.path(), path});
+    process.start(program, {u"-env:UserInstallation="_s +
+                                QUrl::fromLocalFile(folder.filePath(u"profile"_s)).toString(),
+                            u"--headless"_s, u"--norestore"_s, u"--convert-to"_s, u"rtf"_s,
+                            u"--outdir"_s, folder.path(), path});
     constexpr int enough = 60000; // milliseconds; a first start makes the profile
     if (!process.waitForFinished(enough)) {
         process.kill();
@@ -83,8 +82,9 @@ QByteArray converted(const QString& path) {
 
 bool bringBack(Prompts& prompts, const QString& folder, const QString& webAddress,
                const DocumentTemplate& wanted) {
-    QString question = u"To use this function ORVA requires the %1 template file to be located in "
-                       "the templates folder.\n\nThis file does not currently exist"_s.arg(wanted.name);
+    QString question =
+        u"To use this function ORVA requires the %1 template file to be located in "
+        "the templates folder.\n\nThis file does not currently exist"_s.arg(wanted.name);
     if (webAddress.isEmpty())
         question += u'.';
     else

@@ -66,6 +66,12 @@ richtext::Paper usualPaper() {
     return paperOf(isLetter ? letter : a4);
 }
 
+richtext::Paper narrowMargins(richtext::Paper paper) {
+    constexpr int margin = TwipsPerInch / 2;
+    paper.margins = {margin, margin, margin, margin};
+    return paper;
+}
+
 richtext::TableCell cellOf(const QString& text, int thousandths, const richtext::TextLook& look) {
     return {.text = text, .width = thousandths, .look = look};
 }

@@ -68,6 +68,8 @@ private:
 
 /// A sheet of the person's paper, A4 or Letter by the locale, upright, with usual margins.
 richtext::Paper usualPaper();
+/// The same paper with margins of half an inch.
+richtext::Paper narrowMargins(richtext::Paper paper);
 
 /// A cell with its part of the row's width, in thousandths.
 richtext::TableCell cellOf(const QString& text, int thousandths,

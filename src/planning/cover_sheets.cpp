@@ -16,7 +16,7 @@ namespace {
 const QString CoverCancelled = u"Document creation cancelled."_s;
 const FailureBox CoverFailure{CoverCancelled};
 constexpr int TitleSize = 20;
-constexpr int TitleHeight = 90; ///< points that the title takes from a page
+constexpr int TitleHeight = 72; ///< points that the title takes from a page
 /// Points from the left margin to the box for the cover, room for the register, and the box's
 /// height where the paper has it.
 constexpr int BoxLeft = 200;
@@ -33,8 +33,8 @@ richtext::Table registerTable(const QList<ClassPupil>& pupils, int usableTwips) 
     const int column = (BoxLeft - Gap) * TwipsPerPoint * 1000 / usableTwips / 2;
     const auto row = [&](const QString& forename, const QString& surname, bool isHeading) {
         const richtext::TextLook look{.size = size, .bold = isHeading};
-        return richtext::TableRow{
-            {cellOf(forename, column, look), cellOf(surname, column, look)}, isHeading};
+        return richtext::TableRow{{cellOf(forename, column, look), cellOf(surname, column, look)},
+                                  isHeading};
     };
     richtext::Table table{row(u"First name"_s, u"Surname"_s, true)};
     for (const ClassPupil& pupil : pupils)
@@ -74,8 +74,8 @@ void addCover(WordDocument& word, const dao::Database& year, const PlannedLesson
 } // namespace
 
 QList<PlannedLesson> coverLessons(const Session& session, QDate date) {
-    QList<PlannedLesson> lessons = plannedLessons(session.CurrentDB, session.PeriodsPerDay,
-                                                  {.days = DatePeriod{date, date}});
+    QList<PlannedLesson> lessons =
+        plannedLessons(session.CurrentDB, session.PeriodsPerDay, {.days = DatePeriod{date, date}});
     lessons.removeIf([&](const PlannedLesson& lesson) {
         const auto& classes = session.ClassColours;
         return std::none_of(classes.begin(), classes.end(), [&](const ClassColour& each) {

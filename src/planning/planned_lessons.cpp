@@ -27,17 +27,17 @@ QString selectLessons(int periods, const LessonChoice& choice) {
                      u"PlanDate <= "_s + dao::writeText(sheetDateText(choice.days->last))};
     if (!hasClass.isEmpty())
         criteria += u'(' + hasClass.join(u" OR "_s) + u')';
-    const QString where =
-        criteria.isEmpty() ? QString() : u" WHERE "_s + criteria.join(u" AND "_s);
+    const QString where = criteria.isEmpty() ? QString() : u" WHERE "_s + criteria.join(u" AND "_s);
     return u"SELECT %1 FROM %2%3 ORDER BY PlanDate;"_s.arg(columns.join(u", "_s), PlanningTable,
-                                                         where);
+                                                           where);
 }
 
 bool isChosen(const QString& classCode, const QStringList& classes) {
-    return classes.isEmpty() ? !classCode.isEmpty()
-                             : std::any_of(classes.begin(), classes.end(), [&](const QString& each) {
-                                   return dao::compareText(classCode, each) == 0;
-                               });
+    return classes.isEmpty()
+               ? !classCode.isEmpty()
+               : std::any_of(classes.begin(), classes.end(), [&](const QString& each) {
+                     return dao::compareText(classCode, each) == 0;
+                 });
 }
 
 } // namespace
@@ -45,8 +45,8 @@ bool isChosen(const QString& classCode, const QStringList& classes) {
 QList<PlannedLesson> plannedLessons(const dao::Database& year, int periodsPerDay,
                                     const LessonChoice& choice) {
     QList<PlannedLesson> lessons;
-    dao::Recordset rows = year.OpenRecordset(selectLessons(periodsPerDay, choice),
-                                             dao::RecordsetType::Snapshot);
+    dao::Recordset rows =
+        year.OpenRecordset(selectLessons(periodsPerDay, choice), dao::RecordsetType::Snapshot);
     for (; !rows.EOF_(); rows.MoveNext()) {
         for (int period = 1; period <= periodsPerDay; ++period) {
             const int first = 1 + (period - 1) * ColumnsOfPeriod;

@@ -59,6 +59,7 @@ bool CreateQuickPlan(const Session& session, const DocumentPlace& place, QDate d
     if (!word.Word_Start())
         return false;
     word.step(10, u"Creating a New Document"_s);
+    word.Word_PageSetup(narrowMargins(usualPaper()));
     word.Word_AddTitle(u"Quick Plan for : "_s + QLocale().toString(date, QLocale::LongFormat), 16,
                        true, false);
     const bool isMade = tryTelling(session.GetSeams().prompts, QuickPlanFailure, [&] {

@@ -37,7 +37,6 @@ dao::Recordset readSheet(const dao::Database& database, const QString& planDate)
         u"SELECT * FROM %1 WHERE PlanDate = %2;"_s.arg(PlanningTable, dao::writeText(planDate)),
         dao::RecordsetType::Snapshot);
     if (sheet.EOF_())
-        throw dao::EngineError(dao::NoCurrentRecord,
-                               u"There is no planning sheet of that day."_s);
+        throw dao::EngineError(dao::NoCurrentRecord, u"There is no planning sheet of that day."_s);
     return sheet;
 }

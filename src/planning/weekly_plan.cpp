@@ -70,6 +70,7 @@ bool CreateWeeklyPlan(const Session& session, const DocumentPlace& place, const 
                         OkButton | WarningIcon, u"No lessons found."_s);
         return false;
     }
+    word.Word_PageSetup(narrowMargins(usualPaper()));
     word.step(30, u"Adding Title"_s);
     word.Word_AddTitle(u"Weekly Plan for :\n"_s + first + u" - "_s + last, 16, true, false);
     word.step(40, u"Collecting Table Data"_s);

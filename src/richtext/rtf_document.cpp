@@ -4,14 +4,17 @@
 
 #include <QBuffer>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace richtext {
 
 namespace {
 
-constexpr int BoxPadding = 144;  ///< between a box and what is in it, left and right
-constexpr int CellPadding = 108; ///< the same of a table's cell
+constexpr int BoxPadding = 144; ///< between a box and what is in it, left and right
+constexpr int CellPadding = 70; ///< the same of a table's cell
 const QString CellBorder = u"\\brdrs\\brdrw10"_s;
 
 QString picture(const QImage& image, const QSize& twips) {
@@ -24,6 +27,13 @@ QString picture(const QImage& image, const QSize& twips) {
                .arg(twips.width())
                .arg(twips.height()) +
            QString::fromLatin1(bytes.toHex()) + u'}';
+}
+
+/// Whether a row has room on one page, whatever its cells' widths, and so is not to be divided.
+bool isShort(const TableRow& row) {
+    constexpr qsizetype most = 1500; // characters
+    return std::all_of(row.cells.begin(), row.cells.end(),
+                       [](const TableCell& cell) { return cell.text.size() < most; });
 }
 
 QString lookWords(const TextLook& look) {
@@ -78,12 +88,19 @@ void RtfDocument::addCell(const TableCell& cell) {
 
 void RtfDocument::addTable(const Table& table) {
     for (const TableRow& row : table) {
-        m_body += u"\\trowd\\trgaph%1\\trleft0"_s.arg(CellPadding);
+        m_body += u"\\trowd\\trgaph%1\\trleft0\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3"_s.arg(
+            CellPadding);
         if (row.isHeading)
             m_body += u"\\trhdr"_s;
+        if (isShort(row))
+            m_body += u"\\trkeep"_s;
+        if (row.height > 0)
+            m_body += u"\\trrh%1"_s.arg(row.height);
         int right = 0;
         for (const TableCell& cell : row.cells) {
             right += cell.width;
+            if (row.height > 0)
+                m_body += u"\\clvertalc"_s;
             if (cell.hasBorder)
                 for (const char16_t side : {u't', u'l', u'b', u'r'})
                     m_body += u"\\clbrdr"_s + QChar(side) + CellBorder;

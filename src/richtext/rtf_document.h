@@ -48,6 +48,7 @@ struct TableCell {
 struct TableRow {
     QList<TableCell> cells;
     bool isHeading = false; ///< stands above the table on each page
+    int height = 0;         ///< twips, at least; its texts stand in the middle of it. 0: as needed
 };
 using Table = QList<TableRow>;
 

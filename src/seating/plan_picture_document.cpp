@@ -5,18 +5,15 @@
 #include <QImageReader>
 
 using namespace Qt::StringLiterals;
-using richtext::TwipsPerInch;
 using richtext::TwipsPerPoint;
 
 namespace {
 
 /// The usual paper with small margins, across where the picture is wider than high.
 richtext::Paper planPaper(const QSize& picture) {
-    constexpr int margin = TwipsPerInch / 2;
-    richtext::Paper paper = usualPaper();
+    richtext::Paper paper = narrowMargins(usualPaper());
     if (picture.width() > picture.height())
         paper.size.transpose();
-    paper.margins = {margin, margin, margin, margin};
     return paper;
 }
 

@@ -1,5 +1,7 @@
 #include "document_commands.h"
 
+#include "opened_year.h"
+
 #include "calendar/timetable_document.h"
 #include "core/console_prompts.h"
 #include "core/file_state.h"
@@ -43,7 +45,7 @@ bool mayWrite(const Workplace& workplace, const QString& target) {
                                      {}) == AnswerYes;
 }
 
-/// Makes a document of the year, which is only read.
+/// Makes a document of the year.
 ExitStatus make(const Workplace& workplace, const Call& call,
                 const std::function<bool(const DocumentPlace&)>& create) {
     Session& session = workplace.session;
@@ -51,7 +53,7 @@ ExitStatus make(const Workplace& workplace, const Call& call,
     place.target = QFileInfo(call.arguments.constLast()).absoluteFilePath();
     if (!mayWrite(workplace, place.target))
         return Failed;
-    session.OpenToRead(call.file, call.password);
+    openYear(workplace, call);
     const bool isMade = create(place);
     session.CloseAllDatabases();
     return isMade ? Done : Failed;

@@ -4,10 +4,9 @@
 #include "controls/bound_text.h"
 #include "controls/format_tools.h"
 #include "controls/layout_toolbar.h"
-#include "office/plain_cell.h"
-#include "controls/layout_toolbar.h"
 #include "core/session.h"
 #include "incidents/screens/title_strip.h"
+#include "office/plain_cell.h"
 
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -58,8 +57,7 @@ IncidentReportPanel::IncidentReportPanel(Session& session, const QWidget& window
     bars->addWidget(m_tools->colourToolbar());
     bars->addWidget(m_exportTool);
     bars->addStretch();
-    connect(m_exportTool->button(0), &QAction::triggered, this,
-            &IncidentReportPanel::exportWanted);
+    connect(m_exportTool->button(0), &QAction::triggered, this, &IncidentReportPanel::exportWanted);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(2);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "incidents/report_document.h"
 #include "incidents/incident_rows.h"
+#include "incidents/report_document.h"
 #include "store/row_binding.h"
 
 #include <QWidget>

@@ -104,8 +104,8 @@ void SheetCommands::makeExportMenu(QWidget& window) {
     m_exportMenu = new QMenu(u"Export to MS Word"_s, &window);
     m_exportMenu->setObjectName(u"mnuExport"_s);
     m_exportMenu->addAction(u"Daily Planning Sheet"_s, this, &SheetCommands::quickPlanWanted);
-    m_exportPlan = m_exportMenu->addAction(u"Short Term Plan"_s, this,
-                                           &SheetCommands::shortTermPlanWanted);
+    m_exportPlan =
+        m_exportMenu->addAction(u"Short Term Plan"_s, this, &SheetCommands::shortTermPlanWanted);
     m_exportMenu->addAction(u"Create Cover Sheet(s)..."_s, this, &SheetCommands::coverSheetsWanted);
 }
 

@@ -12,10 +12,10 @@
 #include "core/settings.h"
 #include "planning/daily_sheets.h"
 #include "planning/planning_settings.h"
-#include "planning/weekly_plan.h"
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
 #include "planning/screens/maximise_button.h"
+#include "planning/weekly_plan.h"
 #include "user_menu/screens/tools_popup.h"
 
 #include <QAction>
@@ -157,11 +157,10 @@ QToolButton* WeeklySheetWindow::makeMoveButton(int element, const QString& iconN
 
 /// Kept on purpose: the first two buttons do nothing.
 LayoutToolbar* WeeklySheetWindow::makeToolbar() {
-    auto* toolbar =
-        new LayoutToolbar(u"ORVA2_Btns"_s, u"BBBB"_s,
-                          u"Show Lesson History|Lesson Properties. (STP details)|"
-                          "Export Weekly Plan(s) to MSWord|Insert Object"_s,
-                          u"history|properties|export|insert_object"_s, this);
+    auto* toolbar = new LayoutToolbar(u"ORVA2_Btns"_s, u"BBBB"_s,
+                                      u"Show Lesson History|Lesson Properties. (STP details)|"
+                                      "Export Weekly Plan(s) to MSWord|Insert Object"_s,
+                                      u"history|properties|export|insert_object"_s, this);
     connect(toolbar->button(2), &QAction::triggered, this, &WeeklySheetWindow::exportToWord);
     toolbar->setMenu(3, m_tools->insertMenu());
     return toolbar;

@@ -392,11 +392,12 @@ void SeatingPlanWindow::followClasses() {
 }
 
 void SeatingPlanWindow::savePicture() {
-    const QString picture = ::savePicture(
-        m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
-        m_canvas->picture(), {u"BMP file"_s, u"*.bmp"_s}, SavedFormats::BitmapOrPng);
+    const QString picture =
+        ::savePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
+                      m_canvas->picture(), {u"BMP file"_s, u"*.bmp"_s}, SavedFormats::BitmapOrPng);
     if (!picture.isEmpty())
-        OfferPlanDocument(m_session.GetSeams(), documentPlace(m_session), m_plan.classCode, picture);
+        OfferPlanDocument(m_session.GetSeams(), documentPlace(m_session), m_plan.classCode,
+                          picture);
 }
 
 /// The default plan, whichever is shown.
