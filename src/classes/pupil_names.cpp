@@ -12,7 +12,6 @@ QList<ClassPupil> classPupils(const dao::Database& year, const QString& classCod
                                dao::writeName(classTable(classCode))),
                            dao::RecordsetType::Snapshot);
     for (; !rows.EOF_(); rows.MoveNext())
-        pupils += {.forename = rows.Collect(u"Firstname").toText(),
-                   .surname = rows.Collect(u"Surname").toText()};
+        pupils += {.forename = rows.Collect(1).toText(), .surname = rows.Collect(0).toText()};
     return pupils;
 }

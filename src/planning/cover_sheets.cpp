@@ -6,6 +6,7 @@
 #include "core/session.h"
 #include "store/engine/names.h"
 
+#include <QHash>
 #include <QLocale>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,9 @@ constexpr int TitleHeight = 72; ///< points that the title takes from a page
 constexpr int BoxLeft = 200;
 constexpr int BoxHeight = 600;
 constexpr int Gap = 10;
+
+/// The pupils of each class, by its code as the sheet has it.
+using Registers = QHash<QString, QList<ClassPupil>>;
 
 QString lessonCaption(const PlannedLesson& lesson) {
     return u"Period %1   Class: %2"_s.arg(lesson.period).arg(lesson.classCode);
@@ -51,7 +55,18 @@ void addCoverBox(WordDocument& word) {
                     u"Enter the cover for this lesson here.\n\nHOMEWORK\n"_s);
 }
 
-void addCover(WordDocument& word, const dao::Database& year, const PlannedLesson& lesson,
+/// All at one go: while the progress is shown another window may want to write.
+Registers readRegisters(const dao::Database& year, const QList<PlannedLesson>& lessons) {
+    const dao::Reading atOnce(year);
+    Registers registers;
+    for (const PlannedLesson& lesson : lessons) {
+        if (!registers.contains(lesson.classCode))
+            registers.insert(lesson.classCode, classPupils(year, lesson.classCode));
+    }
+    return registers;
+}
+
+void addCover(WordDocument& word, const PlannedLesson& lesson, const QList<ClassPupil>& pupils,
               qsizetype n, qsizetype count) {
     const int percent = static_cast<int>((n - 1) * 100 / count);
     const auto step = [&](const QString& what) {
@@ -66,7 +81,6 @@ void addCover(WordDocument& word, const dao::Database& year, const PlannedLesson
     word.Word_AddTitle(u"Cover for %1\nPeriod %2"_s.arg(lesson.classCode).arg(lesson.period),
                        TitleSize, true, false);
     step(u"Obtaining Class Register"_s);
-    const QList<ClassPupil> pupils = classPupils(year, lesson.classCode);
     step(u"Creating Register table"_s);
     word.Word_AddTable(registerTable(pupils, word.paper().usable().width()));
 }
@@ -90,11 +104,14 @@ bool CreateCoverSheets(const Session& session, const DocumentPlace& place,
     WordDocument word(session.GetSeams(), place, CoverCancelled);
     if (!word.Word_Start())
         return false;
-    const bool isMade = tryTelling(session.GetSeams().prompts, CoverFailure, [&] {
-        for (qsizetype n = 1; n <= lessons.size(); ++n)
-            addCover(word, session.CurrentDB, lessons[n - 1], n, lessons.size());
-    });
-    return isMade && word.Word_Finish(u"Cover sheets"_s);
+    Registers registers;
+    if (!tryTelling(session.GetSeams().prompts, CoverFailure,
+                    [&] { registers = readRegisters(session.CurrentDB, lessons); }))
+        return false;
+    for (qsizetype n = 1; n <= lessons.size(); ++n)
+        addCover(word, lessons[n - 1], registers.value(lessons[n - 1].classCode), n,
+                 lessons.size());
+    return word.Word_Finish(u"Cover sheets"_s);
 }
 
 bool ExportCoverSheets(const Session& session, const DocumentPlace& place, QDate date) {

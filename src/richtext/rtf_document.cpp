@@ -15,7 +15,8 @@ namespace {
 
 constexpr int BoxPadding = 144; ///< between a box and what is in it, left and right
 constexpr int CellPadding = 70; ///< the same of a table's cell
-const QString CellBorder = u"\\brdrs\\brdrw10"_s;
+const QString CellBorders = u"\\clbrdrt\\brdrs\\brdrw10\\clbrdrl\\brdrs\\brdrw10"
+                            "\\clbrdrb\\brdrs\\brdrw10\\clbrdrr\\brdrs\\brdrw10"_s;
 
 QString picture(const QImage& image, const QSize& twips) {
     QByteArray bytes;
@@ -36,13 +37,23 @@ bool isShort(const TableRow& row) {
                        [](const TableCell& cell) { return cell.text.size() < most; });
 }
 
-QString lookWords(const TextLook& look) {
-    return u"\\f0\\fs%1%2"_s.arg(2 * look.size).arg(look.bold ? u"\\b"_s : QString());
+/// A control word with its number.
+void appendWord(QString& rtf, QStringView word, int number) {
+    rtf += word;
+    rtf += QString::number(number);
+}
+
+void appendLook(QString& rtf, const TextLook& look) {
+    appendWord(rtf, u"\\f0\\fs", 2 * look.size);
+    if (look.bold)
+        rtf += u"\\b";
 }
 
 } // namespace
 
 void appendLines(QString& rtf, const QString& text) {
+    if (isClean(text)) // one line, as most are
+        return appendText(rtf, text);
     const QStringList lines = cleanedLines(text).split(u'\n');
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (i > 0)
@@ -60,16 +71,18 @@ int RtfDocument::colour(QRgb rgb) {
     return static_cast<int>(place) + 1;
 }
 
-void RtfDocument::beginParagraph(const TextLook& look, const QString& more) {
-    m_body += u"\\pard\\plain"_s + more;
+void RtfDocument::beginParagraph(const TextLook& look, QStringView more) {
+    m_body += u"\\pard\\plain";
+    m_body += more;
     if (std::exchange(m_breaksPage, false))
-        m_body += u"\\pagebb"_s;
+        m_body += u"\\pagebb";
     if (look.centred)
-        m_body += u"\\qc"_s;
-    m_body += lookWords(look);
+        m_body += u"\\qc";
+    appendLook(m_body, look);
     if (look.colour)
-        m_body += u"\\cf%1"_s.arg(colour(*look.colour));
-    m_body += u' ' + std::exchange(m_boxes, {});
+        appendWord(m_body, u"\\cf", colour(*look.colour));
+    m_body += u' ';
+    m_body += std::exchange(m_boxes, {});
 }
 
 void RtfDocument::addText(const QString& text, const TextLook& look) {
@@ -81,34 +94,38 @@ void RtfDocument::addText(const QString& text, const TextLook& look) {
 }
 
 void RtfDocument::addCell(const TableCell& cell) {
-    beginParagraph(cell.look, u"\\intbl"_s);
+    beginParagraph(cell.look, u"\\intbl");
     appendLines(m_body, cell.text);
     m_body += u"\\cell\n";
 }
 
+/// How the cells of a row stand, for what follows.
+void RtfDocument::defineRow(const TableRow& row) {
+    appendWord(m_body, u"\\trowd\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3\\trleft0\\trgaph",
+               CellPadding);
+    if (row.isHeading)
+        m_body += u"\\trhdr";
+    if (isShort(row))
+        m_body += u"\\trkeep";
+    if (row.height > 0)
+        appendWord(m_body, u"\\trrh", row.height);
+    int right = 0;
+    for (const TableCell& cell : row.cells) {
+        right += cell.width;
+        if (row.height > 0)
+            m_body += u"\\clvertalc";
+        if (cell.hasBorder)
+            m_body += CellBorders;
+        if (cell.ground)
+            appendWord(m_body, u"\\clcbpat", colour(*cell.ground));
+        appendWord(m_body, u"\\cellx", right);
+    }
+    m_body += u'\n';
+}
+
 void RtfDocument::addTable(const Table& table) {
     for (const TableRow& row : table) {
-        m_body += u"\\trowd\\trgaph%1\\trleft0\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3"_s.arg(
-            CellPadding);
-        if (row.isHeading)
-            m_body += u"\\trhdr"_s;
-        if (isShort(row))
-            m_body += u"\\trkeep"_s;
-        if (row.height > 0)
-            m_body += u"\\trrh%1"_s.arg(row.height);
-        int right = 0;
-        for (const TableCell& cell : row.cells) {
-            right += cell.width;
-            if (row.height > 0)
-                m_body += u"\\clvertalc"_s;
-            if (cell.hasBorder)
-                for (const char16_t side : {u't', u'l', u'b', u'r'})
-                    m_body += u"\\clbrdr"_s + QChar(side) + CellBorder;
-            if (cell.ground)
-                m_body += u"\\clcbpat%1"_s.arg(colour(*cell.ground));
-            m_body += u"\\cellx%1"_s.arg(right);
-        }
-        m_body += u'\n';
+        defineRow(row);
         for (const TableCell& cell : row.cells)
             addCell(cell);
         m_body += u"\\row\n";
@@ -132,7 +149,9 @@ void RtfDocument::addBox(const QRect& place, const QString& content) {
 }
 
 void RtfDocument::addTextBox(const QRect& place, const QString& text, const TextLook& look) {
-    QString content = u"\\pard\\plain"_s + lookWords(look) + u' ';
+    QString content = u"\\pard\\plain"_s;
+    appendLook(content, look);
+    content += u' ';
     appendLines(content, text);
     addBox(place, content);
 }

@@ -78,7 +78,8 @@ public:
 private:
     void addBox(const QRect& place, const QString& content);
     void addCell(const TableCell& cell);
-    void beginParagraph(const TextLook& look, const QString& more = {});
+    void beginParagraph(const TextLook& look, QStringView more = {});
+    void defineRow(const TableRow& row);
     int colour(QRgb rgb);
 
     Paper m_paper;
