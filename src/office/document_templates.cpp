@@ -1,14 +1,12 @@
 #include "office/document_templates.h"
 
 #include "core/prompts.h"
+#include "office/libre_office.h"
 #include "richtext/rtf_template.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -56,26 +54,11 @@ QByteArray contentOf(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Makes Rich Text Format of a file by the installed LibreOffice, under a profile of its own, so
-/// that one that runs is not disturbed. Empty where it can't.
+/// Rich Text Format made of a file; empty where it can't be.
 QByteArray converted(const QString& path) {
-    const QString program = QStandardPaths::findExecutable(u"soffice"_s);
     const QTemporaryDir folder;
-    if (program.isEmpty() || !folder.isValid())
+    if (!folder.isValid() || !ConvertByLibreOffice({path}, u"rtf"_s, folder.path()))
         return {};
-    QProcess process;
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(program, {u"-env:UserInstallation="_s +
-                                QUrl::fromLocalFile(folder.filePath(u"profile"_s)).toString(),
-                            u"--headless"_s, u"--norestore"_s, u"--convert-to"_s, u"rtf"_s,
-                            u"--outdir"_s, folder.path(), path});
-    constexpr int enough = 60000; // milliseconds; a first start makes the profile
-    if (!process.waitForFinished(enough)) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
     const QStringList made = QDir(folder.path()).entryList({u"*.rtf"_s}, QDir::Files);
     return made.isEmpty() ? QByteArray() : contentOf(folder.filePath(made.first()));
 }
