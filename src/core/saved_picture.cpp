@@ -1,6 +1,7 @@
 #include "core/saved_picture.h"
 
 #include "core/file_state.h"
+#include "core/whole_file.h"
 
 #include <QImage>
 #include <QSaveFile>
@@ -40,7 +41,7 @@ QString savePicture(Prompts& prompts, const QString& folder, const QImage& pictu
     QSaveFile file(path);
     const bool asPng = formats == SavedFormats::BitmapOrPng && isPng(path);
     if (file.open(QIODevice::WriteOnly) && picture.save(&file, asPng ? "PNG" : "BMP") &&
-        file.commit())
+        commitWhole(file))
         return path;
     prompts.PlainBox(u"The picture could not be saved:\n\n%1"_s.arg(file.errorString()),
                      OkButton | CriticalIcon, u"Save Picture Error"_s);

@@ -1,5 +1,7 @@
 #include "help/help_file.h"
 
+#include "core/whole_file.h"
+
 #include <QCborArray>
 #include <QCborMap>
 #include <QCborValue>
@@ -94,7 +96,7 @@ void copyStock(const QString& stock, const QString& path) {
     QSaveFile copy(path);
     if (source.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly) &&
         copy.write(source.readAll()) == source.size())
-        copy.commit();
+        commitWhole(copy);
 }
 
 } // namespace
@@ -105,7 +107,7 @@ bool writeHelpFile(const HelpBook& book, const QString& path) {
     return file.open(QIODevice::WriteOnly) &&
            file.write(magic.toByteArray() + QCryptographicHash::hash(content, algorithm) +
                       content) > 0 &&
-           file.commit();
+           commitWhole(file);
 }
 
 ReadHelp readHelpFile(const QString& path) {

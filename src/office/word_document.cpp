@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "core/shell.h"
+#include "core/whole_file.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,7 +35,7 @@ QString writeFile(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
     const bool isDone = file.open(QIODevice::WriteOnly) &&
                         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                        file.write(bytes) == bytes.size() && file.commit();
+                        file.write(bytes) == bytes.size() && commitWhole(file);
     return isDone ? QString() : file.errorString();
 }
 

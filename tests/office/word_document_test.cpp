@@ -3,6 +3,7 @@
 #include "office/word_document.h"
 
 #include "office/document_templates.h"
+#include "support/engine_files.h"
 #include "support/recording_seams.h"
 
 #include <QDir>
@@ -71,8 +72,17 @@ TEST_F(WordDocumentTest, ThatCantBeWrittenIsToldAndLeavesNothing) {
     ASSERT_TRUE(toFile.Word_Start());
     tests.prompts.expect(PromptKind::Plain, CancelTitle, AnswerOk);
     EXPECT_FALSE(finish(toFile));
+    {
+        place.target.clear();
+        const FileSizeLimit full(100);
+        WordDocument toFullDisk(seams, place);
+        ASSERT_TRUE(toFullDisk.Word_Start());
+        tests.prompts.expect(PromptKind::Plain, CancelTitle, AnswerOk);
+        EXPECT_FALSE(finish(toFullDisk));
+        EXPECT_TRUE(QDir(path(u"Documents"_s)).isEmpty());
+        QDir().rmdir(path(u"Documents"_s));
+    }
     QFile(path(u"Documents"_s)).open(QIODevice::WriteOnly); // no folder can be made
-    place.target.clear();
     WordDocument word(seams, place);
     ASSERT_TRUE(word.Word_Start());
     tests.prompts.expect(PromptKind::Plain, CancelTitle, AnswerOk);

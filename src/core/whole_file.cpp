@@ -1,0 +1,7 @@
+#include "core/whole_file.h"
+
+#include <QSaveFile>
+
+bool commitWhole(QSaveFile& file) {
+    return file.flush() && file.commit();
+}
