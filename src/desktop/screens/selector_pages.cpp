@@ -26,6 +26,10 @@ namespace {
 
 const QString NoColumn = u"None"_s;
 
+bool isNoColumn(const QString& typed) {
+    return typed.compare(NoColumn, Qt::CaseInsensitive) == 0;
+}
+
 QLabel* makeLine(const QString& text, QLayout& layout) {
     auto* label = new QLabel(text);
     label->setObjectName(u"Label2"_s);
@@ -157,12 +161,14 @@ QComboBox* SpreadsheetContent::makeRow(const SpreadsheetRequest& request) {
     return box;
 }
 
-/// An empty row is the first that is offered.
+/// An empty row, or 0, is the first that is offered.
 bool SpreadsheetContent::check() {
-    if (m_row->currentText().isEmpty())
+    if (m_row->currentText().toInt() < 1)
         m_row->setCurrentIndex(0);
     for (const QComboBox* column : std::as_const(m_columns)) {
-        if (!column->currentText().isEmpty())
+        const bool mayBeNone = column->findText(NoColumn) >= 0;
+        if ((mayBeNone && isNoColumn(column->currentText())) ||
+            columnOfLetters(column->currentText()) >= 0)
             continue;
         m_prompts.PlainBox(u"One of the import columns is incorrectly assigned."_s, OkButton,
                            u"Invalid Column"_s);
@@ -175,8 +181,7 @@ SpreadsheetChoice SpreadsheetContent::choice() const {
     SpreadsheetChoice choice{m_row->currentText().toInt(), {}};
     for (const QComboBox* column : m_columns) {
         const QString letters = column->currentText(); // typed ones are capitals
-        const bool isNone = letters.compare(NoColumn, Qt::CaseInsensitive) == 0;
-        choice.columns += isNone ? QString() : letters;
+        choice.columns += isNoColumn(letters) ? QString() : letters;
     }
     return choice;
 }
