@@ -120,6 +120,8 @@ QWidget* SpreadsheetContent::makePreview(const SpreadsheetRequest& request) {
             preview->setItem(row, column, new QTableWidgetItem(sheet.cell(row, column)));
     }
     constexpr int lines = 9;
+    constexpr int characters = 70;
+    preview->setMinimumWidth(characters * preview->fontMetrics().averageCharWidth());
     preview->setMinimumHeight(lines * preview->verticalHeader()->defaultSectionSize());
     return preview;
 }
@@ -131,6 +133,7 @@ QComboBox* SpreadsheetContent::makeColumn(const SpreadsheetRequest& request, int
     box->setObjectName(names.value(index));
     box->setAccessibleName(request.columnLabels[index]);
     box->setEditable(true);
+    box->setCompleter(nullptr); // it would make None of the column N
     box->lineEdit()->setAccessibleName(box->accessibleName());
     box->addItems(request.columnChoices);
     if (index == third && request.thirdMayBeNone)
