@@ -138,6 +138,7 @@ QComboBox* SpreadsheetContent::makeColumn(const SpreadsheetRequest& request, int
     box->addItems(request.columnChoices);
     if (index == third && request.thirdMayBeNone)
         box->addItem(NoColumn);
+    box->setCurrentIndex(box->findText(request.columns.value(index))); // arrow keys go on from it
     box->setCurrentText(request.columns.value(index));
     static const QRegularExpression letters(u"[A-Za-z]*"_s);
     box->lineEdit()->setValidator(new QRegularExpressionValidator(letters, box));
@@ -159,6 +160,7 @@ QComboBox* SpreadsheetContent::makeRow(const SpreadsheetRequest& request) {
     box->lineEdit()->setAccessibleName(box->accessibleName());
     for (int row = 1; row <= offered; ++row)
         box->addItem(QString::number(row));
+    box->setCurrentIndex(box->findText(QString::number(request.row)));
     box->setCurrentText(QString::number(request.row));
     box->lineEdit()->setValidator(new QIntValidator(1, highest, box));
     return box;
