@@ -146,8 +146,8 @@ void checkTitles(const QStringList& titles, int present) {
         throw dao::EngineError(
             dao::InvalidName,
             u"No column can have these titles: %1\nA title cannot start with a space, cannot "
-            "include a period and must not be longer than 64 characters."_s.arg(
-                quotedTitles(invalid)));
+            "include a period, an exclamation mark or a line break and must not be longer than 64 "
+            "characters."_s.arg(quotedTitles(invalid)));
     if (!doubled.isEmpty())
         throw dao::EngineError(dao::FieldExists, u"These titles are given more than once: "_s +
                                                      quotedTitles(doubled));
@@ -165,8 +165,8 @@ void addColumns(const dao::Database& database, const QString& classCode,
     for (const dao::Field& column : columns)
         titles += column.Name;
     checkTitles(titles, fields.Count());
-    for (const dao::Field& column : columns)
-        fields.Append(column);
+    if (!columns.isEmpty())
+        fields.SetAll(QList<dao::Field>(fields.begin(), fields.end()) + columns);
 }
 
 /// The titled columns of a sheet that the class does not have yet.
@@ -296,6 +296,7 @@ std::optional<QStringList> ImportExcelSheet(const dao::Database& database, const
     QStringList titles;
     ImportTexts texts;
     const bool isDone = tryImporting(prompts, SheetImportFailure, [&] {
+        dao::Transaction transaction(database); // from here on, to lock the file once
         const QList<TitledColumn> columns =
             newColumns(*sheet, database.TableDefs()[marksTable(classCode)].Fields());
         const QList<dao::Field> fields = fieldsOf(columns);
@@ -304,7 +305,6 @@ std::optional<QStringList> ImportExcelSheet(const dao::Database& database, const
         const GradeSource grades = sourceInSheet([&](int row, qsizetype field) {
             return sheet->sheet().cell(row, columns.at(field).column);
         });
-        dao::Transaction transaction(database);
         addColumns(database, classCode, fields);
         writeGrades(database, marksTable(classCode), fields, rows, grades, texts);
         transaction.commit();
