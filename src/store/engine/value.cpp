@@ -78,8 +78,8 @@ QString numberText(double number) {
         // The shortest text that leads back is the same where it has no more digits, and several
         // times as quick, which whole sheets of numbers are worth.
         std::array<char, 32> text;
-        const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
-                                       std::chars_format::fixed);
+        const auto end =
+            std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
         if (end.ec == std::errc() && end.ptr - text.data() <= digits)
             return QString::fromLatin1(text.data(), end.ptr - text.data());
     }
