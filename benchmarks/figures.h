@@ -51,6 +51,7 @@ std::vector<Figure> fileFigures(const QString& folder);
 std::vector<Figure> backupFigures(const QString& folder);
 std::vector<Figure> recordsetFigures(const QString& folder);
 std::vector<Figure> classFigures(const QString& folder);
+std::vector<Figure> importFigures(const QString& folder);
 std::vector<Figure> classWindowFigures(const QString& folder);
 std::vector<Figure> startFigures(const QString& folder);
 std::vector<Figure> screenFigures(const QString& folder);

@@ -31,14 +31,6 @@ QString firstLessonField(const dao::Database& database, const QString& classCode
     return {};
 }
 
-/// The grades are read together with these fields of the pupils: a column of the same name would
-/// make every such SELECT ambiguous.
-bool isPupilField(const QString& name) {
-    const QStringList fields{u"Surname"_s, u"Firstname"_s, u"Tutor"_s};
-    return std::any_of(fields.begin(), fields.end(),
-                       [&name](const QString& field) { return dao::sameName(field, name); });
-}
-
 bool holdsAbsentGrade(const NewField& field) {
     return field.type == dao::DataType::Memo ||
            (field.type == dao::DataType::Text && field.size >= AbsentGrade.size());
@@ -92,6 +84,7 @@ ColumnCommands gradeColumnCommands(const QList<int>& selected, const QList<int>&
     if (selected.size() > 1)
         return can;
     const int column = selected.first();
+    can.importInto = true;
     can.rename = column >= PupilSheet::FirstOwnColumn;
     can.moveLeft = shownGrades.isEmpty() || column != shownGrades.first();
     can.moveRight = shownGrades.isEmpty() || column != shownGrades.last();
@@ -123,6 +116,13 @@ bool addGradeColumn(const dao::Database& database, const QString& classCode, con
         showGradeError(error, prompts);
         return false;
     }
+}
+
+/// A column of the same name would make every SELECT of grades with their pupils ambiguous.
+bool isPupilField(const QString& name) {
+    const QStringList fields{u"Surname"_s, u"Firstname"_s, u"Tutor"_s};
+    return std::any_of(fields.begin(), fields.end(),
+                       [&name](const QString& field) { return dao::sameName(field, name); });
 }
 
 std::optional<MoveDirection> moveDirection(const QString& text) {

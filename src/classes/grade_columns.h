@@ -23,6 +23,7 @@ struct ColumnCommands {
     bool moveLeft = false;
     bool moveRight = false;
     bool hide = false;
+    bool importInto = false;
 
     bool operator==(const ColumnCommands&) const = default;
 };
@@ -36,6 +37,10 @@ std::optional<NewField> askGradeColumn(Prompts& prompts);
 /// column is there.
 bool addGradeColumn(const dao::Database& database, const QString& classCode, const NewField& field,
                     Prompts& prompts);
+
+/// Whether a field of this name stands beside the grades wherever they are read: no column of
+/// theirs can have it.
+bool isPupilField(const QString& name);
 
 enum class MoveDirection { Left, Right };
 /// "LEFT" and "RIGHT" in any case.

@@ -27,37 +27,25 @@ std::optional<PupilName> readPupilName(const QString& typed, Prompts& prompts) {
     return std::nullopt;
 }
 
-qint64 addPupil(const dao::Database& database, const QString& classCode, const PupilName& name) {
-    dao::Transaction transaction(database);
-    dao::Recordset pupils = database.OpenRecordset(
-        u"SELECT ID,Surname,Firstname FROM %1"_s.arg(dao::writeName(classTable(classCode))));
-    pupils.AddNew();
-    pupils.SetCollect(u"Surname", name.surname);
-    pupils.SetCollect(u"Firstname", name.firstname);
-    pupils.Update();
-    pupils.MoveLast();
-    const qint64 id = pupils.Collect(u"ID").toInteger();
-    pupils.Close();
-    updateRegisterAndMarksId(database, classCode, id, name.firstname + u"\r\n"_s + name.surname);
-    transaction.commit();
-    return id;
+/// Opens a table; none where it does not exist.
+dao::Recordset openWhereThere(const dao::Database& database, const QString& table,
+                              const QString& fields) {
+    return database.TableDefs().Contains(table)
+               ? database.OpenRecordset(u"SELECT %1 FROM %2"_s.arg(fields, dao::writeName(table)))
+               : dao::Recordset();
 }
 
-void addRow(const dao::Database& database, const QString& table, qint64 id) {
-    if (!database.TableDefs().Contains(table))
+void addRow(dao::Recordset& rows, qint64 id) {
+    if (!rows.isOpen())
         return;
-    dao::Recordset rows = database.OpenRecordset(u"SELECT ID FROM "_s + dao::writeName(table));
     rows.AddNew();
     rows.SetCollect(u"ID", id);
     rows.Update();
-    rows.Close();
 }
 
-void addDesk(const dao::Database& database, const QString& table, qint64 id,
-             const QString& caption) {
-    if (!database.TableDefs().Contains(table))
+void addDesk(dao::Recordset& desks, qint64 id, const QString& caption) {
+    if (!desks.isOpen())
         return;
-    dao::Recordset desks = database.OpenRecordset(table);
     desks.AddNew();
     desks.SetCollect(u"ID", id);
     desks.SetCollect(u"Caption", caption);
@@ -67,7 +55,14 @@ void addDesk(const dao::Database& database, const QString& table, qint64 id,
     desks.SetCollect(u"Height", DeskHeight);
     desks.SetCollect(u"Visible", u"True"_s);
     desks.Update();
-    desks.Close();
+}
+
+qint64 addPupil(const dao::Database& database, const QString& classCode, const PupilName& name) {
+    dao::Transaction transaction(database);
+    const qint64 id = PupilIntake(database, classCode)
+                          .add({{u"Surname"_s, name.surname}, {u"Firstname"_s, name.firstname}});
+    transaction.commit();
+    return id;
 }
 
 } // namespace
@@ -87,9 +82,33 @@ std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString
     return pupil;
 }
 
+PupilRows::PupilRows(const dao::Database& database, const QString& classCode)
+    : m_register(openWhereThere(database, registerTable(classCode), u"ID"_s))
+    , m_marks(openWhereThere(database, marksTable(classCode), u"ID"_s))
+    , m_desks(openWhereThere(database, seatingPlanTable(classCode), u"*"_s)) {}
+
+void PupilRows::add(qint64 id, const QString& caption) {
+    addRow(m_register, id);
+    addRow(m_marks, id);
+    addDesk(m_desks, id, caption);
+}
+
 void updateRegisterAndMarksId(const dao::Database& database, const QString& classCode, qint64 id,
                               const QString& caption) {
-    addRow(database, registerTable(classCode), id);
-    addRow(database, marksTable(classCode), id);
-    addDesk(database, seatingPlanTable(classCode), id, caption);
+    PupilRows(database, classCode).add(id, caption);
+}
+
+PupilIntake::PupilIntake(const dao::Database& database, const QString& classCode)
+    : m_pupils(database.OpenRecordset(classTable(classCode))), m_rows(database, classCode) {}
+
+qint64 PupilIntake::add(const QList<PupilField>& fields) {
+    m_pupils.AddNew();
+    for (const PupilField& field : fields)
+        m_pupils.SetCollect(field.name, field.value);
+    m_pupils.Update();
+    m_pupils.MoveLast();
+    const qint64 id = m_pupils.Collect(u"ID").toInteger();
+    m_rows.add(id, m_pupils.Collect(u"Firstname").toText() + u"\r\n"_s +
+                       m_pupils.Collect(u"Surname").toText());
+    return id;
 }

@@ -2,6 +2,7 @@
 
 #include "store/engine/database.h"
 
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -17,7 +18,39 @@ class Prompts;
 std::optional<qint64> Add_New_Pupil(const dao::Database& database, const QString& classCode,
                                     Prompts& prompts);
 
-/// Gives a pupil of `Class_`C his rows in the class's other tables, where they exist. `caption` is
-/// what his desk reads. Raises what the engine raises.
+/// Gives pupils of `Class_`C their rows in the class's other tables, where they exist. Raises what
+/// the engine raises.
+class PupilRows {
+public:
+    PupilRows(const dao::Database& database, const QString& classCode);
+    /// `caption` is what his desk reads.
+    void add(qint64 id, const QString& caption);
+
+private:
+    dao::Recordset m_register;
+    dao::Recordset m_marks;
+    dao::Recordset m_desks;
+};
+
+/// Gives one pupil his rows.
 void updateRegisterAndMarksId(const dao::Database& database, const QString& classCode, qint64 id,
                               const QString& caption);
+
+/// What a field of a new pupil's record holds.
+struct PupilField {
+    QString name;
+    dao::Value value;
+};
+
+/// Takes pupils into a class, any number of them one after the other. Raises what the engine
+/// raises; whoever uses it keeps the whole in a transaction.
+class PupilIntake {
+public:
+    PupilIntake(const dao::Database& database, const QString& classCode);
+    /// Adds a pupil with his rows in all tables of the class; answers his `ID`.
+    qint64 add(const QList<PupilField>& fields);
+
+private:
+    dao::Recordset m_pupils;
+    PupilRows m_rows;
+};

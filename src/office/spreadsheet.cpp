@@ -1,18 +1,19 @@
 #include "office/spreadsheet.h"
 
 #include "core/prompts.h"
+#include "office/delimited_text.h"
+#include "office/ods_reader.h"
+#include "office/sheet_cells.h"
+#include "office/xls_reader.h"
+#include "office/xlsx_reader.h"
+#include "office/zip_archive.h"
 #include "store/engine/confined_reader.h"
 #include "store/engine/error.h"
-#include "store/engine/late_library.h"
-#include "store/engine/value.h"
 
-#include <QDataStream>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-
-#include <freexl.h>
-
-#include <memory>
+#include <QLocale>
 
 using namespace Qt::StringLiterals;
 
@@ -21,85 +22,70 @@ namespace {
 constexpr qint64 LargestWorkbook = qint64(64) * 1024 * 1024; // bytes
 constexpr int LettersOfColumns = 26;
 
-struct Freexl : dao::LateLibrary {
-    Freexl() : LateLibrary(ORVA_FREEXL) {}
+enum class SheetFormat { Xls, Zipped, Text };
 
-    decltype(&freexl_open) open = function("freexl_open");
-    decltype(&freexl_close) close = function("freexl_close");
-    decltype(&freexl_select_active_worksheet) select = function("freexl_select_active_worksheet");
-    decltype(&freexl_worksheet_dimensions) dimensions = function("freexl_worksheet_dimensions");
-    decltype(&freexl_get_cell_value) cellValue = function("freexl_get_cell_value");
-};
-
-const Freexl& freexl() {
-    static const Freexl library;
-    return library;
+/// Zipped workbooks are known by their first bytes, whatever their name ends in.
+SheetFormat formatOf(const QString& path) {
+    QFile file(path);
+    const bool isZipped = file.open(QIODevice::ReadOnly) && file.read(4) == "PK\x03\x04";
+    if (isZipped)
+        return SheetFormat::Zipped;
+    const QString ending = QFileInfo(path).suffix().toLower();
+    return ending == u"csv" || ending == u"txt" ? SheetFormat::Text : SheetFormat::Xls;
 }
 
-// In the child process: the sheet packed, as its numbers of columns and rows and its cells' texts.
-
-struct CloseWorkbook {
-    void operator()(const void* handle) const { freexl().close(handle); }
-};
-using Workbook = std::unique_ptr<const void, CloseWorkbook>;
-
-Workbook openFirstSheet(const QString& path) {
-    const void* handle = nullptr;
-    const int opened = freexl().open(QFile::encodeName(path).constData(), &handle);
-    Workbook workbook(handle); // there is one to close after some failures too
-    if (opened != FREEXL_OK || freexl().select(handle, 0) != FREEXL_OK)
-        workbook.reset();
-    return workbook;
+bool loadReader(SheetFormat format) {
+    return format == SheetFormat::Text ||
+           (format == SheetFormat::Xls ? loadXlsReader() : loadZipReader());
 }
 
-QString cellText(const FreeXL_CellValue& cell) {
-    switch (cell.type) {
-    case FREEXL_CELL_INT:
-        return QString::number(cell.value.int_value);
-    case FREEXL_CELL_DOUBLE:
-        return dao::numberText(cell.value.double_value);
-    case FREEXL_CELL_TEXT:
-    case FREEXL_CELL_SST_TEXT:
-    case FREEXL_CELL_DATE:
-    case FREEXL_CELL_DATETIME:
-    case FREEXL_CELL_TIME:
-        return QString::fromUtf8(cell.value.text_value);
-    default:
+/// In the child process. No bytes for what is no spreadsheet.
+QByteArray packFirstSheet(const QString& path, SheetFormat format) {
+    SheetCells cells;
+    if (format == SheetFormat::Xls)
+        return readXls(path, cells) ? cells.packed() : QByteArray();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         return {};
-    }
+    const QByteArray bytes = file.readAll();
+    const bool isRead = format == SheetFormat::Text
+                            ? readDelimitedText(bytes, cells)
+                            : readXlsx(bytes, cells) || readOds(bytes, cells);
+    return isRead ? cells.packed() : QByteArray();
 }
 
-/// No bytes for what is no spreadsheet.
-QByteArray packFirstSheet(const QString& path) {
-    const Workbook workbook = openFirstSheet(path);
-    unsigned rows = 0;
-    unsigned short columns = 0;
-    if (!workbook || freexl().dimensions(workbook.get(), &rows, &columns) != FREEXL_OK)
-        return {};
-    rows = std::min<unsigned>(rows, Spreadsheet::LargestRow);
-    columns = std::min<unsigned short>(columns, Spreadsheet::LargestColumn);
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out << qint32(columns) << qint32(rows);
-    for (unsigned row = 0; row < rows; ++row) {
-        for (unsigned short column = 0; column < columns; ++column) {
-            FreeXL_CellValue cell{};
-            const bool isRead = freexl().cellValue(workbook.get(), row, column, &cell) == FREEXL_OK;
-            out << (isRead ? cellText(cell) : QString());
-        }
+QString textOfCell(const SheetCell& cell, const QLocale& locale) {
+    const auto date = [&] {
+        const QDate day = QDate::fromString(cell.text.left(10), Qt::ISODate);
+        return day.isValid() ? locale.toString(day, QLocale::ShortFormat) : cell.text;
+    };
+    const auto time = [&](const QString& text) {
+        const QTime moment = QTime::fromString(text, Qt::ISODate);
+        return moment.isValid() ? locale.toString(moment, QLocale::ShortFormat) : text;
+    };
+    switch (cell.kind) {
+    case CellKind::Date:
+        return date();
+    case CellKind::Time:
+        return time(cell.text);
+    case CellKind::DateTime:
+        return date() + u' ' + time(cell.text.section(u'T', 1));
+    case CellKind::Text:
+        break;
     }
-    return bytes;
+    return cell.text;
 }
 
 } // namespace
 
 std::optional<Spreadsheet> Spreadsheet::read(const QString& path) {
-    const qint64 size = QFileInfo(path).size();
-    if (size > LargestWorkbook || !freexl().isWhole())
+    const QFileInfo file(path);
+    const SheetFormat format = formatOf(path);
+    if (!file.isFile() || file.size() > LargestWorkbook || !loadReader(format))
         return std::nullopt;
     try {
-        const auto bytes =
-            dao::readConfined(dao::boundsForInput(size), [&path] { return packFirstSheet(path); });
+        const auto bytes = dao::readConfined(dao::boundsForInput(file.size()),
+                                             [&] { return packFirstSheet(path, format); });
         return bytes ? unpack(*bytes) : std::nullopt;
     } catch (const dao::EngineError&) {
         return std::nullopt;
@@ -107,22 +93,19 @@ std::optional<Spreadsheet> Spreadsheet::read(const QString& path) {
 }
 
 std::optional<Spreadsheet> Spreadsheet::unpack(const QByteArray& bytes) {
-    QDataStream in(bytes);
+    const auto rows = SheetCells::unpacked(bytes);
+    if (!rows || bytes.isEmpty())
+        return std::nullopt;
+    const QLocale locale;
     Spreadsheet sheet;
-    qint32 columns = 0;
-    qint32 rows = 0;
-    in >> columns >> rows;
-    if (columns < 0 || columns > LargestColumn || rows < 0 || rows > LargestRow)
-        return std::nullopt;
-    sheet.m_columnCount = columns;
-    while (sheet.rowCount() < rows && in.status() == QDataStream::Ok) {
-        QStringList cells(columns);
-        for (QString& cell : cells)
-            in >> cell;
-        sheet.m_rows += cells;
+    for (const QList<SheetCell>& row : *rows) {
+        QStringList texts;
+        texts.reserve(row.size());
+        for (const SheetCell& cell : row)
+            texts += textOfCell(cell, locale);
+        sheet.m_columnCount = std::max(sheet.m_columnCount, static_cast<int>(texts.size()));
+        sheet.m_rows += texts;
     }
-    if (in.status() != QDataStream::Ok || !in.atEnd())
-        return std::nullopt;
     return sheet;
 }
 
@@ -137,11 +120,11 @@ int columnOfLetters(QStringView letters) {
     int column = 0;
     for (const QChar letter : letters) {
         const QChar capital = letter.toUpper();
-        if (capital < u'A' || capital > u'Z' || column > Spreadsheet::LargestColumn)
+        if (capital < u'A' || capital > u'Z' || column > SheetCells::LargestColumn)
             return -1;
         column = column * LettersOfColumns + (capital.unicode() - u'A' + 1);
     }
-    return column - 1;
+    return column <= SheetCells::LargestColumn ? column - 1 : -1;
 }
 
 void showCantOpen(Prompts& prompts, const QString& file) {

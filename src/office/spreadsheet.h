@@ -2,25 +2,27 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
 class Prompts;
 
-/// The first sheet of a spreadsheet file (.xls), as texts.
+/// The first sheet of a spreadsheet file (.xls, .xlsx, .ods) or of a text file with a table (.csv,
+/// .txt), as texts.
 class Spreadsheet {
 public:
-    /// Reads a file, whatever its bytes; none where it can't be read as a spreadsheet. Of a sheet
-    /// beyond LargestRow rows or LargestColumn columns the rest is left out.
+    /// Reads a file, whatever its bytes, in a child process; none where it can't be read as a
+    /// spreadsheet. What it is its bytes say, and for a text its ending. Of a sheet beyond
+    /// SheetCells::LargestRow rows or LargestColumn columns the rest is left out.
     static std::optional<Spreadsheet> read(const QString& path);
 
     int rowCount() const { return static_cast<int>(m_rows.size()); }
     int columnCount() const { return m_columnCount; }
-    /// A cell as it reads in the sheet, counted from 0; empty beyond the end.
+    /// A cell as people write it, counted from 0: a number without what its format adds, of a
+    /// formula the result, a date in the person's short form. Empty beyond the end, and for a place
+    /// that is none.
     QString cell(int row, int column) const { return m_rows.value(row).value(column); }
-
-    static constexpr int LargestRow = 20000;
-    static constexpr int LargestColumn = 256;
 
 private:
     static std::optional<Spreadsheet> unpack(const QByteArray& bytes);

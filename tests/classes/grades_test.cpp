@@ -149,15 +149,15 @@ TEST_F(GradesTest, NumbersAreReadAsTheyAreWritten) {
 TEST_F(GradesTest, WhatCanBeDoneToASelection) {
     struct {
         QList<int> selected;
-        ColumnCommands can; // remove, rename, moveLeft, moveRight, hide
+        ColumnCommands can; // remove, rename, moveLeft, moveRight, hide, importInto
     } const cases[] = {
         {{}, {}},
-        {{2}, {false, false, true, true, false}},
-        {{4}, {true, true, false, true, true}},
-        {{5}, {true, true, true, true, true}},
-        {{7}, {true, true, true, false, true}},
-        {{4, 5}, {true, false, false, false, true}},
-        {{2, 4}, {true, false, false, false, true}},
+        {{2}, {false, false, true, true, false, true}},
+        {{4}, {true, true, false, true, true, true}},
+        {{5}, {true, true, true, true, true, true}},
+        {{7}, {true, true, true, false, true, true}},
+        {{4, 5}, {true, false, false, false, true, false}},
+        {{2, 4}, {true, false, false, false, true, false}},
     };
     for (const auto& each : cases)
         EXPECT_EQ(gradeColumnCommands(each.selected, {4, 5, 7}), each.can);

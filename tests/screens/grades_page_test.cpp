@@ -144,6 +144,39 @@ TEST_F(GradesScreenTest, KeysLeadOutOfACell) {
     EXPECT_EQ(columns().first(), u"Test"_s);
 }
 
+TEST_F(GradesScreenTest, ImportsShowAtOnceAndAreNotUndone) {
+    showGrades();
+    addColumn({u"Essay"_s});
+    type(0, u"Essay"_s, u"good"_s);
+    const QString name =
+        u"%1,%2"_s.arg(window->desk().sheet().text(0, PupilSheet::SurnameColumn),
+                       window->desk().sheet().text(0, PupilSheet::FirstnameColumn));
+    const QString sheet =
+        writeFile(folder.filePath(u"a.csv"_s), "S,F,Test,More\n" + name.toUtf8() + ",7,8\n");
+    const auto expectFile = [&](const SpreadsheetChoice& choice) {
+        seams.prompts.expect(PromptKind::Message, u"Import Data"_s, AnswerYes);
+        seams.prompts.expect(
+            PromptKind::File,
+            u"Please select the Excel file that contains your class list and data:"_s, sheet);
+        seams.prompts.expect(PromptKind::Selector, u"Importing from Excel"_s, choice);
+    };
+    expectFile({1, {u"A"_s, u"B"_s}});
+    menuItem(u"Import complete Excel Sheet..."_s).trigger();
+    EXPECT_EQ(columns(), (QStringList{u"Essay"_s, u"Test"_s, u"More"_s}));
+    EXPECT_FALSE(window->desk().records().history().toUndo().isEmpty());
+    select(u"Essay"_s);
+    expectFile({2, {u"A"_s, u"B"_s, u"D"_s}});
+    menuItem(u"Import to selected column from Excel..."_s).trigger();
+    EXPECT_EQ(stored(u"Essay,Test"_s).first(), u"8|7"_s);
+    EXPECT_TRUE(window->desk().records().history().toUndo().isEmpty());
+    EXPECT_EQ(gradeColumnCommands(grades().selectedColumns(), {4, 5, 6}).importInto, true);
+    seams.prompts.expect(PromptKind::Message, u"Import from another ORVA database."_s, AnswerNo);
+    menuItem(u"Import from another ORVA database..."_s).trigger();
+    grades().clearSelection();
+    seams.prompts.expect(PromptKind::Plain, u"Import Data"_s, AnswerOk);
+    menuItem(u"Import to selected column from Excel..."_s).trigger(); // no column is selected
+}
+
 TEST_F(GradesScreenTest, AHeadPicksAColumnAndLeavesThePupil) {
     showGrades();
     addColumn({u"Tutor"_s}, u"Grade Error"_s); // would be taken for the pupil's own

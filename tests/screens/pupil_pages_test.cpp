@@ -9,6 +9,8 @@
 #include "support/screen_register.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
@@ -153,7 +155,7 @@ TEST_F(PupilScreenTest, PupilsOfOneNameStayApart) {
     EXPECT_EQ(of(1, u"Tutor"_s) + of(1, u"Firstname"_s) + marksOf(1).mid(5, 2), u"~Ann.."_s);
     window->showFirstPage();
     session.DontAskDeletePupil = true;
-    runTask(2);
+    runTask(3);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM Class_D WHERE Surname = 'Ames'"_s),
               QStringList{u"1"_s});
     EXPECT_EQ(window->desk().currentPupil(), 1);
@@ -163,7 +165,7 @@ TEST_F(PupilScreenTest, NobodyLeftIsNobodyToShow) {
     show();
     session.DontAskDeletePupil = true;
     for (int left = 2; left >= 0; --left) {
-        runTask(2);
+        runTask(3);
         EXPECT_EQ(names().model()->rowCount(), left);
     }
     EXPECT_EQ(control<QListWidget>(*window, u"TaskList"_s).currentRow(), 0);
@@ -318,17 +320,32 @@ TEST_F(PupilScreenTest, PupilsComeAndGoByTheTaskList) {
     EXPECT_EQ(names().currentIndex().data().toString(), u"Jane Abel"_s);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM REG_D WHERE ID = 4"_s).size(), 1);
     seams.prompts.expect(PromptKind::Message, u"Delete Pupil:"_s, BoxAnswer{AnswerYes, true});
-    runTask(2);
+    runTask(3);
     EXPECT_EQ(names().model()->rowCount(), 3);
     EXPECT_EQ(rowsOf(session.CurrentDB, u"SELECT ID FROM Marks_D WHERE ID = 4"_s), QStringList());
     seams.prompts.expect(PromptKind::Message, u"Remove ALL Pupils"_s, AnswerYes);
     auto& tasks = control<QListWidget>(*window, u"TaskList"_s);
     QTest::keyPress(&tasks, Qt::Key_Control);
-    runTask(2, Qt::ControlModifier);
+    runTask(3, Qt::ControlModifier);
     EXPECT_EQ(names().model()->rowCount(), 0);
     EXPECT_EQ(tasks.currentRow(), 0);
     seams.prompts.expect(PromptKind::Plain, u"Delete Pupils"_s, AnswerOk);
+    runTask(3);
+}
+
+TEST_F(PupilScreenTest, ACopiedClassListShowsAtOnce) {
+    show();
+    const QSignalSpy changes(&session.GetNotices(), &Notices::pupilsChanged);
+    QGuiApplication::clipboard()->setText(u"Dale\tDi\t7T\n"_s);
+    seams.prompts.expect(PromptKind::Message, u"Import Class List"_s, AnswerYes);
     runTask(2);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(names().model()->rowCount(), 4);
+    QGuiApplication::clipboard()->clear();
+    seams.prompts.expect(PromptKind::File,
+                         u"Please select the file that contains your class list:"_s);
+    runTask(2);
+    EXPECT_EQ(changes.size(), 1);
 }
 
 TEST_F(PupilScreenTest, TheWizardMakesAClass) {

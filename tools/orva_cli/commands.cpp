@@ -4,6 +4,7 @@
 #include "document_commands.h"
 #include "event_commands.h"
 #include "file_commands.h"
+#include "import_commands.h"
 #include "remind_commands.h"
 #include "search_commands.h"
 #include "seat_commands.h"
@@ -36,6 +37,27 @@ const QList<Command>& programCommands() {
          .usage = u"BOOK CSV"_s,
          .run = importContacts,
          .arguments = 1},
+        {.name = u"import-list"_s,
+         .usage = u"YEAR CLASS SOURCE [--row N] [--columns A,B,C] [--class X]"_s,
+         .run = importClassList,
+         .arguments = 2,
+         .options = {{u"row"_s, u"N"_s}, {u"columns"_s, u"A,B,C"_s}, {u"class"_s, u"X"_s}},
+         .hasSecondFile = true},
+        {.name = u"import-marks"_s,
+         .usage = u"YEAR CLASS SHEET [--row N] [--columns A,B]"_s,
+         .run = importMarks,
+         .arguments = 2,
+         .options = {{u"row"_s, u"N"_s}, {u"columns"_s, u"A,B"_s}}},
+        {.name = u"import-column"_s,
+         .usage = u"YEAR CLASS SHEET FIELD [--row N] [--columns A,B,C]"_s,
+         .run = importColumn,
+         .arguments = 3,
+         .options = {{u"row"_s, u"N"_s}, {u"columns"_s, u"A,B,C"_s}}},
+        {.name = u"import-grades"_s,
+         .usage = u"YEAR CLASS OTHER X"_s,
+         .run = importGrades,
+         .arguments = 3,
+         .hasSecondFile = true},
         {.name = u"seat"_s,
          .usage = u"YEAR CLASS [--room CODE] [--canvas WxH]"_s,
          .run = makeSeatingPlan,

@@ -28,17 +28,6 @@ QSize canvasOf(const Call& call) {
     return {match.captured(1).toInt(), match.captured(2).toInt()};
 }
 
-/// Opens the year; raises RefusedCommand where it has no such class.
-QString openClass(const Workplace& workplace, const Call& call) {
-    const QString classCode = call.arguments.constFirst();
-    openYear(workplace, call);
-    if (!GetClassLists(workplace.session.CurrentDB).contains(classCode)) {
-        workplace.session.CloseAllDatabases();
-        throw RefusedCommand(u"There is no class %1 in the year."_s.arg(classCode));
-    }
-    return classCode;
-}
-
 void printDesks(const Desks& desks) {
     for (const Desk& desk : desks)
         printLine({QString::number(desk.id), QString::number(desk.place.left()),

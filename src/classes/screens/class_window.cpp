@@ -1,5 +1,6 @@
 #include "classes/screens/class_window.h"
 
+#include "classes/class_list_import.h"
 #include "classes/class_removal.h"
 #include "classes/grade_layout.h"
 #include "classes/pupils.h"
@@ -21,8 +22,10 @@
 #include "store/engine/error.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QStackedWidget>
@@ -312,6 +315,9 @@ void ClassWindow::runTask(ClassTask task, bool withCtrl) {
     case ClassTask::CreateClass:
         createClass();
         break;
+    case ClassTask::ImportList:
+        importList();
+        break;
     case ClassTask::DeletePupil:
         deletePupil(withCtrl);
         break;
@@ -345,6 +351,14 @@ void ClassWindow::createClass() {
     trying([&] { m_desk.refreshClasses(made); });
     showClasses();
     emit m_session.GetNotices().classesChanged();
+}
+
+void ClassWindow::importList() {
+    const QString clipboard = QGuiApplication::clipboard()->text();
+    if (Paste_Classlist(m_session, m_desk.classCode(), clipboard) == 0)
+        return;
+    emit m_session.GetNotices().pupilsChanged(m_desk.classCode());
+    showFirstPage();
 }
 
 void ClassWindow::deletePupil(bool all) {

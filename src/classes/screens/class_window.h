@@ -62,6 +62,7 @@ private:
     void runTask(ClassTask task, bool withCtrl);
     void addPupil();
     void createClass();
+    void importList();
     void deletePupil(bool all);
     void deleteClass();
     bool trying(const std::function<void()>& work);

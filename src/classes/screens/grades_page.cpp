@@ -2,6 +2,7 @@
 
 #include "classes/class_settings.h"
 #include "classes/grade_clipboard.h"
+#include "classes/grade_import.h"
 #include "classes/screens/grades_grid.h"
 #include "classes/screens/sort_panel.h"
 #include "classes/screens/undo_entries.h"
@@ -56,10 +57,11 @@ GradesPage::GradesPage(Session& session, ClassDesk& desk)
 
 LayoutToolbar* GradesPage::makeToolbar() {
     auto* toolbar = new LayoutToolbar(
-        u"GradesTools"_s, u"BBBB|BB"_s,
+        u"GradesTools"_s, u"BBBB|BBB"_s,
         u"Add Column.|Move Selected Column Left.|Move Selected Column Right.|"
-        "Remove Selected Column.|Copy Data to Clipboard.|Toggle the Sort/Query Panel."_s,
-        u"new|previous|next|delete|copy|search"_s);
+        "Remove Selected Column.|Copy Data to Clipboard.|Toggle the Sort/Query Panel.|"
+        "Import from MSExcel to selected column."_s,
+        u"new|previous|next|delete|copy|search|import"_s);
     int next = 0;
     const auto on = [&](auto act) {
         QAction* button = toolbar->button(next++);
@@ -79,6 +81,7 @@ LayoutToolbar* GradesPage::makeToolbar() {
     on([this] { copyAllData(); });
     m_sortButton = on([this](bool shown) { setPanelShown(shown); });
     m_sortButton->setCheckable(true);
+    on([this] { importColumn(); });
     return toolbar;
 }
 
@@ -89,6 +92,10 @@ void GradesPage::makeMenu() {
         return action;
     };
     add(*m_menu, u"Add a Grades Column..."_s, [this] { addColumn(); });
+    m_import =
+        add(*m_menu, u"Import to selected column from Excel..."_s, [this] { importColumn(); });
+    add(*m_menu, u"Import complete Excel Sheet..."_s, [this] { importSheet(); });
+    add(*m_menu, u"Import from another ORVA database..."_s, [this] { importYear(); });
     m_delete = add(*m_menu, u"Delete selected Column(s)..."_s, [this] { deleteColumns(); });
     m_rename = add(*m_menu, u"Rename selected Column..."_s, [this] { renameColumn(); });
     QMenu* move = m_menu->addMenu(u"Move selected Column"_s);
@@ -116,6 +123,7 @@ ColumnCommands GradesPage::commands() const {
 
 void GradesPage::openMenu(QPoint place) {
     const ColumnCommands can = commands();
+    m_import->setEnabled(can.importInto);
     m_delete->setEnabled(can.remove);
     m_rename->setEnabled(can.rename);
     m_moveLeft->setEnabled(can.moveLeft);
@@ -192,6 +200,56 @@ void GradesPage::addColumn() {
         m_kept.append({field->name}); // whatever is kept of an older one of this title
         return field->name;
     });
+}
+
+void GradesPage::importColumn() {
+    Prompts& prompts = session().GetSeams().prompts;
+    if (!commands().importInto)
+        return showNoColumnToImport(prompts);
+    const QString field = selectedFields().first();
+    const auto source = leave() ? askSelectedColumn(session(), field) : std::nullopt;
+    if (!source)
+        return;
+    changeStructure([&] {
+        importSelectedColumn(session().CurrentDB, desk().classCode(), field, *source, prompts);
+        desk().records().history().forgetFields({field}); // an import has no undo
+        return field;
+    });
+    if (isPupilField(field))
+        emit session().GetNotices().pupilsChanged(desk().classCode());
+}
+
+void GradesPage::importSheet() {
+    const auto source = leave() ? askExcelSheet(session()) : std::nullopt;
+    if (!source)
+        return;
+    changeStructure([&] {
+        const auto titles = ImportExcelSheet(session().CurrentDB, desk().classCode(), *source,
+                                             session().GetSeams().prompts);
+        return showImported(titles.value_or(QStringList()));
+    });
+}
+
+void GradesPage::importYear() {
+    const auto grades = leave() ? askForeignGrades(session()) : std::nullopt;
+    if (!grades)
+        return;
+    changeStructure([&] {
+        const auto titles = ImportFromMDB(session().CurrentDB, desk().classCode(), *grades,
+                                          session().GetSeams().prompts);
+        QStringList overwritten;
+        for (const dao::Field& column : grades->columns)
+            overwritten += column.Name;
+        desk().records().history().forgetFields(overwritten);
+        return showImported(titles.value_or(QStringList()));
+    });
+}
+
+/// New columns show whatever is kept of older ones of their titles. Answers which one to select.
+QString GradesPage::showImported(const QStringList& titles) {
+    for (const QString& title : titles)
+        m_kept.append({title});
+    return titles.value(0);
 }
 
 void GradesPage::deleteColumns() {

@@ -36,6 +36,10 @@ private:
     bool storeCell(const QModelIndex& cell, const QString& text);
     void tellRefusal();
     void addColumn();
+    void importColumn();
+    void importSheet();
+    void importYear();
+    QString showImported(const QStringList& titles);
     void deleteColumns();
     void renameColumn();
     void moveColumn(MoveDirection direction);
@@ -63,6 +67,7 @@ private:
     QMenu* m_menu;
     QAction* m_sortAction = nullptr;
     QAction* m_sortButton = nullptr;
+    QAction* m_import = nullptr;
     QAction* m_delete = nullptr;
     QAction* m_rename = nullptr;
     QAction* m_moveLeft = nullptr;

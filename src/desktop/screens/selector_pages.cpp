@@ -26,6 +26,10 @@ namespace {
 
 const QString NoColumn = u"None"_s;
 
+bool isNoColumn(const QString& typed) {
+    return typed.compare(NoColumn, Qt::CaseInsensitive) == 0;
+}
+
 QLabel* makeLine(const QString& text, QLayout& layout) {
     auto* label = new QLabel(text);
     label->setObjectName(u"Label2"_s);
@@ -116,6 +120,8 @@ QWidget* SpreadsheetContent::makePreview(const SpreadsheetRequest& request) {
             preview->setItem(row, column, new QTableWidgetItem(sheet.cell(row, column)));
     }
     constexpr int lines = 9;
+    constexpr int characters = 70;
+    preview->setMinimumWidth(characters * preview->fontMetrics().averageCharWidth());
     preview->setMinimumHeight(lines * preview->verticalHeader()->defaultSectionSize());
     return preview;
 }
@@ -127,10 +133,12 @@ QComboBox* SpreadsheetContent::makeColumn(const SpreadsheetRequest& request, int
     box->setObjectName(names.value(index));
     box->setAccessibleName(request.columnLabels[index]);
     box->setEditable(true);
+    box->setCompleter(nullptr); // it would make None of the column N
     box->lineEdit()->setAccessibleName(box->accessibleName());
     box->addItems(request.columnChoices);
     if (index == third && request.thirdMayBeNone)
         box->addItem(NoColumn);
+    box->setCurrentIndex(box->findText(request.columns.value(index))); // arrow keys go on from it
     box->setCurrentText(request.columns.value(index));
     static const QRegularExpression letters(u"[A-Za-z]*"_s);
     box->lineEdit()->setValidator(new QRegularExpressionValidator(letters, box));
@@ -152,17 +160,20 @@ QComboBox* SpreadsheetContent::makeRow(const SpreadsheetRequest& request) {
     box->lineEdit()->setAccessibleName(box->accessibleName());
     for (int row = 1; row <= offered; ++row)
         box->addItem(QString::number(row));
+    box->setCurrentIndex(box->findText(QString::number(request.row)));
     box->setCurrentText(QString::number(request.row));
     box->lineEdit()->setValidator(new QIntValidator(1, highest, box));
     return box;
 }
 
-/// An empty row is the first that is offered.
+/// An empty row, or 0, is the first that is offered.
 bool SpreadsheetContent::check() {
-    if (m_row->currentText().isEmpty())
+    if (m_row->currentText().toInt() < 1)
         m_row->setCurrentIndex(0);
     for (const QComboBox* column : std::as_const(m_columns)) {
-        if (!column->currentText().isEmpty())
+        const bool mayBeNone = column->findText(NoColumn) >= 0;
+        if ((mayBeNone && isNoColumn(column->currentText())) ||
+            columnOfLetters(column->currentText()) >= 0)
             continue;
         m_prompts.PlainBox(u"One of the import columns is incorrectly assigned."_s, OkButton,
                            u"Invalid Column"_s);
@@ -175,8 +186,7 @@ SpreadsheetChoice SpreadsheetContent::choice() const {
     SpreadsheetChoice choice{m_row->currentText().toInt(), {}};
     for (const QComboBox* column : m_columns) {
         const QString letters = column->currentText(); // typed ones are capitals
-        const bool isNone = letters.compare(NoColumn, Qt::CaseInsensitive) == 0;
-        choice.columns += isNone ? QString() : letters;
+        choice.columns += isNoColumn(letters) ? QString() : letters;
     }
     return choice;
 }

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -70,7 +71,19 @@ double singleAsTyped(double number) {
 }
 
 QString numberText(double number) {
-    return QString::number(number, 'g', 15);
+    constexpr int digits = 15;
+    constexpr double least = 1e-4; // from here to the next no power of ten is written
+    constexpr double most = 1e6;
+    if (std::abs(number) >= least && std::abs(number) < most) {
+        // The shortest text that leads back is the same where it has no more digits, and several
+        // times as quick, which whole sheets of numbers are worth.
+        std::array<char, 32> text;
+        const auto end =
+            std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+        if (end.ec == std::errc() && end.ptr - text.data() <= digits)
+            return QString::fromLatin1(text.data(), end.ptr - text.data());
+    }
+    return QString::number(number, 'g', digits);
 }
 
 } // namespace dao

@@ -1,6 +1,7 @@
 #include "tour/screens/tour_classes.h"
 
 #include "classes/class_desk.h"
+#include "classes/class_list_import.h"
 #include "classes/class_photos.h"
 #include "classes/grade_columns.h"
 #include "classes/pupil_notes.h"
@@ -22,6 +23,7 @@
 #include <QFile>
 #include <QMenu>
 #include <QPainter>
+#include <QTemporaryDir>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -156,6 +158,16 @@ void visitSelector(Session& session, const QString& classCode, TourPictures& pic
     request.text = u"Please select which grades column contains this information. :"_s;
     request.items = {u"Test 1"_s, u"Essay"_s};
     pictures.saveAsked(u"SelectorFrm_one"_s, [&] { prompts.ReturnString(request); });
+    const QTemporaryDir folder;
+    QFile sheet(folder.filePath(u"Class list.csv"_s));
+    if (!sheet.open(QIODevice::WriteOnly))
+        return;
+    sheet.write("Our new class\nSurname,First name,Tutor\n");
+    for (const TourPupil& pupil : tourPupils)
+        sheet.write(u"%1,%2,%3\n"_s.arg(pupil.surname, pupil.firstname, pupil.tutor).toUtf8());
+    sheet.close();
+    pictures.saveAsked(u"SelectorFrm_sheet"_s,
+                       [&] { prompts.ReturnString(classListRequest(sheet.fileName())); });
 }
 
 } // namespace
