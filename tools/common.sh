@@ -7,7 +7,7 @@ build_packages=(
     g++ cmake ninja-build pkg-config ccache python3
     qt6-base-dev qt6-svg-dev qt6-multimedia-dev
     libsqlcipher-dev libssl-dev mdbtools-dev
-    libhunspell-dev hunspell-en-gb libfreexl-dev libglib2.0-dev
+    libhunspell-dev hunspell-en-gb libfreexl-dev libgsf-1-dev libxlsxwriter-dev libglib2.0-dev
     libgtest-dev
     fonts-dejavu-core
 )

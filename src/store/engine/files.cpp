@@ -166,6 +166,21 @@ void replaceFile(const QString& finished, const QString& target) {
     }
 }
 
+void putFile(const QString& path, const QByteArray& bytes) {
+    const QString target = behindLinks(path);
+    const QString working = unfinishedName(target);
+    QFile::remove(working); // of a run that was killed
+    const auto file = openPrivateFile(working);
+    try {
+        writeWhole(*file, bytes.constData(), bytes.size());
+        file->close();
+        replaceFile(working, target);
+    } catch (...) {
+        file->remove();
+        throw;
+    }
+}
+
 void keepFile(const QString& path, const QString& keptAs) {
     if (::link(QFile::encodeName(path).constData(), QFile::encodeName(keptAs).constData()) == 0)
         return;
