@@ -41,7 +41,7 @@ std::vector<Figure> allFigures(const QString& folder) {
          {fileFigures, backupFigures, recordsetFigures, classFigures, classWindowFigures,
           startFigures, screenFigures, richTextFigures, writingFigures, planningFigures,
           weekFigures, searchFigures, eventFigures, reminderFigures, postItFigures,
-          addressBookFigures, incidentFigures, seatingFigures}) {
+          addressBookFigures, incidentFigures, seatingFigures, exportFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }

@@ -13,6 +13,8 @@ build_packages=(
 )
 # What ./check needs besides.
 check_packages=(clang clang-format clang-tidy)
+# And ./check --documents.
+document_packages=(libreoffice-writer-nogui libreoffice-calc-nogui poppler-utils)
 
 is_installed() {
     [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]

@@ -134,12 +134,16 @@ const QList<DetailItem>& detailItems() {
     return items;
 }
 
-QString detailsSource(const QString& classCode, const QList<int>& items) {
+QString detailsSource(const dao::Database& year, const QString& classCode,
+                      const QList<int>& items) {
+    const dao::FieldCollection there = year.TableDefs()[classTable(classCode)].Fields();
     const QString table = dao::writeName(classTable(classCode));
     QString source = u"SELECT %1.Surname,%1.Firstname"_s.arg(table);
     for (const int item : items) {
-        for (const QString& field : detailItems()[item].fields)
-            source += u',' + field;
+        for (const QString& field : detailItems()[item].fields) {
+            if (there.Contains(field))
+                source += u',' + field;
+        }
     }
     return source + u" FROM "_s + table;
 }
@@ -184,7 +188,8 @@ void Export_to_Excel(Session& session, const QString& classCode) {
         return;
     bool isDone = false;
     tryTelling(session.GetSeams().prompts, ExportDataFailure, [&] {
-        const PupilSheet records(session.CurrentDB, detailsSource(classCode, *items));
+        const PupilSheet records(session.CurrentDB,
+                                 detailsSource(session.CurrentDB, classCode, *items));
         isDone = exportClassDetails(records, {file, session.GetSeams()});
     });
     if (isDone)

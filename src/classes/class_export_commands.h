@@ -9,6 +9,9 @@
 #include <functional>
 
 class PupilSheet;
+namespace dao {
+class Database;
+}
 class Session;
 
 /// What the class window's commands of export ask before and after a file is written
@@ -22,8 +25,9 @@ struct DetailItem {
     QStringList fields;
 };
 const QList<DetailItem>& detailItems();
-/// The SELECT of a class's names and these items.
-QString detailsSource(const QString& classCode, const QList<int>& items);
+/// The SELECT of a class's names and these items. A field that the file has not got yet is left
+/// out.
+QString detailsSource(const dao::Database& year, const QString& classCode, const QList<int>& items);
 
 /// The lines of the notes table: its titles, then the names and the plain text of each chosen
 /// category for every pupil of the records. Raises what the engine raises.

@@ -10,6 +10,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,16 @@ double contentWidth(const SheetCell& cell) {
     if (const auto* text = std::get_if<QString>(&cell.content))
         return textWidth(*text, cell.looks & CellLook::Bold);
     return std::holds_alternative<QDate>(cell.content) ? DateWidth : 0;
+}
+
+/// The lines that a text takes in a column, with some room for words that do not divide.
+int linesOf(const QString& text, double width) {
+    constexpr double forWords = 1.15;
+    int lines = 0;
+    for (const QStringView line : QStringView(text).split(u'\n'))
+        lines +=
+            std::max(1, static_cast<int>(std::ceil(forWords * textWidth(line, false) / width)));
+    return lines;
 }
 
 } // namespace
@@ -120,6 +131,18 @@ void Sheet::wrapColumn(int column) {
         if (std::holds_alternative<QString>(cell(row, column).content))
             cellToSet(row, column).looks |= CellLook::Wrapped;
     }
+}
+
+int Sheet::linesOfRow(int row) const {
+    constexpr double usualWidth = 8;
+    int lines = 1;
+    for (int column = 0; column < m_columnCount; ++column) {
+        const SheetCell& each = cell(row, column);
+        const auto* text = std::get_if<QString>(&each.content);
+        if (text && each.looks & CellLook::Wrapped)
+            lines = std::max(lines, linesOf(*text, m_widths.value(column, usualWidth)));
+    }
+    return lines;
 }
 
 Sheet& Workbook::addSheet(const QString& name) {

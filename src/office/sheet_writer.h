@@ -92,6 +92,8 @@ public:
     int columnCount() const { return m_columnCount; }
     const SheetCell& cell(int row, int column) const; ///< a bare one beyond the end
     const QHash<int, double>& columnWidths() const { return m_widths; } ///< of those that were set
+    /// How many lines a row needs for the texts in it that are wrapped: an estimate (text_width.h).
+    int linesOfRow(int row) const;
     int frozenColumns() const { return m_frozenColumns; }
     const PageSetup& page() const { return m_page; }
     /// The cells whose text was cut, by their names ("B7").

@@ -5,6 +5,7 @@
 #include "office/sheet_writer.h"
 #include "store/engine/error.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +21,8 @@ constexpr int dateForm = 164; ///< the first number for forms of a workbook's ow
 constexpr int automaticColour = 64;
 constexpr int automaticBackground = 65;
 constexpr int headColour = 40; ///< sky blue, 33 in the palette that people see
-constexpr int rowHeight = 255; ///< twentieths of a point
+constexpr int rowHeight = 255; ///< twentieths of a point, as the next
+constexpr int mostRowHeight = 8190;
 
 /// The looks that a workbook uses, each a format that its cells know by its number.
 class CellFormats {
@@ -234,7 +236,7 @@ void addCells(QByteArray& stream, const Sheet& sheet, SharedTexts& texts, CellFo
                           .word(row)
                           .word(0)
                           .word(sheet.columnCount())
-                          .word(rowHeight)
+                          .word(std::min(sheet.linesOfRow(row) * rowHeight, mostRowHeight))
                           .longWord(0)
                           .word(0x0100)
                           .word(plainFormat));

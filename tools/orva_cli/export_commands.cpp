@@ -107,7 +107,7 @@ ExitStatus exportGradesOf(const Workplace& workplace, const Call& call) {
 ExitStatus exportDetailsOf(const Workplace& workplace, const Call& call) {
     const QList<int> items = namedItems(call);
     const ExportOrder order(workplace, call);
-    const PupilSheet records(order.year(), detailsSource(order.classCode, items));
+    const PupilSheet records(order.year(), detailsSource(order.year(), order.classCode, items));
     return statusOf(order.mayWrite() && exportClassDetails(records, order.target));
 }
 
