@@ -22,6 +22,7 @@
 #include "frame/screens/main_window.h"
 #include "frame/screens/splash_window.h"
 #include "frame/screens/window_table.h"
+#include "office/word_document.h"
 #include "organiser/screens/reminder_desk.h"
 #include "tour/screens/tour.h"
 #include "year/year_opening.h"
@@ -77,6 +78,7 @@ int main(int argc, char** argv) {
     session.Start(sample.isEmpty()
                       ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
                       : sample);
+    RemoveHandedDocuments(session.AppPath);
     MainWindow frame(session, windowTable(), !playsTour, splash);
     std::optional<ReminderDesk> reminders;
     if (!playsTour)

@@ -7,7 +7,7 @@
 #include "core/session.h"
 #include "core/shell.h"
 #include "core/shell_services.h"
-#include "richtext/plain_text.h"
+#include "office/plain_cell.h"
 #include "store/engine/names.h"
 #include "store/table_names.h"
 
@@ -106,8 +106,7 @@ QHash<qint64, QStringList> notesByPupil(const Session& session, const QString& c
     for (; !records.EOF_(); records.MoveNext()) {
         QStringList& texts = notes[records.Collect(0).toInteger()];
         for (int field = 1; field < records.FieldCount(); ++field) {
-            QString text = richtext::plainText(records.Collect(field).toText());
-            text.remove(QChar::ObjectReplacementCharacter);
+            QString text = plainCellText(records.Collect(field).toText());
             while (text.endsWith(u'\n'))
                 text.chop(1);
             texts += text;

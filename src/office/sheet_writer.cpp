@@ -1,13 +1,12 @@
 #include "office/sheet_writer.h"
 
+#include "office/paper.h"
 #include "office/spreadsheet.h"
 #include "office/text_width.h"
 #include "office/xls_writer.h"
 #include "office/xlsx_writer.h"
 #include "store/engine/files.h"
 #include "store/engine/value.h"
-
-#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -69,7 +68,7 @@ QString PageLine::codes(QChar place) const {
 }
 
 Sheet::Sheet(QString name) : m_name(std::move(name)) {
-    m_page.letterPaper = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    m_page.letterPaper = usesLetterPaper();
 }
 
 const SheetCell& Sheet::cell(int row, int column) const {

@@ -21,9 +21,12 @@ class Workplace:
         }
 
     def run(self, *command):
-        """What a program prints; a failure ends the check with what it says."""
-        return subprocess.run([str(word) for word in command], env=self.environment, check=True,
-                              stdout=subprocess.PIPE, text=True).stdout
+        """What a program prints; a failure ends the check with what it says of it."""
+        ended = subprocess.run([str(word) for word in command], env=self.environment,
+                               capture_output=True, text=True)
+        if ended.returncode != 0:
+            raise SystemExit(f"{' '.join(map(str, command))}\n{ended.stderr}")
+        return ended.stdout
 
     def orva(self, *arguments):
         return self.run(self.build / "bin/orva-cli", *arguments)
