@@ -13,6 +13,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,6 +40,7 @@ struct XlsxWriter : dao::LateLibrary {
     decltype(&worksheet_write_datetime) writeDate = function("worksheet_write_datetime");
     decltype(&worksheet_write_blank) writeBlank = function("worksheet_write_blank");
     decltype(&worksheet_set_column) setColumn = function("worksheet_set_column");
+    decltype(&worksheet_set_row) setRow = function("worksheet_set_row");
     decltype(&worksheet_freeze_panes) freezePanes = function("worksheet_freeze_panes");
     decltype(&worksheet_set_landscape) setLandscape = function("worksheet_set_landscape");
     decltype(&worksheet_set_paper) setPaper = function("worksheet_set_paper");
@@ -153,6 +156,15 @@ void writeCell(lxw_worksheet* sheet, int row, int column, const SheetCell& cell,
     }
 }
 
+/// Not every program finds out by itself how high a row with wrapped texts is.
+void writeRowHeight(lxw_worksheet* sheet, int row, int lines) {
+    constexpr double lineHeight = 12.75; // points, as the next
+    constexpr double highest = 409.5;
+    if (lines > 1)
+        writer().setRow(sheet, static_cast<lxw_row_t>(row), std::min(lines * lineHeight, highest),
+                        nullptr);
+}
+
 void writePage(lxw_worksheet* sheet, const PageSetup& page) {
     constexpr uint8_t a4 = 9;
     constexpr uint8_t letter = 1;
@@ -177,6 +189,7 @@ void writeSheet(lxw_workbook* workbook, const Sheet& sheet, XlsxFormats& formats
         writer().setColumn(written, column, column, width.value(), nullptr);
     }
     for (int row = 0; row < sheet.rowCount(); ++row) {
+        writeRowHeight(written, row, sheet.linesOfRow(row));
         for (int column = 0; column < sheet.columnCount(); ++column) {
             if (const SheetCell& cell = sheet.cell(row, column); !cell.isBare())
                 writeCell(written, row, column, cell, formats);

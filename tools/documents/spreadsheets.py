@@ -1,8 +1,10 @@
 """The spreadsheets with a class's data, in both formats: names of the sheets, cells and what kind
 they are of, and the pages that come out of a printer."""
 
+import contextlib
 import datetime
 import itertools
+import sqlite3
 import xml.etree.ElementTree as xml
 import zipfile
 
@@ -15,7 +17,16 @@ TEXT = "{urn:oasis:names:tc:opendocument:xmlns:text:1.0}"
 OFFICE = "{urn:oasis:names:tc:opendocument:xmlns:office:1.0}"
 
 
+HARD_NOTES = ["=1+1", "007", "12-3", "é" * 20000, "漢" * 32767, "Ł 😀\nsecond line", "_x0041_ & <b>"]
+
+
 def faults(workplace):
+    yield from kinds(workplace)
+    yield from hard_texts(workplace)
+
+
+def kinds(workplace):
+    """Every kind of export, in both formats."""
     wanted = {
         "register": ([], register(workplace), [f"Register for {CLASS} : Term({number})"
                                                for number, _, _ in terms(workplace)]),
@@ -31,6 +42,20 @@ def faults(workplace):
         workplace.orva("export", kind, workplace.year, CLASS, file, *options)
         yield from wrong_sheets(file.name, read_sheets(workplace.converted(file, "ods")), sheets)
         yield from wrong_pages(file.name, workplace.pages(file), pages)
+
+
+def hard_texts(workplace):
+    """Texts that could be taken for something else, that are long, or of all kinds of letters."""
+    with contextlib.closing(sqlite3.connect(workplace.year)) as year:
+        for pupil, note in enumerate(HARD_NOTES, 1):
+            year.execute(f"UPDATE Class_{CLASS} SET Notes = ? WHERE ID = ?", (note, pupil))
+        year.commit()
+    for ending in ["xls", "xlsx"]:
+        file = workplace.folder / f"hard.{ending}"
+        workplace.orva("export", "details", workplace.year, CLASS, file, "--items", "Notes")
+        lines = workplace.rows(f"SELECT Surname, Firstname, Notes FROM Class_{CLASS}")
+        yield from wrong_sheets(file.name, read_sheets(workplace.converted(file, "ods")),
+                                {"Sheet1": table(["Surname", "Firstname", "Notes"], lines)})
 
 
 def wrong_sheets(name, found, wanted):

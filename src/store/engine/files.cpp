@@ -170,14 +170,16 @@ void putFile(const QString& path, const QByteArray& bytes) {
     const QString target = behindLinks(path);
     const QString working = unfinishedName(target);
     QFile::remove(working); // of a run that was killed
-    const auto file = openPrivateFile(working);
     try {
+        const auto file = openPrivateFile(working);
         writeWhole(*file, bytes.constData(), bytes.size());
         file->close();
         replaceFile(working, target);
-    } catch (...) {
-        file->remove();
-        throw;
+    } catch (const EngineError& error) {
+        QFile::remove(working);
+        QString sentence = error.description(); // of the file that is meant
+        sentence.replace(QDir::toNativeSeparators(working), QDir::toNativeSeparators(target));
+        throw EngineError(error.number(), sentence);
     }
 }
 
