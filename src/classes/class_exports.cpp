@@ -6,8 +6,6 @@
 #include "core/progress.h"
 #include "store/engine/names.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,7 +16,7 @@ constexpr FailureBox SaveClassFailure{u"Save Class in Excel", u"%1\nError Number
 constexpr FailureBox SaveGradesFailure{u"Save grades in excel", u"%1\nError number: %2",
                                        OkButton | WarningIcon};
 
-/// What every writer of one table does, on a sheet of this name; `columns` of the records.
+/// A table of some columns of the records, under their fields' names.
 ExportTable tableOf(const PupilSheet& records, const QList<int>& columns,
                     CellContent (*content)(const dao::Value&)) {
     ExportTable table;
