@@ -12,10 +12,24 @@
 #include "seating/plan_picture_document.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QProcess>
 
 #include <functional>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// By poppler's own program, where it is installed.
+void pictureFirstPages(const QString& documents, const QString& folder) {
+    for (const QFileInfo& file : QDir(documents).entryInfoList({u"*.pdf"_s}))
+        QProcess::execute(u"pdftoppm"_s,
+                          {u"-png"_s, u"-singlefile"_s, u"-r"_s, u"80"_s, file.filePath(),
+                           folder + u'/' + file.completeBaseName()});
+}
+
+} // namespace
 
 void visitDocuments(Session& session, const QString& folder) {
     const QString documents = folder + u"/documents/"_s;
@@ -62,5 +76,6 @@ void visitDocuments(Session& session, const QString& folder) {
         recipe.create(place);
         made += place.target;
     }
-    ConvertByLibreOffice(made, u"png"_s, folder);
+    if (ConvertByLibreOffice(made, u"pdf"_s, documents))
+        pictureFirstPages(documents, folder);
 }

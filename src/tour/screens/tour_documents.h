@@ -5,5 +5,5 @@
 class Session;
 
 /// The documents for the word processor, `documents/*.rtf` in the tour's folder. Where LibreOffice
-/// is installed each is pictured too: its first page, `Word_<document>.png`.
+/// and pdftoppm are installed each is pictured too: its first page, `Word_<document>.png`.
 void visitDocuments(Session& session, const QString& folder);
