@@ -53,7 +53,7 @@ QString viewQuestion(const QString& done, const QString& file) {
     return done + file + u"\n\nWould you like to view this file?"_s;
 }
 
-void view(const Session& session, const QString& file) {
+void viewFile(const Session& session, const QString& file) {
     session.GetSeams().shell.ShellRun(u"open"_s, file);
 }
 
@@ -70,13 +70,13 @@ void offerOrView(Session& session, const QString& file) {
         isWanted = answer == AnswerYes;
     }
     if (isWanted)
-        view(session, file);
+        viewFile(session, file);
 }
 
 void offerView(const Session& session, const QString& done, const QString& file) {
     if (session.GetSeams().prompts.PlainBox(viewQuestion(done, file), YesNoButtons | QuestionIcon,
                                             u"Export Complete"_s) == AnswerYes)
-        view(session, file);
+        viewFile(session, file);
 }
 
 /// The same words for the register and the grades.

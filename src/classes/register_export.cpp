@@ -81,7 +81,7 @@ void extractTerm(TermSheet& term, const PupilSheet& records, Progress& progress)
     }
 }
 
-void format(const TermSheet& term, int records) {
+void formatTerm(const TermSheet& term, int records) {
     formatTable(*term.sheet, {TitleRow, 0, records + 1, term.columns});
     for (int column = 0; column < PupilSheet::IdColumn; ++column)
         term.sheet->fitColumn(column);
@@ -112,7 +112,7 @@ bool exportRegister(const dao::Database& database, const PupilSheet& records,
             extractTerm(term, records, progress);
         progress.UpdateProgress(100, u"Creating Borders and setting column widths"_s);
         for (const TermSheet& term : terms)
-            format(term, records.rowCount());
+            formatTerm(term, records.rowCount());
         progress.UpdateProgress(0, u"Setting Properties for each sheet."_s);
         for (const TermSheet& term : terms)
             setProperties(*term.sheet, classCode, progress);

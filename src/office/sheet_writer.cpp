@@ -45,7 +45,7 @@ double contentWidth(const SheetCell& cell) {
 }
 
 /// The lines that a text takes in a column, with some room for words that do not divide.
-int linesOf(const QString& text, double width) {
+int linesOfText(const QString& text, double width) {
     constexpr double forWords = 1.15;
     int lines = 0;
     for (const QStringView line : QStringView(text).split(u'\n'))
@@ -139,7 +139,7 @@ int Sheet::linesOfRow(int row) const {
         const SheetCell& each = cell(row, column);
         const auto* text = std::get_if<QString>(&each.content);
         if (text && each.looks & CellLook::Wrapped)
-            lines = std::max(lines, linesOf(*text, m_widths.value(column, usualWidth)));
+            lines = std::max(lines, linesOfText(*text, m_widths.value(column, usualWidth)));
     }
     return lines;
 }

@@ -82,7 +82,7 @@ int fontOf(CellLooks looks) {
     return (looks & CellLook::Underlined ? 2 : 0) + (looks & CellLook::Bold ? 1 : 0);
 }
 
-quint32 linesOf(CellLooks looks) {
+quint32 sideLinesOf(CellLooks looks) {
     constexpr quint32 thinOnAllSides = 0x1111;
     constexpr quint32 colour = automaticColour;
     return looks & CellLook::Bordered ? thinOnAllSides | colour << 16 | colour << 23 : 0;
@@ -108,7 +108,7 @@ void addFormat(QByteArray& stream, CellLooks looks, bool isStyle, int ownAttribu
                   .byte(0)
                   .byte(0)
                   .byte(ownAttributes)
-                  .longWord(linesOf(looks))
+                  .longWord(sideLinesOf(looks))
                   .longWord(fillOf(looks))
                   .word(colour | automaticBackground << 7));
 }

@@ -28,8 +28,10 @@ public:
                               Qt::CaseInsensitive),
                  session.GetSeams()} {
         session.OpenToRead(call.file, call.password);
-        if (classIndex(session.ClassColours, classCode) < 0)
+        if (classIndex(session.ClassColours, classCode) < 0) {
+            session.CloseAllDatabases();
             throw RefusedCommand(u"There is no class %1 in the year."_s.arg(classCode));
+        }
     }
     ~ExportOrder() { session.CloseAllDatabases(); }
     ExportOrder(const ExportOrder&) = delete;
