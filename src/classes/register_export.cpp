@@ -16,7 +16,7 @@ namespace {
 
 constexpr int MonthRow = 0;
 constexpr int TitleRow = 1;
-constexpr double LessonWidth = 2.5; ///< characters
+constexpr double MarkWidth = 2.5; ///< characters
 constexpr FailureBox SaveRegisterFailure{u"Save Register in Excel", u"%1\nError number: %2",
                                          OkButton | WarningIcon};
 
@@ -72,7 +72,7 @@ void extractTerm(TermSheet& term, const PupilSheet& records, Progress& progress)
         if (lesson && term.encloses(lesson->date)) {
             writeLessonTitle(term, records.columns()[column], lesson->date);
             writeCells(term, records, column, contentOfMark);
-            term.sheet->setColumnWidth(term.columns++, LessonWidth);
+            term.sheet->setColumnWidth(term.columns++, MarkWidth);
         } else if (column < PupilSheet::IdColumn) {
             term.sheet->put(TitleRow, term.columns, records.columns()[column]);
             writeCells(term, records, column, contentOf);

@@ -20,8 +20,8 @@ constexpr int firstOwnFormat = plainFormat + 1;
 constexpr int dateForm = 164; ///< the first number for forms of a workbook's own
 constexpr int automaticColour = 64;
 constexpr int automaticBackground = 65;
-constexpr int headColour = 40; ///< sky blue, 33 in the palette that people see
-constexpr int rowHeight = 255; ///< twentieths of a point, as the next
+constexpr int headColour = 40;      ///< sky blue, 33 in the palette that people see
+constexpr int usualRowHeight = 255; ///< twentieths of a point, as the next
 constexpr int mostRowHeight = 8190;
 
 /// The looks that a workbook uses, each a format that its cells know by its number.
@@ -236,7 +236,7 @@ void addCells(QByteArray& stream, const Sheet& sheet, SharedTexts& texts, CellFo
                           .word(row)
                           .word(0)
                           .word(sheet.columnCount())
-                          .word(std::min(sheet.linesOfRow(row) * rowHeight, mostRowHeight))
+                          .word(std::min(sheet.linesOfRow(row) * usualRowHeight, mostRowHeight))
                           .longWord(0)
                           .word(0x0100)
                           .word(plainFormat));
@@ -294,7 +294,7 @@ QByteArray sheetStream(const Sheet& sheet, bool isFirst, SharedTexts& texts, Cel
     checkSize(sheet);
     QByteArray stream;
     addBeginning(stream, true);
-    addRecord(stream, Biff::DefaultRowHeight, BiffFields().word(0).word(rowHeight));
+    addRecord(stream, Biff::DefaultRowHeight, BiffFields().word(0).word(usualRowHeight));
     addPage(stream, sheet.page());
     addColumnWidths(stream, sheet);
     addRecord(stream, Biff::Dimensions,
