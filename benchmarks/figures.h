@@ -67,3 +67,4 @@ std::vector<Figure> postItFigures(const QString& folder);
 std::vector<Figure> addressBookFigures(const QString& folder);
 std::vector<Figure> incidentFigures(const QString& folder);
 std::vector<Figure> seatingFigures(const QString& folder);
+std::vector<Figure> exportFigures(const QString& folder);

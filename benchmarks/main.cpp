@@ -42,7 +42,8 @@ std::vector<Figure> allFigures(const QString& folder) {
           importFigures,      classWindowFigures, startFigures,     screenFigures,
           richTextFigures,    writingFigures,     planningFigures,  weekFigures,
           searchFigures,      eventFigures,       reminderFigures,  postItFigures,
-          addressBookFigures, incidentFigures,    seatingFigures,   documentFigures}) {
+          addressBookFigures, incidentFigures,    seatingFigures,   documentFigures,
+          exportFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }

@@ -7,12 +7,15 @@ build_packages=(
     g++ cmake ninja-build pkg-config ccache python3
     qt6-base-dev qt6-svg-dev qt6-multimedia-dev
     libsqlcipher-dev libssl-dev mdbtools-dev
-    libhunspell-dev hunspell-en-gb libfreexl-dev liborcus-dev libglib2.0-dev
+    libhunspell-dev hunspell-en-gb libglib2.0-dev
+    libfreexl-dev liborcus-dev libgsf-1-dev libxlsxwriter-dev
     libgtest-dev
     fonts-dejavu-core
 )
 # What ./check needs besides.
 check_packages=(clang clang-format clang-tidy)
+# And ./check --documents.
+document_packages=(libreoffice-writer-nogui libreoffice-calc-nogui poppler-utils)
 
 is_installed() {
     [[ $(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]

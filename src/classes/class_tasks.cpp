@@ -12,6 +12,7 @@ const QList<ClassTaskEntry>& classTasks() {
         {ClassTask::DeletePupil, u"Delete Current Pupil"_s,
          u"To delete ALL PUPILS hold down the Ctrl key and click OK."_s},
         {ClassTask::DeleteClass, u"Delete Current Class"_s, {}},
+        {ClassTask::Export, u"Export to Excel"_s, {}},
     };
     return tasks;
 }

@@ -4,7 +4,7 @@
 #include <QString>
 
 /// The tasks that the class window's first page lists.
-enum class ClassTask { AddPupil, CreateClass, ImportList, DeletePupil, DeleteClass };
+enum class ClassTask { AddPupil, CreateClass, ImportList, DeletePupil, DeleteClass, Export };
 
 struct ClassTaskEntry {
     ClassTask task;

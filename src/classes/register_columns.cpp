@@ -22,20 +22,27 @@ QString registerColumnName(const RegisterColumn& column) {
     return registerDateText(column.date) + u' ' + QString::number(column.number);
 }
 
-std::optional<RegisterColumn> readRegisterColumn(QStringView fieldName) {
-    if (fieldName.size() <= NumberPosition || fieldName.at(DateLength) != u' ')
-        return std::nullopt;
+std::optional<QDate> readRegisterDate(QStringView text) {
     bool isDay = false;
     bool isMonth = false;
     bool isYear = false;
-    bool isNumber = false;
-    const int day = fieldName.left(2).toInt(&isDay);
-    const int month = fieldName.mid(3, 2).toInt(&isMonth);
-    const int year = fieldName.mid(6, 2).toInt(&isYear);
-    const int number = fieldName.mid(NumberPosition).toInt(&isNumber);
-    if (!isDay || !isMonth || !isYear || !isNumber)
+    const int day = text.left(2).toInt(&isDay);
+    const int month = text.mid(3, 2).toInt(&isMonth);
+    const int year = text.mid(6, 2).toInt(&isYear);
+    if (text.size() != DateLength || !isDay || !isMonth || !isYear)
         return std::nullopt;
-    return RegisterColumn{dateFromParts(year, month, day), number};
+    return dateFromParts(year, month, day);
+}
+
+std::optional<RegisterColumn> readRegisterColumn(QStringView fieldName) {
+    if (fieldName.size() <= NumberPosition || fieldName.at(DateLength) != u' ')
+        return std::nullopt;
+    bool isNumber = false;
+    const int number = fieldName.mid(NumberPosition).toInt(&isNumber);
+    const std::optional<QDate> date = readRegisterDate(fieldName.left(DateLength));
+    if (!date || !isNumber)
+        return std::nullopt;
+    return RegisterColumn{*date, number};
 }
 
 dao::Field registerField(const RegisterColumn& column) {

@@ -23,6 +23,10 @@ QString registerColumnName(const RegisterColumn& column);
 /// The date's part of a column's name: dd/mm/yy.
 QString registerDateText(QDate date);
 
+/// Reads a date of that form; the year's two digits follow the rule of `dateFromParts`. None where
+/// it is none.
+std::optional<QDate> readRegisterDate(QStringView text);
+
 /// Reads a field's name; none where it is no lesson's. The year's two digits follow the rule of
 /// `dateFromParts`.
 std::optional<RegisterColumn> readRegisterColumn(QStringView fieldName);

@@ -76,8 +76,8 @@ std::optional<int> ConsolePrompts::ReturnString(const OneItemRequest&) {
     return std::nullopt;
 }
 
-QList<int> ConsolePrompts::ReturnString(const SeveralItemsRequest&) {
-    return {};
+std::optional<QList<int>> ConsolePrompts::ReturnString(const SeveralItemsRequest&) {
+    return std::nullopt;
 }
 
 std::optional<SpreadsheetChoice> ConsolePrompts::ReturnString(const SpreadsheetRequest&) {

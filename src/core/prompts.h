@@ -145,9 +145,10 @@ public:
     virtual std::optional<FontRecord> ChooseFont(const FontRecord& font) = 0;
 
     /// Asks by a page of the selector, one a request. Answers the place of an item in the list, the
-    /// places of several in order, or what was chosen; nothing, or no place, when it was cancelled.
+    /// places of several in order (there may be none), or what was chosen; nothing when it was
+    /// cancelled.
     virtual std::optional<int> ReturnString(const OneItemRequest& request) = 0;
-    virtual QList<int> ReturnString(const SeveralItemsRequest& request) = 0;
+    virtual std::optional<QList<int>> ReturnString(const SeveralItemsRequest& request) = 0;
     virtual std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) = 0;
     virtual std::optional<NewField> ReturnString(const NewFieldRequest& request) = 0;
 

@@ -87,6 +87,8 @@ public:
     /// The questions of the class window that the teacher has ticked not to see again in this run.
     bool DontAskDeleteClass = false;
     bool DontAskDeletePupil = false;
+    /// Exported files are opened without a question: ticked in this run.
+    bool AlwaysViewExports = false;
 
     /// Sets the values that hold for the whole run, in the order of the start: paths, gradients,
     /// default folders, the person's locale. `appPath` is made when it is not there.

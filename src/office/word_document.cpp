@@ -6,11 +6,11 @@
 #include "core/settings.h"
 #include "core/shell.h"
 #include "core/whole_file.h"
+#include "office/paper.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QLocale>
 #include <QSaveFile>
 #include <QTemporaryDir>
 
@@ -63,8 +63,7 @@ DocumentPlace documentPlace(const Session& session) {
 richtext::Paper usualPaper() {
     constexpr QSizeF a4(8.27, 11.69);
     constexpr QSizeF letter(8.5, 11);
-    const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
-    return paperOf(isLetter ? letter : a4);
+    return paperOf(usesLetterPaper() ? letter : a4);
 }
 
 richtext::Paper narrowMargins(richtext::Paper paper) {

@@ -133,7 +133,7 @@ bool ExportCoverSheets(const Session& session, const DocumentPlace& place, QDate
     for (const PlannedLesson& lesson : std::as_const(lessons))
         request.items += lessonCaption(lesson);
     QList<PlannedLesson> chosen;
-    for (const int each : prompts.ReturnString(request))
+    for (const int each : prompts.ReturnString(request).value_or(QList<int>()))
         chosen += lessons[each];
     return !chosen.isEmpty() && CreateCoverSheets(session, place, chosen);
 }

@@ -103,7 +103,7 @@ bool ExportWeeklyPlan(const Session& session, const DocumentPlace& place, const 
     for (const ClassColour& each : session.ClassColours)
         request.items += each.code;
     QStringList classes;
-    for (const int each : prompts.ReturnString(request))
+    for (const int each : prompts.ReturnString(request).value_or(QList<int>()))
         classes += request.items[each];
     return !classes.isEmpty() && CreateWeeklyPlan(session, place, *days, classes);
 }

@@ -44,7 +44,8 @@ TEST_F(SelectorTest, OneItemOrSeveral) {
               1);
     EXPECT_EQ(answer(request, cancel), std::nullopt);
     const SeveralItemsRequest several{request, request.items};
-    EXPECT_EQ(answer(several, cancel), QList<int>());
+    EXPECT_EQ(answer(several, cancel), std::nullopt);
+    EXPECT_EQ(answer(several, ok), QList<int>()) << "none of them";
     EXPECT_EQ(answer(several,
                      [](QWidget& form) {
                          auto& list = control<QListWidget>(form, u"List1"_s);

@@ -129,10 +129,9 @@ std::optional<int> ScriptedPrompts::ReturnString(const OneItemRequest& request) 
     return places.isEmpty() ? std::nullopt : std::optional(places.first());
 }
 
-QList<int> ScriptedPrompts::ReturnString(const SeveralItemsRequest& request) {
-    return placesOf(
-        reply<QStringList>(seenSelector(request, request.items)).value_or(QStringList()),
-        request.items);
+std::optional<QList<int>> ScriptedPrompts::ReturnString(const SeveralItemsRequest& request) {
+    const auto chosen = reply<QStringList>(seenSelector(request, request.items));
+    return chosen ? std::optional(placesOf(*chosen, request.items)) : std::nullopt;
 }
 
 std::optional<SpreadsheetChoice> ScriptedPrompts::ReturnString(const SpreadsheetRequest& request) {

@@ -3,6 +3,7 @@
 #include "contact_commands.h"
 #include "document_commands.h"
 #include "event_commands.h"
+#include "export_commands.h"
 #include "file_commands.h"
 #include "import_commands.h"
 #include "remind_commands.h"
@@ -67,6 +68,29 @@ const QList<Command>& programCommands() {
          .usage = u"YEAR CLASS SOURCE"_s,
          .run = copySeatingPlan,
          .arguments = 2},
+        {.name = u"export register"_s,
+         .usage = u"YEAR CLASS TARGET"_s,
+         .run = exportRegisterOf,
+         .arguments = 2},
+        {.name = u"export grades"_s,
+         .usage = u"YEAR CLASS TARGET"_s,
+         .run = exportGradesOf,
+         .arguments = 2},
+        {.name = u"export details"_s,
+         .usage = u"YEAR CLASS TARGET [--items Tutor,Sex,Address,Telephone,Email,PID,Notes]"_s,
+         .run = exportDetailsOf,
+         .arguments = 2,
+         .options = {{u"items"_s, u"ITEMS"_s}}},
+        {.name = u"export notes"_s,
+         .usage = u"YEAR CLASS TARGET --categories A,B"_s,
+         .run = exportNotesOf,
+         .arguments = 2,
+         .options = {{u"categories"_s, u"TITLES"_s}}},
+        {.name = u"export lesson-notes"_s,
+         .usage = u"YEAR CLASS TARGET --pupil ID"_s,
+         .run = exportLessonNotesOf,
+         .arguments = 2,
+         .options = {{u"pupil"_s, u"ID"_s}}},
         {.name = u"document cover"_s,
          .usage = u"YEAR DATE TARGET.rtf"_s,
          .run = documentCover,

@@ -24,6 +24,9 @@ public:
     /// Writes what has been typed, before the pupil, the view or the window is left. Answers false
     /// where that failed and the person, who has been told, has to stay.
     virtual bool leave() { return true; }
+    /// Writes what the view shows to a spreadsheet, where the person wants that. What was typed has
+    /// been left before.
+    virtual void exportRecords() = 0;
     /// The window closes: what the view keeps of its look goes to the settings.
     virtual void saveLook() {}
 

@@ -1,5 +1,6 @@
 #include "classes/screens/class_window.h"
 
+#include "classes/class_export_commands.h"
 #include "classes/class_list_import.h"
 #include "classes/class_removal.h"
 #include "classes/grade_layout.h"
@@ -37,7 +38,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize UsualRegisterSize{900, 560};
-constexpr int MultiselectButton = 4;
+constexpr int ExportButton = 4;
+constexpr int MultiselectButton = 5;
 
 /// The views in the order of their buttons.
 constexpr ClassView ViewOrder[] = {RegisterView, GradesView, PupilInformationView, PupilNotesView};
@@ -142,17 +144,18 @@ QWidget* ClassWindow::makeSelector() {
 }
 
 LayoutToolbar* ClassWindow::makeToolbar() {
-    m_toolbar = new LayoutToolbar(u"RegisterTools"_s, u"BBBB|B"_s,
+    m_toolbar = new LayoutToolbar(u"RegisterTools"_s, u"BBBB|BB"_s,
                                   u"Register|Grades|Pupil Information|Pupil Notes|"
-                                  "Toggle Multiselect (Ctrl + Click)"_s,
-                                  u"register|grades|pupil|notes|multiselect"_s);
-    for (int i = 0; i < MultiselectButton; ++i) {
+                                  "Export to MSExcel|Toggle Multiselect (Ctrl + Click)"_s,
+                                  u"register|grades|pupil|notes|export|multiselect"_s);
+    for (int i = 0; i < ExportButton; ++i) {
         m_toolbar->button(i)->setCheckable(true);
         connect(m_toolbar->button(i), &QAction::triggered, this, [this, i] {
             wantView(ViewOrder[i]);
             viewShown();
         });
     }
+    connect(m_toolbar->button(ExportButton), &QAction::triggered, this, &ClassWindow::exportView);
     QAction* multiselect = m_toolbar->button(MultiselectButton);
     multiselect->setCheckable(true);
     connect(multiselect, &QAction::triggered, this, &ClassWindow::toggleMultiselect);
@@ -231,7 +234,7 @@ void ClassWindow::viewShown() {
     m_selector->setCurrentText(m_desk.classCode());
     colourSelector();
     m_first->showClasses();
-    for (int i = 0; i < MultiselectButton; ++i)
+    for (int i = 0; i < ExportButton; ++i)
         m_toolbar->button(i)->setChecked(m_desk.view() == ViewOrder[i]);
     m_home->setEnabled(m_desk.view().has_value());
     showMultiselect();
@@ -272,6 +275,22 @@ ClassViewPage* ClassWindow::page() const {
 
 bool ClassWindow::leaveView() {
     return !page() || page()->leave();
+}
+
+/// The first page shows no view: what it has is the class.
+void ClassWindow::exportView() {
+    if (m_desk.classCode().isEmpty())
+        return showNoClasses(m_session.GetSeams().prompts);
+    if (!page())
+        return exportDetails();
+    if (!leaveView())
+        return;
+    page()->exportRecords();
+    showCurrentPupil(); // his boxes were let go
+}
+
+void ClassWindow::exportDetails() {
+    Export_to_Excel(m_session, m_desk.classCode());
 }
 
 void ClassWindow::toggleMultiselect() {
@@ -323,6 +342,9 @@ void ClassWindow::runTask(ClassTask task, bool withCtrl) {
         break;
     case ClassTask::DeleteClass:
         deleteClass();
+        break;
+    case ClassTask::Export:
+        exportDetails();
         break;
     }
 }

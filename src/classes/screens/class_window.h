@@ -50,6 +50,8 @@ private:
     void wantViewOfPupils(ClassView view);
     void viewShown();
     void colourSelector();
+    void exportView();
+    void exportDetails();
     void toggleMultiselect();
     void showMultiselect();
     bool leaveView();

@@ -1,5 +1,6 @@
 #include "classes/screens/grades_page.h"
 
+#include "classes/class_export_commands.h"
 #include "classes/class_settings.h"
 #include "classes/grade_clipboard.h"
 #include "classes/grade_import.h"
@@ -160,6 +161,11 @@ void GradesPage::showPupil(int) {}
 
 bool GradesPage::leave() {
     return m_grid->leaveCell();
+}
+
+void GradesPage::exportRecords() {
+    exportGradesView(session(), desk().sheet(),
+                     [this](int column) { return !m_grid->isColumnHidden(column); });
 }
 
 bool GradesPage::storeCell(const QModelIndex& cell, const QString& text) {

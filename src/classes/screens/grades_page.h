@@ -25,6 +25,7 @@ public:
     void showPupil(int row) override;
     PupilGrid* grid() const override;
     bool leave() override;
+    void exportRecords() override;
 
 private:
     LayoutToolbar* makeToolbar();

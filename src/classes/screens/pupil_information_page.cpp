@@ -1,5 +1,6 @@
 #include "classes/screens/pupil_information_page.h"
 
+#include "classes/class_export_commands.h"
 #include "classes/screens/photo_actions.h"
 #include "classes/screens/photo_box.h"
 #include "controls/bound_text.h"
@@ -137,6 +138,10 @@ bool PupilInformationPage::leave() {
     }
     close();
     return true;
+}
+
+void PupilInformationPage::exportRecords() {
+    Export_to_Excel(session(), desk().classCode());
 }
 
 void PupilInformationPage::close() {

@@ -24,6 +24,7 @@ public:
     void showRecords() override;
     void showPupil(int row) override;
     bool leave() override;
+    void exportRecords() override;
 
 private:
     QWidget* makeBoxes();

@@ -1,5 +1,6 @@
 #include "classes/screens/pupil_notes_page.h"
 
+#include "classes/class_export_commands.h"
 #include "classes/pupil_notes.h"
 #include "controls/format_tools.h"
 #include "controls/layout_toolbar.h"
@@ -77,6 +78,7 @@ QWidget* PupilNotesPage::makeCategories() {
                    &PupilNotesPage::deleteNotesCategory);
     m_categories->setObjectName(u"CL5"_s);
     m_categories->setAccessibleName(u"Notes categories"_s);
+    m_categories->setToolTip(u"Tick the categories that are to be exported."_s);
     constexpr int width = 22; // characters
     m_categories->setFixedWidth(width * fontMetrics().averageCharWidth());
     layout->addLayout(buttons);
@@ -89,15 +91,28 @@ QString PupilNotesPage::category() const {
     return m_categories->currentItem() ? m_categories->currentItem()->text() : QString();
 }
 
+QStringList PupilNotesPage::tickedCategories() const {
+    QStringList titles;
+    for (int row = 0; row < m_categories->count(); ++row) {
+        if (m_categories->item(row)->checkState() == Qt::Checked)
+            titles += m_categories->item(row)->text();
+    }
+    return titles;
+}
+
 void PupilNotesPage::showRecords() {
     fillCategories(m_shown);
 }
 
-/// The first category is chosen where the one to select is not there.
+/// The first category is chosen where the one to select is not there. Those ticked stay so.
 void PupilNotesPage::fillCategories(const QString& select) {
     const QSignalBlocker blocker(m_categories);
+    const QStringList ticked = tickedCategories();
     m_categories->clear();
-    m_categories->addItems(noteCategories(session().CurrentDB, desk().classCode()));
+    for (const QString& title : noteCategories(session().CurrentDB, desk().classCode())) {
+        auto* item = new QListWidgetItem(title, m_categories);
+        item->setCheckState(ticked.contains(title) ? Qt::Checked : Qt::Unchecked);
+    }
     const QList<QListWidgetItem*> found = m_categories->findItems(select, Qt::MatchExactly);
     m_categories->setCurrentItem(found.isEmpty() ? m_categories->item(0) : found.first());
     m_shown = category();
@@ -148,6 +163,10 @@ bool PupilNotesPage::leave() {
         return false;
     close();
     return true;
+}
+
+void PupilNotesPage::exportRecords() {
+    NotesTOExcel(session(), desk().classCode(), desk().sheet(), tickedCategories());
 }
 
 void PupilNotesPage::close() {

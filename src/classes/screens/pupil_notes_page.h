@@ -22,6 +22,7 @@ public:
     void showRecords() override;
     void showPupil(int row) override;
     bool leave() override;
+    void exportRecords() override;
 
 private:
     QWidget* makeCategories();
@@ -32,6 +33,7 @@ private:
     void bindNote();
     void close();
     QString category() const;
+    QStringList tickedCategories() const;
 
     FormatTools* m_tools;
     QListWidget* m_categories;

@@ -1,5 +1,6 @@
 #include "classes/screens/register_page.h"
 
+#include "classes/class_export_commands.h"
 #include "classes/class_settings.h"
 #include "classes/register_lessons.h"
 #include "classes/screens/pupil_grid.h"
@@ -159,6 +160,10 @@ void RegisterPage::showPupil(int row) {
 bool RegisterPage::leave() {
     m_grid->takeOverEditor();
     return m_panel->storeNote();
+}
+
+void RegisterPage::exportRecords() {
+    exportRegisterView(session(), desk().classCode(), desk().sheet());
 }
 
 bool RegisterPage::keyPressed(QKeyEvent& event) {

@@ -23,6 +23,7 @@ public:
     void showPupil(int row) override;
     PupilGrid* grid() const override { return m_grid; }
     bool leave() override;
+    void exportRecords() override;
     void saveLook() override;
 
 protected:

@@ -1,10 +1,12 @@
 #include "classes/screens/side_panel.h"
 
 #include "classes/class_desk.h"
+#include "classes/class_export_commands.h"
 #include "classes/class_settings.h"
 #include "classes/screens/photo_actions.h"
 #include "classes/screens/photo_box.h"
 #include "controls/colours.h"
+#include "controls/tool_button.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "store/engine/error.h"
@@ -14,6 +16,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -62,16 +65,24 @@ QWidget* SidePanel::makeNotes() {
     m_showNotes = new QCheckBox(u"Lesson Notes"_s);
     m_showNotes->setObjectName(u"chkNotes"_s);
     m_showNotes->setToolTip(name);
+    m_export =
+        makeToolButton(u"cmdExportNotes"_s, u"export"_s, u"Export Notesfor this pupil to Excel"_s);
     m_note = new QPlainTextEdit;
     m_note->setObjectName(u"TxtLessonNotes"_s);
     m_note->setAccessibleName(name);
     m_note->setTabChangesFocus(true);
-    layout->addWidget(m_showNotes);
+    auto* head = new QHBoxLayout;
+    head->addWidget(m_showNotes, 1);
+    head->addWidget(m_export);
+    layout->addLayout(head);
     layout->addWidget(m_note, 1);
     const bool isShown = m_session.GetSettings().get(setting::PupilNotes);
     m_showNotes->setChecked(isShown);
-    m_note->setVisible(isShown);
-    connect(m_showNotes, &QCheckBox::toggled, m_note, &QWidget::setVisible);
+    for (QWidget* each : {static_cast<QWidget*>(m_export), static_cast<QWidget*>(m_note)}) {
+        each->setVisible(isShown);
+        connect(m_showNotes, &QCheckBox::toggled, each, &QWidget::setVisible);
+    }
+    connect(m_export, &QToolButton::clicked, this, &SidePanel::exportNotes);
     connect(m_note, &QPlainTextEdit::textChanged, this, [this] {
         if (m_place)
             m_writing.typed();
@@ -93,6 +104,7 @@ void SidePanel::flashKey() {
 }
 
 void SidePanel::showLessonNote(int row, int column) {
+    m_export->setEnabled(row >= 0);
     if (storeNote())
         showPlace(lessonNotePlace(m_desk.sheet(), m_desk.classCode(), row, column));
 }
@@ -132,6 +144,15 @@ void SidePanel::showPlace(std::optional<LessonNotePlace> place) {
         setBackground(m_note, NoLessonColour);
     if (!isOff)
         m_place = place;
+}
+
+void SidePanel::exportNotes() {
+    const int row = m_desk.currentRow();
+    if (row < 0 || !storeNote())
+        return;
+    const PupilName name = pupilName(m_desk.sheet(), row);
+    exportNotesOfPupil(m_session, m_desk.classCode(), m_desk.sheet().pupil(row),
+                       name.firstname + u' ' + name.surname);
 }
 
 void SidePanel::saveLook() {

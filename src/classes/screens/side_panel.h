@@ -12,6 +12,7 @@ class PhotoBox;
 class QCheckBox;
 class QGroupBox;
 class QPlainTextEdit;
+class QToolButton;
 class Session;
 
 /// The panel beside the register: the pupil's photo, the key to the marks, and the note on the
@@ -38,6 +39,7 @@ private:
     QWidget* makeKey(const KeyArray& keys);
     QWidget* makeNotes();
     bool writeNote();
+    void exportNotes();
     void showPlace(std::optional<LessonNotePlace> place);
 
     Session& m_session;
@@ -47,6 +49,7 @@ private:
     QGroupBox* m_key = nullptr;
     std::unique_ptr<Timer> m_flash; ///< while the key stands out
     QCheckBox* m_showNotes = nullptr;
+    QToolButton* m_export = nullptr;
     QPlainTextEdit* m_note = nullptr;
     std::optional<LessonNotePlace> m_place; ///< of the note that shows
     ToldOnce m_failure;

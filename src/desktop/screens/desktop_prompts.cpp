@@ -78,12 +78,16 @@ QString existingFolder(const QString& folder) {
     return path;
 }
 
-/// The window that asks. It has the keyboard again when its dialog has gone: a desktop where
-/// several windows float may hand it to another, and what is typed next would go astray.
+/// The window that asks. The pointer is the usual one meanwhile, also in the middle of long work.
+/// It has the keyboard again when its dialog has gone: a desktop where several windows float may
+/// hand it to another, and what is typed next would go astray.
 class Asking {
 public:
-    explicit Asking(QWidget* window) : m_window(window) {}
+    explicit Asking(QWidget* window) : m_window(window) {
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
     ~Asking() {
+        QGuiApplication::restoreOverrideCursor();
         const bool isAtWork = QGuiApplication::applicationState() == Qt::ApplicationActive;
         if (m_window && m_window->isVisible() && isAtWork)
             m_window->activateWindow();
@@ -194,7 +198,7 @@ std::optional<int> DesktopPrompts::ReturnString(const OneItemRequest& request) {
     return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 
-QList<int> DesktopPrompts::ReturnString(const SeveralItemsRequest& request) {
+std::optional<QList<int>> DesktopPrompts::ReturnString(const SeveralItemsRequest& request) {
     return SelectorDialog(*this, Asking(owner())).ReturnString(request);
 }
 

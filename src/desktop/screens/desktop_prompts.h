@@ -37,7 +37,7 @@ public:
     /// The font dialog with a button for the colour, which the toolkit's own lacks.
     std::optional<FontRecord> ChooseFont(const FontRecord& font) override;
     std::optional<int> ReturnString(const OneItemRequest& request) override;
-    QList<int> ReturnString(const SeveralItemsRequest& request) override;
+    std::optional<QList<int>> ReturnString(const SeveralItemsRequest& request) override;
     std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request) override;
     std::optional<NewField> ReturnString(const NewFieldRequest& request) override;
     QString PromptForPassword() override;

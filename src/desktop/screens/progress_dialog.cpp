@@ -1,7 +1,7 @@
 #include "desktop/screens/progress_dialog.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -48,8 +48,10 @@ DesktopProgress::~DesktopProgress() = default;
 
 void DesktopProgress::open(const QString& title) {
     m_titles += title;
-    if (!m_window)
+    if (!m_window) {
         m_window = std::make_unique<ProgressDialog>(m_mainWindow);
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
     m_window->setWindowTitle(title);
     m_window->show();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -74,4 +76,5 @@ void DesktopProgress::close() {
     // others it is delivered to nobody.
     QCoreApplication::processEvents();
     m_window.reset();
+    QGuiApplication::restoreOverrideCursor();
 }

@@ -29,9 +29,9 @@ private:
     QLabel* m_line2;
 };
 
-/// Progress as a window. Work within work shares the window of the outermost; its title is the
-/// innermost one's. Input that the person gives meanwhile is dropped: it reaches nothing half done,
-/// nor what stands there afterwards.
+/// Progress as a window, with the pointer that says to wait. Work within work shares the window of
+/// the outermost; its title is the innermost one's. Input that the person gives meanwhile is
+/// dropped: it reaches nothing half done, nor what stands there afterwards.
 class DesktopProgress : public Progress {
 public:
     explicit DesktopProgress(QWidget* mainWindow = nullptr) : m_mainWindow(mainWindow) {}

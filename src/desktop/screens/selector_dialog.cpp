@@ -18,9 +18,9 @@ std::optional<int> SelectorDialog::ReturnString(const OneItemRequest& request) {
     return isChosen(request, content) ? content->item() : std::nullopt;
 }
 
-QList<int> SelectorDialog::ReturnString(const SeveralItemsRequest& request) {
+std::optional<QList<int>> SelectorDialog::ReturnString(const SeveralItemsRequest& request) {
     auto* content = new SeveralItemsContent(request);
-    return isChosen(request, content) ? content->items() : QList<int>();
+    return isChosen(request, content) ? std::optional(content->items()) : std::nullopt;
 }
 
 std::optional<SpreadsheetChoice> SelectorDialog::ReturnString(const SpreadsheetRequest& request) {

@@ -22,7 +22,7 @@ public:
     explicit SelectorDialog(Prompts& prompts, QWidget* parent = nullptr);
 
     std::optional<int> ReturnString(const OneItemRequest& request);
-    QList<int> ReturnString(const SeveralItemsRequest& request);
+    std::optional<QList<int>> ReturnString(const SeveralItemsRequest& request);
     std::optional<SpreadsheetChoice> ReturnString(const SpreadsheetRequest& request);
     std::optional<NewField> ReturnString(const NewFieldRequest& request);
 

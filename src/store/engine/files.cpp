@@ -166,6 +166,23 @@ void replaceFile(const QString& finished, const QString& target) {
     }
 }
 
+void putFile(const QString& path, const QByteArray& bytes) {
+    const QString target = behindLinks(path);
+    const QString working = unfinishedName(target);
+    QFile::remove(working); // of a run that was killed
+    try {
+        const auto file = openPrivateFile(working);
+        writeWhole(*file, bytes.constData(), bytes.size());
+        file->close();
+        replaceFile(working, target);
+    } catch (const EngineError& error) {
+        QFile::remove(working);
+        QString sentence = error.description(); // of the file that is meant
+        sentence.replace(QDir::toNativeSeparators(working), QDir::toNativeSeparators(target));
+        throw EngineError(error.number(), sentence);
+    }
+}
+
 void keepFile(const QString& path, const QString& keptAs) {
     if (::link(QFile::encodeName(path).constData(), QFile::encodeName(keptAs).constData()) == 0)
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace dao {
@@ -39,6 +40,11 @@ void flushToDisk(const QString& path);
 /// owner may do with the old file he may do with the new one, and nobody else may anything. Both
 /// must be in the same folder. Raises as flushToDisk; then `target` is as it was.
 void replaceFile(const QString& finished, const QString& target);
+
+/// Makes a file of these bytes at `path`, or behind the link that stands there, whole or not at
+/// all: it is made beside its place as a private file and put there as replaceFile does. Raises as
+/// copyContent and replaceFile.
+void putFile(const QString& path, const QByteArray& bytes);
 
 /// Lets a file stay under a second name, which no file has yet, when another takes its place.
 /// Raises 3043, on a full disk 3182.

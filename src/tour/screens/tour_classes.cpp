@@ -1,6 +1,7 @@
 #include "tour/screens/tour_classes.h"
 
 #include "classes/class_desk.h"
+#include "classes/class_export_commands.h"
 #include "classes/class_list_import.h"
 #include "classes/class_photos.h"
 #include "classes/grade_columns.h"
@@ -143,6 +144,14 @@ void addTourNotes(Session& session, const QString& classCode) {
     pupils.Close();
 }
 
+/// On the first lesson of the first pupil.
+void addTourLessonNote(const Session& session, const QString& classCode) {
+    const PupilSheet sheet(session.CurrentDB, registerSource(classCode, {}));
+    const auto place = lessonNotePlace(sheet, classCode, 0, PupilSheet::FirstOwnColumn);
+    if (place)
+        storeLessonNote(session.CurrentDB, *place, u"Forgot her book; lent her one."_s);
+}
+
 /// It is not asked for and closed, since it would ask whether to give up.
 void visitNewClass(Session& session, TourPictures& pictures) {
     NewClassWizard wizard(session);
@@ -153,6 +162,7 @@ void visitNewClass(Session& session, TourPictures& pictures) {
 void visitSelector(Session& session, const QString& classCode, TourPictures& pictures) {
     Prompts& prompts = session.GetSeams().prompts;
     pictures.saveAsked(u"SelectorFrm_field"_s, [&] { askGradeColumn(prompts); });
+    pictures.saveAsked(u"SelectorFrm_details"_s, [&] { Export_to_Excel(session, classCode); });
     OneItemRequest request;
     request.title = u"Grade column titles for "_s + classCode;
     request.text = u"Please select which grades column contains this information. :"_s;
@@ -183,6 +193,7 @@ void fillFirstClass(Session& session) {
     }
     addTourGrades(session, classCode);
     addTourNotes(session, classCode);
+    addTourLessonNote(session, classCode);
 }
 
 void visitClasses(Session& session, MainWindow& frame, TourPictures& pictures) {

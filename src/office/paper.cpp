@@ -1,0 +1,7 @@
+#include "office/paper.h"
+
+#include <QLocale>
+
+bool usesLetterPaper() {
+    return QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+}
