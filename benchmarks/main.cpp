@@ -40,7 +40,7 @@ std::vector<Figure> allFigures(const QString& folder) {
     for (const auto& family :
          {fileFigures, backupFigures, recordsetFigures, classFigures, classWindowFigures,
           startFigures, screenFigures, richTextFigures, writingFigures, planningFigures,
-          weekFigures, searchFigures, eventFigures, reminderFigures, postItFigures,
+          weekFigures, archiveFigures, searchFigures, eventFigures, reminderFigures, postItFigures,
           addressBookFigures, incidentFigures, seatingFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));

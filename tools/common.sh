@@ -8,6 +8,7 @@ build_packages=(
     qt6-base-dev qt6-svg-dev qt6-multimedia-dev
     libsqlcipher-dev libssl-dev mdbtools-dev
     libhunspell-dev hunspell-en-gb libfreexl-dev libglib2.0-dev
+    libecal2.0-dev libebook1.2-dev evolution-data-server dbus-daemon
     libgtest-dev
     fonts-dejavu-core
 )

@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -34,27 +36,46 @@ void dropWhereThere(const dao::Database& database, const QString& table) {
         database.TableDefs().Delete(table);
 }
 
-/// Drops the class's plans in rooms: the tables still related to its pupils, and what goes with
-/// each. The names alone would not do: a plan of class B in room A has that of a class A_B.
-void dropRoomPlans(const dao::Database& database, const QString& classCode) {
+/// Drops the seating plans that are tied to the class's pupils, whatever their names say: a plan of
+/// class B in room A is called as that of a class A_B is.
+void dropTiedPlans(const dao::Database& database, const QString& classCode) {
     for (const dao::Relation& relation : database.Relations().all()) {
-        if (!dao::sameName(relation.Table, classTable(classCode)))
-            continue;
-        const std::optional<QString> room = roomOfSeatingPlan(relation.ForeignTable, classCode);
-        if (!room)
+        const std::optional<QString> extra = extraOfSeatingPlan(relation.ForeignTable);
+        if (!extra || !dao::sameName(relation.Table, classTable(classCode)))
             continue;
         dropWhereThere(database, relation.ForeignTable);
-        dropWhereThere(database, seatingPlanExtraTable(classCode, *room));
+        dropWhereThere(database, *extra);
     }
+}
+
+/// Drops a default plan that is tied to no class.
+void dropLoosePlan(const dao::Database& database, const QString& classCode) {
+    const QList<dao::Relation> relations = database.Relations().all();
+    const QString plan = seatingPlanTable(classCode);
+    if (std::any_of(relations.begin(), relations.end(), [&](const dao::Relation& relation) {
+            return dao::sameName(relation.ForeignTable, plan);
+        }))
+        return;
+    dropWhereThere(database, plan);
+    dropWhereThere(database, seatingPlanExtraTable(classCode));
 }
 
 void dropTables(const dao::Database& database, const QString& classCode) {
     dropWhereThere(database, registerTable(classCode));
     dropWhereThere(database, marksTable(classCode));
-    dropWhereThere(database, seatingPlanTable(classCode));
-    dropWhereThere(database, seatingPlanExtraTable(classCode));
-    dropRoomPlans(database, classCode);
+    dropTiedPlans(database, classCode);
+    dropLoosePlan(database, classCode);
     database.TableDefs().Delete(classTable(classCode));
+}
+
+void deleteLessonNotes(const dao::Database& database, const QString& classCode) {
+    if (!database.TableDefs().Contains(LessonNotesTable))
+        return;
+    dao::Recordset notes = database.OpenRecordset(
+        u"SELECT * FROM %1 WHERE Lcode = %2"_s.arg(LessonNotesTable, dao::writeText(classCode)));
+    for (; !notes.EOF_(); notes.MoveNext())
+        notes.Delete();
+    notes.Close();
 }
 
 void clearFromPlanning(const dao::Database& database, const QString& classCode, int periodsPerDay) {
@@ -108,6 +129,7 @@ void deleteRecord(const dao::Database& database, const QString& classCode, bool 
 void deleteClass(const dao::Database& database, const QString& classCode) {
     dao::Transaction transaction(database);
     dropTables(database, classCode);
+    deleteLessonNotes(database, classCode);
     dao::Recordset admin = database.OpenRecordset(AdminTable);
     const int periodsPerDay = static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger());
     const bool twoWeeks = admin.Collect(u"TTweekly").toInteger() == 1;

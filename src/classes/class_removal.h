@@ -18,11 +18,11 @@ enum class DeleteClassAnswer { No, Yes, Archive };
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
                                  bool& dontAsk);
 
-/// Deletes a class: closes every recordset whose name contains its code, drops its tables, those of
-/// its seating plans too, clears it from the planning sheets, gives its periods back to the free
-/// slots of the timetable and deletes its record. Whole or not at all: a failure is told and leaves
-/// everything as it was. Answers whether the class is gone. The caller takes it from the lists and
-/// draws the timetable again.
+/// Deletes a class: closes every recordset whose name contains its code, drops its tables and
+/// every seating plan tied to its pupils, deletes its lesson notes, clears it from the planning
+/// sheets, gives its periods back to the free slots of the timetable and deletes its record. Whole
+/// or not at all: a failure is told and leaves everything as it was. Answers whether the class is
+/// gone. The caller takes it from the lists and draws the timetable again.
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts);
 
 /// Asks, and deletes one pupil of a class, with his register, marks and desks; the name is for the
