@@ -78,7 +78,9 @@ void deleteLessonNotes(const dao::Database& database, const QString& classCode) 
     notes.Close();
 }
 
-void clearFromPlanning(const dao::Database& database, const QString& classCode, int periodsPerDay) {
+/// In one walk over the sheets, however many classes go: it takes longer than all else.
+void clearFromPlanning(const dao::Database& database, const QStringList& classCodes,
+                       int periodsPerDay) {
     QStringList fields;
     for (int period = 1; period <= periodsPerDay; ++period)
         fields += u"Class%1"_s.arg(period);
@@ -86,7 +88,7 @@ void clearFromPlanning(const dao::Database& database, const QString& classCode, 
         database.OpenRecordset(u"SELECT %1 FROM %2"_s.arg(fields.join(u','), PlanningTable));
     for (; !planning.EOF_(); planning.MoveNext()) {
         for (const QString& field : std::as_const(fields)) {
-            if (planning.Collect(field).toText() != classCode)
+            if (!classCodes.contains(planning.Collect(field).toText()))
                 continue;
             if (planning.EditMode() == dao::EditMode::None)
                 planning.Edit();
@@ -126,16 +128,21 @@ void deleteRecord(const dao::Database& database, const QString& classCode, bool 
     record.Close();
 }
 
-void deleteClass(const dao::Database& database, const QString& classCode) {
+void deleteClasses(const dao::Database& database, const QStringList& classCodes,
+                   const std::function<void(const QString&)>& next) {
     dao::Transaction transaction(database);
-    dropTables(database, classCode);
-    deleteLessonNotes(database, classCode);
     dao::Recordset admin = database.OpenRecordset(AdminTable);
     const int periodsPerDay = static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger());
     const bool twoWeeks = admin.Collect(u"TTweekly").toInteger() == 1;
     admin.Close();
-    clearFromPlanning(database, classCode, periodsPerDay);
-    deleteRecord(database, classCode, twoWeeks);
+    for (const QString& classCode : classCodes) {
+        if (next)
+            next(classCode);
+        dropTables(database, classCode);
+        deleteLessonNotes(database, classCode);
+        deleteRecord(database, classCode, twoWeeks);
+    }
+    clearFromPlanning(database, classCodes, periodsPerDay);
     transaction.commit();
 }
 
@@ -182,9 +189,15 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
 }
 
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts) {
+    return Delete_Classes(database, {classCode}, prompts);
+}
+
+bool Delete_Classes(const dao::Database& database, const QStringList& classCodes, Prompts& prompts,
+                    const std::function<void(const QString&)>& next) {
     return tryTelling(prompts, classUndeleted, [&] {
-        closeRecordsetsOf(database, classCode);
-        deleteClass(database, classCode);
+        for (const QString& classCode : classCodes)
+            closeRecordsetsOf(database, classCode);
+        deleteClasses(database, classCodes, next);
     });
 }
 

@@ -5,6 +5,9 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class Prompts;
 
@@ -24,6 +27,9 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
 /// or not at all: a failure is told and leaves everything as it was. Answers whether the class is
 /// gone. The caller takes it from the lists and draws the timetable again.
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts);
+/// The same for several classes, all or none. `next` is told of each before it goes.
+bool Delete_Classes(const dao::Database& database, const QStringList& classCodes, Prompts& prompts,
+                    const std::function<void(const QString&)>& next = {});
 
 /// Asks, and deletes one pupil of a class, with his register, marks and desks; the name is for the
 /// question. His lesson notes stay behind: no new pupil gets his `ID`. `dontAsk` as above. Answers

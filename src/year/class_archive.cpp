@@ -113,15 +113,14 @@ QStringList otherClasses(const dao::Database& archive, const QString& classCode)
 void removeOthers(const dao::Database& archive, const QString& classCode, const Seams& seams) {
     seams.progress.UpdateProgress(RemoveClasses, u"Removing Informations"_s);
     const QStringList others = otherClasses(archive, classCode);
-    dao::Transaction all(archive);
-    for (qsizetype i = 0; i < others.size(); ++i) {
-        const auto percent = RemoveClasses + i * (CloseArchive - RemoveClasses) / others.size();
-        seams.progress.UpdateProgress(static_cast<int>(percent),
-                                      u"Deleting info for "_s + others[i]);
-        if (!Delete_Class(archive, others[i], seams.prompts))
-            throw ToldReason();
-    }
-    all.commit();
+    qsizetype gone = 0;
+    const auto showNext = [&](const QString& code) {
+        const auto percent =
+            RemoveClasses + gone++ * (CloseArchive - RemoveClasses) / others.size();
+        seams.progress.UpdateProgress(static_cast<int>(percent), u"Deleting info for "_s + code);
+    };
+    if (!Delete_Classes(archive, others, seams.prompts, showNext))
+        throw ToldReason();
 }
 
 /// Makes the archive of a whole copy of the year. Raises ToldReason and what the engine raises.

@@ -43,6 +43,17 @@ protected:
 
 } // namespace
 
+TEST_F(ArchiveDialogTest, StandsInThePopupOfTheTools) {
+    QMenu& tools = frame->menus().popup(FrameCommand::ToolsMenu);
+    for (int opened = 0; opened < 2; ++opened)
+        findWindow(windowTable(), ToolWindow::UserTools)->fill(session, tools);
+    QStringList captions;
+    for (const QAction* action : tools.actions())
+        captions += action->isSeparator() ? u"-"_s : action->text();
+    EXPECT_EQ(captions.join(u'|'), u"Shortcuts|-|Archive Class...|-|Change Week Allocations...|-|"
+                                   "Batery Status...|System Standby"_s);
+}
+
 TEST_F(ArchiveDialogTest, ArchivesTheClassThatIsPickedAndOpensTheArchive) {
     whileArchiving([&] { command().trigger(); },
                    [&](QWidget& dialog) {
