@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+/// So many periods its days have where nothing else is said.
+inline constexpr int FullYearPeriods = 6;
 /// So many sheets a full year has.
 inline constexpr int FullYearSheets = 190;
 

@@ -99,11 +99,6 @@ public:
     }
 
 private:
-    static QString textOf(const RawStatement& row, int column) {
-        return QString::fromUtf8(
-            reinterpret_cast<const char*>(sqlite3_column_text(row.get(), column)));
-    }
-
     RawDatabase m_year;
     QStandardItemModel m_model;
 };

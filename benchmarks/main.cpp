@@ -38,10 +38,10 @@ bool isWithinBound(const Figure& figure) {
 std::vector<Figure> allFigures(const QString& folder) {
     std::vector<Figure> all;
     for (const auto& family :
-         {fileFigures, backupFigures, recordsetFigures, classFigures, classWindowFigures,
-          startFigures, screenFigures, richTextFigures, writingFigures, planningFigures,
-          weekFigures, archiveFigures, searchFigures, eventFigures, reminderFigures, postItFigures,
-          addressBookFigures, incidentFigures, seatingFigures}) {
+         {fileFigures,   backupFigures,      recordsetFigures, classFigures,   classWindowFigures,
+          startFigures,  screenFigures,      richTextFigures,  writingFigures, planningFigures,
+          weekFigures,   archiveFigures,     searchFigures,    eventFigures,   reminderFigures,
+          postItFigures, addressBookFigures, incidentFigures,  seatingFigures, documentFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }

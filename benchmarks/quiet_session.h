@@ -7,6 +7,8 @@
 #include "core/system_clock.h"
 #include "year/year_opening.h"
 
+#include <QDir>
+
 using namespace Qt::StringLiterals;
 
 /// A session without a year, over a folder of its own.
@@ -27,4 +29,22 @@ private:
     AbsentShell m_shell;
     SystemClock m_clock;
     Session m_session;
+};
+
+/// A session over a year with days of so many periods, opened without its upgrades.
+class QuietYear {
+public:
+    QuietYear(const QString& path, int periods) : m_quiet(madeFolder(path)) {
+        session().CurrentDB = session().Engine().OpenDatabase(path);
+        session().PeriodsPerDay = static_cast<qint16>(periods);
+    }
+    Session& session() { return m_quiet.session(); }
+
+private:
+    static QString madeFolder(const QString& path) {
+        const QString folder = path + u".settings"_s;
+        QDir().mkpath(folder);
+        return folder;
+    }
+    QuietSession m_quiet;
 };

@@ -62,6 +62,12 @@ qint64 RawDatabase::firstInteger(const QByteArray& sql) {
     return step(statement) ? sqlite3_column_int64(statement.get(), 0) : 0;
 }
 
+QString textOf(const RawStatement& statement, int column) {
+    return QString::fromUtf8(
+        reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column)),
+        sqlite3_column_bytes(statement.get(), column));
+}
+
 qint64 readColumns(const RawStatement& statement) {
     qint64 sum = 0;
     const int columns = sqlite3_column_count(statement.get());

@@ -41,6 +41,9 @@ private:
 /// sum of its whole numbers, so that nothing of it can be left out.
 qint64 readColumns(const RawStatement& statement);
 
+/// A column of the statement's row as text.
+QString textOf(const RawStatement& statement, int column);
+
 struct FreeValue {
     void operator()(sqlite3_value* value) const { sqlite3_value_free(value); }
 };

@@ -26,10 +26,15 @@ void createSampleYear(const QString& path, const YearAnswers& answers) {
     CreateDB(dao::DBEngine(), answers, path, ExistingFile::Keep, progress, prompts, QLocale::c());
 }
 
-QStringList sheetFields(int periods) {
+QStringList lessonFields(int periods) {
     QStringList fields;
     for (int period = 1; period <= periods; ++period)
         fields += {fieldOf({SheetBox::Lesson, period}), fieldOf({SheetBox::Homework, period})};
+    return fields;
+}
+
+QStringList sheetFields(int periods) {
+    QStringList fields = lessonFields(periods);
     for (const SheetBox block : {SheetBox::Dinner, SheetBox::AfterSchool, SheetBox::Notes})
         fields += fieldOf({block, 0});
     return fields;

@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QFile>
 #include <QTextEdit>
 
@@ -21,31 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int periods = 6;
+constexpr int periods = FullYearPeriods;
 const QString classCode = u"7M2"_s;
-
-/// A session over a full year.
-class OpenYear {
-public:
-    explicit OpenYear(const QString& path) : m_quiet(madeFolder(path)) {
-        session().CurrentDB = session().Engine().OpenDatabase(path);
-        session().PeriodsPerDay = periods;
-        session().CurrentClass = classCode;
-    }
-    Session& session() { return m_quiet.session(); }
-
-private:
-    static QString madeFolder(const QString& path) {
-        const QString folder = path + u".settings"_s;
-        QDir().mkpath(folder);
-        return folder;
-    }
-    QuietSession m_quiet;
-};
 
 class Hunt : public Work {
 public:
-    explicit Hunt(const QString& path) : m_year(path) {}
+    explicit Hunt(const QString& path) : m_year(path, periods) {}
     void run() override {
         LessonSearch search(m_year.session(), {.text = u"quadratic"_s});
         for (m_sheets = 0; search.lookOn() == LessonSearch::State::Looking;)
@@ -54,14 +34,9 @@ public:
     qint64 finish() override { return m_sheets; }
 
 private:
-    OpenYear m_year;
+    QuietYear m_year;
     qint64 m_sheets = 0;
 };
-
-QString textOf(const RawStatement& row, int column) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row.get(), column)),
-                             sqlite3_column_bytes(row.get(), column));
-}
 
 class RawReading : public Work {
 public:
@@ -86,7 +61,9 @@ private:
 
 class ShowHistory : public Work {
 public:
-    explicit ShowHistory(const QString& path) : m_year(path) {}
+    explicit ShowHistory(const QString& path) : m_year(path, periods) {
+        m_year.session().CurrentClass = classCode;
+    }
     void prepare() override { m_viewer.reset(); }
     void run() override {
         m_viewer = std::make_unique<HistoryWindow>(m_year.session());
@@ -100,7 +77,7 @@ public:
     }
 
 private:
-    OpenYear m_year;
+    QuietYear m_year;
     std::unique_ptr<HistoryWindow> m_viewer;
 };
 
@@ -144,11 +121,8 @@ std::vector<Figure> searchFigures(const QString& folder) {
     constexpr int rounds = 20;
     constexpr double huntBound = 1.3;
     constexpr double historyBound = 2;
-    QStringList fields;
-    for (int period = 1; period <= periods; ++period)
-        fields += {fieldOf({SheetBox::Lesson, period}), fieldOf({SheetBox::Homework, period})};
     const QString path =
-        makeFullYear(folder + u"/past_year.mdb"_s, periods, FullYearSheets, fields);
+        makeFullYear(folder + u"/past_year.mdb"_s, periods, FullYearSheets, lessonFields(periods));
     const QString rawPath = folder + u"/raw_past_year.mdb"_s;
     QFile::copy(path, rawPath);
     std::vector<Figure> figures;

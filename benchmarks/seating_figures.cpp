@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <vector>
@@ -99,7 +100,11 @@ public:
     using SeatingShown::SeatingShown;
     void prepare() override { choose(emptyClass); }
     void run() override { choose(fullClass); }
-    qint64 finish() override { return canvas().findChildren<DeskBox*>().size(); }
+    qint64 finish() override {
+        const QList<DeskBox*> boxes = canvas().findChildren<DeskBox*>();
+        return std::count_if(boxes.begin(), boxes.end(),
+                             [](const DeskBox* box) { return box->isVisible(); });
+    }
 };
 
 class BareLabels : public Work {

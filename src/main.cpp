@@ -23,6 +23,7 @@
 #include "frame/screens/splash_window.h"
 #include "frame/screens/window_table.h"
 #include "office/late_mail_client.h"
+#include "office/word_document.h"
 #include "organiser/screens/reminder_desk.h"
 #include "tour/screens/tour.h"
 #include "year/year_opening.h"
@@ -79,6 +80,7 @@ int main(int argc, char** argv) {
     session.Start(sample.isEmpty()
                       ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
                       : sample);
+    RemoveHandedDocuments(session.AppPath);
     MainWindow frame(session, windowTable(), !playsTour, splash);
     std::optional<ReminderDesk> reminders;
     if (!playsTour)

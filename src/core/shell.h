@@ -20,6 +20,10 @@ public:
     /// starts.
     virtual void ShellRun(const QString& verb, const QString& file, const QString& parameters = {},
                           const QString& folder = {}) = 0;
+    /// Whether there is a program that opens a document of a word processor (Rich Text Format).
+    virtual bool HasWordProcessor() = 0;
+    /// Opens such a document in it: as a new one that was never saved, where the program can do so.
+    virtual void OpenNewDocument(const QString& path) = 0;
     /// Plays a wave file beside other work, over and over when `loop`, in place of what plays. A
     /// file that is missing is silent. An empty path ends what plays. `ended` is called once, when
     /// the sound is over, whether it was played to its end, had to give way or could not be heard;

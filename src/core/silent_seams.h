@@ -16,6 +16,8 @@ public:
 class AbsentShell : public Shell {
 public:
     void ShellRun(const QString&, const QString&, const QString&, const QString&) override {}
+    bool HasWordProcessor() override { return false; }
+    void OpenNewDocument(const QString&) override {}
     void PlaySoundFile(const QString&, bool, const std::function<void()>& ended) override {
         if (ended)
             ended();

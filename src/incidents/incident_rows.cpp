@@ -8,6 +8,7 @@
 #include "store/table_structure.h"
 
 #include <QHash>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -199,22 +200,28 @@ dao::Recordset openIncident(const dao::Database& year, qint64 report) {
     return rowOf(year, IncidentDetailsTable, u"ID", report);
 }
 
+std::optional<IncidentPupil> pupilOfReport(const dao::Database& year, qint64 report) {
+    const dao::Recordset row = openIncident(year, report);
+    if (row.EOF_())
+        return {};
+    const qint64 id = row.Collect(u"NameID").toInteger();
+    const dao::Recordset name = rowOf(year, IncidentNamesTable, u"ID", id);
+    if (name.EOF_())
+        return {};
+    return IncidentPupil{id, name.Collect(u"Forename").toText(), name.Collect(u"Surname").toText()};
+}
+
+QString incidentDateText(const QString& stored, const QString& dateFormat) {
+    const QDate date = incidentDate(stored);
+    if (date.isValid())
+        return QLocale().toString(date, dateFormat);
+    return stored.isEmpty() ? u"(no date)"_s : stored;
+}
+
 QString insertedForename(const IncidentPupil& pupil) {
     const QString name = pupil.name();
     const QString forename = name.left(name.indexOf(u' ') + 1);
     return forename.left(1).toUpper() + forename.mid(1).toLower();
-}
-
-QList<ClassPupil> classPupils(const dao::Database& year, const QString& classCode) {
-    QList<ClassPupil> pupils;
-    dao::Recordset rows =
-        year.OpenRecordset(u"SELECT Surname,Firstname,Tutor FROM %1 ORDER BY Surname;"_s.arg(
-                               dao::writeName(classTable(classCode))),
-                           dao::RecordsetType::Snapshot);
-    for (; !rows.EOF_(); rows.MoveNext())
-        pupils += {.forename = rows.Collect(u"Firstname").toText(),
-                   .surname = rows.Collect(u"Surname").toText()};
-    return pupils;
 }
 
 QString tutorOf(const dao::Database& year, const QString& classCode, const ClassPupil& pupil) {

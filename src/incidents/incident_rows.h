@@ -1,5 +1,6 @@
 #pragma once
 
+#include "classes/pupil_names.h"
 #include "store/engine/engine.h"
 
 #include <QDate>
@@ -40,6 +41,9 @@ QList<PupilIncidents> readIncidents(const dao::Database& year);
 
 /// The day of a report, whose years are those from 2000 on; invalid for a text that makes no sense.
 QDate incidentDate(const QString& stored);
+/// The same for people, in a format of QLocale's. A date that makes no sense is shown as it stands,
+/// so that its report can be reached.
+QString incidentDateText(const QString& stored, const QString& dateFormat);
 /// The days that a report can have.
 inline const QDate FirstIncidentDate{2000, 1, 1};
 inline const QDate LastIncidentDate{2099, 12, 31};
@@ -68,16 +72,12 @@ void deleteIncident(const dao::Database& year, qint64 report);
 /// The row of a report, to be bound to boxes; without a current record where it is gone.
 dao::Recordset openIncident(const dao::Database& year, qint64 report);
 
+/// Whom a report is about; nothing where the row is gone.
+std::optional<IncidentPupil> pupilOfReport(const dao::Database& year, qint64 report);
+
 /// What stands in a text for "#": the forename up to the first blank and with it, its first letter
 /// a capital and all others small.
 QString insertedForename(const IncidentPupil& pupil);
 
-/// A pupil to pick from one of the year's classes.
-struct ClassPupil {
-    QString forename = {};
-    QString surname = {};
-};
-/// The pupils of a class, by surname.
-QList<ClassPupil> classPupils(const dao::Database& year, const QString& classCode);
 /// The tutor of the one pupil of that name in a class; empty where there is none, or are several.
 QString tutorOf(const dao::Database& year, const QString& classCode, const ClassPupil& pupil);

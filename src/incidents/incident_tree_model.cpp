@@ -1,7 +1,5 @@
 #include "incidents/incident_tree_model.h"
 
-#include <QLocale>
-
 using namespace Qt::StringLiterals;
 
 void IncidentTreeModel::setIncidents(const QList<PupilIncidents>& incidents) {
@@ -40,17 +38,9 @@ int IncidentTreeModel::memberCount(int group) const {
     return static_cast<int>(m_pupils.at(group).reports.size());
 }
 
-/// A date that makes no sense is shown as it stands, so that its report can be reached.
-QString IncidentTreeModel::dateText(const QString& stored) const {
-    const QDate date = incidentDate(stored);
-    if (date.isValid())
-        return QLocale().toString(date, m_dateFormat);
-    return stored.isEmpty() ? u"(no date)"_s : stored;
-}
-
 QVariant IncidentTreeModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole)
         return {};
     const IncidentReport* incident = report(index);
-    return incident ? dateText(incident->date) : pupil(index)->name();
+    return incident ? incidentDateText(incident->date, m_dateFormat) : pupil(index)->name();
 }

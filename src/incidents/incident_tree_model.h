@@ -28,8 +28,6 @@ protected:
     int memberCount(int group) const override;
 
 private:
-    QString dateText(const QString& stored) const;
-
     QString m_dateFormat;
     QList<PupilIncidents> m_pupils;
 };

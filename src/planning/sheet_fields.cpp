@@ -1,5 +1,9 @@
 #include "planning/sheet_fields.h"
 
+#include "store/engine/error.h"
+#include "store/engine/names.h"
+#include "store/table_names.h"
+
 using namespace Qt::StringLiterals;
 
 QString fieldOf(const SheetPlace& place) {
@@ -26,4 +30,13 @@ QString blockCaption(SheetBox box) {
     return box == SheetBox::Dinner        ? u"Dinner Time"_s
            : box == SheetBox::AfterSchool ? u"After School"_s
                                           : u"Notes"_s;
+}
+
+dao::Recordset readSheet(const dao::Database& database, const QString& planDate) {
+    dao::Recordset sheet = database.OpenRecordset(
+        u"SELECT * FROM %1 WHERE PlanDate = %2;"_s.arg(PlanningTable, dao::writeText(planDate)),
+        dao::RecordsetType::Snapshot);
+    if (sheet.EOF_())
+        throw dao::EngineError(dao::NoCurrentRecord, u"There is no planning sheet of that day."_s);
+    return sheet;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/engine/database.h"
+
 #include <QString>
 
 /// The boxes of a sheet and the fields of `Planning` behind them.
@@ -17,5 +19,8 @@ struct SheetPlace {
 /// The field that a box shows: "Lesson3", "Homework3", "Dinner", "AfterSchool", "Notes".
 QString fieldOf(const SheetPlace& place);
 QString classField(int period);
+/// The row of `Planning` of a date ("yy-mm-dd"), with all its fields. Raises 3021 where there is no
+/// sheet of that day, and what the engine raises.
+dao::Recordset readSheet(const dao::Database& database, const QString& planDate);
 /// The caption of a block at the bottom: "Dinner Time", "After School", "Notes".
 QString blockCaption(SheetBox box);

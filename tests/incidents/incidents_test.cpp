@@ -5,6 +5,8 @@
 #include "incidents/incident_titles.h"
 #include "incidents/incident_tree_model.h"
 #include "incidents/new_incident.h"
+#include "incidents/report_document.h"
+#include "richtext/plain_text.h"
 #include "store/table_names.h"
 #include "store/table_structure.h"
 #include "support/class_file.h"
@@ -154,4 +156,25 @@ TEST_F(IncidentsTest, ATutorIsTakenFromTheOnePupilOfTheName) {
     for (const ClassPupil& each : classPupils(year(), u"7A"_s))
         tutors += each.surname + u':' + tutorOf(year(), u"7A"_s, each);
     EXPECT_EQ(tutors, QStringList({u"Lee:"_s, u"Lee:"_s, u"O'Brien:TO'"_s}));
+}
+
+TEST_F(IncidentsTest, AReportGoesIntoTheTeachersTemplate) {
+    Check_Incident_Tables(year());
+    const qint64 report = add(u"Zoë"_s, u"O'Brien"_s);
+    put(u"IncidentDetails"_s, u"Further"_s, u"{\\rtf1 Sent {\\b home}\\par twice}"_s);
+    put(u"IncidentDetails"_s, u"SendTo"_s, u"Head {of} year"_s);
+    session.TeacherName = u"Ms Hill"_s;
+    const DocumentPlace place{
+        .appPath = folder.path() + u'/', .webAddress = {}, .target = path(u"made.rtf"_s)};
+    ASSERT_TRUE(CreateWordDoc(session, place, *readReportTexts(session, report)));
+    QFile file(place.target);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString source = QString::fromLatin1(file.readAll());
+    EXPECT_TRUE(source.contains(u"{\\title Zo\\'eb O'Brien}"_s));
+    const QString text = richtext::plainText(source).simplified();
+    for (const QString& part :
+         {u"Pupil Zoë O'Brien"_s, u"Date 09/09/2024"_s, u"Teacher Ms Hill"_s,
+          u"To Head {of} year"_s, u"Incident Fighting"_s, u"Further action Sent home twice"_s})
+        EXPECT_TRUE(text.contains(part)) << qPrintable(text);
+    EXPECT_FALSE(readReportTexts(session, report + 1));
 }

@@ -280,6 +280,19 @@ TEST_F(DailySheetTest, KeepsLinksOfAPeriod) {
     EXPECT_EQ(on<QComboBox>("Combo1").count(), 0);
 }
 
+TEST_F(DailySheetTest, ADocumentHoldsWhatWasTypedAMomentAgo) {
+    session.AppPath = path(u"app/"_s);
+    open();
+    type("Text1(0)", u"Read page 4"_s);
+    for (const QString& document : {u"Daily Planning Sheet"_s, u"Short Term Plan"_s}) {
+        command(document).trigger();
+        ASSERT_FALSE(seams.shell.runs.isEmpty());
+        QFile made(seams.shell.runs.last().file);
+        ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(made.readAll().contains("Read page 4")) << qPrintable(document);
+    }
+}
+
 TEST_F(DailySheetTest, ReadsInBothSchemesAtEverySize) {
     settings.set(setting::ShowClassCoding, true);
     open();

@@ -25,8 +25,11 @@ protected:
         push("cmdOK").click();
     }
     void select(int pupil, int report = -1) {
-        const QModelIndex at = tree().model()->index(pupil, 0);
-        tree().setCurrentIndex(report < 0 ? at : tree().model()->index(report, 0, at));
+        QModelIndex at = tree().model()->index(pupil, 0);
+        tree().expand(at);
+        if (report >= 0)
+            at = tree().model()->index(report, 0, at);
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(at).center());
     }
     QString stored(const QString& field) {
         return richtext::plainText(rows(IncidentDetailsTable).Collect(field).toText());

@@ -160,9 +160,13 @@ TEST_F(TimetableScreenTest, TheToolbarSavesAndTakesAPicture) {
     EXPECT_EQ(stored(0).at(1, 3).caption, u"Free"_s);
     const QString picture = folder.filePath(u"week.bmp"_s);
     seams.prompts.expect(PromptKind::File, u" Save file as :"_s, picture);
-    control<QAction>(*window, u"TT_Btns(1)"_s).trigger();
+    control<QAction>(*window, u"TT_Btns(2)"_s).trigger();
     EXPECT_EQ(QImage(picture).size(), control<QWidget>(*window, u"Picture2"_s).size());
-    EXPECT_EQ(window->findChild<QAction*>(u"TT_Btns(2)"_s), nullptr);
+    EXPECT_EQ(window->findChild<QAction*>(u"TT_Btns(3)"_s), nullptr);
+    seams.shell.hasWordProcessor = false;
+    seams.prompts.expect(PromptKind::Selector, u"Export Timetable"_s, u"Both weeks"_s);
+    seams.prompts.expect(PromptKind::Message, u"Document creation cancelled"_s, AnswerOk);
+    control<QAction>(*window, u"TT_Btns(1)"_s).trigger();
 }
 
 TEST_F(TimetableScreenTest, ADamagedClassIsToldAndTheWindowStays) {

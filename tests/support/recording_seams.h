@@ -48,6 +48,9 @@ public:
                   const QString&) override {
         runs.append({verb, file});
     }
+    bool hasWordProcessor = true;
+    bool HasWordProcessor() override { return hasWordProcessor; }
+    void OpenNewDocument(const QString& path) override { runs.append({u"new document"_s, path}); }
     void PlaySoundFile(const QString& path, bool, const std::function<void()>& ended) override {
         sounds.append(path);
         soundEnded = ended;

@@ -2,6 +2,7 @@
 
 #include "archive_commands.h"
 #include "contact_commands.h"
+#include "document_commands.h"
 #include "event_commands.h"
 #include "file_commands.h"
 #include "remind_commands.h"
@@ -49,6 +50,34 @@ const QList<Command>& programCommands() {
          .usage = u"YEAR CLASS SOURCE"_s,
          .run = copySeatingPlan,
          .arguments = 2},
+        {.name = u"document cover"_s,
+         .usage = u"YEAR DATE TARGET.rtf"_s,
+         .run = documentCover,
+         .arguments = 2},
+        {.name = u"document quick"_s,
+         .usage = u"YEAR DATE TARGET.rtf"_s,
+         .run = documentQuick,
+         .arguments = 2},
+        {.name = u"document weekly"_s,
+         .usage = u"YEAR FROM UNTIL CLASS,CLASS TARGET.rtf"_s,
+         .run = documentWeekly,
+         .arguments = 4},
+        {.name = u"document timetable"_s,
+         .usage = u"YEAR 1|2|both TARGET.rtf"_s,
+         .run = documentTimetable,
+         .arguments = 2},
+        {.name = u"document seating"_s,
+         .usage = u"YEAR CLASS PICTURE.bmp TARGET.rtf"_s,
+         .run = documentSeating,
+         .arguments = 3},
+        {.name = u"document incident"_s,
+         .usage = u"YEAR ID TARGET.rtf"_s,
+         .run = documentIncident,
+         .arguments = 2},
+        {.name = u"document plan"_s,
+         .usage = u"YEAR DATE PERIOD TARGET.rtf"_s,
+         .run = documentPlan,
+         .arguments = 3},
         {.name = u"remind"_s, .usage = u"YEAR FROM UNTIL"_s, .run = playReminders, .arguments = 2},
     };
     return commands;

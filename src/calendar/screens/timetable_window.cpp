@@ -4,6 +4,7 @@
 #include "calendar/screens/timetable_editor.h"
 #include "calendar/screens/timetable_panel.h"
 #include "calendar/term_weeks.h"
+#include "calendar/timetable_document.h"
 #include "calendar/timetable_settings.h"
 #include "controls/layout_toolbar.h"
 #include "core/clock.h"
@@ -110,6 +111,7 @@ LayoutToolbar* TimetableWindow::makeToolbar() {
              m_failure.reset();
              save();
          }},
+        {2, u"Export to MSWord."_s, u"export"_s, [this] { exportToWord(); }},
         {2, u"Save as BMP picture."_s, u"picture"_s, [this] { savePicture(); }},
     };
     if (m_session.GetWindows().has(ToolWindow::Settings))
@@ -250,6 +252,13 @@ bool TimetableWindow::save() {
             tellFailure(m_session.GetSeams().prompts, timetableUnsaved, error);
     }
     return false;
+}
+
+/// The document shows what is in the file.
+void TimetableWindow::exportToWord() {
+    applyEditor();
+    if (m_writing.save())
+        ExportTimetable(m_session, documentPlace(m_session));
 }
 
 void TimetableWindow::savePicture() {

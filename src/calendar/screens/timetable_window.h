@@ -45,6 +45,7 @@ private:
     void copy();
     void paste();
     bool save();
+    void exportToWord();
     void savePicture();
 
     Session& m_session;

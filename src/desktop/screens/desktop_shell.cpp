@@ -87,6 +87,11 @@ private:
     QPointer<QWidget> m_focus;
 };
 
+/// LibreOffice's word processor; empty where it is not installed.
+QString writerProgram() {
+    return QStandardPaths::findExecutable(u"lowriter"_s);
+}
+
 /// What is gone stands on the screen until the windows below it have been painted.
 void letWindowsGo() {
     constexpr std::chrono::milliseconds enough(300);
@@ -150,6 +155,21 @@ void DesktopShell::showFailure(const QString& file) {
                        "below can be found on your system in the folders shown.\n\n"_s +
                            file,
                        OkButton | WarningIcon, u"File/Folder execution error:"_s);
+}
+
+bool DesktopShell::HasWordProcessor() {
+    if (!writerProgram().isEmpty())
+        return true;
+    LateServices* services = lateServices();
+    return services && (services->opens("application/rtf") || services->opens("text/rtf"));
+}
+
+void DesktopShell::OpenNewDocument(const QString& path) {
+    const QString writer = writerProgram();
+    if (writer.isEmpty())
+        handToDesktop(path, {});
+    else if (!QProcess::startDetached(writer, {u"-n"_s, path}))
+        showFailure(path);
 }
 
 void DesktopShell::PlaySoundFile(const QString& path, bool loop,

@@ -21,6 +21,9 @@ public:
     /// one that holds blanks stands in double quotes.
     void ShellRun(const QString& verb, const QString& file, const QString& parameters,
                   const QString& folder) override;
+    bool HasWordProcessor() override;
+    /// LibreOffice, where it is installed, makes a new document of it.
+    void OpenNewDocument(const QString& path) override;
     /// Silent on a computer that has no sound.
     void PlaySoundFile(const QString& path, bool loop, const std::function<void()>& ended) override;
     void Notify(const QString& text) override;

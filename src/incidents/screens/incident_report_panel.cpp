@@ -6,6 +6,7 @@
 #include "controls/layout_toolbar.h"
 #include "core/session.h"
 #include "incidents/screens/title_strip.h"
+#include "office/plain_cell.h"
 
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -43,6 +44,7 @@ public:
 
 IncidentReportPanel::IncidentReportPanel(Session& session, const QWidget& window)
     : m_tools(new FormatTools(session, u"BBBB|BB|B"_s, *this))
+    , m_exportTool(new LayoutToolbar(u"Toolbar2"_s, u"B"_s, u"Export to Word"_s, u"export"_s))
     , m_strip(new TitleStrip(window, session.GradientsEnabled))
     , m_tabs(new QTabWidget)
     , m_binding(session.GetSeams().prompts) {
@@ -53,7 +55,9 @@ IncidentReportPanel::IncidentReportPanel(Session& session, const QWidget& window
     auto* bars = new QHBoxLayout;
     bars->addWidget(m_tools->toolbar());
     bars->addWidget(m_tools->colourToolbar());
+    bars->addWidget(m_exportTool);
     bars->addStretch();
+    connect(m_exportTool->button(0), &QAction::triggered, this, &IncidentReportPanel::exportWanted);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(2);
@@ -99,6 +103,7 @@ QWidget* IncidentReportPanel::makeDetails() {
         auto* line = new QLineEdit;
         line->setObjectName(u"text2(%1)"_s.arg(number++));
         line->setAccessibleName(each.name);
+        m_details += line;
         line->setMaxLength(longestIncidentText(each.field));
         m_bound.push_back(std::make_unique<BoundUnlessEmpty>(*line));
         m_binding.bind(each.field, *m_bound.back());
@@ -129,6 +134,7 @@ void IncidentReportPanel::EnableControlsForEditing(bool flag) {
     }
     for (int page = 0; page < m_tabs->count(); ++page)
         m_tabs->widget(page)->setEnabled(flag);
+    m_exportTool->button(0)->setEnabled(flag);
 }
 
 void IncidentReportPanel::enter() {
@@ -137,6 +143,26 @@ void IncidentReportPanel::enter() {
         m_texts.at(page)->setFocus();
     else
         m_tabs->currentWidget()->findChild<QLineEdit*>()->setFocus();
+}
+
+void IncidentReportPanel::enterFirstPage() {
+    m_tabs->setCurrentIndex(0);
+    enter();
+}
+
+ReportTexts IncidentReportPanel::texts(const QString& dateFormat) const {
+    const auto plain = [this](size_t page) { return plainCellText(m_texts.at(page)->rtf()); };
+    return {.forename = m_pupil.forename,
+            .surname = m_pupil.surname,
+            .date = incidentDateText(m_binding.value(u"Date").toText(), dateFormat),
+            .tutor = m_details[0]->text(),
+            .title = m_details[1]->text(),
+            .information = plain(0),
+            .actionTaken = plain(1),
+            .home = plain(2),
+            .furtherAction = plain(3),
+            .sendTo = m_details[2]->text(),
+            .copyTo = m_details[3]->text()};
 }
 
 bool IncidentReportPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "incidents/incident_rows.h"
+#include "incidents/report_document.h"
 #include "store/row_binding.h"
 
 #include <QWidget>
@@ -10,6 +11,7 @@
 #include <vector>
 
 class FormatTools;
+class LayoutToolbar;
 class QLineEdit;
 class QTabWidget;
 class RichTextBox;
@@ -32,6 +34,11 @@ public:
     void EnableControlsForEditing(bool flag);
     /// Puts the keyboard where the report is written.
     void enter();
+    /// A new report begins on the first page.
+    void enterFirstPage();
+
+    /// What stands in the boxes, whether it is kept or not.
+    ReportTexts texts(const QString& dateFormat) const;
 
     bool save() { return m_binding.flush(); }
     Leaving leave() { return m_binding.leave(); }
@@ -39,6 +46,7 @@ public:
 
 signals:
     void edited();
+    void exportWanted();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -50,9 +58,11 @@ private:
     QWidget* makeDetails();
 
     FormatTools* m_tools;
+    LayoutToolbar* m_exportTool;
     TitleStrip* m_strip;
     QTabWidget* m_tabs;
     std::array<RichTextBox*, TextCount> m_texts{};
+    QList<QLineEdit*> m_details; ///< tutor, title, addressee, copy to
     std::vector<std::unique_ptr<BoundBox>> m_bound;
     RowBinding m_binding;
     IncidentPupil m_pupil;

@@ -125,7 +125,7 @@ void IncidentWindow::makeMenus() {
 }
 
 void IncidentWindow::connectParts() {
-    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &IncidentWindow::selectionChanged);
     connect(m_tree, &QTreeView::activated, this, [this](const QModelIndex& index) {
         if (m_model->report(index))
@@ -137,6 +137,11 @@ void IncidentWindow::connectParts() {
     connect(m_new, &QPushButton::clicked, this, &IncidentWindow::beginNew);
     connect(m_delete, &QPushButton::clicked, this, &IncidentWindow::deleteCurrent);
     connect(m_panel, &IncidentReportPanel::edited, this, [this] { m_writing.typed(); });
+    connect(m_panel, &IncidentReportPanel::exportWanted, this, [this] {
+        m_writing.save();
+        CreateWordDoc(m_session, documentPlace(m_session),
+                      m_panel->texts(m_session.ShortDateFormat));
+    });
     connect(m_newPanel, &NewIncidentPanel::createWanted, this, &IncidentWindow::create);
     connect(m_newPanel, &NewIncidentPanel::leaveWanted, this, &IncidentWindow::leaveNew);
 }
@@ -232,7 +237,7 @@ void IncidentWindow::create() {
     loadTreeview();
     showNewPanel(false);
     selectReport(*report);
-    m_panel->enter();
+    m_panel->enterFirstPage();
 }
 
 void IncidentWindow::leaveNew() {

@@ -8,7 +8,10 @@
 #include "controls/layout_toolbar.h"
 #include "core/session.h"
 #include "core/settings.h"
+#include "planning/cover_sheets.h"
+#include "planning/plan_document.h"
 #include "planning/planning_settings.h"
+#include "planning/quick_plan.h"
 #include "planning/screens/bottom_blocks.h"
 #include "planning/screens/class_box.h"
 #include "planning/screens/links_panel.h"
@@ -179,6 +182,26 @@ void DailySheetWindow::connectCommands() {
     connect(m_commands, &SheetCommands::eventWanted, this, &DailySheetWindow::carryOut);
     connect(m_commands, &SheetCommands::registerWanted, this, &DailySheetWindow::openRegister);
     connect(m_commands, &SheetCommands::historyWanted, this, &DailySheetWindow::openHistory);
+    connectExports();
+}
+
+/// A document shows what is in the file.
+void DailySheetWindow::connectExports() {
+    const auto make = [this](auto wanted, auto create) {
+        connect(m_commands, wanted, this, [this, create] {
+            if (m_writing.save())
+                create(documentPlace(m_session), m_sheets.date());
+        });
+    };
+    make(&SheetCommands::quickPlanWanted, [this](const DocumentPlace& place, QDate date) {
+        CreateQuickPlan(m_session, place, date);
+    });
+    make(&SheetCommands::coverSheetsWanted, [this](const DocumentPlace& place, QDate date) {
+        ExportCoverSheets(m_session, place, date);
+    });
+    make(&SheetCommands::shortTermPlanWanted, [this](const DocumentPlace& place, QDate date) {
+        CreateShortTermPlan(m_session, place, date, m_periods->selectedPeriod());
+    });
 }
 
 /// On the class of the period, where it has one.

@@ -56,6 +56,7 @@ private:
     void bindClass(int period);
     void bindRichText(RichTextBox& box, const SheetPlace& place);
     void connectCommands();
+    void connectExports();
     void followTheYear();
 
     void sheetChanged();

@@ -34,6 +34,7 @@ SheetCommands::SheetCommands(Session& session, FormatTools& tools, QWidget& wind
     : QObject(&window), m_session(session), m_tools(tools) {
     makeWindowActions();
     makePlanningMenu(window);
+    makeExportMenu(window);
     makePeriodMenu(window);
     makeToolbar(window);
     m_propertiesButton->setCheckable(true);
@@ -93,9 +94,19 @@ void SheetCommands::makePeriodMenu(QWidget& window) {
     m_properties = m_periodMenu->addAction(icon(u"properties"_s), u"Show Lesson Properties"_s, this,
                                            &SheetCommands::planToggled);
     m_properties->setCheckable(true);
+    m_periodMenu->addMenu(m_exportMenu);
     m_periodMenu->addMenu(m_tools.insertMenu());
     if (QAction* lessonRegister = m_windowActions.value(ToolWindow::Classes))
         m_periodMenu->addAction(lessonRegister);
+}
+
+void SheetCommands::makeExportMenu(QWidget& window) {
+    m_exportMenu = new QMenu(u"Export to MS Word"_s, &window);
+    m_exportMenu->setObjectName(u"mnuExport"_s);
+    m_exportMenu->addAction(u"Daily Planning Sheet"_s, this, &SheetCommands::quickPlanWanted);
+    m_exportPlan =
+        m_exportMenu->addAction(u"Short Term Plan"_s, this, &SheetCommands::shortTermPlanWanted);
+    m_exportMenu->addAction(u"Create Cover Sheet(s)..."_s, this, &SheetCommands::coverSheetsWanted);
 }
 
 void SheetCommands::makeToolbar(QWidget& window) {
@@ -113,6 +124,7 @@ void SheetCommands::makeToolbar(QWidget& window) {
         buttons += {u"History Viewer."_s, u"history"_s, history, nullptr};
     buttons +=
         {u"Toggle Lesson Properties. (STP details)"_s, u"properties"_s, m_properties, nullptr};
+    buttons += {u"Export to MSWord options."_s, u"export"_s, nullptr, m_exportMenu};
     buttons += {u"Insert Object."_s, u"insert_object"_s, nullptr, m_tools.insertMenu()};
     QStringList tips;
     QStringList icons;
@@ -157,6 +169,8 @@ void SheetCommands::addEvents() {
 
 void SheetCommands::enable(const SheetState& sheet) {
     m_delete->setEnabled(sheet.isThere);
+    m_exportMenu->setEnabled(sheet.isThere);
+    m_exportPlan->setEnabled(ShortTermPlan::takes(sheet.period));
     m_maximise->setEnabled(sheet.period > 0 && !sheet.isPlanOpen);
     m_properties->setEnabled(sheet.isPlanOpen || ShortTermPlan::takes(sheet.period));
     for (QAction* properties : {m_properties, m_propertiesButton})

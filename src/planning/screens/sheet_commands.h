@@ -50,10 +50,15 @@ signals:
     void registerWanted(); ///< of the selected period's class
     void historyWanted();  ///< of the same
     void eventWanted(SheetEvent event);
+    /// A document of the sheet is to be made.
+    void quickPlanWanted();
+    void shortTermPlanWanted(); ///< of the selected period
+    void coverSheetsWanted();
 
 private:
     void makePlanningMenu(QWidget& window);
     void makePeriodMenu(QWidget& window);
+    void makeExportMenu(QWidget& window);
     void makeToolbar(QWidget& window);
     void addEvents();
     void makeWindowActions();
@@ -62,9 +67,11 @@ private:
     FormatTools& m_tools;
     QMenu* m_planningMenu = nullptr;
     QMenu* m_periodMenu = nullptr;
+    QMenu* m_exportMenu = nullptr;
     LayoutToolbar* m_toolbar = nullptr;
     QAction* m_maximise = nullptr;
     QAction* m_delete = nullptr;
+    QAction* m_exportPlan = nullptr;
     QAction* m_properties = nullptr;
     QAction* m_propertiesButton = nullptr;
     QHash<ToolWindow, QAction*> m_windowActions; ///< by the window that they open

@@ -15,6 +15,7 @@
 #include "planning/screens/lesson_slot.h"
 #include "planning/screens/links_panel.h"
 #include "planning/screens/maximise_button.h"
+#include "planning/weekly_plan.h"
 #include "user_menu/screens/tools_popup.h"
 
 #include <QAction>
@@ -156,11 +157,12 @@ QToolButton* WeeklySheetWindow::makeMoveButton(int element, const QString& iconN
 
 /// Kept on purpose: the first two buttons do nothing.
 LayoutToolbar* WeeklySheetWindow::makeToolbar() {
-    auto* toolbar =
-        new LayoutToolbar(u"ORVA2_Btns"_s, u"BBB"_s,
-                          u"Show Lesson History|Lesson Properties. (STP details)|Insert Object"_s,
-                          u"history|properties|insert_object"_s, this);
-    toolbar->setMenu(2, m_tools->insertMenu());
+    auto* toolbar = new LayoutToolbar(u"ORVA2_Btns"_s, u"BBBB"_s,
+                                      u"Show Lesson History|Lesson Properties. (STP details)|"
+                                      "Export Weekly Plan(s) to MSWord|Insert Object"_s,
+                                      u"history|properties|export|insert_object"_s, this);
+    connect(toolbar->button(2), &QAction::triggered, this, &WeeklySheetWindow::exportToWord);
+    toolbar->setMenu(3, m_tools->insertMenu());
     return toolbar;
 }
 
@@ -172,6 +174,9 @@ void WeeklySheetWindow::makeMenus() {
     m_maximise->setShortcut(Qt::CTRL | Qt::Key_M);
     m_maximise->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(m_maximise);
+    QMenu* exports = m_slotMenu->addMenu(u"Export to MS Word"_s);
+    exports->addAction(icon(u"export"_s), u"Weekly Planning Sheet"_s, this,
+                       &WeeklySheetWindow::exportToWord);
     m_slotMenu->addMenu(m_tools->insertMenu());
     auto* bar = new QMenuBar;
     bar->addMenu(m_slotMenu);
@@ -320,6 +325,15 @@ bool WeeklySheetWindow::writeLessons() {
     for (qsizetype i = 0; i < texts.size(); ++i)
         m_slots.at(static_cast<size_t>(i))->markWritten(texts.at(i));
     return true;
+}
+
+/// The document shows what is in the file.
+void WeeklySheetWindow::exportToWord() {
+    if (m_shownWeek < 0 || m_shownClass < 0 || !m_writing.save())
+        return;
+    const QList<QDate>& weeks = m_sheets.weeks();
+    ExportWeeklyPlan(m_session, documentPlace(m_session),
+                     {m_class->itemText(m_shownClass), weeks.value(m_shownWeek), weeks});
 }
 
 void WeeklySheetWindow::closeEvent(QCloseEvent* event) {

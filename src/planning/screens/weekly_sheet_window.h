@@ -41,6 +41,7 @@ public:
     void reload();
     /// Writes what was typed. Answers false where something could not be written, which the person
     /// has been told.
+    void exportToWord();
     bool writeLessons();
 
 protected:

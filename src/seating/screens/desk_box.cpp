@@ -34,7 +34,9 @@ void DeskBox::setDesk(const Desk& desk, const QString& spoken) {
 
 void DeskBox::setLook(const DeskLook& look) {
     m_look = look;
-    setFont(look.font);
+    // Kerning would cost a third of the painting. Scripts that can't do without shaping keep it.
+    m_look.font.setStyleStrategy(QFont::PreferNoShaping);
+    setFont(m_look.font);
     update();
 }
 

@@ -110,7 +110,7 @@ void DeskCanvas::mark(std::optional<qint64> pupil) {
     if (m_marked == pupil)
         return;
     m_marked = pupil;
-    for (DeskBox* box : m_boxes)
+    for (DeskBox* box : shownBoxes())
         box->setMarked(m_marked == box->desk().id);
 }
 
@@ -129,11 +129,14 @@ QPoint DeskCanvas::twips(QPointF pixels) const {
             static_cast<int>(std::floor(pixels.y() * m_twipsPerPixel.height()))};
 }
 
-/// A desk made later comes behind the others for Tab, wherever it was made.
+/// A desk made later comes behind the others for Tab, wherever it was made. Boxes that are not
+/// needed any more wait for the next plan without what they said, in their old order.
 void DeskCanvas::makeBoxes(size_t count) {
-    while (m_boxes.size() > count) {
-        delete m_boxes.back();
-        m_boxes.pop_back();
+    for (size_t i = count; i < m_shownCount; ++i) {
+        if (m_boxes[i]->hasFocus())
+            setFocus(); // or the keyboard would walk through the boxes that go
+        m_boxes[i]->hide();
+        m_boxes[i]->setDesk({}, {});
     }
     while (m_boxes.size() < count) {
         auto* box = new DeskBox(this);
@@ -142,6 +145,7 @@ void DeskCanvas::makeBoxes(size_t count) {
         connect(box, &DeskBox::entered, this, [this, box] { enter(*box); });
         m_boxes.push_back(box);
     }
+    m_shownCount = count;
 }
 
 void DeskCanvas::showDesks() {
@@ -149,7 +153,7 @@ void DeskCanvas::showDesks() {
     const QStringList spoken = spokenDesks(desks);
     makeBoxes(static_cast<size_t>(desks.size()));
     QSize needed;
-    for (size_t i = 0; i < m_boxes.size(); ++i) {
+    for (size_t i = 0; i < m_shownCount; ++i) {
         const Desk& desk = desks[static_cast<qsizetype>(i)];
         const QRect place = pixels(desk.place);
         m_boxes[i]->setDesk(desk, spoken[static_cast<qsizetype>(i)]);
@@ -170,9 +174,10 @@ void DeskCanvas::showDesks() {
 }
 
 DeskBox* DeskCanvas::boxOf(std::optional<qint64> desk) const {
-    const auto found = std::find_if(m_boxes.begin(), m_boxes.end(),
+    const std::span<DeskBox* const> boxes = shownBoxes();
+    const auto found = std::find_if(boxes.begin(), boxes.end(),
                                     [desk](const DeskBox* box) { return desk == box->desk().id; });
-    return found == m_boxes.end() ? nullptr : *found;
+    return found == boxes.end() ? nullptr : *found;
 }
 
 /// The handles and the frame stand above all desks.
@@ -245,7 +250,7 @@ void DeskCanvas::select(std::optional<qint64> desk) {
 
 QImage DeskCanvas::picture() {
     const auto setPlain = [this](bool plain) {
-        for (DeskBox* box : m_boxes)
+        for (DeskBox* box : shownBoxes())
             box->setPlain(plain);
     };
     for (QWidget* handle : m_handles)
@@ -274,10 +279,11 @@ bool DeskCanvas::event(QEvent* event) {
 }
 
 void DeskCanvas::showTip(const QHelpEvent& event) {
-    const auto under = std::find_if(m_boxes.rbegin(), m_boxes.rend(), [&](const DeskBox* box) {
+    const std::span<DeskBox* const> boxes = shownBoxes();
+    const auto under = std::find_if(boxes.rbegin(), boxes.rend(), [&](const DeskBox* box) {
         return box->isVisible() && box->geometry().contains(event.pos());
     });
-    if (under == m_boxes.rend())
+    if (under == boxes.rend())
         QToolTip::hideText();
     else
         QToolTip::showText(event.globalPos(), StripCLF((*under)->desk().caption), this,

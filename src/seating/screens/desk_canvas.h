@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include <array>
+#include <span>
 #include <vector>
 
 class PlanEditor;
@@ -65,6 +66,7 @@ protected:
 private:
     void showDesks();
     void makeBoxes(size_t count);
+    std::span<DeskBox* const> shownBoxes() const { return {m_boxes.data(), m_shownCount}; }
     void showDesigner();
     void showEditor();
     void hearSelection();
@@ -81,7 +83,8 @@ private:
     DeskDesigner m_designer;
     DeskLook m_look;
     QColor m_classroom;
-    std::vector<DeskBox*> m_boxes; ///< in the order of the desks
+    std::vector<DeskBox*> m_boxes; ///< in the order of the desks; then some that wait for more
+    size_t m_shownCount = 0;
     std::array<QWidget*, DeskDesigner::HandleCount> m_handles{};
     QRubberBand* m_frame;
     QPlainTextEdit* m_text; ///< over the desk whose caption is written

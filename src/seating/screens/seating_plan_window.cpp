@@ -11,6 +11,7 @@
 #include "core/saved_picture.h"
 #include "core/session.h"
 #include "seating/plan_layout.h"
+#include "seating/plan_picture_document.h"
 #include "seating/screens/desk_canvas.h"
 #include "seating/screens/seating_side_panel.h"
 
@@ -391,8 +392,12 @@ void SeatingPlanWindow::followClasses() {
 }
 
 void SeatingPlanWindow::savePicture() {
-    ::savePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
-                  m_canvas->picture(), {u"BMP file"_s, u"*.bmp"_s}, SavedFormats::BitmapOrPng);
+    const QString picture =
+        ::savePicture(m_session.GetSeams().prompts, m_session.FolderDefaults[SaveFolder].folder,
+                      m_canvas->picture(), {u"BMP file"_s, u"*.bmp"_s}, SavedFormats::BitmapOrPng);
+    if (!picture.isEmpty())
+        OfferPlanDocument(m_session.GetSeams(), documentPlace(m_session), m_plan.classCode,
+                          picture);
 }
 
 /// The default plan, whichever is shown.

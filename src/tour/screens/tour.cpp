@@ -13,6 +13,7 @@
 #include "store/engine/error.h"
 #include "tour/screens/tour_classes.h"
 #include "tour/screens/tour_contacts.h"
+#include "tour/screens/tour_documents.h"
 #include "tour/screens/tour_events.h"
 #include "tour/screens/tour_incidents.h"
 #include "tour/screens/tour_menu.h"
@@ -172,6 +173,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitPostIts(session, frame, pictures);
     visitSeating(session, frame, pictures);
     visitIncidents(session, frame, pictures);
+    visitDocuments(session, folder);
     visitContacts(session, frame, pictures);
     visitMenuEditor(session, frame, pictures);
     visitSettings(session, frame, pictures);

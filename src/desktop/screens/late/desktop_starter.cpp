@@ -12,3 +12,9 @@ bool startDesktopFile(const QString& path) {
         g_desktop_app_info_new_from_filename(QFile::encodeName(path).constData()), &g_object_unref);
     return starter && g_app_info_launch(G_APP_INFO(starter.get()), nullptr, nullptr, nullptr);
 }
+
+bool desktopOpens(const char* mimeType) {
+    const std::unique_ptr<GAppInfo, decltype(&g_object_unref)> program(
+        g_app_info_get_default_for_type(mimeType, FALSE), &g_object_unref);
+    return program != nullptr;
+}

@@ -32,6 +32,7 @@ public:
     QString sleep(bool suspend, bool force) override { return letSleep(suspend, force); }
     bool startDesktopFile(const QString& path) override { return ::startDesktopFile(path); }
 
+    bool opens(const char* mimeType) override { return desktopOpens(mimeType); }
     std::optional<QImage> captureByPortal() override { return ScreenshotPortal().capture(); }
 
     QByteArray fetch(const QString& address) override {

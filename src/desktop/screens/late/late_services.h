@@ -27,6 +27,8 @@ public:
     virtual QString sleep(bool suspend, bool force) = 0;
     /// Starts the program of a `.desktop` file; false where that names none that can be started.
     virtual bool startDesktopFile(const QString& path) = 0;
+    /// Whether the desktop has a program for files of a MIME type.
+    virtual bool opens(const char* mimeType) = 0;
     /// The screen by the desktop's screenshot portal: nothing where there is none, a null picture
     /// where the person gave no leave.
     virtual std::optional<QImage> captureByPortal() = 0;

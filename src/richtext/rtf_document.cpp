@@ -1,0 +1,182 @@
+#include "richtext/rtf_document.h"
+
+#include "richtext/rtf_text.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace richtext {
+
+namespace {
+
+constexpr int BoxPadding = 144; ///< between a box and what is in it, left and right
+constexpr int CellPadding = 70; ///< the same of a table's cell
+const QString CellBorders = u"\\clbrdrt\\brdrs\\brdrw10\\clbrdrl\\brdrs\\brdrw10"
+                            "\\clbrdrb\\brdrs\\brdrw10\\clbrdrr\\brdrs\\brdrw10"_s;
+
+QString picture(const QImage& image, const QSize& twips) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return u"{\\pict\\pngblip\\picw%1\\pich%2\\picwgoal%3\\pichgoal%4 "_s.arg(image.width())
+               .arg(image.height())
+               .arg(twips.width())
+               .arg(twips.height()) +
+           QString::fromLatin1(bytes.toHex()) + u'}';
+}
+
+/// Whether a row has room on one page, whatever its cells' widths, and so is not to be divided.
+bool isShort(const TableRow& row) {
+    constexpr qsizetype most = 1500; // characters
+    return std::all_of(row.cells.begin(), row.cells.end(),
+                       [](const TableCell& cell) { return cell.text.size() < most; });
+}
+
+/// A control word with its number.
+void appendWord(QString& rtf, QStringView word, int number) {
+    rtf += word;
+    rtf += QString::number(number);
+}
+
+void appendLook(QString& rtf, const TextLook& look) {
+    appendWord(rtf, u"\\f0\\fs", 2 * look.size);
+    if (look.bold)
+        rtf += u"\\b";
+}
+
+} // namespace
+
+void appendLines(QString& rtf, const QString& text) {
+    if (isClean(text)) // one line, as most are
+        return appendText(rtf, text);
+    const QStringList lines = cleanedLines(text).split(u'\n');
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (i > 0)
+            rtf += u"\\line ";
+        appendText(rtf, lines[i]);
+    }
+}
+
+int RtfDocument::colour(QRgb rgb) {
+    qsizetype place = m_colours.indexOf(rgb);
+    if (place < 0) {
+        place = m_colours.size();
+        m_colours += rgb;
+    }
+    return static_cast<int>(place) + 1;
+}
+
+void RtfDocument::beginParagraph(const TextLook& look, QStringView more) {
+    m_body += u"\\pard\\plain";
+    m_body += more;
+    if (std::exchange(m_breaksPage, false))
+        m_body += u"\\pagebb";
+    if (look.centred)
+        m_body += u"\\qc";
+    appendLook(m_body, look);
+    if (look.colour)
+        appendWord(m_body, u"\\cf", colour(*look.colour));
+    m_body += u' ';
+    m_body += std::exchange(m_boxes, {});
+}
+
+void RtfDocument::addText(const QString& text, const TextLook& look) {
+    for (const QString& line : cleanedLines(text).split(u'\n')) {
+        beginParagraph(look);
+        appendText(m_body, line);
+        m_body += u"\\par\n";
+    }
+}
+
+void RtfDocument::addCell(const TableCell& cell) {
+    beginParagraph(cell.look, u"\\intbl");
+    appendLines(m_body, cell.text);
+    m_body += u"\\cell\n";
+}
+
+/// How the cells of a row stand, for what follows.
+void RtfDocument::defineRow(const TableRow& row) {
+    appendWord(m_body, u"\\trowd\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3\\trleft0\\trgaph",
+               CellPadding);
+    if (row.isHeading)
+        m_body += u"\\trhdr";
+    if (isShort(row))
+        m_body += u"\\trkeep";
+    if (row.height > 0)
+        appendWord(m_body, u"\\trrh", row.height);
+    int right = 0;
+    for (const TableCell& cell : row.cells) {
+        right += cell.width;
+        if (row.height > 0)
+            m_body += u"\\clvertalc";
+        if (cell.hasBorder)
+            m_body += CellBorders;
+        if (cell.ground)
+            appendWord(m_body, u"\\clcbpat", colour(*cell.ground));
+        appendWord(m_body, u"\\cellx", right);
+    }
+    m_body += u'\n';
+}
+
+void RtfDocument::addTable(const Table& table) {
+    for (const TableRow& row : table) {
+        defineRow(row);
+        for (const TableCell& cell : row.cells)
+            addCell(cell);
+        m_body += u"\\row\n";
+    }
+    // A table can't be a document's last: a line as low as can be goes to the same page.
+    m_body += u"\\pard\\plain\\sl-20\\slmult0\\fs2\\par\n";
+}
+
+void RtfDocument::addBox(const QRect& place, const QString& content) {
+    constexpr int firstBox = 1026;
+    m_boxes += u"{\\shp{\\*\\shpinst\\shpleft%1\\shptop%2\\shpright%3\\shpbottom%4"_s.arg(place.x())
+                   .arg(place.y())
+                   .arg(place.x() + place.width())
+                   .arg(place.y() + place.height());
+    m_boxes += u"\\shpfhdr0\\shpbxmargin\\shpbymargin\\shpwr3\\shpfblwtxt0\\shplockanchor"
+               "\\shpz%1\\shplid%2{\\sp{\\sn shapeType}{\\sv 202}}{\\sp{\\sn lineColor}{\\sv 0}}"
+               "{\\sp{\\sn fFilled}{\\sv 0}}{\\shptxt "_s.arg(m_boxCount)
+                   .arg(firstBox + m_boxCount);
+    m_boxes += content + u"\\par}}}"_s;
+    ++m_boxCount;
+}
+
+void RtfDocument::addTextBox(const QRect& place, const QString& text, const TextLook& look) {
+    QString content = u"\\pard\\plain"_s;
+    appendLook(content, look);
+    content += u' ';
+    appendLines(content, text);
+    addBox(place, content);
+}
+
+void RtfDocument::addPictureBox(const QRect& place, const QImage& image) {
+    const QSize size(place.width() - 2 * BoxPadding, place.height() - BoxPadding);
+    addBox(place, u"\\pard\\plain "_s + picture(image, size));
+}
+
+QByteArray RtfDocument::source() const {
+    QString head = u"{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\n"
+                   "{\\colortbl ;"_s;
+    for (const QRgb rgb : m_colours)
+        head += u"\\red%1\\green%2\\blue%3;"_s.arg(qRed(rgb)).arg(qGreen(rgb)).arg(qBlue(rgb));
+    head += u"}\n\\paperw%1\\paperh%2"_s.arg(m_paper.size.width()).arg(m_paper.size.height());
+    head += u"\\margl%1\\margt%2\\margr%3\\margb%4\\gutter%5"_s.arg(m_paper.margins.left())
+                .arg(m_paper.margins.top())
+                .arg(m_paper.margins.right())
+                .arg(m_paper.margins.bottom())
+                .arg(m_paper.gutter);
+    if (m_paper.size.width() > m_paper.size.height())
+        head += u"\\landscape"_s;
+    head += u"\\sectd\\headery%1\\footery%2\n"_s.arg(m_paper.headerDistance)
+                .arg(m_paper.footerDistance);
+    return (head + m_body + u"}\n"_s).toLatin1();
+}
+
+} // namespace richtext
