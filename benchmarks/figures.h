@@ -59,6 +59,7 @@ std::vector<Figure> richTextFigures(const QString& folder);
 std::vector<Figure> writingFigures(const QString& folder);
 std::vector<Figure> planningFigures(const QString& folder);
 std::vector<Figure> weekFigures(const QString& folder);
+std::vector<Figure> archiveFigures(const QString& folder);
 std::vector<Figure> documentFigures(const QString& folder);
 std::vector<Figure> searchFigures(const QString& folder);
 std::vector<Figure> eventFigures(const QString& folder);

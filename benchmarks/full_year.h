@@ -12,6 +12,9 @@ inline constexpr int FullYearSheets = 190;
 QString lessonHtml(int number);
 QString lessonRtf(int number);
 
+/// Makes the sample year's file with eight classes of thirty pupils.
+void makeYearOfClasses(const QString& path);
+
 /// Makes the sample year's file with days of so many periods, whose first sheets have a lesson of
 /// their own in each of the fields. Answers the path.
 QString makeFullYear(const QString& path, int periods, int fullSheets, const QStringList& fields);

@@ -43,7 +43,7 @@ std::vector<Figure> allFigures(const QString& folder) {
           richTextFigures,    writingFigures,     planningFigures,  weekFigures,
           searchFigures,      eventFigures,       reminderFigures,  postItFigures,
           addressBookFigures, incidentFigures,    seatingFigures,   documentFigures,
-          exportFigures}) {
+          exportFigures,      archiveFigures}) {
         std::vector<Figure> figures = family(folder);
         std::move(figures.begin(), figures.end(), std::back_inserter(all));
     }

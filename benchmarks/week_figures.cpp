@@ -2,8 +2,8 @@
 // beside the raw library building the same registers again and writing the same sheets.
 
 #include "figures.h"
+#include "full_year.h"
 #include "raw_library.h"
-#include "sample_year.h"
 
 #include "core/silent_seams.h"
 #include "store/engine/engine.h"
@@ -12,7 +12,6 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -20,56 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr short fromWeek = 2;
-constexpr int classCount = 8;
-constexpr int pupilCount = 30;
-
-/// Puts a class into a period of each day, from 1.
-void teachDaily(WeekTimetable& week, qsizetype period, const QString& classCode) {
-    for (QStringList& day : week) {
-        day.resize(std::max(day.size(), period));
-        day[period - 1] = classCode;
-    }
-}
-
-/// The sample year with a class more, which takes periods from the others.
-YearAnswers fullAnswers() {
-    YearAnswers answers = sampleAnswers();
-    const QString added = u"9M5"_s;
-    answers.classes += added;
-    answers.classes.sort();
-    teachDaily(answers.weekA, 1, added);
-    teachDaily(answers.weekB, 2, added);
-    if (answers.classes.size() != classCount)
-        throw std::runtime_error("The sample year has another number of classes.");
-    return answers;
-}
-
-/// Gives every class its pupils, with a mark in the first lesson.
-void addPupils(const dao::Database& database, const QStringList& classes) {
-    for (const QString& classCode : classes) {
-        dao::Recordset pupils = database.OpenRecordset(classTable(classCode));
-        dao::Recordset lessonMarks = database.OpenRecordset(registerTable(classCode));
-        for (int pupil = 1; pupil <= pupilCount; ++pupil) {
-            pupils.AddNew();
-            pupils.SetCollect(u"Surname", u"Featherstone%1"_s.arg(pupil));
-            pupils.SetCollect(u"Firstname", u"Ann"_s);
-            pupils.Update();
-            lessonMarks.AddNew();
-            lessonMarks.SetCollect(u"ID", pupil);
-            lessonMarks.SetCollect(1, u"/"_s);
-            lessonMarks.Update();
-        }
-    }
-}
-
-void makeYear(const QString& path) {
-    const YearAnswers answers = fullAnswers();
-    createSampleYear(path, answers);
-    const dao::Database database = dao::DBEngine().OpenDatabase(path);
-    dao::Transaction whole(database);
-    addPupils(database, answers.classes);
-    whole.commit();
-}
 
 void copyAnew(const QString& original, const QString& path) {
     QFile::remove(path);
@@ -240,7 +189,7 @@ private:
 
 std::vector<Figure> weekFigures(const QString& folder) {
     const QString year = folder + u"/weeks.mdb"_s;
-    makeYear(year);
+    makeYearOfClasses(year);
     std::vector<Figure> figures;
     figures.push_back({u"week change from week 2"_s, 3, 10,
                        std::make_unique<Change>(year, folder + u"/weeks-changed.mdb"_s),

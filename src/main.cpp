@@ -22,6 +22,7 @@
 #include "frame/screens/main_window.h"
 #include "frame/screens/splash_window.h"
 #include "frame/screens/window_table.h"
+#include "office/late_mail_client.h"
 #include "office/word_document.h"
 #include "organiser/screens/reminder_desk.h"
 #include "tour/screens/tour.h"
@@ -71,7 +72,8 @@ int main(int argc, char** argv) {
     DesktopPrompts prompts(clock);
     DesktopProgress progress;
     DesktopShell shell(prompts);
-    Session session(engine, settings, {prompts, progress, shell, clock}, yearOpening());
+    LateMailClient mail;
+    Session session(engine, settings, {prompts, progress, shell, clock, mail}, yearOpening());
 
     const bool playsTour = arguments.value(1) == u"--tour";
     QPointer<SplashWindow> splash = playsTour ? nullptr : new SplashWindow(clock);

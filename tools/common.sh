@@ -9,6 +9,7 @@ build_packages=(
     libsqlcipher-dev libssl-dev mdbtools-dev
     libhunspell-dev hunspell-en-gb libglib2.0-dev
     libfreexl-dev liborcus-dev libgsf-1-dev libxlsxwriter-dev
+    libecal2.0-dev libebook1.2-dev evolution-data-server dbus-daemon
     libgtest-dev
     fonts-dejavu-core
 )

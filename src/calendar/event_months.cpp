@@ -1,6 +1,7 @@
 #include "calendar/event_months.h"
 
 #include "calendar/event_import.h"
+#include "calendar/mail_events.h"
 #include "calendar/term_weeks.h"
 #include "core/clock.h"
 #include "core/engine_failure.h"
@@ -130,8 +131,18 @@ bool EventMonths::importFromDatabase() {
         m_session.ChooseDatabaseFile(u"Select the file to import term dates from:"_s);
     if (path.isEmpty())
         return false;
+    return importBehindPage([&] { return importEvents(m_session, path); });
+}
+
+bool EventMonths::importFromMailClient() {
+    return leave() == Leaving::Done &&
+           importBehindPage([this] { return COEImportFromOutlook(m_session); });
+}
+
+/// Nothing may have the table open while it is changed as a whole.
+bool EventMonths::importBehindPage(const std::function<bool()>& import) {
     m_data.Close();
-    const bool isDone = importEvents(m_session, path);
+    const bool isDone = import();
     openAgain();
     if (m_changed)
         m_changed();

@@ -52,6 +52,8 @@ public:
     /// Takes the calendar over from another year's file, which it asks for. Answers whether that
     /// was done; a page is shown anew in either case.
     bool importFromDatabase();
+    /// Adds the events of the mail client's calendar; likewise.
+    bool importFromMailClient();
 
     QString heading() const; ///< the month's name, a line feed and the year
     int days() const;        ///< of the month that is shown
@@ -63,6 +65,7 @@ public:
 private:
     void open(const EventMonth& month);
     void openAgain();
+    bool importBehindPage(const std::function<bool()>& import);
     void showNoRow();
     void tell(const dao::EngineError& error) const;
     void tellWritten();

@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -34,30 +36,51 @@ void dropWhereThere(const dao::Database& database, const QString& table) {
         database.TableDefs().Delete(table);
 }
 
-/// Drops the class's plans in rooms: the tables still related to its pupils, and what goes with
-/// each. The names alone would not do: a plan of class B in room A has that of a class A_B.
-void dropRoomPlans(const dao::Database& database, const QString& classCode) {
+/// Drops the seating plans that are tied to the class's pupils, whatever their names say: a plan of
+/// class B in room A is called as that of a class A_B is.
+void dropTiedPlans(const dao::Database& database, const QString& classCode) {
     for (const dao::Relation& relation : database.Relations().all()) {
-        if (!dao::sameName(relation.Table, classTable(classCode)))
-            continue;
-        const std::optional<QString> room = roomOfSeatingPlan(relation.ForeignTable, classCode);
-        if (!room)
+        const std::optional<QString> extra = extraOfSeatingPlan(relation.ForeignTable);
+        if (!extra || !dao::sameName(relation.Table, classTable(classCode)))
             continue;
         dropWhereThere(database, relation.ForeignTable);
-        dropWhereThere(database, seatingPlanExtraTable(classCode, *room));
+        dropWhereThere(database, *extra);
     }
+}
+
+/// Drops a default plan that is tied to no class.
+void dropLoosePlan(const dao::Database& database, const QString& classCode) {
+    const QList<dao::Relation> relations = database.Relations().all();
+    const QString plan = seatingPlanTable(classCode);
+    if (std::any_of(relations.begin(), relations.end(), [&](const dao::Relation& relation) {
+            return dao::sameName(relation.ForeignTable, plan);
+        }))
+        return;
+    dropWhereThere(database, plan);
+    dropWhereThere(database, seatingPlanExtraTable(classCode));
 }
 
 void dropTables(const dao::Database& database, const QString& classCode) {
     dropWhereThere(database, registerTable(classCode));
     dropWhereThere(database, marksTable(classCode));
-    dropWhereThere(database, seatingPlanTable(classCode));
-    dropWhereThere(database, seatingPlanExtraTable(classCode));
-    dropRoomPlans(database, classCode);
+    dropTiedPlans(database, classCode);
+    dropLoosePlan(database, classCode);
     database.TableDefs().Delete(classTable(classCode));
 }
 
-void clearFromPlanning(const dao::Database& database, const QString& classCode, int periodsPerDay) {
+void deleteLessonNotes(const dao::Database& database, const QString& classCode) {
+    if (!database.TableDefs().Contains(LessonNotesTable))
+        return;
+    dao::Recordset notes = database.OpenRecordset(
+        u"SELECT * FROM %1 WHERE Lcode = %2"_s.arg(LessonNotesTable, dao::writeText(classCode)));
+    for (; !notes.EOF_(); notes.MoveNext())
+        notes.Delete();
+    notes.Close();
+}
+
+/// In one walk over the sheets, however many classes go: it takes longer than all else.
+void clearFromPlanning(const dao::Database& database, const QStringList& classCodes,
+                       int periodsPerDay) {
     QStringList fields;
     for (int period = 1; period <= periodsPerDay; ++period)
         fields += u"Class%1"_s.arg(period);
@@ -65,7 +88,7 @@ void clearFromPlanning(const dao::Database& database, const QString& classCode, 
         database.OpenRecordset(u"SELECT %1 FROM %2"_s.arg(fields.join(u','), PlanningTable));
     for (; !planning.EOF_(); planning.MoveNext()) {
         for (const QString& field : std::as_const(fields)) {
-            if (planning.Collect(field).toText() != classCode)
+            if (!classCodes.contains(planning.Collect(field).toText()))
                 continue;
             if (planning.EditMode() == dao::EditMode::None)
                 planning.Edit();
@@ -105,15 +128,21 @@ void deleteRecord(const dao::Database& database, const QString& classCode, bool 
     record.Close();
 }
 
-void deleteClass(const dao::Database& database, const QString& classCode) {
+void deleteClasses(const dao::Database& database, const QStringList& classCodes,
+                   const std::function<void(const QString&)>& next) {
     dao::Transaction transaction(database);
-    dropTables(database, classCode);
     dao::Recordset admin = database.OpenRecordset(AdminTable);
     const int periodsPerDay = static_cast<int>(admin.Collect(u"PeriodsPerDay").toInteger());
     const bool twoWeeks = admin.Collect(u"TTweekly").toInteger() == 1;
     admin.Close();
-    clearFromPlanning(database, classCode, periodsPerDay);
-    deleteRecord(database, classCode, twoWeeks);
+    for (const QString& classCode : classCodes) {
+        if (next)
+            next(classCode);
+        dropTables(database, classCode);
+        deleteLessonNotes(database, classCode);
+        deleteRecord(database, classCode, twoWeeks);
+    }
+    clearFromPlanning(database, classCodes, periodsPerDay);
     transaction.commit();
 }
 
@@ -160,9 +189,15 @@ DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, boo
 }
 
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts) {
+    return Delete_Classes(database, {classCode}, prompts);
+}
+
+bool Delete_Classes(const dao::Database& database, const QStringList& classCodes, Prompts& prompts,
+                    const std::function<void(const QString&)>& next) {
     return tryTelling(prompts, classUndeleted, [&] {
-        closeRecordsetsOf(database, classCode);
-        deleteClass(database, classCode);
+        for (const QString& classCode : classCodes)
+            closeRecordsetsOf(database, classCode);
+        deleteClasses(database, classCodes, next);
     });
 }
 

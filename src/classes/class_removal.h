@@ -5,6 +5,9 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
+
+#include <functional>
 
 class Prompts;
 
@@ -18,12 +21,15 @@ enum class DeleteClassAnswer { No, Yes, Archive };
 DeleteClassAnswer askDeleteClass(Prompts& prompts, const QString& classCode, bool mayArchive,
                                  bool& dontAsk);
 
-/// Deletes a class: closes every recordset whose name contains its code, drops its tables, those of
-/// its seating plans too, clears it from the planning sheets, gives its periods back to the free
-/// slots of the timetable and deletes its record. Whole or not at all: a failure is told and leaves
-/// everything as it was. Answers whether the class is gone. The caller takes it from the lists and
-/// draws the timetable again.
+/// Deletes a class: closes every recordset whose name contains its code, drops its tables and
+/// every seating plan tied to its pupils, deletes its lesson notes, clears it from the planning
+/// sheets, gives its periods back to the free slots of the timetable and deletes its record. Whole
+/// or not at all: a failure is told and leaves everything as it was. Answers whether the class is
+/// gone. The caller takes it from the lists and draws the timetable again.
 bool Delete_Class(const dao::Database& database, const QString& classCode, Prompts& prompts);
+/// The same for several classes, all or none. `next` is told of each before it goes.
+bool Delete_Classes(const dao::Database& database, const QStringList& classCodes, Prompts& prompts,
+                    const std::function<void(const QString&)>& next = {});
 
 /// Asks, and deletes one pupil of a class, with his register, marks and desks; the name is for the
 /// question. His lesson notes stay behind: no new pupil gets his `ID`. `dontAsk` as above. Answers

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/mail_client.h"
+
 class Clock;
 class Progress;
 class Prompts;
@@ -12,4 +14,5 @@ struct Seams {
     Progress& progress;
     Shell& shell;
     Clock& clock;
+    MailClient& mail = absentMailClient();
 };

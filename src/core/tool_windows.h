@@ -98,6 +98,9 @@ public:
     /// Closes the year, backs it up with compaction and opens it again. Answers false where it did
     /// not come open again: then there is the start-up wizard.
     virtual bool backUpNow() { return true; }
+    /// Lets the person archive a class of the year, once the window that asks has done its work: it
+    /// closes with all others of the year, or all stay where what is written in one can't be kept.
+    virtual void archiveClass(const QString& /*classCode*/) {}
     /// Writes all that is typed in the windows. Answers false where something can't be written and
     /// the person wants to see to that first.
     virtual bool writeAll() { return true; }

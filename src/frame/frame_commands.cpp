@@ -108,6 +108,14 @@ const std::array commands{
                  .name = u"mnuPostitDeleteAll",
                  .caption = u"Delete All Post-it's"_s,
                  .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitImport,
+                 .name = u"mnuPostitImport",
+                 .caption = u"Import Notes from Outlook"_s,
+                 .window = ToolWindow::Postits},
+    CommandEntry{.command = PostitExport,
+                 .name = u"mnuPostitExport",
+                 .caption = u"Export Post-it notes to Outlook"_s,
+                 .window = ToolWindow::Postits},
     CommandEntry{.command = Schedule,
                  .name = u"Schedule",
                  .caption = u"Schedule Reminder"_s,
@@ -131,6 +139,10 @@ const std::array commands{
                  .caption = u"Tools..."_s,
                  .icon = u"tools",
                  .window = ToolWindow::UserTools},
+    CommandEntry{.command = ArchiveClass,
+                 .name = u"ArchiveClass",
+                 .caption = u"Archive Class..."_s,
+                 .window = ToolWindow::Archive},
     CommandEntry{.command = ChangeWeekAlloc,
                  .name = u"ChangeWeekAlloc",
                  .caption = u"Change Week Allocations..."_s,
@@ -191,9 +203,10 @@ Places popupPlaces(FrameCommand popup) {
     if (popup == PlanningMenu)
         return {DailyPlanning, WeeklyPlanning};
     if (popup == PostitMenu)
-        return {PostitNew, PostitShowAll, PostitHideAll, PostitDeleteAll};
+        return {PostitNew,       PostitShowAll, PostitHideAll,
+                PostitDeleteAll, PostitImport,  PostitExport};
     if (popup == ToolsMenu)
-        return {ChangeWeekAlloc};
+        return {ArchiveClass, separator, ChangeWeekAlloc};
     return {};
 }
 
@@ -288,6 +301,8 @@ void RunCommand(Session& session, MainFrame& frame, FrameCommand command) {
         return SetupDatabaseCommand(session, frame);
     case ReturnToWizard:
         return ReturnToWizardCommand(session, frame);
+    case ArchiveClass:
+        return ArchiveClassCommand(session, frame);
     case ChangeWeekAlloc:
         return ChangeWeeksCommand(session, frame);
     case Exit:
@@ -309,5 +324,5 @@ void RunCommand(Session& session, MainFrame& frame, FrameCommand command) {
     }
     const std::optional<ToolWindow> window = commandEntry(command).window;
     if (window && !isPopup(command))
-        frame.run(*window, command);
+        frame.run(*window, command, {});
 }

@@ -33,10 +33,13 @@ enum class FrameCommand {
     PostitShowAll,
     PostitHideAll,
     PostitDeleteAll,
+    PostitImport,
+    PostitExport,
     Schedule,
     SeatingPlan,
     Incidents,
     ToolsMenu, ///< a popup of the toolbar; its window adds to it
+    ArchiveClass,
     ChangeWeekAlloc,
     AddressBook,
     HelpAbout,

@@ -29,8 +29,8 @@ public:
     /// Unloads every window but the main one, the last loaded first.
     virtual void CloseOpenForms() = 0;
     /// Gives a command to the window it belongs to: one that has commands of its own acts on it,
-    /// any other is opened.
-    virtual void run(ToolWindow window, FrameCommand command) = 0;
+    /// any other is opened. `subject` is what the command is about.
+    virtual void run(ToolWindow window, FrameCommand command, const WindowSubject& subject) = 0;
     /// The loaded windows that are visible, in the order of loading.
     virtual QList<ToolWindow> visible() const = 0;
     /// The windows that are opened again at the next start, in the order of opening.

@@ -12,6 +12,7 @@
 #include "organiser/post_it_settings.h"
 #include "richtext/object_files.h"
 #include "year/backup.h"
+#include "year/class_archive.h"
 #include "year/moved_year.h"
 #include "year/repair.h"
 #include "year/restore.h"
@@ -48,9 +49,10 @@ void backUpAtClose(Session& session, const QString& path, const QString& passwor
 }
 
 /// Puts right what a backup that was cut off left: of the default database, and of any other that
-/// was open then.
+/// was open then. An archive that was cut off goes.
 void recoverInterruptedBackups(Session& session) {
     const BackupContext context = backupContext(session);
+    RemoveInterruptedArchive(context);
     const QString other = InterruptedBackup(context);
     if (!session.DatabasePath.isEmpty())
         RecoverInterruptedBackup(context, session.DatabasePath);
@@ -78,6 +80,22 @@ void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
         session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
     }
     backToWizard(session, frame);
+}
+
+/// Lets a window work on the year by itself, with all others closed, and waits for its end.
+void workOnYear(Session& session, MainFrame& frame, ToolWindow window, FrameCommand command,
+                const WindowSubject& subject) {
+    if (!frame.MayLeave())
+        return;
+    frame.CloseOpenForms();
+    frame.EnableInput(false);
+    CloseRecordsets(session.CurrentDB, session.GetSeams().prompts);
+    frame.run(window, command, subject);
+    if (!session.CurrentDB.isOpen())
+        return backToWizard(session, frame);
+    frame.SetCaption(mainCaption(session.CurrentDB.Name()));
+    frame.EnableInput(true);
+    emit session.GetNotices().yearStarted();
 }
 
 /// Leaves for another database that was chosen from the menu; for none, stays.
@@ -148,17 +166,11 @@ void ReturnToWizardCommand(Session& session, MainFrame& frame) {
 }
 
 void ChangeWeeksCommand(Session& session, MainFrame& frame) {
-    if (!frame.MayLeave())
-        return;
-    frame.CloseOpenForms();
-    frame.EnableInput(false);
-    CloseRecordsets(session.CurrentDB, session.GetSeams().prompts);
-    frame.run(ToolWindow::WeekChange, FrameCommand::ChangeWeekAlloc); // waits for its end
-    if (!session.CurrentDB.isOpen())
-        return backToWizard(session, frame);
-    frame.SetCaption(mainCaption(session.CurrentDB.Name()));
-    frame.EnableInput(true);
-    emit session.GetNotices().yearStarted();
+    workOnYear(session, frame, ToolWindow::WeekChange, FrameCommand::ChangeWeekAlloc, {});
+}
+
+void ArchiveClassCommand(Session& session, MainFrame& frame, const QString& classCode) {
+    workOnYear(session, frame, ToolWindow::Archive, FrameCommand::ArchiveClass, classCode);
 }
 
 bool BackupNowCommand(Session& session, MainFrame& frame) {
@@ -200,7 +212,7 @@ void RunCurrentStartup(Session& session, MainFrame& frame) {
             frame.open(noted.window);
     }
     if (session.GetSettings().get(setting::AutoloadPostits))
-        frame.run(ToolWindow::Postits, FrameCommand::PostitShowAll);
+        frame.run(ToolWindow::Postits, FrameCommand::PostitShowAll, {});
     if (session.GetSettings().get(setting::CheckForUpgrade) && hasUpgradeAddress(session))
         GetUpgradeInfo(session);
     emit session.GetNotices().yearStarted();

@@ -27,6 +27,10 @@ void ReturnToWizardCommand(Session& session, MainFrame& frame);
 /// "Change Week Allocations...": closes the windows of the year and lets its wizard work on it.
 /// Leaves the year open, or the start-up wizard where it could not be opened again.
 void ChangeWeeksCommand(Session& session, MainFrame& frame);
+/// "Archive Class...": closes the windows of the year and lets the dialog archive a class of it;
+/// one is picked already where its code is given. Leaves the year open, or the archive where the
+/// person wants that, or the start-up wizard where neither could be opened.
+void ArchiveClassCommand(Session& session, MainFrame& frame, const QString& classCode = {});
 /// The older restore, from a folder with a file of the open database's name. It is on no menu: the
 /// wizard's restore has taken its place.
 void RestoreBackupCommand(Session& session, MainFrame& frame);

@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "organiser/address_book_settings.h"
 #include "organiser/contact_csv.h"
+#include "organiser/mail_contacts.h"
 #include "store/engine/error.h"
 #include "store/engine/names.h"
 #include "store/record_steps.h"
@@ -291,21 +292,48 @@ bool AddressBook::import_csv(const QString& path) {
              u"CSV file import"_s, WarningIcon);
         return false;
     }
+    return addImported(csv.contacts, csv.cutTexts, u"CSV file import"_s);
+}
+
+bool AddressBook::Extract_From_Outlook() {
+    const QString title = u"Import from Outlook"_s;
+    const Seams& seams = m_session.GetSeams();
+    MailItems<MailContact> read;
+    {
+        const ProgressWindow window(seams.progress, title);
+        seams.progress.UpdateProgress(0, u"Reading the contacts"_s);
+        read = seams.mail.Outlook_ReadContacts();
+    }
+    QList<Contact> contacts = contactsOfMail(read.items);
+    if (contacts.isEmpty()) {
+        tell(
+            nothingFoundText(u"Sorry but ORVA cannot find any contacts in Outlook for importing!"_s,
+                             read.fault),
+            u"No contacts found"_s, WarningIcon);
+        return false;
+    }
+    int cutTexts = 0;
+    for (Contact& contact : contacts)
+        cutTexts += cutToFit(contact);
+    return addImported(contacts, cutTexts, title);
+}
+
+bool AddressBook::addImported(const QList<Contact>& contacts, int cutTexts, const QString& title) {
     const bool isDone = tryTelling(m_session.GetSeams().prompts, bookFailure, [&] {
         dao::Transaction whole(m_book);
-        for (const Contact& contact : csv.contacts) {
+        for (const Contact& contact : contacts) {
             m_contacts.AddNew();
             fill(contact, true);
         }
         whole.commit();
     });
     if (isDone)
-        tell(u"%1 contacts have been imported.%2"_s.arg(csv.contacts.size())
-                 .arg(csv.cutTexts == 0
+        tell(u"%1 contacts have been imported.%2"_s.arg(contacts.size())
+                 .arg(cutTexts == 0
                           ? QString()
                           : u"\n%1 values were too long for their field and have been cut."_s.arg(
-                                csv.cutTexts)),
-             u"CSV file import"_s, InformationIcon);
+                                cutTexts)),
+             title, InformationIcon);
     return isDone;
 }
 

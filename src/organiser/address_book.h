@@ -56,6 +56,8 @@ public:
 
     /// Imports the comma-separated contacts of a file, all or none, and says how many.
     bool import_csv(const QString& path);
+    /// The same with the contacts of the mail client.
+    bool Extract_From_Outlook();
 
 private:
     void openFile(const QString& path);
@@ -63,6 +65,7 @@ private:
     void ensureTables();
     bool keep(const std::function<void()>& work);
     void fill(const Contact& contact, bool isNew);
+    bool addImported(const QList<Contact>& contacts, int cutTexts, const QString& title);
     void tell(const QString& text, const QString& title, int icon) const;
     bool mayDelete(const QString& text, const QString& title, bool group);
 

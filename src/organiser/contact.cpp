@@ -28,6 +28,19 @@ int contactFieldSize(int field) {
     return sizes.at(field);
 }
 
+int cutToFit(Contact& contact) {
+    int cut = 0;
+    for (int field = 0; field < ContactFieldCount; ++field) {
+        const int size = contactFieldSize(field);
+        QString& text = contact.at(static_cast<size_t>(field));
+        if (size > 0 && text.size() > size) {
+            text.truncate(size);
+            ++cut;
+        }
+    }
+    return cut;
+}
+
 ContactName splitContactName(const QString& name) {
     const QString whole = name.trimmed();
     const qsizetype blank = whole.indexOf(u' ');

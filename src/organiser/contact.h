@@ -32,6 +32,9 @@ QString contactFieldName(int field);
 /// The most characters that a field holds; 0 for no limit.
 int contactFieldSize(int field);
 
+/// Cuts what is too long for its field; answers how many texts that were.
+int cutToFit(Contact& contact);
+
 /// A name is a forename and, behind its first blank, the surname. Both are empty where there is no
 /// blank in it.
 struct ContactName {

@@ -61,20 +61,6 @@ Contact contactOf(const QStringList& values, const QList<int>& fields) {
     return contact;
 }
 
-/// Answers how many texts were too long for their field.
-int cutToFit(Contact& contact) {
-    int cut = 0;
-    for (int field = 0; field < ContactFieldCount; ++field) {
-        const int size = contactFieldSize(field);
-        QString& text = contact.at(static_cast<size_t>(field));
-        if (size > 0 && text.size() > size) {
-            text.truncate(size);
-            ++cut;
-        }
-    }
-    return cut;
-}
-
 } // namespace
 
 ContactCsv readContactCsv(QByteArrayView file) {

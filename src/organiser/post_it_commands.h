@@ -13,5 +13,9 @@ void ShowAllPostIts(Session& session);
 void HideAllPostIts(Session& session);
 /// Asks first. The windows go with their rows.
 void DeleteAllPostIts(Session& session);
+/// Makes a note of each of the mail client's, all or none, and shows them.
+void ImportPostIts(Session& session);
+/// Adds each note to those of the mail client, as plain text.
+void ExportPostIts(Session& session);
 /// Asks first. Answers whether the note's row is gone.
 bool DeletePostIt(Session& session, qint64 id);

@@ -60,6 +60,13 @@ std::optional<QString> classOfMarksTable(const QString& table) {
     return behindPrefix(table, MarksPrefix);
 }
 
+std::optional<QString> extraOfSeatingPlan(const QString& table) {
+    const std::optional<QString> rest = behindPrefix(table, SeatingPlanPrefix);
+    if (!rest)
+        return std::nullopt;
+    return SeatingPlanExtraPrefix + *rest;
+}
+
 std::optional<QString> roomOfSeatingPlan(const QString& table, const QString& classCode) {
     const std::optional<QString> rest = behindPrefix(table, SeatingPlanPrefix);
     if (!rest || !dao::sameName(rest->right(classCode.size()), classCode))

@@ -59,3 +59,5 @@ std::optional<QString> classOfMarksTable(const QString& table);
 /// none for a table that is no plan of this class. The room ends at the first underline, and
 /// `sPlan_A_B` counts as a plan of class B in room A, even if a class A_B exists.
 std::optional<QString> roomOfSeatingPlan(const QString& table, const QString& classCode);
+/// The extra table that goes with a plan's pupil table; none for a table that is no plan.
+std::optional<QString> extraOfSeatingPlan(const QString& table);

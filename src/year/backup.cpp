@@ -271,6 +271,12 @@ bool BackupAndCompact(const BackupContext& context, const QString& path, bool si
     return true;
 }
 
+bool BackupAndCompactAs(const BackupContext& context, const QString& path,
+                        const QString& finishedPath, const QString& password) {
+    return compactAndExchange(context, BackupNames(path, context.backupFolder(), finishedPath),
+                              password);
+}
+
 QString compactedPercent(qint64 formerSize, qint64 compactedSize) {
     constexpr double whole = 100;
     const double percent = formerSize == 0 ? 0

@@ -23,6 +23,12 @@ bool BackupOnly(const BackupContext& context, const QString& path, const QString
 bool BackupAndCompact(const BackupContext& context, const QString& path, bool silent,
                       const QString& password);
 
+/// The same for a file that is still built, silently and without a progress window of its own: its
+/// backups bear the name of `finishedPath`, which it will have. Raises what goes wrong; why the
+/// compaction failed is told, and answered with false.
+bool BackupAndCompactAs(const BackupContext& context, const QString& path,
+                        const QString& finishedPath, const QString& password);
+
 /// Keeps a file that is about to be replaced as backup 1, as it is and unverified, for it may be
 /// replaced because it is damaged; after the rotation. Raises what goes wrong; then the file is
 /// where it was.

@@ -60,12 +60,15 @@ BackupContext backupContext(Session& session) {
             session.FolderDefaults};
 }
 
-BackupNames::BackupNames(const QString& databasePath, const QString& backupFolder)
+BackupNames::BackupNames(const QString& databasePath, const QString& backupFolder,
+                         const QString& finishedPath)
     : database(dao::behindLinks(databasePath))
     , folder(backupFolder)
-    , compacted(withoutExtensionLetters(database) + u"new"_s)
-    , m_stem(backupFolder +
-             withoutExtensionLetters(database.mid(database.lastIndexOf(QDir::separator()) + 1))) {}
+    , compacted(withoutExtensionLetters(database) + u"new"_s) {
+    const QString finished = dao::behindLinks(finishedPath);
+    m_stem = backupFolder +
+             withoutExtensionLetters(finished.mid(finished.lastIndexOf(QDir::separator()) + 1));
+}
 
 QString BackupNames::backup(int number) const {
     return m_stem + u"00"_s + QString::number(number);
@@ -162,15 +165,18 @@ void copyOver(const QString& source, const QString& path, const std::function<vo
         if (before)
             before();
         dao::replaceFile(copy, target);
-    } catch (const dao::EngineError&) {
+    } catch (...) {
         dao::removeDatabaseFile(copy);
         throw;
     }
 }
 
 void removeBackupLeftovers(const BackupNames& names) {
-    if (!QFile::exists(names.database) || names.includeDatabase())
-        return;
+    if (QFile::exists(names.database) && !names.includeDatabase())
+        removeUnfinishedBackup(names);
+}
+
+void removeUnfinishedBackup(const BackupNames& names) {
     for (const QString& path :
          {names.compacted, dao::unfinishedName(names.compacted),
           dao::unfinishedName(names.backup(1)), dao::unfinishedName(names.database)}) {

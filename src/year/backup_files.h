@@ -37,7 +37,11 @@ inline constexpr int OldestBackup = 5;
 /// They are cut by position, for an extension of three letters; one of another length gets odd
 /// names (Year.sqlite: Year.sqlnew and Year.sql001), which is known and harmless.
 struct BackupNames {
-    BackupNames(const QString& databasePath, const QString& backupFolder);
+    BackupNames(const QString& databasePath, const QString& backupFolder)
+        : BackupNames(databasePath, backupFolder, databasePath) {}
+    /// Of a file that is still built, for its backups bear the name that it will have.
+    BackupNames(const QString& databasePath, const QString& backupFolder,
+                const QString& finishedPath);
 
     QString database;  ///< the file behind links
     QString folder;    ///< of the backups
@@ -86,9 +90,12 @@ bool canRenameToBackup(const BackupNames& names);
 
 /// Removes what an interrupted backup left, as long as the database itself is in its place.
 void removeBackupLeftovers(const BackupNames& names);
+/// Removes what is only there while a backup is at work, wherever the database itself is.
+void removeUnfinishedBackup(const BackupNames& names);
 
 /// Copies a file over another, or to where none is, whatever interrupts it: the name stands for the
 /// former file or the whole copy, which its owner may write in. A link stands for
 /// the file behind it. `before` is called once the copy is there and before it takes the name.
-/// Raises as copyBeside, and what `before` raises; then the name stands for the former file.
+/// Raises as copyBeside, and what `before` raises; then the name stands for the former file. Until
+/// then the copy has the unfinished name of that file.
 void copyOver(const QString& source, const QString& path, const std::function<void()>& before = {});

@@ -8,6 +8,7 @@
 #include "year/long_register.h"
 #include "year/week_choice.h"
 #include "year/week_swap.h"
+#include "year/year_away.h"
 
 #include <optional>
 
@@ -23,15 +24,6 @@ constexpr FailureBox columnsFailure{
     boxTitle, u"The new register fields have not been added:\n\n%1\n\nThe planning sheets have "
               "been changed. When this database is opened again you can have the fields added."};
 
-/// The open year's file, while it is closed.
-struct YearAway {
-    explicit YearAway(const Session& session)
-        : path(session.CurrentDB.Name()), password(session.DatabasePassword) {}
-
-    QString path;
-    QString password;
-};
-
 QString progressTitle() {
     return u"Changing Week Allocations :"_s;
 }
@@ -41,12 +33,8 @@ QString progressTitle() {
 bool backUp(Session& session) {
     const YearAway year(session);
     session.CloseAllDatabases();
-    const bool isKept = BackupOnly(backupContext(session), year.path, year.password);
-    if (session.OpenDatabaseFile(year.path, year.password) == OpenDone)
-        return isKept;
-    const OpenFailure failure = openFailure(session.LastOpenFault(), year.path);
-    session.GetSeams().prompts.PlainBox(failure.text, OkButton | WarningIcon, failure.title);
-    return false;
+    const bool isKept = BackupOnly(backupContext(session), year.path(), year.password());
+    return year.reopen(session) && isKept;
 }
 
 /// Gives the room of the deleted fields back. Where that fails it is told and the change goes on.
@@ -56,9 +44,9 @@ bool compactAndReopen(Session& session) {
     seams.progress.UpdateProgress(0, u"CLOSING DATABASE"_s);
     session.CloseAllDatabases();
     seams.progress.UpdateProgress(0, u"Compacting Database"_s);
-    BackupAndCompact(backupContext(session), year.path, true, year.password);
+    BackupAndCompact(backupContext(session), year.path(), true, year.password());
     seams.progress.UpdateProgress(0, u"Reopening Database"_s);
-    if (session.OpenDatabaseFile(year.path, year.password) == OpenDone)
+    if (session.OpenDatabaseFile(year.path(), year.password()) == OpenDone)
         return true;
     seams.prompts.PlainBox(u"Error: Unable to reopen the database after compacting!\n\n"
                            "The new register fields have not been added."_s,

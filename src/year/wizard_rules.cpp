@@ -104,6 +104,10 @@ QString defaultFileName(const YearAnswers& answers) {
     return withoutRefused(u"%1 (%2)"_s.arg(answers.name.trimmed(), answers.year)) + fileExtension();
 }
 
+QString archiveName(const QString& classCode) {
+    return withoutRefused(classCode) + fileExtension();
+}
+
 AnswerCheck checkFileName(const QString& name) {
     const QString base = QString(name).remove(fileExtension(), Qt::CaseInsensitive).trimmed();
     if (!base.isEmpty())

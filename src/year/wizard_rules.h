@@ -55,6 +55,8 @@ QString startWeekHeading(const YearAnswers& answers, const QLocale& locale);
 bool isFileNameCharacter(char32_t character);
 /// The proposed name of the year's file: the teacher's name, a blank, the year in brackets, ".mdb".
 QString defaultFileName(const YearAnswers& answers);
+/// The proposed name of a class's archive: its code and ".mdb".
+QString archiveName(const QString& classCode);
 /// A name that a file can be made under.
 AnswerCheck checkFileName(const QString& name);
 /// The path of a file by its name as typed, ".mdb" added where it is missing. `folder` has a

@@ -2,6 +2,7 @@
 
 #include "classes/class_code.h"
 #include "classes/class_removal.h"
+#include "classes/class_tables.h"
 #include "store/schema.h"
 #include "support/class_file.h"
 
@@ -21,6 +22,12 @@ void addSeatingPlan(const dao::Database& database, const QString& classCode, con
     database.TableDefs().Append(plan);
     database.TableDefs().Append(schemaTableDef(
         Table::SeatingPlanExtra, {}, room.isEmpty() ? classCode : room + u'_' + classCode));
+}
+
+void addClassNamed(const dao::Database& database, const QString& classCode) {
+    dao::Recordset classcodes = database.OpenRecordset(ClasscodesTable);
+    addClassRecord(classcodes, classCode, {}, 0);
+    createPupilTable(database, classCode);
 }
 
 } // namespace
@@ -89,6 +96,31 @@ TEST_F(ClassRemovalTest, AFailureUndoesTheDeletion) {
     EXPECT_FALSE(Delete_Class(database, u"7A"_s, seams.prompts));
     EXPECT_EQ(database.TableDefs().names(), before);
     EXPECT_EQ(rowsOf(database, ClasscodesTable).size(), 3);
+}
+
+TEST_F(ClassRemovalTest, SeatingPlansGoByWhosePupilsTheyHold) {
+    addSeatingPlan(database, u"9C"_s, u"7"_s); // called as the default plan of a class 7_9C is
+    dao::TableDef odd = schemaTableDef(Table::SeatingPlan, {}, u"elsewhere"_s);
+    odd.AppendRelation(classRelation(odd.Name(), u"9C"_s, odd.Name()));
+    database.TableDefs().Append(odd);
+    database.TableDefs().Append(schemaTableDef(Table::SeatingPlanExtra, {}, u"elsewhere"_s));
+    CreateLessonNotesTable(database);
+    for (const QString& code : {u"9C"_s, u"8X"_s}) {
+        dao::Recordset notes = database.OpenRecordset(LessonNotesTable);
+        notes.AddNew();
+        notes.SetCollect(u"Ldate", u"09/09/24"_s);
+        notes.SetCollect(u"Lcode", code);
+        notes.SetCollect(u"Lpupil", 1);
+        notes.Update();
+    }
+    addClassNamed(database, u"7_9C"_s);
+    ASSERT_TRUE(Delete_Class(database, u"7_9C"_s, seams.prompts));
+    EXPECT_TRUE(TableExists(database, u"sPlan_7_9C"_s));
+    ASSERT_TRUE(Delete_Class(database, u"9C"_s, seams.prompts));
+    for (const QString& table :
+         {u"sPlan_7_9C"_s, u"sPlanExtra_7_9C"_s, u"sPlan_elsewhere"_s, u"sPlanExtra_elsewhere"_s})
+        EXPECT_FALSE(TableExists(database, table)) << table.toStdString();
+    EXPECT_EQ(rowsOf(database, u"SELECT Lcode FROM Lesson_Notes"_s), QStringList{u"8X"_s});
 }
 
 TEST_F(ClassRemovalTest, TheQuestionCanBeSwitchedOff) {

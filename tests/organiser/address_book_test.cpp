@@ -153,3 +153,48 @@ TEST_F(AddressBookTest, AnOlderBookIsConvertedAndItsOriginalKept) {
     EXPECT_EQ(QFileInfo(session.AppPath + u"AddressBook.original.mdb"_s).size(),
               QFileInfo(::test::testData(u"jet/not_a_year.mdb"_s)).size());
 }
+
+TEST_F(AddressBookTest, TakesTheMailClientsContactsThatHaveBothNames) {
+    AddressBook book(session);
+    ASSERT_TRUE(book.load_Contacts_DB());
+    seams.prompts.expect(PromptKind::Message, u"No contacts found"_s, AnswerOk);
+    EXPECT_FALSE(book.Extract_From_Outlook());
+
+    MailContact ann{.LastName = u"O'Brien"_s,
+                    .FirstName = u"Ann"_s,
+                    .Email1Address = u"e1"_s,
+                    .HomeTelephoneNumber = u"t"_s,
+                    .MobileTelephoneNumber = u"m"_s,
+                    .HomeFaxNumber = u"f"_s,
+                    .HomeAddress = QString(300, u'a'),
+                    .HomeAddressPostalCode = u"p"_s,
+                    .BusinessTelephoneNumber = u"wt"_s,
+                    .BusinessAddress = u"w"_s,
+                    .BusinessFaxNumber = u"wf"_s,
+                    .BusinessAddressPostalCode = u"wp"_s,
+                    .Email2Address = u"e2"_s};
+    MailContact nameless = ann;
+    nameless.LastName.clear();
+    seams.mail.contacts.items = {ann, nameless};
+    for (int import = 0; import < 2; ++import) { // no duplicate is looked for
+        seams.prompts.expect(PromptKind::Message, u"Import from Outlook"_s, AnswerOk);
+        EXPECT_TRUE(book.Extract_From_Outlook());
+    }
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"1 values were too long"_s));
+    EXPECT_EQ(texts(book), (QStringList{u"Ann O'Brien"_s, u"Ann O'Brien"_s}));
+    const Contact kept = *book.contact(book.entries().constFirst());
+    EXPECT_EQ(kept, (Contact{u"Ann"_s,
+                             u"O'Brien"_s,
+                             QString(255, u'a'),
+                             u"p"_s,
+                             u"e1"_s,
+                             u"t"_s,
+                             u"m"_s,
+                             u"f"_s,
+                             u"w"_s,
+                             u"wp"_s,
+                             u"wt"_s,
+                             u"wf"_s,
+                             u"e2"_s,
+                             {}}));
+}

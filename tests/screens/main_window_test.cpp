@@ -74,7 +74,9 @@ protected:
         }
         for (const ToolWindow window : {ToolWindow::Postits, ToolWindow::Settings})
             windows.push_back({.window = window,
-                               .run = [this](Session&, FrameCommand command) { ran += command; }});
+                               .run = [this](Session&, FrameCommand command, const WindowSubject&) {
+                                   ran += command;
+                               }});
         windows.push_back({.window = ToolWindow::UserTools, .fill = [](Session&, QMenu& menu) {
                                menu.clear();
                                menu.addAction(u"Archive Class..."_s);

@@ -15,7 +15,7 @@ protected:
         session.CloseAllDatabases();
     }
     void choose(FrameCommand command) {
-        frame->run(ToolWindow::Postits, command);
+        frame->run(ToolWindow::Postits, command, {});
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -129,4 +129,31 @@ TEST_F(PostItWindowTest, TwentyNotesAreSavedAsTheirYearCloses) {
     session.GetSettings().set(setting::AutoloadPostits, true);
     frame->RunCurrentStartup();
     EXPECT_EQ(notes().size(), 20);
+}
+
+TEST_F(PostItWindowTest, NotesComeFromTheMailClientAndGoThere) {
+    for (const QStringList& none : {QStringList(), QStringList{QString()}}) {
+        seams.mail.notes.items = none;
+        seams.prompts.expect(PromptKind::Message, u"No notes found"_s, AnswerOk);
+        choose(FrameCommand::PostitImport);
+    }
+    seams.prompts.expect(PromptKind::Message, u"No Post-its"_s, AnswerOk);
+    choose(FrameCommand::PostitExport);
+
+    seams.mail.notes.items = {u"Milk\neggs"_s, QString()};
+    choose(FrameCommand::PostitImport);
+    ASSERT_EQ(notes().size(), 2);
+    EXPECT_EQ(first(), (PostIt{.id = 1, .memo = u"Milk\neggs"_s, .top = 1000, .left = 1000}));
+    EXPECT_EQ(readPostIts(session.CurrentDB)[1].left, 1003);
+    EXPECT_EQ(body(*notes().first()).plainText(), u"Milk\neggs"_s);
+    EXPECT_TRUE(isOffered(FrameCommand::PostitDeleteAll));
+
+    QTest::keyClicks(&body(*notes().last()), u"{typed}"_s);
+    seams.prompts.expect(PromptKind::Message, u"Export Complete"_s, AnswerOk);
+    choose(FrameCommand::PostitExport);
+    EXPECT_EQ(seams.mail.added, (QStringList{u"Milk\neggs"_s, u"{typed}"_s}));
+    seams.mail.noteFault = u"No server."_s;
+    seams.prompts.expect(PromptKind::Message, u"Post-it Notes Error"_s, AnswerOk);
+    choose(FrameCommand::PostitExport);
+    EXPECT_TRUE(seams.prompts.last().text.contains(u"0 of 2"_s));
 }

@@ -73,12 +73,32 @@ public:
     }
 };
 
+/// A mail client that holds what a test puts into it.
+class RecordingMailClient : public MailClient {
+public:
+    MailItems<QString> notes;
+    MailItems<MailEvent> events;
+    MailItems<MailContact> contacts;
+    QString noteFault; ///< why no note can be added
+    QStringList added;
+
+    MailItems<QString> Outlook_ReadNotes() override { return notes; }
+    MailItems<MailEvent> Outlook_ReadCalendar() override { return events; }
+    MailItems<MailContact> Outlook_ReadContacts() override { return contacts; }
+    QString Outlook_AddNote(const QString& text) override {
+        if (noteFault.isEmpty())
+            added += text;
+        return noteFault;
+    }
+};
+
 /// All ways out of the rules, in the hands of a test. The clock stands on a Monday morning.
 struct TestSeams {
     ScriptedPrompts prompts;
     RecordingProgress progress;
     RecordingShell shell;
+    RecordingMailClient mail;
     ScriptedClock clock{QDateTime(QDate(2024, 9, 9), QTime(8, 30))};
 
-    Seams seams() { return {prompts, progress, shell, clock}; }
+    Seams seams() { return {prompts, progress, shell, clock, mail}; }
 };

@@ -35,7 +35,9 @@ public:
         log += u"close forms"_s;
         windows.clear();
     }
-    void run(ToolWindow window, FrameCommand) override { open(window); }
+    void run(ToolWindow window, FrameCommand, const WindowSubject& about) override {
+        open(window, about);
+    }
     QList<ToolWindow> visible() const override { return windows; }
     QList<StartupWindow> startupWindows() const override {
         return {{setting::Open_Register, ToolWindow::Classes},

@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "archive_commands.h"
 #include "contact_commands.h"
 #include "document_commands.h"
 #include "event_commands.h"
@@ -21,6 +22,10 @@ const QList<Command>& programCommands() {
          .usage = u"YEAR [--compact]"_s,
          .run = backUpYear,
          .options = {{u"compact"_s, {}}}},
+        {.name = u"archive"_s,
+         .usage = u"YEAR CLASS TARGET"_s,
+         .run = archiveClassOf,
+         .arguments = 2},
         {.name = u"change-weeks"_s, .usage = u"YEAR WEEK"_s, .run = changeWeeks, .arguments = 1},
         {.name = u"events"_s, .usage = u"YEAR MONTH"_s, .run = printEvents, .arguments = 1},
         {.name = u"import-events"_s,

@@ -35,13 +35,13 @@ EventsCommands::EventsCommands(const Session& session, FormatTools& tools, QMenu
 
 void EventsCommands::makeToolbar(const Session& session, QWidget& window) {
     const bool hasPlanning = session.GetWindows().has(ToolWindow::DailySheet);
-    QStringList tips{u"Show Holidays"_s, u"Import from ORVA database"_s};
-    QStringList icons{u"calendar"_s, u"open"_s};
+    QStringList tips{u"Show Holidays"_s, u"Import from ORVA database"_s, u"Import from Outlook"_s};
+    QStringList icons{u"calendar"_s, u"open"_s, u"mail"_s};
     if (hasPlanning) {
         tips.prepend(u"Show Planning..."_s);
         icons.prepend(u"daily"_s);
     }
-    m_toolbar = new LayoutToolbar(u"Options"_s, hasPlanning ? u"B|B|B"_s : u"B|B"_s,
+    m_toolbar = new LayoutToolbar(u"Options"_s, hasPlanning ? u"B|B|BB"_s : u"B|BB"_s,
                                   tips.join(u'|'), icons.join(u'|'), &window);
     qsizetype next = 0;
     if (hasPlanning) {
@@ -51,8 +51,10 @@ void EventsCommands::makeToolbar(const Session& session, QWidget& window) {
     }
     m_showHolidays = m_toolbar->button(next++);
     m_showHolidays->setCheckable(true);
-    m_import = m_toolbar->button(next);
+    m_import = m_toolbar->button(next++);
     connect(m_import, &QAction::triggered, this, &EventsCommands::importWanted);
+    m_mailImport = m_toolbar->button(next);
+    connect(m_mailImport, &QAction::triggered, this, &EventsCommands::mailImportWanted);
 }
 
 void EventsCommands::makeMenu(const Session& session, QMenu& months) {
@@ -64,6 +66,7 @@ void EventsCommands::makeMenu(const Session& session, QMenu& months) {
     m_menu->addAction(m_showHolidays);
     m_menu->addSeparator();
     m_menu->addAction(m_import);
+    m_menu->addAction(m_mailImport);
     if (!session.GetWindows().has(ToolWindow::Settings))
         return;
     m_menu->addSeparator();

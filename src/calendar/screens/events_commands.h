@@ -31,6 +31,7 @@ public:
 signals:
     void planningWanted();
     void importWanted();
+    void mailImportWanted();
     void postWanted(DayBlock block);
     void scheduleWanted();
 
@@ -44,4 +45,5 @@ private:
     QAction* m_showPlanning = nullptr;
     QAction* m_showHolidays = nullptr;
     QAction* m_import = nullptr;
+    QAction* m_mailImport = nullptr;
 };

@@ -118,7 +118,10 @@ void EventsWindow::connectParts() {
     connect(m_page, &MonthPage::boxGrown, this, &EventsWindow::showSelectedDay);
     connect(m_page, &MonthPage::monthWanted, this, &EventsWindow::goToNeighbour);
     connect(m_commands, &EventsCommands::planningWanted, this, &EventsWindow::showPlanning);
-    connect(m_commands, &EventsCommands::importWanted, this, &EventsWindow::importEvents);
+    connect(m_commands, &EventsCommands::importWanted, this,
+            [this] { selectTodayAfter(m_months.importFromDatabase()); });
+    connect(m_commands, &EventsCommands::mailImportWanted, this,
+            [this] { selectTodayAfter(m_months.importFromMailClient()); });
     connect(m_commands, &EventsCommands::postWanted, this, &EventsWindow::post);
     connect(m_commands, &EventsCommands::scheduleWanted, this, &EventsWindow::scheduleEvent);
     QAction* holidays = m_commands->showHolidays();
@@ -208,8 +211,8 @@ void EventsWindow::scheduleEvent() {
             EventText{.date = m_months.date(day), .text = m_page->box(day).plainText()});
 }
 
-void EventsWindow::importEvents() {
-    if (m_months.importFromDatabase())
+void EventsWindow::selectTodayAfter(bool isImported) {
+    if (isImported)
         SelectDate(m_session.GetSeams().clock.today());
 }
 

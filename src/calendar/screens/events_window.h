@@ -49,7 +49,7 @@ private:
     void showPlanning();
     void post(DayBlock block);
     void scheduleEvent();
-    void importEvents();
+    void selectTodayAfter(bool isImported);
 
     Session& m_session;
     PostToSheet m_postToSheet;

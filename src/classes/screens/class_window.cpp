@@ -407,8 +407,7 @@ void ClassWindow::deleteClass() {
     case DeleteClassAnswer::No:
         return;
     case DeleteClassAnswer::Archive:
-        m_desk.release();
-        m_session.GetWindows().open(ToolWindow::Archive, code);
+        m_session.GetWindows().archiveClass(code);
         return;
     case DeleteClassAnswer::Yes:
         break;

@@ -56,12 +56,20 @@ void FrameMenus::makeActions(QWidget& window) {
     }
 }
 
+/// The main window's own, as its commands are: what a window adds to a popup is the popup's, and is
+/// taken away from it again.
+void FrameMenus::addSeparator(QMenu& menu) {
+    auto* separator = new QAction(&m_window);
+    separator->setSeparator(true);
+    menu.addAction(separator);
+}
+
 QMenu* FrameMenus::makeMenu(const MenuEntry& entry) {
     auto* menu = new QMenu(entry.caption, &m_window);
     menu->setObjectName(entry.name.toString());
     for (const MenuItem& item : entry.items) {
         if (item.isSeparator)
-            menu->addSeparator();
+            addSeparator(*menu);
         else
             menu->addAction(&action(item.command));
         if (!item.isSeparator && isPopup(item.command))

@@ -31,6 +31,7 @@ public:
 
 private:
     void makeActions(QWidget& window);
+    void addSeparator(QMenu& menu);
     QMenu* makeMenu(const MenuEntry& entry);
     void listRecentYears(QMenu& menu);
 

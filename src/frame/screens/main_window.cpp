@@ -264,10 +264,15 @@ bool MainWindow::backUpNow() {
     return BackupNowCommand(m_session, *this);
 }
 
-void MainWindow::run(ToolWindow window, FrameCommand command) {
+void MainWindow::archiveClass(const QString& classCode) {
+    QTimer::singleShot(0, this,
+                       [this, classCode] { ArchiveClassCommand(m_session, *this, classCode); });
+}
+
+void MainWindow::run(ToolWindow window, FrameCommand command, const WindowSubject& subject) {
     const WindowEntry* entry = findWindow(m_windows, window);
     if (entry && entry->run)
-        entry->run(m_session, command);
+        entry->run(m_session, command, subject);
     else
         open(window);
 }

@@ -38,6 +38,7 @@ public:
     bool isOpen(ToolWindow window) const override;
     bool closeYearWindows() override;
     bool backUpNow() override;
+    void archiveClass(const QString& classCode) override;
     bool writeAll() override { return MayLeave(); }
     void RunCurrentStartup() override;
 
@@ -45,7 +46,7 @@ public:
     void EnableInput(bool enable) override;
     bool MayLeave() override;
     void CloseOpenForms() override;
-    void run(ToolWindow window, FrameCommand command) override;
+    void run(ToolWindow window, FrameCommand command, const WindowSubject& subject) override;
     QList<ToolWindow> visible() const override;
     QList<StartupWindow> startupWindows() const override;
     void DestroySplash() override;

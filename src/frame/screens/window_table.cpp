@@ -27,6 +27,7 @@
 #include "settings/screens/settings_dialog.h"
 #include "user_menu/screens/menu_editor.h"
 #include "user_menu/screens/tools_popup.h"
+#include "year/screens/archive_dialog.h"
 #include "year/screens/change_weeks_wizard.h"
 #include "year/screens/startup_wizard.h"
 
@@ -70,7 +71,7 @@ QWidget* makePostIt(Session& session, const WindowSubject& subject) {
     return shown ? new PostItWindow(session, *shown->note) : nullptr;
 }
 
-void runPostItCommand(Session& session, FrameCommand command) {
+void runPostItCommand(Session& session, FrameCommand command, const WindowSubject&) {
     switch (command) {
     case FrameCommand::PostitNew:
         return CreatePostIt(session);
@@ -80,9 +81,22 @@ void runPostItCommand(Session& session, FrameCommand command) {
         return HideAllPostIts(session);
     case FrameCommand::PostitDeleteAll:
         return DeleteAllPostIts(session);
+    case FrameCommand::PostitImport:
+        return ImportPostIts(session);
+    case FrameCommand::PostitExport:
+        return ExportPostIts(session);
     default:
         return;
     }
+}
+
+void runWeekChange(Session& session, FrameCommand, const WindowSubject&) {
+    showChangeWeeksWizard(session);
+}
+
+void runArchive(Session& session, FrameCommand, const WindowSubject& subject) {
+    const auto* classCode = std::get_if<QString>(&subject);
+    showArchiveDialog(session, classCode ? *classCode : QString());
 }
 
 /// Without notes there is none to show, to hide or to delete.
@@ -186,7 +200,11 @@ WindowTable windowTable() {
         WindowEntry{.window = ToolWindow::WeekChange,
                     .name = u"ChangeWeekFrm"_s,
                     .kind = WindowKind::Floating,
-                    .run = [](Session& session, FrameCommand) { showChangeWeeksWizard(session); }},
+                    .run = runWeekChange},
+        WindowEntry{.window = ToolWindow::Archive,
+                    .name = u"Archivefrm"_s,
+                    .kind = WindowKind::Floating,
+                    .run = runArchive},
         WindowEntry{.window = ToolWindow::Search,
                     .name = u"SearchFrm"_s,
                     .kind = WindowKind::Floating,

@@ -44,8 +44,9 @@ struct WindowEntry {
     std::function<QWidget*(Session& session, const WindowSubject& subject)> make = {};
     /// Shows a subject in it, after it was made or while it is open.
     std::function<void(QWidget& window, const WindowSubject& subject)> show = {};
-    /// Acts on a command in place of opening the window.
-    std::function<void(Session& session, FrameCommand command)> run = {};
+    /// Acts on a command in place of opening the window, for what it is about.
+    std::function<void(Session& session, FrameCommand command, const WindowSubject& subject)> run =
+        {};
     /// Fills the popup of the toolbar that belongs to it, each time before it shows.
     std::function<void(Session& session, QMenu& menu)> fill = {};
 };

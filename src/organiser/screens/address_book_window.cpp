@@ -117,6 +117,8 @@ QLayout* AddressBookWindow::makeButtons() {
         {NewContact, u"&New Contact..."_s, u"new"_s, &AddressBookWindow::addContact},
         {DeleteContact, u"&Delete"_s, u"delete"_s, &AddressBookWindow::deleteSelected},
         {SaveContact, u"&Save"_s, u"save"_s, &AddressBookWindow::saveAndShow},
+        {MailClientImport, u"Import from &Outlook"_s, u"mail"_s,
+         &AddressBookWindow::importFromMailClient},
         {CsvImport, u"&Import csv file (outlook express export)"_s, u"open"_s,
          &AddressBookWindow::importCsv},
     };
@@ -143,6 +145,7 @@ void AddressBookWindow::enableButtons() {
     m_buttons[NewContact]->setEnabled(m_book.isOpen());
     m_buttons[DeleteContact]->setEnabled(m_book.isOpen() && at.isValid());
     m_buttons[SaveContact]->setEnabled(m_shown.has_value());
+    m_buttons[MailClientImport]->setEnabled(m_book.isOpen());
     m_buttons[CsvImport]->setEnabled(m_book.isOpen());
 }
 
@@ -252,6 +255,14 @@ void AddressBookWindow::deleteSelected() {
     loadTreeview();
     enableButtons();
     m_tree->setFocus();
+}
+
+void AddressBookWindow::importFromMailClient() {
+    if (!m_writing.leave())
+        return;
+    m_book.Extract_From_Outlook();
+    loadTreeview();
+    enableButtons();
 }
 
 /// What is read is always `addresses.csv` of the person's folder; another file that is named is

@@ -40,6 +40,7 @@ private:
     void addContact();
     void deleteSelected();
     void saveAndShow();
+    void importFromMailClient();
     void importCsv();
     void editFrontPage();
     void leaveFrontPage();
@@ -54,10 +55,9 @@ private:
     QLabel* m_front = nullptr;
     QPlainTextEdit* m_frontText = nullptr;
     ContactPanel* m_panel;
-    std::array<QPushButton*, 5>
-        m_buttons{};                      ///< by their numbers; that of the mail client is missing
-    std::optional<dao::Bookmark> m_shown; ///< the contact in the panel
-    Contact m_kept{};                     ///< as it is in the file
+    std::array<QPushButton*, 5> m_buttons{}; ///< by their numbers
+    std::optional<dao::Bookmark> m_shown;    ///< the contact in the panel
+    Contact m_kept{};                        ///< as it is in the file
     bool m_isLoading = false;
     KeptWriting m_writing;
 };

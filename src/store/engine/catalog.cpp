@@ -184,8 +184,19 @@ void Catalog::createIndexes(const TableStructure& table) {
 }
 
 void Catalog::dropTable(const QString& table) {
+    refresh();
     m_connection.execute(u"DROP TABLE "_s + quoteName(table));
-    invalidate();
+    forgetTable(table);
+}
+
+/// Takes a table just dropped from what is known, as noteTable adds one.
+void Catalog::forgetTable(const QString& table) {
+    m_entries.remove(m_positions.value(folded(table)));
+    m_positions.clear();
+    for (qsizetype i = 0; i < m_entries.size(); ++i)
+        m_positions.insert(folded(m_entries.at(i).name), i);
+    m_relationNames.reset();
+    m_version = versionInFile();
 }
 
 Catalog::FieldOrigins Catalog::unchanged(const TableStructure& table) const {

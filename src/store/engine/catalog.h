@@ -57,6 +57,7 @@ private:
     void refresh();
     qint64 versionInFile();
     void noteTable(const TableStructure& table, const QString& statement);
+    void forgetTable(const QString& table);
     const TableStructure& structureOf(Entry& entry);
     void readIndexes(TableStructure& table);
     void rebuild(const TableStructure& old, TableStructure table, const FieldOrigins& origins);

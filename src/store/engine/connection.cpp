@@ -134,11 +134,13 @@ constexpr const char* protectionSettings[] = {
 };
 
 /// Foreign rules of a file from elsewhere (triggers) never run; foreign keys do. Sorting stays in
-/// memory, for pupils' names have no place in temporary files.
+/// memory, for pupils' names have no place in temporary files; nor have those deleted in the free
+/// room of a file.
 void configure(Connection& connection) {
-    for (const char* setting : {"PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL",
-                                "PRAGMA temp_store = MEMORY", "PRAGMA trusted_schema = OFF",
-                                "PRAGMA legacy_alter_table = ON", "PRAGMA cell_size_check = ON"})
+    for (const char* setting :
+         {"PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL", "PRAGMA temp_store = MEMORY",
+          "PRAGMA trusted_schema = OFF", "PRAGMA legacy_alter_table = ON",
+          "PRAGMA cell_size_check = ON", "PRAGMA secure_delete = ON"})
         connection.execute(QLatin1StringView(setting));
     sqlcipher().configure(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
 }

@@ -179,6 +179,7 @@ bool playTour(Session& session, MainWindow& frame, const QString& folder) {
     visitSettings(session, frame, pictures);
     visitPrompts(session, frame, pictures);
     visitProgress(session, pictures);
+    visitArchive(session, pictures);
     visitWeekChange(session, pictures);
     visitHelp(frame, pictures);
     return pictures.areWhole() && writeWindowNames(folder + u"/windows.txt"_s);

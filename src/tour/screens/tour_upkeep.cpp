@@ -3,6 +3,7 @@
 #include "core/clock.h"
 #include "core/session.h"
 #include "tour/screens/tour_pictures.h"
+#include "year/screens/archive_dialog.h"
 #include "year/screens/change_weeks_wizard.h"
 #include "year/week_choice.h"
 
@@ -23,6 +24,14 @@ int weekAfter(const Session& session, QDate date) {
 }
 
 } // namespace
+
+void visitArchive(Session& session, TourPictures& pictures) {
+    ArchiveDialog dialog(session, {});
+    dialog.show();
+    pictures.save(dialog, u"Archivefrm"_s);
+    dialog.next();
+    pictures.save(dialog, u"Archivefrm_name"_s);
+}
 
 void visitWeekChange(Session& session, TourPictures& pictures) {
     ChangeWeeksWizard wizard(session);

@@ -9,6 +9,7 @@
 #include "year/recent_years.h"
 #include "year/repair.h"
 #include "year/restore.h"
+#include "year/screens/file_page.h"
 #include "year/screens/startup_wizard_lists.h"
 #include "year/screens/startup_wizard_pages.h"
 
@@ -58,7 +59,13 @@ StartupWizard::StartupWizard(Session& session)
     , m_weekB(new TimetablePage(u'B'))
     , m_terms(new TermsPage(session))
     , m_startWeek(new StartWeekPage)
-    , m_file(new FilePage(session.FolderDefaults[SaveFolder].folder, session.GetSeams().prompts))
+    , m_file(new FilePage(session.FolderDefaults[SaveFolder].folder,
+                          {.name = u"DBName"_s,
+                           .location = u"LBlocation"_s,
+                           .change = u"cmdLocation"_s,
+                           .caption = u"File &name:"_s,
+                           .file = u"database file"_s},
+                          session.GetSeams().prompts))
     , m_parts(new QStackedWidget)
     , m_frames(new QStackedWidget)
     , m_pageLabel(new QLabel)

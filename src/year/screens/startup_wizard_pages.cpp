@@ -1,13 +1,10 @@
 #include "year/screens/startup_wizard_pages.h"
 
-#include "controls/restricted_edit.h"
 #include "core/paths.h"
-#include "core/prompts.h"
 #include "year/wizard_rules.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,7 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int UsualPeriods = 5;
-constexpr int LongestFileName = 200;
 constexpr int ActionRole = Qt::UserRole; ///< a StartupAction
 
 /// A caption's "&&" is read as "&", as on a button.
@@ -181,56 +177,4 @@ void StartWeekPage::setQuestion(const QString& question) {
 void StartWeekPage::putInto(YearAnswers& answers) const {
     if (answers.twoWeeks)
         answers.startWeek = m_letter->currentText();
-}
-
-FilePage::FilePage(const QString& folder, Prompts& prompts)
-    : m_prompts(prompts)
-    , m_name(new RestrictedEdit(u"Name of the database file"_s, isFileNameCharacter))
-    , m_location(new QLabel) {
-    m_name->setObjectName(u"DBName"_s);
-    m_name->setMaxLength(LongestFileName);
-    m_location->setObjectName(u"LBlocation"_s);
-    m_location->setTextFormat(Qt::PlainText);
-    auto* browse = new QPushButton(u"Chan&ge..."_s);
-    browse->setObjectName(u"cmdLocation"_s);
-    browse->setAccessibleName(u"Change the location of the file"_s);
-    browse->setAutoDefault(true);
-    showFolder(folder);
-    setFocusProxy(m_name);
-
-    auto* location = new QHBoxLayout;
-    location->addWidget(m_location, 1);
-    location->addWidget(browse);
-    auto* form = new QFormLayout(this);
-    form->addRow(u"File &name:"_s, m_name);
-    form->addRow(u"Location:"_s, location);
-
-    connect(m_name, &QLineEdit::textEdited, this,
-            [this] { m_hasTypedName = !m_name->text().isEmpty(); });
-    connect(m_name, &RestrictedEdit::refused, this, [this] {
-        m_prompts.PlainBox(u"This character is not allowed in a filename!"_s,
-                           OkButton | WarningIcon, u"Invalid Character"_s);
-    });
-    connect(browse, &QPushButton::clicked, this, &FilePage::chooseFolder);
-}
-
-void FilePage::propose(const QString& name) {
-    if (!m_hasTypedName)
-        m_name->setText(name);
-}
-
-QString FilePage::name() const {
-    return m_name->text();
-}
-
-void FilePage::chooseFolder() {
-    const QString folder = m_prompts.ChooseFolder(u"Select a directory location:"_s);
-    if (!folder.isEmpty())
-        showFolder(folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator());
-}
-
-void FilePage::showFolder(const QString& folder) {
-    m_folder = folder;
-    m_location->setText(ShortenPath(folder));
-    m_location->setToolTip(folder);
 }

@@ -8,7 +8,6 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QListWidget;
-class RestrictedEdit;
 class QLineEdit;
 
 /// The pages of StartupWizard that ask for single answers; startupwiz_lists.h has those with lists.
@@ -69,27 +68,4 @@ public:
 private:
     QLabel* m_question;
     QComboBox* m_letter;
-};
-
-/// The name and the folder of the new file.
-class FilePage : public QWidget {
-    Q_OBJECT
-
-public:
-    /// `folder` has a separator at its end.
-    FilePage(const QString& folder, Prompts& prompts);
-    /// Proposes a name, as long as the person has not typed one.
-    void propose(const QString& name);
-    QString name() const;
-    QString folder() const { return m_folder; }
-
-private:
-    void chooseFolder();
-    void showFolder(const QString& folder);
-
-    Prompts& m_prompts;
-    RestrictedEdit* m_name;
-    QLabel* m_location;
-    QString m_folder;
-    bool m_hasTypedName = false;
 };
