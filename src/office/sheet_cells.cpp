@@ -62,7 +62,7 @@ void SheetCells::setIsoMoment(int row, int column, const QString& text) {
         set(row, column, {CellKind::Date, text});
 }
 
-void SheetCells::set(int row, int column, const SheetCell& cell) {
+void SheetCells::set(int row, int column, const ReadCell& cell) {
     if (row < 0 || row >= LargestRow || column < 0 || column >= LargestColumn ||
         cell.text.isEmpty())
         return;
@@ -82,7 +82,7 @@ void SheetCells::set(int row, int column, const SheetCell& cell) {
 void SheetCells::copyRow(int from, int to) {
     if (static_cast<size_t>(from) >= m_rows.size())
         return;
-    const std::vector<SheetCell> cells = m_rows[static_cast<size_t>(from)];
+    const std::vector<ReadCell> cells = m_rows[static_cast<size_t>(from)];
     for (size_t column = 0; column < cells.size(); ++column)
         set(to, static_cast<int>(column), cells[column]);
 }
@@ -93,27 +93,27 @@ QByteArray SheetCells::packed() const {
     out << static_cast<qint32>(m_rows.size());
     for (const auto& row : m_rows) {
         out << static_cast<qint32>(row.size());
-        for (const SheetCell& cell : row)
+        for (const ReadCell& cell : row)
             out << static_cast<quint8>(cell.kind) << cell.text;
     }
     return bytes;
 }
 
-std::optional<QList<QList<SheetCell>>> SheetCells::unpacked(const QByteArray& bytes) {
+std::optional<QList<QList<ReadCell>>> SheetCells::unpacked(const QByteArray& bytes) {
     QDataStream in(bytes);
     qint32 rowCount = 0;
     in >> rowCount;
     if (rowCount < 0 || rowCount > LargestRow)
         return std::nullopt;
     int count = 0;
-    QList<QList<SheetCell>> rows;
+    QList<QList<ReadCell>> rows;
     while (rows.size() < rowCount && in.status() == QDataStream::Ok) {
         qint32 size = 0;
         in >> size;
         if (size < 0 || size > LargestColumn || (count += size) > MostCells)
             return std::nullopt;
-        QList<SheetCell> row(size);
-        for (SheetCell& cell : row) {
+        QList<ReadCell> row(size);
+        for (ReadCell& cell : row) {
             quint8 kind = 0;
             in >> kind >> cell.text;
             cell.kind =

@@ -12,7 +12,7 @@ enum class CellKind : quint8 { Text, Date, Time, DateTime };
 
 /// A cell: its text, and of a date or time that in ISO's form (2026-11-27, 08:30:00, with a T
 /// between both), since how it reads is the person's to say.
-struct SheetCell {
+struct ReadCell {
     CellKind kind = CellKind::Text;
     QString text;
 };
@@ -34,15 +34,15 @@ public:
     /// A date or time in ISO's form, with whatever stands behind its seconds.
     void setIsoMoment(int row, int column, const QString& text);
     /// Raises std::length_error where there are more cells than any class list has.
-    void set(int row, int column, const SheetCell& cell);
+    void set(int row, int column, const ReadCell& cell);
     /// Gives a row the cells of another one.
     void copyRow(int from, int to);
 
     QByteArray packed() const;
     /// None for bytes that are no packed cells.
-    static std::optional<QList<QList<SheetCell>>> unpacked(const QByteArray& bytes);
+    static std::optional<QList<QList<ReadCell>>> unpacked(const QByteArray& bytes);
 
 private:
-    std::vector<std::vector<SheetCell>> m_rows;
+    std::vector<std::vector<ReadCell>> m_rows;
     int m_count = 0; ///< of cells, the empty ones between others too
 };

@@ -54,7 +54,7 @@ QByteArray packFirstSheet(const QString& path, SheetFormat format) {
     return isRead ? cells.packed() : QByteArray();
 }
 
-QString textOfCell(const SheetCell& cell, const QLocale& locale) {
+QString textOfCell(const ReadCell& cell, const QLocale& locale) {
     const auto date = [&] {
         const QDate day = QDate::fromString(cell.text.left(10), Qt::ISODate);
         return day.isValid() ? locale.toString(day, QLocale::ShortFormat) : cell.text;
@@ -98,10 +98,10 @@ std::optional<Spreadsheet> Spreadsheet::unpack(const QByteArray& bytes) {
         return std::nullopt;
     const QLocale locale;
     Spreadsheet sheet;
-    for (const QList<SheetCell>& row : *rows) {
+    for (const QList<ReadCell>& row : *rows) {
         QStringList texts;
         texts.reserve(row.size());
-        for (const SheetCell& cell : row)
+        for (const ReadCell& cell : row)
             texts += textOfCell(cell, locale);
         sheet.m_columnCount = std::max(sheet.m_columnCount, static_cast<int>(texts.size()));
         sheet.m_rows += texts;

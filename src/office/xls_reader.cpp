@@ -30,12 +30,12 @@ const Freexl& freexl() {
 struct CloseWorkbook {
     void operator()(const void* handle) const { freexl().close(handle); }
 };
-using Workbook = std::unique_ptr<const void, CloseWorkbook>;
+using OpenXls = std::unique_ptr<const void, CloseWorkbook>;
 
-Workbook openFirstSheet(const QString& path) {
+OpenXls openFirstSheet(const QString& path) {
     const void* handle = nullptr;
     const int opened = freexl().open(QFile::encodeName(path).constData(), &handle);
-    Workbook workbook(handle); // there is one to close after some failures too
+    OpenXls workbook(handle); // there is one to close after some failures too
     if (opened != FREEXL_OK || freexl().select(handle, 0) != FREEXL_OK)
         workbook.reset();
     return workbook;
@@ -75,7 +75,7 @@ bool loadXlsReader() {
 }
 
 bool readXls(const QString& path, SheetCells& cells) {
-    const Workbook workbook = openFirstSheet(path);
+    const OpenXls workbook = openFirstSheet(path);
     unsigned rows = 0;
     unsigned short columns = 0;
     if (!workbook || freexl().dimensions(workbook.get(), &rows, &columns) != FREEXL_OK)
