@@ -103,10 +103,9 @@ public:
     explicit CoverTexts(const QString& path) : Written(path), m_year(path) {}
     void run() override {
         QString text;
-        const RawStatement day = m_year.prepare(
-            "SELECT Class1,Class2,Class3,Class4,Class5,Class6,Lesson1,Homework1,Lesson2,Homework2,"
-            "Lesson3,Homework3,Lesson4,Homework4,Lesson5,Homework5,Lesson6,Homework6 FROM Planning "
-            "WHERE PlanDate = '26-09-09'");
+        const RawStatement day =
+            m_year.prepare("SELECT Class1,Class2,Class3,Class4,Class5,Class6 FROM Planning "
+                           "WHERE PlanDate = '26-09-09'");
         m_year.step(day);
         readColumns(day);
         for (int period = 0; period < periods; ++period) {

@@ -40,7 +40,9 @@ richtext::Table registerTable(const QList<ClassPupil>& pupils, int usableTwips) 
         return richtext::TableRow{{cellOf(forename, column, look), cellOf(surname, column, look)},
                                   isHeading};
     };
-    richtext::Table table{row(u"First name"_s, u"Surname"_s, true)};
+    richtext::Table table;
+    table.reserve(pupils.size() + 1);
+    table += row(u"First name"_s, u"Surname"_s, true);
     for (const ClassPupil& pupil : pupils)
         table += row(pupil.forename, pupil.surname, false);
     return table;
@@ -89,7 +91,8 @@ void addCover(WordDocument& word, const PlannedLesson& lesson, const QList<Class
 
 QList<PlannedLesson> coverLessons(const Session& session, QDate date) {
     QList<PlannedLesson> lessons =
-        plannedLessons(session.CurrentDB, session.PeriodsPerDay, {.days = DatePeriod{date, date}});
+        plannedLessons(session.CurrentDB, session.PeriodsPerDay,
+                       {.days = DatePeriod{date, date}, .withTexts = false});
     lessons.removeIf([&](const PlannedLesson& lesson) {
         const auto& classes = session.ClassColours;
         return std::none_of(classes.begin(), classes.end(), [&](const ClassColour& each) {

@@ -3,8 +3,9 @@
 #include "office/word_document.h"
 #include "planning/planned_lessons.h"
 
-/// The lessons of a day that can have a cover sheet: those of the year's classes. What stands for
-/// a class on a sheet and is none is passed over. Raises what the engine raises.
+/// The lessons of a day, without their texts, that can have a cover sheet: those of the year's
+/// classes. What stands for a class on a sheet and is none is passed over. Raises what the engine
+/// raises.
 QList<PlannedLesson> coverLessons(const Session& session, QDate date);
 
 /// The cover sheets of lessons, a page each: what to do, to be written by the teacher, beside the

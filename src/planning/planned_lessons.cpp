@@ -10,14 +10,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The columns of a period, behind `PlanDate`.
-enum PeriodColumn { ClassColumn, LessonColumn, HomeworkColumn, ColumnsOfPeriod };
+enum PeriodColumn { ClassColumn, LessonColumn, HomeworkColumn, AllColumns };
+
+int columnsOfPeriod(const LessonChoice& choice) {
+    return choice.withTexts ? AllColumns : 1;
+}
 
 QString selectLessons(int periods, const LessonChoice& choice) {
     QStringList columns{u"PlanDate"_s};
     QStringList hasClass;
     for (int period = 1; period <= periods; ++period) {
-        columns += {classField(period), fieldOf({SheetBox::Lesson, period}),
-                    fieldOf({SheetBox::Homework, period})};
+        columns += classField(period);
+        if (choice.withTexts)
+            columns += {fieldOf({SheetBox::Lesson, period}), fieldOf({SheetBox::Homework, period})};
         for (const QString& classCode : choice.classes)
             hasClass += u"%1 = %2"_s.arg(classField(period), dao::writeText(classCode));
     }
@@ -45,16 +50,21 @@ bool isChosen(const QString& classCode, const QStringList& classes) {
 QList<PlannedLesson> plannedLessons(const dao::Database& year, int periodsPerDay,
                                     const LessonChoice& choice) {
     QList<PlannedLesson> lessons;
+    const dao::Reading atOnce(year);
     dao::Recordset rows =
         year.OpenRecordset(selectLessons(periodsPerDay, choice), dao::RecordsetType::Snapshot);
     for (; !rows.EOF_(); rows.MoveNext()) {
         for (int period = 1; period <= periodsPerDay; ++period) {
-            const int first = 1 + (period - 1) * ColumnsOfPeriod;
+            const int first = 1 + (period - 1) * columnsOfPeriod(choice);
             const QString classCode = rows.Collect(first + ClassColumn).toText();
-            if (isChosen(classCode, choice.classes))
-                lessons += {rows.Collect(0).toText(), period, classCode,
-                            rows.Collect(first + LessonColumn).toText(),
-                            rows.Collect(first + HomeworkColumn).toText()};
+            if (!isChosen(classCode, choice.classes))
+                continue;
+            PlannedLesson lesson{rows.Collect(0).toText(), period, classCode};
+            if (choice.withTexts) {
+                lesson.lesson = rows.Collect(first + LessonColumn).toText();
+                lesson.homework = rows.Collect(first + HomeworkColumn).toText();
+            }
+            lessons += lesson;
         }
     }
     return lessons;

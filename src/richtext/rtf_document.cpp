@@ -5,6 +5,8 @@
 #include <QBuffer>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -39,12 +41,24 @@ bool isShort(const TableRow& row) {
 
 /// A control word with its number.
 void appendWord(QString& rtf, QStringView word, int number) {
+    std::array<char, 12> digits{};
+    const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
     rtf += word;
-    rtf += QString::number(number);
+    rtf += QLatin1StringView(digits.data(), end);
+}
+
+/// Whether the cells of two rows stand in the same way, whatever is in them.
+bool hasSameShape(const TableRow& a, const TableRow& b) {
+    return a.isHeading == b.isHeading && a.height == b.height && isShort(a) == isShort(b) &&
+           std::equal(a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(),
+                      [](const TableCell& one, const TableCell& other) {
+                          return one.width == other.width && one.ground == other.ground &&
+                                 one.hasBorder == other.hasBorder;
+                      });
 }
 
 void appendLook(QString& rtf, const TextLook& look) {
-    appendWord(rtf, u"\\f0\\fs", 2 * look.size);
+    appendWord(rtf, u"\\fs", 2 * look.size);
     if (look.bold)
         rtf += u"\\b";
 }
@@ -71,18 +85,28 @@ int RtfDocument::colour(QRgb rgb) {
     return static_cast<int>(place) + 1;
 }
 
+QString RtfDocument::headOf(const TextLook& look) {
+    QString rtf;
+    if (look.centred)
+        rtf += u"\\qc";
+    appendLook(rtf, look);
+    if (look.colour)
+        appendWord(rtf, u"\\cf", colour(*look.colour));
+    return rtf + u' ';
+}
+
 void RtfDocument::beginParagraph(const TextLook& look, QStringView more) {
+    if (m_head.isEmpty() || look != m_look) {
+        m_look = look;
+        m_head = headOf(look);
+    }
     m_body += u"\\pard\\plain";
     m_body += more;
     if (std::exchange(m_breaksPage, false))
         m_body += u"\\pagebb";
-    if (look.centred)
-        m_body += u"\\qc";
-    appendLook(m_body, look);
-    if (look.colour)
-        appendWord(m_body, u"\\cf", colour(*look.colour));
-    m_body += u' ';
-    m_body += std::exchange(m_boxes, {});
+    m_body += m_head;
+    if (!m_boxes.isEmpty())
+        m_body += std::exchange(m_boxes, {});
 }
 
 void RtfDocument::addText(const QString& text, const TextLook& look) {
@@ -99,33 +123,38 @@ void RtfDocument::addCell(const TableCell& cell) {
     m_body += u"\\cell\n";
 }
 
-/// How the cells of a row stand, for what follows.
-void RtfDocument::defineRow(const TableRow& row) {
-    appendWord(m_body, u"\\trowd\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3\\trleft0\\trgaph",
-               CellPadding);
+/// How the cells of a row stand.
+QString RtfDocument::definitionOf(const TableRow& row) {
+    QString rtf = u"\\trowd\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3\\trleft0"_s;
+    appendWord(rtf, u"\\trgaph", CellPadding);
     if (row.isHeading)
-        m_body += u"\\trhdr";
+        rtf += u"\\trhdr";
     if (isShort(row))
-        m_body += u"\\trkeep";
+        rtf += u"\\trkeep";
     if (row.height > 0)
-        appendWord(m_body, u"\\trrh", row.height);
+        appendWord(rtf, u"\\trrh", row.height);
     int right = 0;
     for (const TableCell& cell : row.cells) {
         right += cell.width;
         if (row.height > 0)
-            m_body += u"\\clvertalc";
+            rtf += u"\\clvertalc";
         if (cell.hasBorder)
-            m_body += CellBorders;
+            rtf += CellBorders;
         if (cell.ground)
-            appendWord(m_body, u"\\clcbpat", colour(*cell.ground));
-        appendWord(m_body, u"\\cellx", right);
+            appendWord(rtf, u"\\clcbpat", colour(*cell.ground));
+        appendWord(rtf, u"\\cellx", right);
     }
-    m_body += u'\n';
+    return rtf + u'\n';
 }
 
 void RtfDocument::addTable(const Table& table) {
+    QString definition;
+    const TableRow* defined = nullptr;
     for (const TableRow& row : table) {
-        defineRow(row);
+        if (!defined || !hasSameShape(*defined, row))
+            definition = definitionOf(row);
+        defined = &row;
+        m_body += definition;
         for (const TableCell& cell : row.cells)
             addCell(cell);
         m_body += u"\\row\n";
@@ -176,7 +205,9 @@ QByteArray RtfDocument::source() const {
         head += u"\\landscape"_s;
     head += u"\\sectd\\headery%1\\footery%2\n"_s.arg(m_paper.headerDistance)
                 .arg(m_paper.footerDistance);
-    return (head + m_body + u"}\n"_s).toLatin1();
+    QByteArray source = head.toLatin1();
+    source += m_body.toLatin1();
+    return source += "}\n";
 }
 
 } // namespace richtext

@@ -35,6 +35,8 @@ struct TextLook {
     bool bold = false;
     bool centred = false;
     std::optional<QRgb> colour = {};
+
+    bool operator==(const TextLook&) const = default;
 };
 
 struct TableCell {
@@ -78,12 +80,15 @@ public:
 private:
     void addBox(const QRect& place, const QString& content);
     void addCell(const TableCell& cell);
+    QString headOf(const TextLook& look);
     void beginParagraph(const TextLook& look, QStringView more = {});
-    void defineRow(const TableRow& row);
+    QString definitionOf(const TableRow& row);
     int colour(QRgb rgb);
 
     Paper m_paper;
     QString m_body;
+    TextLook m_look; ///< of the last paragraph
+    QString m_head;  ///< how it was written
     QString m_boxes; ///< that wait for a paragraph to be tied to
     QList<QRgb> m_colours;
     int m_boxCount = 0;

@@ -134,6 +134,7 @@ void RecordsetCore::fetchKeys(const QString& order) {
     while (statement.step()) {
         KeySet::Entry entry;
         entry.keys = readKeys(statement, sources);
+        entry.values.reserve(columns.size() - 1);
         for (qsizetype i = 0; i < columns.size() - 1; ++i)
             entry.values +=
                 statement.column(static_cast<int>(sources + i), query.columns.at(i).field.Type);
