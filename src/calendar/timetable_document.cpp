@@ -53,7 +53,7 @@ int rowHeight(const richtext::Paper& paper, int periods) {
 
 richtext::Table weekTable(const TimetableGrid& grid, int height) {
     const richtext::TextLook heading{.size = CellSize, .bold = true, .centred = true};
-    richtext::TableRow head{{cellOf(u"Period"_s, PeriodWidth, heading)}, true};
+    richtext::TableRow head{{cellOf(u"Period"_s, PeriodWidth, heading)}};
     for (int day = Monday; day <= Friday; ++day)
         head.cells += cellOf(DayName(day), DayWidth, heading);
     richtext::Table table{head};

@@ -53,6 +53,18 @@ QString newFolder(const QString& appPath) {
     return folder.isValid() ? folder.path() + u'/' : QString();
 }
 
+/// From parts of a row to twips, so that all rows end at the same edge.
+void setWidths(richtext::TableRow& row, const richtext::Paper& paper) {
+    const int usable = paper.usable().width();
+    int part = 0;
+    int right = 0;
+    for (richtext::TableCell& cell : row.cells) {
+        part += cell.width;
+        cell.width = usable * part / WholeRow - right;
+        right += cell.width;
+    }
+}
+
 } // namespace
 
 DocumentPlace documentPlace(const Session& session) {
@@ -69,6 +81,7 @@ richtext::Paper usualPaper() {
 richtext::Paper narrowMargins(richtext::Paper paper) {
     constexpr int margin = TwipsPerInch / 2;
     paper.margins = {margin, margin, margin, margin};
+    paper.headerDistance = margin / 2;
     return paper;
 }
 
@@ -104,17 +117,14 @@ void WordDocument::Word_AddTitle(const QString& text, int size, bool bold, bool 
 }
 
 void WordDocument::Word_AddTable(richtext::Table table) {
-    const int usable = m_document.paper().usable().width();
-    for (richtext::TableRow& row : table) {
-        int part = 0;
-        int right = 0;
-        for (richtext::TableCell& cell : row.cells) {
-            part += cell.width;
-            cell.width = usable * part / WholeRow - right;
-            right += cell.width;
-        }
-    }
+    for (richtext::TableRow& row : table)
+        setWidths(row, m_document.paper());
     m_document.addTable(table);
+}
+
+void WordDocument::repeatHeading(richtext::TableRow heading) {
+    setWidths(heading, m_document.paper());
+    m_document.setPageHeading(heading);
 }
 
 void WordDocument::addTextBox(const QRect& place, const QString& text) {

@@ -43,6 +43,8 @@ public:
     void Word_AddTitle(const QString& text, int size, bool bold, bool centred);
     /// The widths of the cells are parts of the paper's usable width, of which each row has 1000.
     void Word_AddTable(richtext::Table table);
+    /// The same row over what of a table goes on on further pages.
+    void repeatHeading(richtext::TableRow heading);
     void Word_NewPage() { m_document.newPage(); }
     /// A box with text; its place in twips from the margins.
     void addTextBox(const QRect& place, const QString& text);

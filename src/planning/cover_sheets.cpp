@@ -37,8 +37,7 @@ richtext::Table registerTable(const QList<ClassPupil>& pupils, int usableTwips) 
     const int column = (BoxLeft - Gap) * TwipsPerPoint * 1000 / usableTwips / 2;
     const auto row = [&](const QString& forename, const QString& surname, bool isHeading) {
         const richtext::TextLook look{.size = size, .bold = isHeading};
-        return richtext::TableRow{{cellOf(forename, column, look), cellOf(surname, column, look)},
-                                  isHeading};
+        return richtext::TableRow{{cellOf(forename, column, look), cellOf(surname, column, look)}};
     };
     richtext::Table table;
     table.reserve(pupils.size() + 1);

@@ -24,8 +24,7 @@ const richtext::TextLook BlockLabel{.size = 14, .bold = true};
 
 richtext::TableRow headingRow() {
     return {{cellOf(u"Period"_s, Eighth, Heading), cellOf(u"Class"_s, Eighth, Heading),
-             cellOf(u"Lesson Planning"_s, Half, Heading), cellOf(u"Homework"_s, Quarter, Heading)},
-            true};
+             cellOf(u"Lesson Planning"_s, Half, Heading), cellOf(u"Homework"_s, Quarter, Heading)}};
 }
 
 richtext::TableRow periodRow(const dao::Recordset& sheet, int period) {
@@ -66,6 +65,7 @@ bool CreateQuickPlan(const Session& session, const DocumentPlace& place, QDate d
         word.step(30, u"Acquiring Data"_s);
         const richtext::Table table = sheetTable(session, date);
         word.step(60, u"Exporting Data"_s);
+        word.repeatHeading(headingRow());
         word.Word_AddTable(table);
         word.step(80, u"Formatting Table"_s);
     });

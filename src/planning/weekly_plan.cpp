@@ -33,8 +33,7 @@ richtext::Table lessonTable(const QList<PlannedLesson>& lessons) {
     const richtext::TextLook heading{.size = 14, .bold = true};
     richtext::Table table{{{cellOf(u"Class"_s, LessonWidth, heading),
                             cellOf(u"Lesson Planning"_s, TextWidth, heading),
-                            cellOf(u"Homework"_s, WorkWidth, heading)},
-                           true}};
+                            cellOf(u"Homework"_s, WorkWidth, heading)}}};
     for (const PlannedLesson& lesson : lessons)
         table += {{cellOf(lessonLine(lesson), LessonWidth, {.bold = true}),
                    cellOf(plainCellText(lesson.lesson), TextWidth),
@@ -76,6 +75,7 @@ bool CreateWeeklyPlan(const Session& session, const DocumentPlace& place, const 
     word.step(40, u"Collecting Table Data"_s);
     const richtext::Table table = lessonTable(lessons);
     word.step(70, u"Formatting Table"_s);
+    word.repeatHeading(table.first());
     word.Word_AddTable(table);
     return word.Word_Finish(u"Weekly Plan"_s);
 }

@@ -49,7 +49,7 @@ void appendWord(QString& rtf, QStringView word, int number) {
 
 /// Whether the cells of two rows stand in the same way, whatever is in them.
 bool hasSameShape(const TableRow& a, const TableRow& b) {
-    return a.isHeading == b.isHeading && a.height == b.height && isShort(a) == isShort(b) &&
+    return a.height == b.height && isShort(a) == isShort(b) &&
            std::equal(a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(),
                       [](const TableCell& one, const TableCell& other) {
                           return one.width == other.width && one.ground == other.ground &&
@@ -95,16 +95,19 @@ QString RtfDocument::headOf(const TextLook& look) {
     return rtf + u' ';
 }
 
-void RtfDocument::beginParagraph(const TextLook& look, QStringView more) {
+void RtfDocument::appendHead(QString& rtf, const TextLook& look) {
     if (m_head.isEmpty() || look != m_look) {
         m_look = look;
         m_head = headOf(look);
     }
+    rtf += m_head;
+}
+
+void RtfDocument::beginParagraph(const TextLook& look) {
     m_body += u"\\pard\\plain";
-    m_body += more;
     if (std::exchange(m_breaksPage, false))
         m_body += u"\\pagebb";
-    m_body += m_head;
+    appendHead(m_body, look);
     if (!m_boxes.isEmpty())
         m_body += std::exchange(m_boxes, {});
 }
@@ -117,18 +120,17 @@ void RtfDocument::addText(const QString& text, const TextLook& look) {
     }
 }
 
-void RtfDocument::addCell(const TableCell& cell) {
-    beginParagraph(cell.look, u"\\intbl");
-    appendLines(m_body, cell.text);
-    m_body += u"\\cell\n";
+void RtfDocument::addCell(QString& rtf, const TableCell& cell) {
+    rtf += u"\\pard\\plain\\intbl";
+    appendHead(rtf, cell.look);
+    appendLines(rtf, cell.text);
+    rtf += u"\\cell\n";
 }
 
 /// How the cells of a row stand.
 QString RtfDocument::definitionOf(const TableRow& row) {
     QString rtf = u"\\trowd\\trpaddt30\\trpaddft3\\trpaddb30\\trpaddfb3\\trleft0"_s;
     appendWord(rtf, u"\\trgaph", CellPadding);
-    if (row.isHeading)
-        rtf += u"\\trhdr";
     if (isShort(row))
         rtf += u"\\trkeep";
     if (row.height > 0)
@@ -147,20 +149,30 @@ QString RtfDocument::definitionOf(const TableRow& row) {
     return rtf + u'\n';
 }
 
-void RtfDocument::addTable(const Table& table) {
+QString RtfDocument::rowsOf(const Table& table) {
+    QString rtf;
     QString definition;
     const TableRow* defined = nullptr;
     for (const TableRow& row : table) {
         if (!defined || !hasSameShape(*defined, row))
             definition = definitionOf(row);
         defined = &row;
-        m_body += definition;
+        rtf += definition;
         for (const TableCell& cell : row.cells)
-            addCell(cell);
-        m_body += u"\\row\n";
+            addCell(rtf, cell);
+        rtf += u"\\row\n";
     }
-    // A table can't be a document's last: a line as low as can be goes to the same page.
-    m_body += u"\\pard\\plain\\sl-20\\slmult0\\fs2\\par\n";
+    // Nothing ends with a table: a line as low as can be goes to the same page.
+    return rtf += u"\\pard\\plain\\sl-20\\slmult0\\fs2\\par\n";
+}
+
+/// A table that is to begin a page, or has boxes beside it, needs a paragraph for that before it.
+void RtfDocument::addTable(const Table& table) {
+    if (m_breaksPage || !m_boxes.isEmpty()) {
+        beginParagraph({.size = 1});
+        m_body += u"\\par\n";
+    }
+    m_body += rowsOf(table);
 }
 
 void RtfDocument::addBox(const QRect& place, const QString& content) {
@@ -203,8 +215,9 @@ QByteArray RtfDocument::source() const {
                 .arg(m_paper.gutter);
     if (m_paper.size.width() > m_paper.size.height())
         head += u"\\landscape"_s;
-    head += u"\\sectd\\headery%1\\footery%2\n"_s.arg(m_paper.headerDistance)
-                .arg(m_paper.footerDistance);
+    head +=
+        u"\\sectd\\headery%1\\footery%2"_s.arg(m_paper.headerDistance).arg(m_paper.footerDistance);
+    head += m_pageHeading.isEmpty() ? u"\n"_s : u"\\titlepg{\\header "_s + m_pageHeading + u"}\n"_s;
     QByteArray source = head.toLatin1();
     source += m_body.toLatin1();
     return source += "}\n";

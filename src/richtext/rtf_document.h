@@ -49,8 +49,7 @@ struct TableCell {
 
 struct TableRow {
     QList<TableCell> cells;
-    bool isHeading = false; ///< stands above the table on each page
-    int height = 0;         ///< twips, at least; its texts stand in the middle of it. 0: as needed
+    int height = 0; ///< twips, at least; its texts stand in the middle of it. 0: as needed
 };
 using Table = QList<TableRow>;
 
@@ -68,6 +67,9 @@ public:
     /// Paragraphs, one for each line of the text.
     void addText(const QString& text, const TextLook& look);
     void addTable(const Table& table);
+    /// A row that stands at the head of every page but the first, over a table that goes on there.
+    /// As the head of the page, since not every word processor reads a row's own mark for that.
+    void setPageHeading(const TableRow& row) { m_pageHeading = rowsOf({row}); }
     /// A framed box over the page; `place` in twips from the margins of the page on which the next
     /// text stands.
     void addTextBox(const QRect& place, const QString& text, const TextLook& look);
@@ -79,14 +81,17 @@ public:
 
 private:
     void addBox(const QRect& place, const QString& content);
-    void addCell(const TableCell& cell);
+    QString rowsOf(const Table& table);
+    void addCell(QString& rtf, const TableCell& cell);
     QString headOf(const TextLook& look);
-    void beginParagraph(const TextLook& look, QStringView more = {});
+    void appendHead(QString& rtf, const TextLook& look);
+    void beginParagraph(const TextLook& look);
     QString definitionOf(const TableRow& row);
     int colour(QRgb rgb);
 
     Paper m_paper;
     QString m_body;
+    QString m_pageHeading;
     TextLook m_look; ///< of the last paragraph
     QString m_head;  ///< how it was written
     QString m_boxes; ///< that wait for a paragraph to be tied to

@@ -32,7 +32,7 @@ TEST(RtfFiles, ADocumentKeepsEveryCharacterOfItsTexts) {
     document.addTextBox({0, 0, 2000, 2000}, text, {});
     document.addText(text, {.size = 20, .bold = true, .centred = true});
     document.newPage();
-    document.addTable({{{{text, 3000}, {u"2"_s, 3000, {}, qRgb(1, 2, 3)}}, true}});
+    document.addTable({{{{text, 3000}, {u"2"_s, 3000, {}, qRgb(1, 2, 3)}}}});
     const QString source = QString::fromLatin1(document.source());
     EXPECT_EQ(read(document.source()).count(u"{a}\\b \"c\" é € ß ☺ 𝄞 Жж tab new line"_s), 3);
     EXPECT_TRUE(source.contains(u"\\red1\\green2\\blue3;"_s));
