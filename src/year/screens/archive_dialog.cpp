@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "year/class_archive.h"
 #include "year/screens/file_page.h"
+#include "year/screens/wizard_buttons.h"
 #include "year/wizard_rules.h"
 
 #include <QApplication>
@@ -12,7 +13,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPointer>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -27,7 +27,10 @@ constexpr FailureBox classesUnread{u"Archive Class"};
 } // namespace
 
 ArchiveDialog::ArchiveDialog(Session& session, const QString& classCode, QWidget* parent)
-    : QDialog(parent), m_session(session), m_pages(new QStackedWidget) {
+    : QDialog(parent)
+    , m_session(session)
+    , m_pages(new QStackedWidget)
+    , m_buttons(new WizardButtons) {
     setObjectName(u"Archivefrm"_s);
     setWindowTitle(u"Archive a class"_s);
     auto* explanation = new QLabel(archiveExplanation());
@@ -39,7 +42,10 @@ ArchiveDialog::ArchiveDialog(Session& session, const QString& classCode, QWidget
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(explanation);
     layout->addWidget(m_pages, 1);
-    layout->addWidget(makeButtons());
+    layout->addWidget(m_buttons);
+    connect(m_buttons, &WizardButtons::backWanted, this, &ArchiveDialog::previous);
+    connect(m_buttons, &WizardButtons::nextWanted, this, &ArchiveDialog::next);
+    connect(m_buttons, &WizardButtons::cancelWanted, this, &ArchiveDialog::reject);
     resize(520, 400);
     showPage(ClassPage);
 }
@@ -80,30 +86,9 @@ QWidget* ArchiveDialog::makeNamePage() {
     return page;
 }
 
-QWidget* ArchiveDialog::makeButtons() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins({});
-    layout->addStretch();
-    const auto add = [&](const QString& name, const QString& text, auto act) {
-        auto* button = new QPushButton(text);
-        button->setObjectName(name);
-        button->setAutoDefault(true); // Enter presses the one that has the focus
-        layout->addWidget(button);
-        connect(button, &QPushButton::clicked, this, act);
-        return button;
-    };
-    m_back = add(u"cmdBack"_s, u"<< &Back"_s, &ArchiveDialog::previous);
-    m_next = add(u"cmdNext"_s, QString(), &ArchiveDialog::next);
-    add(u"cmdCancel"_s, u"Cancel"_s, &ArchiveDialog::reject);
-    return row;
-}
-
 void ArchiveDialog::showPage(int page) {
     m_pages->setCurrentIndex(page);
-    m_back->setEnabled(page != ClassPage);
-    m_next->setText(page == NamePage ? u"Finish >>"_s : u"Next >>"_s);
-    m_next->setDefault(true);
+    m_buttons->setPage(page == ClassPage, page == NamePage);
     if (page == NamePage)
         m_file->setFocus();
     else

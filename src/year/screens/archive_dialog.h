@@ -4,7 +4,7 @@
 
 class FilePage;
 class QListWidget;
-class QPushButton;
+class WizardButtons;
 class QStackedWidget;
 class Session;
 
@@ -27,7 +27,6 @@ public:
 private:
     QWidget* makeClassPage(const QString& classCode);
     QWidget* makeNamePage();
-    QWidget* makeButtons();
     void showPage(int page);
     void finish();
     QString pickedClass() const;
@@ -36,8 +35,7 @@ private:
     QStackedWidget* m_pages;
     QListWidget* m_classes = nullptr;
     FilePage* m_file = nullptr;
-    QPushButton* m_back = nullptr;
-    QPushButton* m_next = nullptr;
+    WizardButtons* m_buttons;
 };
 
 /// Shows the dialog over the open year and waits for its end. A year that can't be read is told.

@@ -3,6 +3,7 @@
 #include "core/engine_failure.h"
 #include "core/prompts.h"
 #include "core/session.h"
+#include "year/screens/wizard_buttons.h"
 #include "year/week_change.h"
 #include "year/week_choice.h"
 
@@ -31,14 +32,18 @@ ChangeWeeksWizard::ChangeWeeksWizard(Session& session, QWidget* parent)
     : QDialog(parent)
     , m_session(session)
     , m_starts(weekStarts(session.CurrentDB))
-    , m_pages(new QStackedWidget) {
+    , m_pages(new QStackedWidget)
+    , m_buttons(new WizardButtons) {
     setObjectName(u"ChangeWeekFrm"_s);
     setWindowTitle(u"Change Week Allocations Wizard"_s);
     m_pages->addWidget(makeExplanation());
     m_pages->addWidget(makeWeekPage());
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_pages, 1);
-    layout->addWidget(makeButtons());
+    layout->addWidget(m_buttons);
+    connect(m_buttons, &WizardButtons::backWanted, this, &ChangeWeeksWizard::previous);
+    connect(m_buttons, &WizardButtons::nextWanted, this, &ChangeWeeksWizard::next);
+    connect(m_buttons, &WizardButtons::cancelWanted, this, &ChangeWeeksWizard::reject);
     resize(520, 420);
     showPage(ExplanationPage);
 }
@@ -77,34 +82,13 @@ QWidget* ChangeWeeksWizard::makeWeekPage() {
     return page;
 }
 
-QWidget* ChangeWeeksWizard::makeButtons() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins({});
-    layout->addStretch();
-    const auto add = [&](const QString& name, const QString& text, auto act) {
-        auto* button = new QPushButton(text);
-        button->setObjectName(name);
-        button->setAutoDefault(true); // Enter presses the one that has the focus
-        layout->addWidget(button);
-        connect(button, &QPushButton::clicked, this, act);
-        return button;
-    };
-    m_back = add(u"cmdBack"_s, u"<< &Back"_s, &ChangeWeeksWizard::previous);
-    m_next = add(u"cmdNext"_s, QString(), &ChangeWeeksWizard::next);
-    add(u"cmdCancel"_s, u"Cancel"_s, &ChangeWeeksWizard::reject);
-    return row;
-}
-
 void ChangeWeeksWizard::showPage(int page) {
     m_pages->setCurrentIndex(page);
-    m_back->setEnabled(page != ExplanationPage);
-    m_next->setText(page == WeekPage ? u"Finish >>"_s : u"Next >>"_s);
-    m_next->setDefault(true);
+    m_buttons->setPage(page == ExplanationPage, page == WeekPage);
     if (page == WeekPage)
         m_weeks->setFocus();
     else
-        m_next->setFocus();
+        m_buttons->next()->setFocus();
 }
 
 void ChangeWeeksWizard::next() {

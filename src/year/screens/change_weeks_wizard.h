@@ -6,7 +6,7 @@
 
 class QLabel;
 class QListWidget;
-class QPushButton;
+class WizardButtons;
 class QStackedWidget;
 class Session;
 
@@ -28,7 +28,6 @@ public:
 private:
     QWidget* makeExplanation();
     QWidget* makeWeekPage();
-    QWidget* makeButtons();
     void showPage(int page);
     void showWeek();
     void finish();
@@ -40,8 +39,7 @@ private:
     QStackedWidget* m_pages;
     QListWidget* m_weeks = nullptr;
     QLabel* m_summary = nullptr;
-    QPushButton* m_back = nullptr;
-    QPushButton* m_next = nullptr;
+    WizardButtons* m_buttons;
 };
 
 /// Shows the wizard over the open year and waits for its end. A year that can't be read is told.
