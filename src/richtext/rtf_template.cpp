@@ -3,6 +3,10 @@
 #include "richtext/rtf_scanner.h"
 #include "richtext/rtf_text.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace richtext {
@@ -41,6 +45,13 @@ public:
 
     const QList<Mark>& marks() const { return m_marks; }
     const QList<Stretch>& texts() const { return m_texts; }
+    /// Whether neither text nor the end of a paragraph or cell stands between two places.
+    bool areSideBySide(qsizetype from, qsizetype to) const {
+        const auto stands = [from, to](qsizetype place) { return place >= from && place < to; };
+        return std::none_of(m_texts.begin(), m_texts.end(),
+                            [&](const Stretch& text) { return stands(text.from); }) &&
+               std::none_of(m_ends.begin(), m_ends.end(), stands);
+    }
 
 private:
     void walk() {
@@ -86,12 +97,16 @@ private:
                         .isStart = name == u"\\bkmkstart"};
             return;
         }
+        static const QList<QStringView> ends{u"\\par", u"\\cell", u"\\nestcell", u"\\row",
+                                             u"\\sect"};
         static const QList<QStringView> withoutText{u"\\fonttbl", u"\\colortbl", u"\\stylesheet",
                                                     u"\\info",    u"\\pict",     u"\\fldinst"};
         if (isIgnorable || withoutText.contains(name))
             m_scanner.skipGroup();
         else if (name == u"\\line" || name == u"\\tab")
             addText();
+        else if (ends.contains(name))
+            m_ends += m_scanner.start();
     }
 
     void addText() { m_texts += {m_scanner.start(), m_scanner.position()}; }
@@ -99,6 +114,7 @@ private:
     Scanner m_scanner;
     QList<Mark> m_marks;
     QList<Stretch> m_texts;
+    QList<qsizetype> m_ends; ///< of paragraphs and cells
 };
 
 /// Where the bookmark ends that begins with a mark; the mark's own end where nothing ends it.
@@ -133,17 +149,21 @@ QString changed(const QString& source, QList<Change> changes) {
 
 } // namespace
 
-/// The text of a bookmark goes; what formats, and what makes cells and paragraphs, stays, so that a
+/// Word processors write a bookmark twice at one place now and then: it is filled once there. The
+/// text of a bookmark goes; what formats, and what makes cells and paragraphs, stays, so that a
 /// bookmark across them leaves the form as it is.
 bool RtfTemplate::fillBookmark(const QString& name, const QString& text) {
     const BookmarkWalk walk(m_source);
     const QList<Mark>& marks = walk.marks();
     QList<Change> changes;
+    std::optional<qsizetype> filledUntil;
     for (qsizetype i = 0; i < marks.size(); ++i) {
         if (!marks[i].isStart || marks[i].name.compare(name, Qt::CaseInsensitive) != 0)
             continue;
-        changes += {marks[i].group, filling(text)};
+        const bool isAgain = filledUntil && walk.areSideBySide(*filledUntil, marks[i].group.from);
+        changes += {marks[i].group, isAgain ? QString() : filling(text)};
         const Stretch within{marks[i].group.to, endOf(marks, i)};
+        filledUntil = within.to;
         const auto take = [&](const Stretch& stretch) {
             if (stretch.from >= within.from && stretch.to <= within.to)
                 changes += {stretch, {}};

@@ -64,6 +64,10 @@ TEST(RtfFiles, BookmarksAreFilledWhereverTheyStand) {
         {"twice",
          start(u"A"_s) + u"1"_s + end(u"A"_s) + u"-"_s + start(u"A"_s) + u"2"_s + end(u"A"_s),
          u"N M-N M"_s},
+        {"twice at one place",
+         start(u"A"_s) + end(u"A"_s) + u"{\\b "_s + start(u"A"_s) + end(u"A"_s) + u"}\\par "_s +
+             start(u"A"_s) + end(u"A"_s),
+         u"N M N M"_s},
         {"nested",
          start(u"A"_s) + u"1"_s + start(u"B"_s) + u"2"_s + end(u"B"_s) + u"3"_s + end(u"A"_s),
          u"N M"_s},
