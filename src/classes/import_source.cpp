@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <new>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,8 +19,8 @@ QString endingOf(const QString& file) {
 
 } // namespace
 
-ImportSheet::ImportSheet(const Spreadsheet& sheet, const SpreadsheetChoice& choice)
-    : m_sheet(sheet), m_firstRow(choice.row - 1) {
+ImportSheet::ImportSheet(Spreadsheet sheet, const SpreadsheetChoice& choice)
+    : m_sheet(std::move(sheet)), m_firstRow(choice.row - 1) {
     for (const QString& letters : choice.columns)
         m_columns += columnOfLetters(letters);
 }

@@ -20,7 +20,7 @@ struct SheetSource {
 /// The first sheet of a file, with the columns and the first row that the person has chosen.
 class ImportSheet {
 public:
-    ImportSheet(const Spreadsheet& sheet, const SpreadsheetChoice& choice);
+    ImportSheet(Spreadsheet sheet, const SpreadsheetChoice& choice);
 
     const Spreadsheet& sheet() const { return m_sheet; }
     int firstRow() const { return m_firstRow; } ///< from 0, as all rows and columns here

@@ -3,14 +3,16 @@
 #include "core/two_level_model.h"
 #include "incidents/incident_rows.h"
 
+#include <utility>
+
 /// The pupils with reports, and below each the dates of the reports.
 class IncidentTreeModel : public TwoLevelModel {
     Q_OBJECT
 
 public:
     /// `dateFormat`: the person's short one, as QLocale writes formats.
-    explicit IncidentTreeModel(const QString& dateFormat, QObject* parent = nullptr)
-        : TwoLevelModel(parent), m_dateFormat(dateFormat) {}
+    explicit IncidentTreeModel(QString dateFormat, QObject* parent = nullptr)
+        : TwoLevelModel(parent), m_dateFormat(std::move(dateFormat)) {}
 
     void setIncidents(const QList<PupilIncidents>& incidents);
     bool isEmpty() const { return m_pupils.isEmpty(); }

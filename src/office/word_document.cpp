@@ -14,6 +14,8 @@
 #include <QSaveFile>
 #include <QTemporaryDir>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using richtext::TwipsPerInch;
 
@@ -89,9 +91,9 @@ richtext::TableCell cellOf(const QString& text, int thousandths, const richtext:
     return {.text = text, .width = thousandths, .look = look};
 }
 
-WordDocument::WordDocument(const Seams& seams, const DocumentPlace& place, QString cancelTitle)
+WordDocument::WordDocument(const Seams& seams, DocumentPlace place, QString cancelTitle)
     : m_seams(seams)
-    , m_place(place)
+    , m_place(std::move(place))
     , m_cancelTitle(std::move(cancelTitle))
     , m_document(usualPaper()) {}
 

@@ -26,7 +26,7 @@ DocumentPlace documentPlace(const Session& session);
 class WordDocument {
 public:
     /// `cancelTitle`: of the box that says that there is no word processor.
-    WordDocument(const Seams& seams, const DocumentPlace& place,
+    WordDocument(const Seams& seams, DocumentPlace place,
                  QString cancelTitle = QStringLiteral("Document creation cancelled"));
     ~WordDocument();
 

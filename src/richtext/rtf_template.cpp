@@ -3,6 +3,9 @@
 #include "richtext/rtf_scanner.h"
 #include "richtext/rtf_text.h"
 
+#include <QList>
+#include <QStringList>
+
 #include <algorithm>
 #include <optional>
 #include <utility>
