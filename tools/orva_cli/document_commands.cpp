@@ -3,8 +3,8 @@
 #include "opened_year.h"
 
 #include "calendar/timetable_document.h"
+#include "classes/class_export_commands.h"
 #include "core/console_prompts.h"
-#include "core/file_state.h"
 #include "core/session.h"
 #include "incidents/report_document.h"
 #include "planning/cover_sheets.h"
@@ -38,20 +38,13 @@ int numberOf(const Call& call, qsizetype argument, const QString& what) {
     return number;
 }
 
-bool mayWrite(const Workplace& workplace, const QString& target) {
-    return !FileExists(target) ||
-           workplace.prompts.msg_Box(u"This file already exists!\n\nDo you want to overwrite it?"_s,
-                                     YesNoButtons | QuestionIcon, u"File already exists"_s,
-                                     {}) == AnswerYes;
-}
-
 /// Makes a document of the year.
 ExitStatus make(const Workplace& workplace, const Call& call,
                 const std::function<bool(const DocumentPlace&)>& create) {
     Session& session = workplace.session;
     DocumentPlace place = documentPlace(session);
     place.target = QFileInfo(call.arguments.constLast()).absoluteFilePath();
-    if (!mayWrite(workplace, place.target))
+    if (!mayOverwrite(place.target, workplace.prompts))
         return Failed;
     openYear(workplace, call);
     const bool isMade = create(place);
