@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -99,9 +100,14 @@ QWidget* AddressBookWindow::makeFrontPage() {
     m_frontText->hide();
     m_frontText->installEventFilter(this);
     connect(m_frontText, &QPlainTextEdit::textChanged, this, [this] { m_writing.typed(); });
+    m_frontView = new QScrollArea; // however long the text is, the window keeps its size
+    m_frontView->setFrameShape(QFrame::NoFrame);
+    m_frontView->setFocusPolicy(Qt::NoFocus);
+    m_frontView->setWidgetResizable(true);
+    m_frontView->setWidget(m_front);
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(m_front, 1);
+    layout->addWidget(m_frontView, 1);
     layout->addWidget(m_frontText, 1);
     return page;
 }
@@ -298,7 +304,7 @@ void AddressBookWindow::importCsv() {
 
 void AddressBookWindow::editFrontPage() {
     m_frontText->setPlainText(m_book.frontPage());
-    m_front->hide();
+    m_frontView->hide();
     m_frontText->show();
     m_frontText->setFocus();
 }
@@ -310,7 +316,7 @@ void AddressBookWindow::leaveFrontPage() {
     m_front->setText(m_book.frontPage().isEmpty()
                          ? u"Double click here to enter front page details"_s
                          : m_book.frontPage());
-    m_front->show();
+    m_frontView->show();
 }
 
 bool AddressBookWindow::eventFilter(QObject* watched, QEvent* event) {

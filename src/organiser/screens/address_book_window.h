@@ -12,6 +12,7 @@ class ContactTreeModel;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
+class QScrollArea;
 class QStackedWidget;
 class QTreeView;
 class Session;
@@ -52,6 +53,7 @@ private:
     ContactTreeModel* m_model;
     QTreeView* m_tree = nullptr;
     QStackedWidget* m_pages = nullptr;
+    QScrollArea* m_frontView = nullptr;
     QLabel* m_front = nullptr;
     QPlainTextEdit* m_frontText = nullptr;
     ContactPanel* m_panel;

@@ -17,8 +17,8 @@ constexpr int behindLast = std::numeric_limits<int>::max();
 /// So many records at most are read ahead of a walk.
 constexpr int mostReadAhead = 256;
 /// Nor more than these many characters of memos: to have a whole year's in memory costs more than
-/// it saves.
-constexpr qsizetype mostMemosAhead = qsizetype{1} << 15;
+/// it saves, to have few the locks of the file each time.
+constexpr qsizetype mostMemosAhead = qsizetype{1} << 17;
 
 sql::FieldSql fieldSql(const sql::Column& column, int parameter) {
     return {parameter > 0 ? u"?%1"_s.arg(parameter) : column.sql, column.field.Type};
@@ -141,7 +141,9 @@ void RecordsetCore::fetchKeys(const QString& order) {
         m_keys->entries += std::move(entry);
     }
     m_keys->live = static_cast<int>(m_keys->entries.size());
-    m_keys->inRowOrder = order.isEmpty();
+    m_keys->inRowOrder =
+        std::is_sorted(m_keys->entries.cbegin(), m_keys->entries.cend(),
+                       [](const auto& a, const auto& b) { return a.keys < b.keys; });
 }
 
 bool RecordsetCore::atStart() const {
@@ -328,11 +330,13 @@ void RecordsetCore::readRange(int first, int end) {
     m_rangeReader->bind(2, keyOf(end - 1));
     m_ahead.reserve(end - first);
     bool found = m_rangeReader->step();
-    for (int i = first; i < end; ++i) {
+    qsizetype memos = 0;
+    for (int i = first; i < end && memos < mostMemosAhead; ++i) {
         while (found && m_rangeReader->integer(keyColumn) < keyOf(i)) // added since
             found = m_rangeReader->step();
         const bool isThere = found && m_rangeReader->integer(keyColumn) == keyOf(i);
         m_ahead += isThere ? readValues(*m_rangeReader) : QList<Value>();
+        memos += memoLength(query, m_ahead.last());
     }
     m_rangeReader->reset();
 }

@@ -23,7 +23,7 @@ struct KeySet {
     };
     QList<Entry> entries;
     int live = 0;
-    bool inRowOrder = false; ///< as the records stand in the table, not sorted
+    bool inRowOrder = false; ///< as the records stand in the table, by whatever they were sorted
     std::optional<QHash<QList<qint64>, int>> places; ///< of the keys, made when first searched
 };
 
@@ -90,7 +90,7 @@ private:
     const QList<Value>& row();
     void readAhead(int entry);
     void readRows(int first, int end);  ///< into m_ahead, `end` not included
-    void readRange(int first, int end); ///< the same, of a whole table in its own order
+    void readRange(int first, int end); ///< the same, of a whole table in the order of its rows
     QList<Value> readRow(const QList<qint64>& keys);
     QList<Value> readValues(const Statement& row) const;
     std::unique_ptr<Statement> prepareReader(const QString& condition) const;
