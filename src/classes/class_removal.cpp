@@ -9,8 +9,6 @@
 
 #include <QSet>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -39,9 +37,9 @@ void dropWhereThere(const dao::Database& database, const QString& table) {
 /// Drops the seating plans that are tied to the class's pupils, whatever their names say: a plan of
 /// class B in room A is called as that of a class A_B is.
 void dropTiedPlans(const dao::Database& database, const QString& classCode) {
-    for (const dao::Relation& relation : database.Relations().all()) {
+    for (const dao::Relation& relation : database.Relations().to(classTable(classCode))) {
         const std::optional<QString> extra = extraOfSeatingPlan(relation.ForeignTable);
-        if (!extra || !dao::sameName(relation.Table, classTable(classCode)))
+        if (!extra)
             continue;
         dropWhereThere(database, relation.ForeignTable);
         dropWhereThere(database, *extra);
@@ -50,11 +48,8 @@ void dropTiedPlans(const dao::Database& database, const QString& classCode) {
 
 /// Drops a default plan that is tied to no class.
 void dropLoosePlan(const dao::Database& database, const QString& classCode) {
-    const QList<dao::Relation> relations = database.Relations().all();
     const QString plan = seatingPlanTable(classCode);
-    if (std::any_of(relations.begin(), relations.end(), [&](const dao::Relation& relation) {
-            return dao::sameName(relation.ForeignTable, plan);
-        }))
+    if (!database.Relations().from(plan).isEmpty())
         return;
     dropWhereThere(database, plan);
     dropWhereThere(database, seatingPlanExtraTable(classCode));

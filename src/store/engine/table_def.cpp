@@ -298,6 +298,15 @@ QList<Relation> RelationCollection::all() const {
     return m_core->catalog.relations();
 }
 
+QList<Relation> RelationCollection::to(QStringView table) const {
+    return m_core->catalog.relationsOn(table);
+}
+
+QList<Relation> RelationCollection::from(QStringView table) const {
+    const auto structure = m_core->catalog.find(table);
+    return structure ? structure->relations : QList<Relation>();
+}
+
 void RelationCollection::Append(const Relation& relation) {
     const auto foreign = m_core->table(relation.ForeignTable, NoSuchItem);
     checkRelation(*m_core, relation, *foreign);

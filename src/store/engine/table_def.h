@@ -104,6 +104,8 @@ public:
     explicit RelationCollection(std::shared_ptr<DatabaseCore> core);
 
     QList<Relation> all() const;
+    QList<Relation> to(QStringView table) const;   ///< by which others depend on its records
+    QList<Relation> from(QStringView table) const; ///< by which it depends on others
     /// Raises 3367 for a name in use, 3265 for a table or field that is not there, 3219
     /// for fields of `Table` that are no key of it, 3201 when records there break it.
     void Append(const Relation& relation);
