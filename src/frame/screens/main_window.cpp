@@ -341,7 +341,11 @@ QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
     addMenus(window);
     QWidget* holder = &window;
     if (entry.kind == WindowKind::Tool) {
+        // The toolkit measures a title some sixty times while its window comes in: it comes last.
+        const QString title = window.windowTitle();
+        window.setWindowTitle({});
         QMdiSubWindow* form = m_client->addSubWindow(&window);
+        window.setWindowTitle(title);
         closeByCtrlF4(*form);
         holder = form;
     } else {
