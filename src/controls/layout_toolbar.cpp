@@ -114,7 +114,8 @@ void LayoutToolbar::keepTabStop() {
         if (widgetOf(i)->focusPolicy() == Qt::TabFocus)
             return;
     }
-    makeTabStop(firstEnabled);
+    if (firstEnabled)
+        makeTabStop(firstEnabled);
 }
 
 bool LayoutToolbar::arrowKey(qsizetype from, int key) {
