@@ -29,12 +29,14 @@
 #include "year/year_opening.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QPointer>
 #include <QStandardPaths>
 #include <QStyle>
 
 #include <cstdlib>
 #include <optional>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +57,9 @@ void keepSampleIn(const QString& folder, Settings& settings) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // The longest part of a start, which the first text waits for: until then there is enough to
+    // do.
+    std::jthread fonts([] { QFontDatabase::families(); });
     QApplication::setStyle(new FamilyStyle(QApplication::style()->name())); // the desktop's own
     QCoreApplication::setApplicationName(u"ORVA"_s);
     QCoreApplication::setApplicationVersion(programVersion());
@@ -96,6 +101,7 @@ int main(int argc, char** argv) {
             QCoreApplication::sendPostedEvents(); // lays out and paints what has been opened
             std::_Exit(0);                        // closing it is no part of the start
         });
+    fonts.join(); // from here on there is one thread
     if (playsTour) {
         frame.show();
         return playTour(session, frame, arguments.value(2)) ? 0 : 1;

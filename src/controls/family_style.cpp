@@ -3,8 +3,15 @@
 #include "controls/colours.h"
 #include "controls/icons.h"
 
+#include <QIconEngine>
+#include <QMdiSubWindow>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
+
+#include <functional>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +33,54 @@ QPalette titlePalette(QPalette palette, bool isActive) {
     }
     palette.setColor(ground, colour);
     return palette;
+}
+
+/// An icon that is made when it is first drawn, and so never for most menus.
+class LateIcon : public QIconEngine {
+public:
+    explicit LateIcon(std::function<QIcon()> make) : m_make(std::move(make)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State state) override {
+        made().paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return made().pixmap(size, 1, mode, state);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
+                         qreal scale) override {
+        return made().pixmap(size / scale, scale, mode, state);
+    }
+    QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return made().actualSize(size, mode, state);
+    }
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+        return made().availableSizes(mode, state);
+    }
+    QIconEngine* clone() const override { return new LateIcon(*this); }
+
+private:
+    const QIcon& made() {
+        if (!m_icon)
+            m_icon = m_make();
+        return *m_icon;
+    }
+
+    std::function<QIcon()> m_make;
+    std::optional<QIcon> m_icon;
+};
+
+/// What the menus of windows inside the main window show.
+bool isOfWindowMenu(QStyle::StandardPixmap icon) {
+    switch (icon) {
+    case QStyle::SP_TitleBarNormalButton:
+    case QStyle::SP_TitleBarMinButton:
+    case QStyle::SP_TitleBarMaxButton:
+    case QStyle::SP_TitleBarCloseButton:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -98,5 +153,9 @@ QIcon FamilyStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption*
         return icon(u"next"_s);
     if (standardIcon == SP_ToolBarVerticalExtensionButton)
         return icon(u"down"_s);
+    if (isOfWindowMenu(standardIcon) && qobject_cast<const QMdiSubWindow*>(widget))
+        return QIcon(new LateIcon([style = QPointer<const FamilyStyle>(this), standardIcon] {
+            return style ? style->QProxyStyle::standardIcon(standardIcon) : QIcon();
+        }));
     return QProxyStyle::standardIcon(standardIcon, option, widget);
 }

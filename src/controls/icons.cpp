@@ -71,17 +71,19 @@ QRgb over(QRgb upper, QRgb lower) {
 }
 
 QImage drawnIcon(const IconFile& file, int side, const Colours& colours) {
+    constexpr uchar opaque = 255;
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     auto* pixels = reinterpret_cast<QRgb*>(image.bits()); // no gaps between rows of 32 bits
     for (int shape = 0; shape < file.count(); ++shape) {
-        const QColor colour = colours.shown(file.colour(shape));
+        const QRgb colour = colours.shown(file.colour(shape)).rgb();
         const uchar* cover = file.cover(shape, side);
         for (int i = 0; i < side * side; ++i) {
-            if (cover[i] > 0)
+            if (cover[i] == opaque)
+                pixels[i] = colour;
+            else if (cover[i] > 0)
                 pixels[i] =
-                    over(qPremultiply(qRgba(colour.red(), colour.green(), colour.blue(), cover[i])),
-                         pixels[i]);
+                    over(qPremultiply((colour & RGB_MASK) | QRgb{cover[i]} << 24), pixels[i]);
         }
     }
     return image;

@@ -2,11 +2,13 @@
 
 #include "controls/icons.h"
 
+#include <QActionEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QToolButton>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +30,7 @@ LayoutToolbar::LayoutToolbar(const QString& key, const QString& layout, const QS
 }
 
 void LayoutToolbar::addButton(const QString& tip, const QString& iconName) {
-    addAction(icon(iconName), tip);
+    m_buttons.append(buttonOf(addAction(icon(iconName), tip)));
     nameButton(buttonCount() - 1, tip);
     followToggle(buttonCount() - 1);
 }
@@ -58,16 +60,8 @@ void LayoutToolbar::nameButton(qsizetype index, const QString& tip) {
     widget->installEventFilter(this);
 }
 
-QList<QAction*> LayoutToolbar::buttons() const {
-    QList<QAction*> all = actions();
-    all.removeIf([this](QAction* action) {
-        return !qobject_cast<QToolButton*>(widgetForAction(action)); // a separator, a spacer
-    });
-    return all;
-}
-
-QToolButton* LayoutToolbar::widgetOf(qsizetype index) const {
-    return qobject_cast<QToolButton*>(widgetForAction(button(index)));
+LayoutToolbar::Button LayoutToolbar::buttonOf(QAction* action) const {
+    return {action, qobject_cast<QToolButton*>(widgetForAction(action))};
 }
 
 void LayoutToolbar::setMenu(qsizetype index, QMenu* menu) {
@@ -75,10 +69,19 @@ void LayoutToolbar::setMenu(qsizetype index, QMenu* menu) {
     QAction* own = menu->menuAction();
     own->setIcon(plain->icon());
     insertAction(plain.get(), own);
+    m_buttons[index] = buttonOf(own);
     removeAction(plain.get());
     nameButton(index, plain->toolTip());
     widgetOf(index)->setPopupMode(QToolButton::InstantPopup);
     keepTabStop();
+}
+
+/// A menu may go before the toolbar, and its action with it.
+void LayoutToolbar::actionEvent(QActionEvent* event) {
+    QToolBar::actionEvent(event);
+    if (event->type() == QEvent::ActionRemoved)
+        m_buttons.removeIf(
+            [gone = event->action()](const Button& each) { return each.action == gone; });
 }
 
 bool LayoutToolbar::eventFilter(QObject* watched, QEvent* event) {
@@ -97,8 +100,8 @@ bool LayoutToolbar::eventFilter(QObject* watched, QEvent* event) {
 
 /// Where the focus was last, Tab comes back to.
 void LayoutToolbar::makeTabStop(const QObject* button) {
-    for (qsizetype i = 0; i < buttonCount(); ++i)
-        widgetOf(i)->setFocusPolicy(widgetOf(i) == button ? Qt::TabFocus : Qt::NoFocus);
+    for (const Button& each : std::as_const(m_buttons))
+        each.widget->setFocusPolicy(each.widget == button ? Qt::TabFocus : Qt::NoFocus);
 }
 
 /// A button that is disabled can't be one.
@@ -111,7 +114,8 @@ void LayoutToolbar::keepTabStop() {
         if (widgetOf(i)->focusPolicy() == Qt::TabFocus)
             return;
     }
-    makeTabStop(firstEnabled);
+    if (firstEnabled)
+        makeTabStop(firstEnabled);
 }
 
 bool LayoutToolbar::arrowKey(qsizetype from, int key) {

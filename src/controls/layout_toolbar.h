@@ -20,8 +20,8 @@ public:
                   const QString& icons, QWidget* parent = nullptr);
 
     /// The action of a button, counted from 0 over the separators: connect to its `triggered`.
-    QAction* button(qsizetype index) const { return buttons().at(index); }
-    qsizetype buttonCount() const { return buttons().size(); }
+    QAction* button(qsizetype index) const { return m_buttons.at(index).action; }
+    qsizetype buttonCount() const { return m_buttons.size(); }
 
     /// Lets a button drop down a menu wherever it is pressed. The menu stays its owner's and may
     /// stand in other menus too: its own action becomes the button's, with the button's icon and
@@ -29,15 +29,23 @@ public:
     void setMenu(qsizetype index, QMenu* menu);
 
 protected:
+    void actionEvent(QActionEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Button {
+        QAction* action;
+        QToolButton* widget;
+    };
+
     void addButton(const QString& tip, const QString& iconName);
-    QList<QAction*> buttons() const;
+    Button buttonOf(QAction* action) const;
     void followToggle(qsizetype index);
     void nameButton(qsizetype index, const QString& tip);
-    QToolButton* widgetOf(qsizetype index) const;
+    QToolButton* widgetOf(qsizetype index) const { return m_buttons.at(index).widget; }
     bool arrowKey(qsizetype from, int key);
     void makeTabStop(const QObject* button);
     void keepTabStop();
+
+    QList<Button> m_buttons;
 };

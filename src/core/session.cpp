@@ -106,6 +106,21 @@ QString Session::helpFile() const {
     return AppPath + u"ORVA.hlp"_s;
 }
 
+void Session::OpenAhead(const QString& path) {
+    m_aheadPath = path;
+    try {
+        if (m_engine.OpensAtOnce(path))
+            m_ahead = m_engine.OpenDatabase(path);
+    } catch (const std::exception&) { // so that it is not open
+    }
+}
+
+/// Lets go of what was opened ahead; answers it if it is the file at the path.
+dao::Database Session::openedAhead(const QString& path) {
+    dao::Database ahead = std::exchange(m_ahead, {});
+    return ahead.isOpen() && path == m_aheadPath && ahead.IsInPlace() ? ahead : dao::Database();
+}
+
 OpenResult Session::OpenDatabaseFile(const QString& path, const QString& password) {
     QString used = password;
     m_fault = {};
@@ -130,7 +145,9 @@ OpenResult Session::OpenDatabaseFile(const QString& path, const QString& passwor
 }
 
 OpenResult Session::openOnce(const QString& path, const QString& password) {
-    CurrentDB = m_engine.OpenDatabase(path, false, false, dao::connectText(password));
+    CurrentDB = openedAhead(path);
+    if (!CurrentDB.isOpen())
+        CurrentDB = m_engine.OpenDatabase(path, false, false, dao::connectText(password));
     m_opening.read(*this);
     if (CurrentDB.isJetFile())
         return openConverted(path, password);

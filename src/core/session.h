@@ -108,6 +108,10 @@ public:
     /// a year is its owner's alone from then on; of one with a second hard link the teacher is
     /// warned. Whatever was open has to be closed before.
     OpenResult OpenDatabaseFile(const QString& path, const QString& password);
+    /// Opens ahead the file that OpenDatabaseFile is going to be asked for, where that needs but a
+    /// moment and no answer: for who has nothing else to do until then. What keeps it from opening
+    /// is told when it is asked for.
+    void OpenAhead(const QString& path);
     /// Why OpenDatabaseFile last answered OpenInvalid or OpenInUse.
     const OpenFault& LastOpenFault() const { return m_fault; }
     /// Opens a year's file as it stands, for reading alone: asks nothing, brings nothing up to
@@ -127,6 +131,7 @@ public:
     QString helpFile() const; ///< AppPath and "ORVA.hlp"
 
 private:
+    dao::Database openedAhead(const QString& path);
     OpenResult openOnce(const QString& path, const QString& password);
     OpenResult openConverted(const QString& path, const QString& password);
     OpenResult makeConverted(const QString& path, const QString& copy, const QString& password);
@@ -140,6 +145,8 @@ private:
     Seams m_seams;
     YearOpening m_opening;
     OpenFault m_fault;
+    dao::Database m_ahead;
+    QString m_aheadPath;
     Notices m_notices;
     ToolWindows m_noWindows;
     ToolWindows* m_windows = &m_noWindows;

@@ -66,6 +66,11 @@ void backToWizard(Session& session, MainFrame& frame) {
     frame.open(ToolWindow::StartupWizard);
 }
 
+/// Whether the start goes straight on to the person's own database.
+bool opensAtStart(const Session& session) {
+    return !session.DatabasePath.isEmpty() && session.GetSettings().get(setting::DontShowStartup);
+}
+
 /// Opens a database with its windows; where it does not open, tells why and shows the wizard.
 void openOrShowWizard(Session& session, MainFrame& frame, const QString& asked,
                       const QString& password) {
@@ -124,11 +129,12 @@ void LoadMainWindow(Session& session, MainFrame& frame) {
     frame.SetCaption(mainCaption({}));
     frame.EnableInput(false);
     frame.DestroySplash();
+    if (opensAtStart(session))
+        session.OpenAhead(session.DatabasePath);
 }
 
 void ActivateMainWindow(Session& session, MainFrame& frame) {
-    const bool skipsWizard = session.GetSettings().get(setting::DontShowStartup);
-    if (session.DatabasePath.isEmpty() || !skipsWizard)
+    if (!opensAtStart(session))
         return frame.open(ToolWindow::StartupWizard);
     openOrShowWizard(session, frame, session.DatabasePath, {});
 }

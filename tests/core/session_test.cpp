@@ -295,6 +295,35 @@ TEST_F(SessionTest, TheStartOpensTheDefaultDatabaseWhenAskedTo) {
     EXPECT_TRUE(session.CurrentDB.isOpen());
 }
 
+TEST_F(SessionTest, AFileOpenedAheadIsTheYearsWhereItIsStillTheOneAskedFor) {
+    makeYear("year.mdb");
+    makeYear("other.mdb", oneWeekAnswers());
+    makeYear("protected.mdb");
+    change("protected.mdb", [](dao::Database& database) { database.NewPassword({}, u"pw"_s); });
+    const auto openFiles = [this] { return engine.Workspaces(0).Databases().size(); };
+    const auto replace = [this] {
+        QFile::remove(path("year.mdb"));
+        QFile::copy(path("other.mdb"), path("year.mdb"));
+    };
+    for (const auto& [asked, weeks, meanwhile] :
+         {std::tuple{"year.mdb", 1, false}, std::tuple{"other.mdb", 0, false},
+          std::tuple{"year.mdb", 0, true}}) {
+        session.OpenAhead(path("year.mdb"));
+        EXPECT_EQ(openFiles(), 1);
+        if (meanwhile)
+            replace();
+        ASSERT_EQ(session.OpenDatabaseFile(path(asked), {}), OpenDone);
+        EXPECT_EQ(openFiles(), 1);
+        EXPECT_EQ(session.CurrentDB.Name(), path(asked));
+        EXPECT_EQ(session.TTweekly, weeks);
+        session.CloseAllDatabases();
+    }
+    for (const char* file : {"protected.mdb", "missing.mdb"}) {
+        session.OpenAhead(path(file));
+        EXPECT_EQ(openFiles(), 0) << file;
+    }
+}
+
 TEST_F(SessionTest, AFailureAtTheStartIsToldAndLeadsToTheWizard) {
     ASSERT_TRUE(QFile::copy(test::sample(u"year.json"_s), path("text.mdb")));
     setDefault(path("text.mdb"), 1);

@@ -203,6 +203,7 @@ TEST_F(DesktopTest, ProgressBlocksInputAndOutlivesWorkWithinWork) {
 
 TEST_F(DesktopTest, TheSplashGoesByItsTimerAndNeverTakesTheFocus) {
     SplashWindow splash(m_seams.clock);
+    m_seams.clock.advance(0s);
     EXPECT_TRUE(splash.isVisible());
     EXPECT_FALSE(splash.isModal());
     EXPECT_TRUE(splash.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));

@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileSystemWatcher>
 #include <QHBoxLayout>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -66,7 +67,8 @@ MainWindow::MainWindow(Session& session, WindowTable windows, bool startsByItsel
     m_session.SetWindows(this);
     connect(&m_session.GetNotices(), &Notices::yearOpened, this, &MainWindow::yearOpened);
     connect(&m_session.GetNotices(), &Notices::yearMoved, this, &MainWindow::watchYear);
-    connect(&m_yearFile, &QFileSystemWatcher::fileChanged, this, &MainWindow::followYearFile);
+    m_toWatch.setSingleShot(true);
+    connect(&m_toWatch, &QTimer::timeout, this, &MainWindow::watchYearFile);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::leaveDesktop);
     LoadMainWindow(m_session, *this);
 }
@@ -166,10 +168,21 @@ void MainWindow::watchYear() {
     const QString file = m_session.CurrentDB.Name();
     SetCaption(mainCaption(file));
     NoteRecentYear(m_session.GetSettings(), file);
-    if (!m_yearFile.files().isEmpty())
-        m_yearFile.removePaths(m_yearFile.files());
-    m_yearFile.addPath(file);
     m_hasToldMoved = false;
+    m_toWatch.start(0); // what is shown of the year comes first
+}
+
+void MainWindow::watchYearFile() {
+    if (!m_session.CurrentDB.isOpen())
+        return;
+    if (!m_yearFile) {
+        m_yearFile = new QFileSystemWatcher(this);
+        connect(m_yearFile, &QFileSystemWatcher::fileChanged, this, &MainWindow::followYearFile);
+    }
+    if (!m_yearFile->files().isEmpty())
+        m_yearFile->removePaths(m_yearFile->files());
+    m_yearFile->addPath(m_session.CurrentDB.Name());
+    followYearFile();
 }
 
 /// Told at once, while the person remembers what was done to the file; where the system tells of no
@@ -328,7 +341,11 @@ QWidget* MainWindow::hold(const WindowEntry& entry, QWidget& window) {
     addMenus(window);
     QWidget* holder = &window;
     if (entry.kind == WindowKind::Tool) {
+        // The toolkit measures a title some sixty times while its window comes in: it comes last.
+        const QString title = window.windowTitle();
+        window.setWindowTitle({});
         QMdiSubWindow* form = m_client->addSubWindow(&window);
+        window.setWindowTitle(title);
         closeByCtrlF4(*form);
         holder = form;
     } else {

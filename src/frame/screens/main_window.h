@@ -3,15 +3,16 @@
 #include "frame/main_frame.h"
 #include "frame/screens/window_table.h"
 
-#include <QFileSystemWatcher>
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 class FrameMenus;
 class FrameToolbar;
 class HelpViewer;
 class MdiBackground;
 class PlacedWidget;
+class QFileSystemWatcher;
 class QSessionManager;
 class Session;
 
@@ -103,6 +104,7 @@ private:
     static void takeFocus(QWidget& window);
     void yearOpened();
     void watchYear();
+    void watchYearFile();
     void followYearFile();
     void leaveDesktop(QSessionManager& manager);
 
@@ -115,7 +117,8 @@ private:
     QPointer<QWidget> m_splash;
     bool m_startPending;
     bool m_isTerminated = false;
-    QFileSystemWatcher m_yearFile;
+    QTimer m_toWatch;
+    QFileSystemWatcher* m_yearFile = nullptr;
     bool m_hasToldMoved = false; ///< that the year's file is gone
     QList<Loaded> m_loaded;      ///< in the order of loading
     /// As long as it is there, windows that go are taken from that list: the last of them may go

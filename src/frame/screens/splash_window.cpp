@@ -32,6 +32,10 @@ SplashWindow::SplashWindow(Clock& clock)
     setWindowTitle(u"ORVA"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
+    m_timer = clock.after(0s, [this, &clock] { appear(clock); });
+}
+
+void SplashWindow::appear(Clock& clock) {
     auto* layout = new QVBoxLayout(this);
     const int margin = fontMetrics().height() * 2;
     layout->setContentsMargins(margin * 2, margin, margin * 2, margin);

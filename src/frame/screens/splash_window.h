@@ -10,12 +10,15 @@ class SplashWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// Shows itself and starts the timer. `clock` must outlive it.
+    /// Shows itself as soon as the event loop runs, for nothing of it could be drawn before: a
+    /// start that asks nothing has its main window by then. `clock` must outlive it.
     explicit SplashWindow(Clock& clock);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void appear(Clock& clock);
+
     std::unique_ptr<Timer> m_timer;
 };

@@ -3,6 +3,7 @@
 #include "controls/colours.h"
 #include "controls/wheel_guard.h"
 
+#include <QApplication>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -35,9 +36,9 @@ ClassBox::ClassBox(int period, const QStringList& codes, QWidget* parent) : QCom
 /// Does what setEditable does, without the list and the completer that it makes at once: a sheet
 /// has a box a period, and is to stand at once.
 void ClassBox::makeEditable() {
-    QCompleter none;
+    static auto* const none = new QCompleter(qApp);
     auto* edit = new QLineEdit(this);
-    edit->setCompleter(&none);
+    edit->setCompleter(none);
     setLineEdit(edit);
     setCompleter(nullptr);
 }

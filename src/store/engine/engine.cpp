@@ -184,6 +184,11 @@ Database DBEngine::OpenDatabase(const QString& path, bool exclusive, bool readOn
     return m_default.OpenDatabase(path, exclusive, readOnly, connect);
 }
 
+bool DBEngine::OpensAtOnce(const QString& path) const {
+    const QString absolute = checkedPath(path);
+    return kindOf(*OpenFile::acquire(absolute), absolute) == FileKind::Plain;
+}
+
 Database DBEngine::CreateDatabase(const QString& path, const QString& locale, int options) const {
     return m_default.CreateDatabase(path, locale, options);
 }

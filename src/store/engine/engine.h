@@ -75,6 +75,9 @@ public:
 
     Database OpenDatabase(const QString& path, bool exclusive = false, bool readOnly = false,
                           const QString& connect = {}) const;
+    /// Whether a file is of this engine's own and without a password. Others take longer to open,
+    /// or need an answer first. Raises what OpenDatabase raises for a file that can't be read.
+    bool OpensAtOnce(const QString& path) const;
     Database CreateDatabase(const QString& path, const QString& locale, int options = 0) const;
     /// Writes a compact copy. The password stands in `sourceConnect` (";pwd=..."); the copy has the
     /// same. Raises 3204 when the destination exists and what OpenDatabase raises for the source,

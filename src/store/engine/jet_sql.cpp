@@ -6,11 +6,11 @@
 #include "store/engine/names.h"
 
 #include <QHash>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -271,11 +271,21 @@ QString translateOrder(const QString& jetOrder, const ResolveField& resolve) {
 }
 
 bool looksLikeStatement(const QString& text) {
-    static const QRegularExpression statement(
-        QStringLiteral(R"(^\s*(?:SELECT\b|(?:INSERT|UPDATE|DELETE|CREATE|ALTER|DROP|)"
-                       R"(TRANSFORM|PARAMETERS|EXECUTE|EXEC|WITH|PRAGMA|ATTACH|DETACH)\s)\s*\S)"),
-        QRegularExpression::CaseInsensitiveOption);
-    return statement.match(text).hasMatch();
+    static const QStringView commands[] = {
+        u"INSERT",     u"UPDATE",  u"DELETE", u"CREATE", u"ALTER",  u"DROP",   u"TRANSFORM",
+        u"PARAMETERS", u"EXECUTE", u"EXEC",   u"WITH",   u"PRAGMA", u"ATTACH", u"DETACH"};
+    const QStringView statement = QStringView(text).trimmed();
+    const auto wordEnd = std::find_if_not(statement.begin(), statement.end(), [](QChar character) {
+        return character.unicode() < 0x80 && (character.isLetterOrNumber() || character == u'_');
+    });
+    const QStringView word = statement.first(wordEnd - statement.begin());
+    if (word.size() == statement.size())
+        return false;
+    const auto isWord = [word](QStringView command) {
+        return word.compare(command, Qt::CaseInsensitive) == 0;
+    };
+    return isWord(u"SELECT") ||
+           (wordEnd->isSpace() && std::any_of(std::begin(commands), std::end(commands), isWord));
 }
 
 QString rowNumber(const Source& source) {

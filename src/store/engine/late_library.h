@@ -17,8 +17,9 @@ public:
     bool isWhole() const { return m_isWhole; }
 
 protected:
-    /// When the library's own calls into others are tied: all while it loads, so that nothing is
-    /// left for a child process to do, or each when it is first made.
+    /// When the library's own calls are tied: all while it loads, so that nothing is left for a
+    /// child process to do, or each when it is first made. The latter, for the biggest ones, looks
+    /// for a function in the library and what it stands on before all else: most are its own.
     enum class Binding { WhileLoading, AtFirstCall };
 
     /// `name`: what programs that link the library find it by, as "libfreexl.so.1".
