@@ -59,11 +59,14 @@ void setAside(const QString& path) {
     renameDatabaseFile(path, name);
 }
 
+/// Who tells the next start of what a kill leaves unfinished.
+enum class NotedBy { Itself, Caller };
+
 /// One backup at work: keeps others off the database, leaves nothing unfinished behind and notes
 /// itself in the settings for as long as a kill would. Raises when the database is in use.
 class BackupAtWork {
 public:
-    BackupAtWork(const BackupContext& context, const BackupNames& names)
+    BackupAtWork(const BackupContext& context, const BackupNames& names, NotedBy notedBy)
         : m_context(context), m_names(names) {
         if (names.includeDatabase())
             throw dao::EngineError(
@@ -73,7 +76,8 @@ public:
         dao::makePrivate(names.database);
         if (InterruptedBackup(context) != names.database)
             setAside(names.compacted);
-        noteInterruption(context, names.database);
+        if (notedBy == NotedBy::Itself)
+            noteInterruption(context, names.database);
     }
     ~BackupAtWork() {
         removeBackupLeftovers(m_names);
@@ -162,9 +166,9 @@ void prepareBackupFolder(const BackupContext& context, const BackupNames& names)
 
 /// The steps of BackupAndCompact on the files. Raises what goes wrong but for compaction.
 bool compactAndExchange(const BackupContext& context, const BackupNames& names,
-                        const QString& password) {
+                        const QString& password, NotedBy notedBy) {
     Progress& progress = context.seams.progress;
-    const BackupAtWork atWork(context, names);
+    const BackupAtWork atWork(context, names, notedBy);
     prepareBackupFolder(context, names);
     const bool isRenamed = canRenameToBackup(names);
     progress.UpdateProgress(Compacting, u"Compacting Database"_s);
@@ -224,7 +228,7 @@ bool isInUse(const QString& path) {
 bool BackupOnly(const BackupContext& context, const QString& path, const QString& password) {
     const BackupNames names(path, context.backupFolder());
     try {
-        const BackupAtWork atWork(context, names);
+        const BackupAtWork atWork(context, names, NotedBy::Itself);
         prepareBackupFolder(context, names);
         finishInterruptedWrite(context.engine, names.database, password);
         const QString copy = copyBeside(names.database, names.backup(1));
@@ -256,7 +260,7 @@ bool BackupAndCompact(const BackupContext& context, const QString& path, bool si
             window.emplace(progress, u"Backing up Database: "_s + path);
         progress.UpdateProgress(Acquiring, u"Acquiring filenames"_s);
         try {
-            if (!compactAndExchange(context, names, password))
+            if (!compactAndExchange(context, names, password, NotedBy::Itself))
                 return false;
         } catch (const dao::EngineError& error) {
             tellBackupFailure(context.seams.prompts, names, error);
@@ -274,7 +278,7 @@ bool BackupAndCompact(const BackupContext& context, const QString& path, bool si
 bool BackupAndCompactAs(const BackupContext& context, const QString& path,
                         const QString& finishedPath, const QString& password) {
     return compactAndExchange(context, BackupNames(path, context.backupFolder(), finishedPath),
-                              password);
+                              password, NotedBy::Caller);
 }
 
 QString compactedPercent(qint64 formerSize, qint64 compactedSize) {

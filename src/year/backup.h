@@ -24,8 +24,9 @@ bool BackupAndCompact(const BackupContext& context, const QString& path, bool si
                       const QString& password);
 
 /// The same for a file that is still built, silently and without a progress window of its own: its
-/// backups bear the name of `finishedPath`, which it will have. Raises what goes wrong; why the
-/// compaction failed is told, and answered with false.
+/// backups bear the name of `finishedPath`, which it will have. What a kill would leave unfinished
+/// is the caller's to note. Raises what goes wrong; why the compaction failed is told, and answered
+/// with false.
 bool BackupAndCompactAs(const BackupContext& context, const QString& path,
                         const QString& finishedPath, const QString& password);
 

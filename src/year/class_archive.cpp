@@ -231,8 +231,6 @@ void RemoveInterruptedArchive(const BackupContext& context) {
         return; // another program is at work on it
     }
     removeUnfinished(names);
-    if (InterruptedBackup(context) == names.database)
-        context.settings.remove(setting::BackupInProgress);
     context.settings.remove(setting::ArchiveInProgress);
 }
 
