@@ -123,6 +123,8 @@ void checkLetters(QWidget& window) {
 
 /// Enter presses the default button, also after the focus has been on another and gone on.
 void checkDefaultButton(QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << described(window);
     QPushButton* usual = nullptr;
     QPushButton* other = nullptr;
     for (QPushButton* button : window.findChildren<QPushButton*>()) {
@@ -134,8 +136,8 @@ void checkDefaultButton(QWidget& window) {
     QWidget* focus = window.focusWidget();
     if (!usual || !other || !focus || qobject_cast<QPushButton*>(focus))
         return;
-    other->setFocus();
-    focus->setFocus();
+    other->setFocus(Qt::TabFocusReason);
+    focus->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(usual->isDefault()) << described(window);
 }
 
