@@ -206,6 +206,30 @@ TEST(SpreadsheetTest, AFormatSaysWhatANumberIs) {
         EXPECT_EQ(momentOfFormat(each.id, each.code), each.kind) << each.code.toStdString();
 }
 
+TEST(SpreadsheetTest, ATimeIsOfItsDayUnlessItCountsOn) {
+    NumberFormats formats;
+    formats.codes = {{164, u"h:mm"_s}, {165, u"[h]:mm"_s}};
+    formats.cells = {20, 164, 46, 165};
+    struct {
+        qsizetype style;
+        double number;
+        ReadCell read;
+    } const cases[] = {
+        {0, 46353.5, {CellKind::Time, u"12:00:00"_s}},
+        {1, 46353.5, {CellKind::Time, u"12:00:00"_s}},
+        {2, 1.25, {CellKind::Text, u"1.25"_s}},
+        {3, 1.25, {CellKind::Text, u"1.25"_s}},
+        {3, 0.25, {CellKind::Time, u"06:00:00"_s}},
+    };
+    for (const auto& each : cases) {
+        SheetCells cells;
+        formats.put(cells, 0, 0, each.number, each.style);
+        const ReadCell read = SheetCells::unpacked(cells.packed())->at(0).at(0);
+        EXPECT_EQ(read.kind, each.read.kind) << each.style;
+        EXPECT_EQ(read.text, each.read.text) << each.style;
+    }
+}
+
 /// Bytes changed where the structures are dense: in the container's header and tables, and in the
 /// records of the sheet.
 TEST(SpreadsheetTest, AnyBytesEndInASheetOrInNone) {

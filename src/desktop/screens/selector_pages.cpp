@@ -119,8 +119,10 @@ QWidget* SpreadsheetContent::makePreview(const Spreadsheet& sheet) {
     preview->verticalHeader()->setDefaultSectionSize(preview->fontMetrics().height() + 4);
     for (int column = 0; column < sheet.columnCount(); ++column) {
         preview->setHorizontalHeaderItem(column, new QTableWidgetItem(columnLetters(column)));
-        for (int row = 0; row < rows; ++row)
-            preview->setItem(row, column, new QTableWidgetItem(sheet.cell(row, column)));
+        for (int row = 0; row < rows; ++row) {
+            if (const QString text = sheet.cell(row, column); !text.isEmpty()) // most may be
+                preview->setItem(row, column, new QTableWidgetItem(text));
+        }
     }
     constexpr int lines = 9;
     constexpr int characters = 70;
