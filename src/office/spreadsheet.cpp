@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 Megabyte = 1024 * 1024;
+constexpr qint64 Megabyte = qint64(1024) * 1024;
 constexpr qint64 LargestWorkbook = 64 * Megabyte; // bytes
 constexpr int LettersOfColumns = 26;
 

@@ -8,6 +8,7 @@
 
 #include <QDirIterator>
 
+#include <limits>
 #include <random>
 
 namespace {
@@ -116,6 +117,7 @@ TEST_F(SheetWriterTest, TheProgramReadsItsOwnWorkbooks) {
     } const cases[] = {
         {17.0, u"17"_s},
         {-0.1, u"-0.1"_s},
+        {std::numeric_limits<double>::infinity(), u"inf"_s},
         {u"007"_s, u"007"_s},
         {u"=1+1"_s, u"=1+1"_s},
         {u"<a> & \"b\" "_s, u"<a> & \"b\" "_s},
