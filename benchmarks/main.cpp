@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -35,8 +34,13 @@ bool isWithinBound(const Figure& figure) {
     return within;
 }
 
-std::vector<Figure> allFigures(const QString& folder) {
-    std::vector<Figure> all;
+/// One family after the other, so that no figure is measured in a process full of what the others
+/// need: what a fork or an allocation costs depends on it.
+ExitStatus measureAll(const QStringList& words) {
+    // Beside the program and not in the system's temporary folder, which may be in memory, where
+    // writing through to the disk costs nothing.
+    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s);
+    bool within = true;
     for (const auto& family :
          {fileFigures,        backupFigures,      recordsetFigures, classFigures,
           importFigures,      classWindowFigures, startFigures,     screenFigures,
@@ -44,20 +48,10 @@ std::vector<Figure> allFigures(const QString& folder) {
           searchFigures,      eventFigures,       reminderFigures,  postItFigures,
           addressBookFigures, incidentFigures,    seatingFigures,   documentFigures,
           exportFigures,      archiveFigures}) {
-        std::vector<Figure> figures = family(folder);
-        std::move(figures.begin(), figures.end(), std::back_inserter(all));
-    }
-    return all;
-}
-
-ExitStatus measureAll(const QStringList& words) {
-    // Beside the program and not in the system's temporary folder, which may be in memory, where
-    // writing through to the disk costs nothing.
-    const QTemporaryDir folder(QCoreApplication::applicationDirPath() + u"/bench-XXXXXX"_s);
-    bool within = true;
-    for (const Figure& figure : allFigures(folder.path())) {
-        if (isAskedFor(figure, words))
-            within = isWithinBound(figure) && within;
+        for (const Figure& figure : family(folder.path())) {
+            if (isAskedFor(figure, words))
+                within = isWithinBound(figure) && within;
+        }
     }
     return within ? Within : Over;
 }

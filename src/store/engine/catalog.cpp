@@ -38,16 +38,6 @@ bool canBeAddedLast(const Field& field) {
     return !field.Required && !field.isAutoIncrement();
 }
 
-/// Whether the fields there stay as they are, and the others can be added behind them.
-bool addsAtEnd(const QList<Field>& present, const QList<Field>& wanted) {
-    const auto isKept = [](const Field& before, const Field& after) {
-        return before.Name == after.Name && fieldDefinition(before) == fieldDefinition(after);
-    };
-    return wanted.size() > present.size() &&
-           std::equal(present.begin(), present.end(), wanted.begin(), isKept) &&
-           std::all_of(wanted.begin() + present.size(), wanted.end(), canBeAddedLast);
-}
-
 } // namespace
 
 void Catalog::refresh() {
@@ -205,17 +195,13 @@ Catalog::FieldOrigins Catalog::unchanged(const TableStructure& table) const {
     return origins;
 }
 
-void Catalog::addLastField(const TableStructure& table, const Field& field) {
-    m_connection.execute(
-        u"ALTER TABLE %1 ADD COLUMN %2"_s.arg(quoteName(table.name), fieldDefinition(field)));
-}
-
 void Catalog::addField(const QString& table, const Field& field) {
     const auto old = find(table);
     const int last = static_cast<int>(old->fields.size());
     const int position = field.OrdinalPosition < 0 ? last : std::min(field.OrdinalPosition, last);
     if (position == last && canBeAddedLast(field)) {
-        addLastField(*old, field);
+        m_connection.execute(
+            u"ALTER TABLE %1 ADD COLUMN %2"_s.arg(quoteName(table), fieldDefinition(field)));
         return invalidate();
     }
     TableStructure changed = *old;
@@ -264,13 +250,6 @@ void Catalog::moveField(const QString& table, int field, int position) {
 
 void Catalog::setFields(const QString& table, const QList<Field>& fields) {
     const auto old = find(table);
-    if (addsAtEnd(old->fields, fields)) {
-        Savepoint savepoint(m_connection);
-        invalidate();
-        for (const Field& field : fields.mid(old->fields.size()))
-            addLastField(*old, field);
-        return savepoint.commit();
-    }
     QHash<QString, int> places;
     for (int place = 0; place < old->fields.size(); ++place)
         places.insert(folded(old->fields.at(place).Name), place);

@@ -53,7 +53,6 @@ private:
     /// Where the fields of a table that is built again come from: a position of old, or -1.
     using FieldOrigins = QList<int>;
 
-    void addLastField(const TableStructure& table, const Field& field);
     void refresh();
     qint64 versionInFile();
     void noteTable(const TableStructure& table, const QString& statement);

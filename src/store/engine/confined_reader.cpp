@@ -43,15 +43,20 @@ void limit(int resource, rlim_t most) {
     demand(setrlimit(static_cast<__rlimit_resource_t>(resource), &value) == 0);
 }
 
-void limitMemory(qint64 most) {
+/// What this process has mapped and so its child too, in bytes; 0 where the system does not say.
+rlim_t mappedMemory() {
+    QFile pages(u"/proc/self/statm"_s);
+    if (!pages.open(QIODevice::ReadOnly))
+        return 0;
+    return pages.readAll().split(' ').first().toULongLong() *
+           static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
+
+void limitMemory(rlim_t most) {
 #ifdef ORVA_ADDRESS_SANITIZER
     Q_UNUSED(most) // its shadow alone takes more address space than any limit could name
 #else
-    QFile pages(u"/proc/self/statm"_s);
-    demand(pages.open(QIODevice::ReadOnly));
-    const rlim_t mapped = pages.readAll().split(' ').first().toULongLong() *
-                          static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
-    limit(RLIMIT_AS, mapped + static_cast<rlim_t>(most));
+    limit(RLIMIT_AS, most);
 #endif
 }
 
@@ -64,15 +69,23 @@ void dropFiles(int pipe) {
     demand(close_range(AnswerPipe + 1, ~0U, 0) == 0);
 }
 
+/// What the child is told of its parent. All that could be asked beforehand is: in a process just
+/// forked the first use of nearly everything costs a page.
+struct ParentProcess {
+    pid_t id = getpid();
+    rlim_t mapped = mappedMemory();
+};
+
 /// Takes from the child process what it does not need for its work, and could do harm with.
-void confine(const ReadingBounds& bounds, pid_t parent, int pipe) {
+void confine(const ReadingBounds& bounds, const ParentProcess& parent, int pipe) {
     demand(prctl(PR_SET_PDEATHSIG, SIGKILL) == 0);
-    demand(getppid() == parent);
+    demand(getppid() == parent.id);
     demand(prctl(PR_SET_DUMPABLE, 0) == 0); // a crash leaves no image of the file's content behind
     for (const int signal : {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGTRAP, SIGXCPU, SIGXFSZ})
         std::signal(signal, SIG_DFL);
     dropFiles(pipe);
-    limitMemory(bounds.memory);
+    demand(parent.mapped > 0);
+    limitMemory(parent.mapped + static_cast<rlim_t>(bounds.memory));
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CPU, static_cast<rlim_t>(bounds.computing.count()));
 }
@@ -90,7 +103,7 @@ void writeAll(const char* bytes, qsizetype size) {
 using AnswerSize = qint64;
 
 [[noreturn]] void runChild(const ReadingBounds& bounds, const std::function<QByteArray()>& read,
-                           pid_t parent, int pipe) {
+                           const ParentProcess& parent, int pipe) {
     try {
         confine(bounds, parent, pipe);
         const QByteArray bytes = read();
@@ -153,7 +166,7 @@ std::optional<QByteArray> readConfined(const ReadingBounds& bounds,
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         throw EngineError(CannotOpenFile, u"The file can't be read: the system refuses a pipe."_s);
-    const pid_t parent = getpid();
+    const ParentProcess parent;
     const pid_t child = fork();
     if (child == 0)
         runChild(bounds, read, parent, ends[1]);

@@ -100,11 +100,21 @@ private:
     int findInDynaset(const QString& criteria);
     int findInSnapshot(const QString& criteria);
     int placeOf(const QList<qint64>& keys);
-    void shapeInsert();
+    /// How records are written that have the same fields changed: by what statement, to which the
+    /// values of these columns are bound. Most records written one after another have.
+    struct WriteShape {
+        QList<bool> changed;
+        QList<int> columns;
+        QString sql;
+    };
+
+    WriteShape shapeOfInsert() const;
     void insertRecord();
+    WriteShape shapeOfUpdate(int source) const;
     void updateRecord();
     bool holdsWhatWasWritten();
-    void updateSource(int source, const QList<int>& columns, qint64 key);
+    void updateSource(int source);
+    Statement& bound(const WriteShape& shape);
     void checkRequired() const;
 
     std::shared_ptr<DatabaseCore> m_database;
@@ -126,10 +136,8 @@ private:
     QList<Value> m_edited;
     QList<bool> m_changed;
     QList<bool> m_chunked;
-    /// How the record added last was written: which fields had values, and by what statement.
-    QList<bool> m_insertShape;
-    QList<int> m_insertColumns;
-    QString m_insertSql;
+    WriteShape m_insertShape;         ///< of the record added last
+    QList<WriteShape> m_updateShapes; ///< of the record changed last, for each source
 };
 
 } // namespace dao

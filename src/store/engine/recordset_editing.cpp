@@ -100,10 +100,8 @@ void RecordsetCore::checkRequired() const {
     }
 }
 
-/// Of many records that are added one after another most have the same fields.
-void RecordsetCore::shapeInsert() {
-    m_insertShape = m_changed;
-    m_insertColumns.clear();
+RecordsetCore::WriteShape RecordsetCore::shapeOfInsert() const {
+    WriteShape shape{m_changed, {}, {}};
     QStringList names;
     QStringList parameters;
     for (int i = 0; i < query.columns.size(); ++i) {
@@ -112,21 +110,28 @@ void RecordsetCore::shapeInsert() {
             continue;
         names += name;
         parameters += u"?"_s;
-        m_insertColumns += i;
+        shape.columns += i;
     }
     const QString table = quoteName(query.sources.first().table->name);
-    m_insertSql = names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(table)
-                                  : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
-                                        table, names.join(u", "_s), parameters.join(u", "_s));
+    shape.sql = names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(table)
+                                : u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
+                                      table, names.join(u", "_s), parameters.join(u", "_s));
+    return shape;
+}
+
+/// The statement of a shape, with the values of the record; what else it takes stands behind them.
+Statement& RecordsetCore::bound(const WriteShape& shape) {
+    Statement& statement = m_database->prepared(shape.sql);
+    int position = 0;
+    for (const int column : shape.columns)
+        statement.bind(++position, m_edited.at(column));
+    return statement;
 }
 
 void RecordsetCore::insertRecord() {
-    if (m_insertSql.isEmpty() || m_insertShape != m_changed)
-        shapeInsert();
-    Statement& statement = m_database->prepared(m_insertSql);
-    int position = 0;
-    for (const int column : std::as_const(m_insertColumns))
-        statement.bind(++position, m_edited.at(column));
+    if (m_insertShape.changed != m_changed)
+        m_insertShape = shapeOfInsert();
+    Statement& statement = bound(m_insertShape);
     statement.step();
     statement.reset();
     noteChange();
@@ -143,18 +148,14 @@ void RecordsetCore::insertRecord() {
 }
 
 void RecordsetCore::updateRecord() {
-    const QList<qint64> keys = m_keys->entries.at(m_entry).keys;
-    Savepoint savepoint(m_database->connection);
-    for (int source = 0; source < query.sources.size(); ++source) {
-        QList<int> columns;
-        for (int i = 0; i < query.columns.size(); ++i) {
-            if (m_changed.at(i) && query.columns.at(i).source == source)
-                columns += i;
-        }
-        if (!columns.isEmpty())
-            updateSource(source, columns, keys.at(source));
-    }
-    savepoint.commit();
+    std::optional<Savepoint> savepoint;
+    if (query.sources.size() > 1) // one statement is whole by itself
+        savepoint.emplace(m_database->connection);
+    m_updateShapes.resize(query.sources.size());
+    for (int source = 0; source < query.sources.size(); ++source)
+        updateSource(source);
+    if (savepoint)
+        savepoint->commit();
     noteChange();
     lastModified = m_entry;
 }
@@ -180,17 +181,30 @@ bool RecordsetCore::holdsWhatWasWritten() {
     return true;
 }
 
-void RecordsetCore::updateSource(int source, const QList<int>& columns, qint64 key) {
+RecordsetCore::WriteShape RecordsetCore::shapeOfUpdate(int source) const {
+    WriteShape shape{m_changed, {}, {}};
     QStringList assignments;
-    for (int column : columns)
-        assignments += quoteName(query.columns.at(column).field.Name) + u" = ?"_s;
+    for (int i = 0; i < query.columns.size(); ++i) {
+        if (!m_changed.at(i) || query.columns.at(i).source != source)
+            continue;
+        shape.columns += i;
+        assignments += quoteName(query.columns.at(i).field.Name) + u" = ?"_s;
+    }
     const TableStructure& table = *query.sources.at(source).table;
-    Statement& statement = m_database->prepared(u"UPDATE %1 SET %2 WHERE %3 = ?"_s.arg(
-        quoteName(table.name), assignments.join(u", "_s), rowNumberName(table)));
-    int position = 0;
-    for (int column : columns)
-        statement.bind(++position, m_edited.at(column));
-    statement.bind(++position, key);
+    shape.sql = u"UPDATE %1 SET %2 WHERE %3 = ?"_s.arg(
+        quoteName(table.name), assignments.join(u", "_s), rowNumberName(table));
+    return shape;
+}
+
+void RecordsetCore::updateSource(int source) {
+    WriteShape& shape = m_updateShapes[source];
+    if (shape.changed != m_changed)
+        shape = shapeOfUpdate(source);
+    if (shape.columns.isEmpty())
+        return;
+    Statement& statement = bound(shape);
+    statement.bind(static_cast<int>(shape.columns.size()) + 1,
+                   m_keys->entries.at(m_entry).keys.at(source));
     statement.step();
     statement.reset();
     if (m_database->connection.changes() == 0)
