@@ -8,8 +8,8 @@
 
 class Prompts;
 
-/// The first sheet of a spreadsheet file (.xls, .xlsx, .ods) or of a text file with a table (.csv,
-/// .txt), as texts.
+/// The first sheet that shows of a spreadsheet file (.xls, .xlsx, .ods) or of a text file with a
+/// table (.csv, .txt), as texts.
 class Spreadsheet {
 public:
     /// Reads a file, whatever its bytes, in a child process; none where it can't be read as a

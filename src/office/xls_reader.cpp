@@ -131,7 +131,8 @@ struct BiffWorkbook {
     int codePage = richtext::westernCodePage; ///< before BIFF8, whose texts need none
     bool isBiff8 = false;
     bool isEncrypted = false;
-    qsizetype firstSheet = -1; ///< its place in the stream
+    qsizetype firstSheet = -1; ///< its place in the stream; of those that show, if any does
+    bool isHidden = false;     ///< it
 
     /// A text of a record from its length on; the length takes one byte or two.
     QString text(const BiffRecord& record, qsizetype place, int lengthBytes) const {
@@ -165,8 +166,17 @@ struct BiffWorkbook {
             formats.codes[record.number(0)] = text(record, 2, isBiff8 ? 2 : 1);
         else if (record.kind == Biff::ExtendedFormat)
             formats.cells += record.number(2);
-        else if (record.kind == Biff::BoundSheet && record.byte(5) == cells && firstSheet < 0)
-            firstSheet = record.longNumber(0);
+        else if (record.kind == Biff::BoundSheet && record.byte(5) == cells)
+            takeSheet(record);
+    }
+
+    void takeSheet(const BiffRecord& record) {
+        constexpr int hidings = 3;
+        const bool hides = (record.byte(4) & hidings) != 0;
+        if (firstSheet >= 0 && (!isHidden || hides))
+            return;
+        firstSheet = record.longNumber(0);
+        isHidden = hides;
     }
 };
 

@@ -51,8 +51,8 @@ TEST(SpreadsheetTest, WhatIsNoneIsRefused) {
     }
 }
 
-/// An empty first row, a merged cell, formulas, dates and repeated rows, as an office program
-/// writes them in each format.
+/// Behind a hidden sheet an empty first row, a merged cell, formulas, dates and repeated rows, as
+/// an office program writes them in each format.
 TEST(SpreadsheetTest, AllFormatsReadAlike) {
     const QString date = shortDate({2026, 11, 27});
     for (const QString& ending : {u"xls"_s, u"xlsx"_s, u"ods"_s}) {

@@ -3,7 +3,8 @@
 
     make_sheet.py FOLDER
 
-Not those named kinds: LibreOffice has made them of kinds.fods, and encrypted.ods too.
+Not those named kinds: LibreOffice has made them of kinds.fods, and encrypted.ods too. It hides the
+first sheet only in .ods; in the others that is done here, once they have been made.
 
 A workbook is a compound file (a header, one sector of allocation table, one of directory, then the
 stream "Workbook") with BIFF8 records in its stream: BOF, CODEPAGE, BOUNDSHEET, SST, EOF of the
@@ -166,6 +167,20 @@ def zipped_workbook(path, rows, workbook_properties="", styles=""):
                              zipfile.ZIP_DEFLATED)
 
 
+def hide_first_sheet(folder):
+    """Of kinds.xls and kinds.xlsx."""
+    xls = (folder / "kinds.xls").read_bytes()
+    name = xls.index(b"\x05\0Lists")  # behind what shows, and the kind of sheet
+    (folder / "kinds.xls").write_bytes(xls[:name - 2] + b"\x01" + xls[name - 1:])
+    with zipfile.ZipFile(folder / "kinds.xlsx") as archive:
+        parts = {each: archive.read(each) for each in archive.namelist()}
+    with zipfile.ZipFile(folder / "kinds.xlsx", "w", zipfile.ZIP_DEFLATED) as archive:
+        for part, content in parts.items():
+            if part == "xl/workbook.xml":
+                content = content.replace(b'sheetId="1" state="visible"', b'sheetId="1" state="hidden"')
+            archive.writestr(zipfile.ZipInfo(part), content, zipfile.ZIP_DEFLATED)
+
+
 SHEETS = {
     "class_list.xls": [
         ["Class list 10M1"],
@@ -207,3 +222,5 @@ zipped_workbook(
 zipped_workbook(folder / "wide.xlsx", "".join(
     "<row>" + "".join(f"<c><v>{1000 * row + column}</v></c>" for column in range(300)) + "</row>"
     for row in range(3)))
+if (folder / "kinds.xls").exists():
+    hide_first_sheet(folder)
