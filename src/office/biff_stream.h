@@ -9,11 +9,13 @@
 /// little-endian.
 
 enum class Biff : quint16 {
+    Formula = 0x0006,
     Eof = 0x000A,
     Header = 0x0014,
     Footer = 0x0015,
     Selection = 0x001D,
     DateMode = 0x0022,
+    Encryption = 0x002F,
     Font = 0x0031,
     Continue = 0x003C,
     Window1 = 0x003D,
@@ -25,15 +27,21 @@ enum class Biff : quint16 {
     CentredHorizontally = 0x0083,
     BoundSheet = 0x0085,
     Setup = 0x00A1,
+    ShortNumbers = 0x00BD,
+    FormattedLabel = 0x00D6,
     ExtendedFormat = 0x00E0,
     SharedStrings = 0x00FC,
     SharedString = 0x00FD,
     Dimensions = 0x0200,
     Blank = 0x0201,
     Number = 0x0203,
+    Label = 0x0204, ///< a text of its own
+    Truth = 0x0205, ///< or an error
+    FormulaText = 0x0207,
     Row = 0x0208,
     DefaultRowHeight = 0x0225,
     Window2 = 0x023E,
+    ShortNumber = 0x027E,
     Style = 0x0293,
     Format = 0x041E,
     Beginning = 0x0809,

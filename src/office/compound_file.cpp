@@ -104,9 +104,11 @@ QByteArray CompoundFile::stream(QStringView name) const {
             continue;
         const quint32 first = littleNumber(directory, entry + start);
         const quint32 bytes = littleNumber(directory, entry + size);
-        return bytes >= number(LeastWholeStream)
-                   ? chain(first).left(bytes)
-                   : ofPieces(first, bytes, littleNumber(directory, start)); // the root's own
+        const QByteArray found =
+            bytes >= number(LeastWholeStream)
+                ? chain(first).left(bytes)
+                : ofPieces(first, bytes, littleNumber(directory, start)); // the root's own
+        return found.size() == bytes ? found : QByteArray();
     }
     return {};
 }

@@ -10,7 +10,7 @@ class CompoundFile {
 public:
     explicit CompoundFile(QByteArray bytes);
 
-    /// A stream of this name; empty where there is none.
+    /// A stream of this name; empty where there is none, or it breaks off.
     QByteArray stream(QStringView name) const;
 
 private:

@@ -7,13 +7,26 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
+
+namespace {
+
+/// Whether a character may stand in a text: not what tells machines something.
+bool isOfText(QChar sign) {
+    constexpr std::u16string_view controls = u"\t\n\v\f\r\x1A"; // the last one ends files of old
+    return sign >= u' ' || controls.find(sign.unicode()) != std::u16string_view::npos;
+}
+
+} // namespace
 
 QString decodedText(QByteArrayView file) {
     const auto marked = QStringConverter::encodingForData(file);
     QStringDecoder decoder(marked.value_or(QStringConverter::Utf8)); // takes the mark away
-    const QString text = decoder.decode(file);
-    return decoder.hasError() ? richtext::decode(richtext::westernCodePage, file) : text;
+    QString text = decoder.decode(file);
+    if (decoder.hasError())
+        text = richtext::decode(richtext::westernCodePage, file);
+    return text.contains(u'\n') ? text : text.replace(u'\r', u'\n');
 }
 
 std::optional<QStringList> DelimitedRecords::next(qsizetype separators) {
@@ -99,9 +112,13 @@ QChar separatorOf(QStringView text) {
                                           lines.begin())];
 }
 
+bool isMarkup(QStringView text) {
+    return text.trimmed().startsWith(u'<');
+}
+
 bool readDelimitedText(QByteArrayView file, SheetCells& cells) {
     const QString text = decodedText(file);
-    if (text.contains(QChar(u'\0')))
+    if (text.isEmpty() || !std::all_of(text.begin(), text.end(), isOfText) || isMarkup(text))
         return false;
     DelimitedRecords records(text, separatorOf(text));
     for (int row = 0; row < SheetCells::LargestRow; ++row) {

@@ -12,7 +12,7 @@
 class SheetCells;
 
 /// The text of such a file: UTF-8, with or without its mark, or UTF-16 with its mark; else
-/// Windows-1252.
+/// Windows-1252. Lines end with "\n" or "\r\n", also where they ended with "\r".
 QString decodedText(QByteArrayView file);
 
 /// The records of such a text, one after the other. A record ends with its line, but goes on while
@@ -39,5 +39,9 @@ private:
 /// start, outside quotes.
 QChar separatorOf(QStringView text);
 
-/// Reads a table of whatever separator. Answers false for bytes that are no text.
+/// Whether a text is the source of a web page or the like, which is no such table.
+bool isMarkup(QStringView text);
+
+/// Reads a table of whatever separator. Answers false for bytes that are no text, for none, and for
+/// markup.
 bool readDelimitedText(QByteArrayView file, SheetCells& cells);

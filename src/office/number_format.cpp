@@ -1,5 +1,8 @@
 #include "office/number_format.h"
 
+#include <QRegularExpression>
+
+#include <cmath>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -42,6 +45,14 @@ QString lettersOfFormat(QStringView code) {
     return letters;
 }
 
+/// Whether a time's hours, minutes or seconds go on beyond a day; of others the day is hidden.
+bool countsOn(int id, const QString& code) {
+    constexpr int usualOne = 46;
+    static const QRegularExpression part(u"\\[(h+|m+|s+)\\]"_s,
+                                         QRegularExpression::CaseInsensitiveOption);
+    return id == usualOne || code.contains(part);
+}
+
 } // namespace
 
 std::optional<CellKind> momentOfFormat(int id, QStringView code) {
@@ -66,8 +77,10 @@ std::optional<CellKind> momentOfFormat(int id, QStringView code) {
 void NumberFormats::put(SheetCells& sheet, int row, int column, double number,
                         qsizetype style) const {
     const int id = cells.value(style, 0);
-    if (const std::optional<CellKind> kind = momentOfFormat(id, codes.value(id)))
-        sheet.setMoment(row, column, *kind, number, from1904);
-    else
-        sheet.setNumber(row, column, number);
+    const QString code = codes.value(id);
+    const std::optional<CellKind> kind = momentOfFormat(id, code);
+    if (!kind)
+        return sheet.setNumber(row, column, number);
+    const bool isOfDay = *kind == CellKind::Time && number >= 1 && !countsOn(id, code);
+    sheet.setMoment(row, column, *kind, isOfDay ? number - std::floor(number) : number, from1904);
 }

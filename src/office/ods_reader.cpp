@@ -13,6 +13,7 @@ namespace {
 
 const QString OdsOffice = u"urn:oasis:names:tc:opendocument:xmlns:office:1.0"_s;
 const QString OdsTable = u"urn:oasis:names:tc:opendocument:xmlns:table:1.0"_s;
+const QString OdsStyle = u"urn:oasis:names:tc:opendocument:xmlns:style:1.0"_s;
 const QString OdsText = u"urn:oasis:names:tc:opendocument:xmlns:text:1.0"_s;
 const QString OdsCalc = u"urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0"_s;
 
@@ -80,6 +81,19 @@ double daysOfDuration(const QString& text) {
     return (match.captured(1).toDouble() +
             (match.captured(2).toDouble() + seconds / minutes) / minutes) /
            hoursOfDay;
+}
+
+/// The styles of tables that do not show.
+QStringList readHidingStyles(QXmlStreamReader& xml) {
+    QStringList hiding;
+    while (xml.readNextStartElement()) {
+        const QString style = xml.attributes().value(OdsStyle, u"name"_s).toString();
+        for (; xml.readNextStartElement(); xml.skipCurrentElement()) {
+            if (xml.attributes().value(OdsTable, u"display"_s) == u"false")
+                hiding += style;
+        }
+    }
+    return hiding;
 }
 
 class OdsSheet {
@@ -155,9 +169,23 @@ bool readOds(const QByteArray& archive, SheetCells& cells) {
     if (!content)
         return false;
     QXmlStreamReader xml(*content);
-    if (!xml.readNextStartElement() || !goToChild(xml, u"body") ||
-        !goToChild(xml, u"spreadsheet") || !goToChild(xml, u"table"))
+    xml.readNextStartElement();
+    QStringList hiding;
+    while (xml.readNextStartElement() && xml.name() != u"body") {
+        if (xml.name() == u"automatic-styles")
+            hiding = readHidingStyles(xml);
+        else
+            xml.skipCurrentElement();
+    }
+    if (!goToChild(xml, u"spreadsheet"))
         return false;
-    OdsSheet(cells).readRows(xml);
-    return !xml.hasError();
+    while (goToChild(xml, u"table")) {
+        if (hiding.contains(xml.attributes().value(OdsTable, u"style-name"_s))) {
+            xml.skipCurrentElement();
+            continue;
+        }
+        OdsSheet(cells).readRows(xml);
+        return !xml.hasError();
+    }
+    return false;
 }

@@ -89,7 +89,9 @@ SheetCell& Sheet::cellToSet(int row, int column) {
 
 void Sheet::put(int row, int column, const CellContent& content) {
     SheetCell& cell = cellToSet(row, column);
-    cell.content = content;
+    const auto* number = std::get_if<double>(&content);
+    const bool isWord = number && !std::isfinite(*number); // "inf" and "nan" read as numbers
+    cell.content = isWord ? CellContent(dao::numberText(*number)) : content;
     if (std::holds_alternative<QDate>(content))
         cell.looks |= CellLook::Dated;
     auto* text = std::get_if<QString>(&cell.content);

@@ -72,8 +72,8 @@ class Sheet {
 public:
     explicit Sheet(QString name);
 
-    /// Puts something in a cell. Of a text longer than LongestText the rest is left out, and so are
-    /// characters that no spreadsheet takes.
+    /// Puts something in a cell; a number without end as a text. Of a text longer than LongestText
+    /// the rest is left out, and so are characters that no spreadsheet takes.
     void put(int row, int column, const CellContent& content);
     /// Adds to the looks of cells.
     void addLooks(const CellArea& area, CellLooks looks);

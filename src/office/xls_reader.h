@@ -2,10 +2,16 @@
 
 #include "office/sheet_cells.h"
 
-/// Loads the library that reads .xls: before the child process that uses it. False where it is not
-/// installed.
-bool loadXlsReader();
+#include <QByteArray>
 
-/// Reads the first sheet of a workbook (.xls). Answers false for a file that is none, or is
-/// encrypted.
-bool readXls(const QString& path, SheetCells& cells);
+/// Reads the first sheet that shows of a workbook (.xls, BIFF5 or BIFF8), given the file's bytes.
+/// Answers false for what is none, breaks off or is encrypted; what does not hang together is left
+/// out. Of a formula the result is read, of an error nothing.
+///
+/// The records are read here: the library for older workbooks passes the formulas over, takes a
+/// truth value for a number, and opens no workbook with a text that goes on over more than two
+/// records.
+bool readXls(const QByteArray& file, SheetCells& cells);
+
+/// Whether such a workbook can be read only with a password.
+bool isXlsEncrypted(const QByteArray& file);

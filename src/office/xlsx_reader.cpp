@@ -81,7 +81,8 @@ QString readRuns(QXmlStreamReader& xml) {
 }
 
 struct XlsxWorkbook {
-    QString firstSheet; ///< the id of its link
+    QStringList shown; ///< the ids of the sheets' links, as the next
+    QStringList hidden;
     bool from1904 = false;
 };
 
@@ -95,11 +96,13 @@ XlsxWorkbook readXlsxWorkbook(const QByteArray& part) {
             const QString from = attributeOf(xml, u"date1904"_s);
             book.from1904 = from == u"1" || from == u"true";
         }
-        if (xml.name() != u"sheet" || !book.firstSheet.isEmpty())
+        if (xml.name() != u"sheet")
             continue;
+        const bool isHidden =
+            attributeOf(xml, u"state"_s).contains(u"hidden"_s, Qt::CaseInsensitive);
         for (const QXmlStreamAttribute& each : xml.attributes()) {
             if (each.name() == u"id" && !each.namespaceUri().isEmpty())
-                book.firstSheet = each.value().toString();
+                (isHidden ? book.hidden : book.shown) += each.value().toString();
         }
     }
     return book;
@@ -220,10 +223,15 @@ bool readXlsx(const QByteArray& archive, SheetCells& cells) {
     const auto part = [&](const QString& kind) {
         return readZipPart(archive, partOfKind(links, kind)).value_or(QByteArray());
     };
-    const auto sheet =
-        readZipPart(archive, linkedPart(links, [&](const PartLink& each) {
-                        return each.id == book.firstSheet && each.kind == u"worksheet";
-                    }));
+    QString sheetPart;
+    for (const QString& id : book.shown + book.hidden) { // some may be charts
+        sheetPart = linkedPart(links, [&](const PartLink& each) {
+            return each.id == id && each.kind == u"worksheet";
+        });
+        if (!sheetPart.isEmpty())
+            break;
+    }
+    const auto sheet = readZipPart(archive, sheetPart);
     if (!sheet)
         return false;
     NumberFormats formats = readXlsxFormats(part(u"styles"_s));

@@ -7,6 +7,7 @@
 #include "classes/pupil_notes.h"
 #include "classes/pupil_sheet.h"
 #include "classes/register_columns.h"
+#include "office/spreadsheet.h"
 #include "support/class_file.h"
 #include "support/workbook_cells.h"
 #include "support/year_session.h"
@@ -194,6 +195,61 @@ TEST_F(ExportsTest, LessonNotesHaveRealDates) {
     exportNotesOfPupil(session, code, 1, u"Zoë O'Brien"_s);
     const QList<SeenPrompt>& seen = seams.prompts.seen();
     EXPECT_TRUE(seen[seen.size() - 2].text.endsWith(u"\n\nLesson Notes: B5"_s));
+}
+
+/// Whatever is exported can be taken in again, the same from both formats.
+TEST_F(ExportsTest, TheProgramReadsWhatItExported) {
+    addGradeColumn(session.CurrentDB, code, {u"Test"_s, dao::DataType::Text, 50, {}},
+                   seams.prompts);
+    put(u"SELECT * FROM Marks_7A WHERE ID = 1"_s, u"Test"_s, u"17.5"_s);
+    put(u"SELECT * FROM REG_7A WHERE ID = 1"_s, u"09/09/24 3"_s, u"O"_s);
+    storeLessonNote(session.CurrentDB, {u"09/09/24"_s, code, 1}, u"Helped\nus"_s);
+    const PupilSheet details = records(detailsSource(session.CurrentDB, code, {0, 2}));
+    const PupilSheet grades = gradesRecords();
+    const PupilSheet lessons = registerRecords();
+    const QString date = QLocale().toString(QDate(2024, 9, 9), QLocale::ShortFormat);
+    struct {
+        std::function<bool(const ExportTarget&)> write;
+        int row; ///< one of the file's
+        QStringList read;
+    } const cases[] = {
+        {[&](const ExportTarget& file) { return exportClassDetails(details, file); },
+         1,
+         {u"O'Brien"_s, u"Zoë"_s}},
+        {[&](const ExportTarget& file) {
+             return exportNotesTable({{u"Surname"_s, u"Report"_s}, {u"Ames"_s, u"a\nb"_s}}, file);
+         },
+         1,
+         {u"Ames"_s, u"a\nb"_s}},
+        {[&](const ExportTarget& file) {
+             return exportGrades(
+                 grades, [](int) { return true; }, file);
+         },
+         2,
+         {u"O'Brien"_s, u"Zoë"_s, {}, u"17.5"_s}},
+        {[&](const ExportTarget& file) {
+             return exportLessonNotes(session.CurrentDB.OpenRecordset(lessonNotesSource(code, 1)),
+                                      u"Zoë"_s, file);
+         },
+         2,
+         {date, u"Helped\nus"_s}},
+        {[&](const ExportTarget& file) {
+             return exportRegister(session.CurrentDB, lessons, code, file);
+         },
+         3,
+         {u"O'Brien"_s, u"Zoë"_s, {}, {}, {}, u"O"_s}},
+    };
+    for (const auto& each : cases) {
+        for (const QString& name : {u"a.xls"_s, u"a.xlsx"_s}) {
+            ASSERT_TRUE(each.write(target(name)));
+            const auto sheet = Spreadsheet::read(path(name));
+            ASSERT_TRUE(sheet) << name.toStdString();
+            QStringList row;
+            for (int column = 0; column < each.read.size(); ++column)
+                row += sheet->cell(each.row, column);
+            EXPECT_EQ(row, each.read) << name.toStdString();
+        }
+    }
 }
 
 /// The views of a grid ask in three ways what to do with a file that is there.

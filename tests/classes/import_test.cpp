@@ -183,6 +183,9 @@ TEST_F(ImportTest, OneColumnIsOverwrittenOrLeftAlone) {
         importInto(u"Marks"_s, head + "Cole,Ed,1\nAmes,Ann,many\n", u"Import Data Error"_s));
     EXPECT_TRUE(seams.prompts.last().text.startsWith(u"Row 3: "_s));
     EXPECT_EQ(grades(u"Marks"_s), (QStringList{u"7"_s, u"9"_s, u"~"_s}));
+    addColumn(u"Mean"_s, dao::DataType::Double);
+    for (const QByteArray& word : {"nan"_ba, "inf"_ba})
+        EXPECT_FALSE(importInto(u"Mean"_s, head + "Cole,Ed," + word, u"Import Data Error"_s));
     EXPECT_EQ(importInto(u"Word"_s, head + "Cole,Ed,good\n", u"Import Data"_s), 1);
     EXPECT_EQ(grades(u"Word"_s).first(), u"goo"_s);
     EXPECT_EQ(importInto(u"Tutor"_s, head + "Cole,Ed,10K\n"), 1);

@@ -2,11 +2,13 @@
 
 #include "office/biff_stream.h"
 #include "office/sheet_writer.h"
+#include "office/spreadsheet.h"
 #include "support/engine_files.h"
 #include "support/workbook_cells.h"
 
 #include <QDirIterator>
 
+#include <limits>
 #include <random>
 
 namespace {
@@ -104,6 +106,44 @@ TEST_F(SheetWriterTest, CellsReadBackAsTheyWerePut) {
     EXPECT_EQ(read[1].rows[2], (QStringList{{}, u"x"_s}));
     for (int row = 0; const auto& each : cases)
         EXPECT_EQ(read[0].rows[row++][0].toStdString(), each.read.toStdString());
+}
+
+/// In both formats, and texts over many records too.
+TEST_F(SheetWriterTest, TheProgramReadsItsOwnWorkbooks) {
+    const QDate date(2026, 9, 7);
+    struct {
+        CellContent content;
+        QString read;
+    } const cases[] = {
+        {17.0, u"17"_s},
+        {-0.1, u"-0.1"_s},
+        {std::numeric_limits<double>::infinity(), u"inf"_s},
+        {u"007"_s, u"007"_s},
+        {u"=1+1"_s, u"=1+1"_s},
+        {u"<a> & \"b\" "_s, u"<a> & \"b\" "_s},
+        {date, QLocale().toString(date, QLocale::ShortFormat)},
+        {QString(Sheet::LongestText, u'é'), QString(Sheet::LongestText, u'é')},
+        {QString(Sheet::LongestText, u'漢'), QString(Sheet::LongestText, u'漢')},
+        {u"Zoë 😀\n two"_s, u"Zoë 😀\n two"_s},
+        {std::monostate(), QString()},
+        {u"last"_s, u"last"_s},
+    };
+    Workbook book;
+    Sheet& sheet = book.addSheet(u"Term(1)"_s);
+    for (int row = 1; const auto& each : cases)
+        sheet.put(row++, 2, each.content);
+    book.addSheet(u"Term(2)"_s).put(0, 0, u"another"_s);
+    for (const QString& name : {u"a.xls"_s, u"a.xlsx"_s}) {
+        saveWorkbook(book, path(name));
+        const auto read = Spreadsheet::read(path(name));
+        ASSERT_TRUE(read) << name.toStdString();
+        EXPECT_EQ(read->cell(0, 0), QString());
+        for (int row = 1; const auto& each : cases) {
+            EXPECT_TRUE(read->cell(row, 2) == each.read)
+                << name.toStdString() << ' ' << row << read->cell(row, 2).left(40).toStdString();
+            ++row;
+        }
+    }
 }
 
 /// Texts of every length, narrow and wide, over the borders of many records: the library that reads

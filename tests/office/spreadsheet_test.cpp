@@ -51,8 +51,8 @@ TEST(SpreadsheetTest, WhatIsNoneIsRefused) {
     }
 }
 
-/// An empty first row, a merged cell, formulas, dates and repeated rows, as an office program
-/// writes them in each format.
+/// Behind a hidden sheet an empty first row, a merged cell, formulas, dates and repeated rows, as
+/// an office program writes them in each format.
 TEST(SpreadsheetTest, AllFormatsReadAlike) {
     const QString date = shortDate({2026, 11, 27});
     for (const QString& ending : {u"xls"_s, u"xlsx"_s, u"ods"_s}) {
@@ -105,9 +105,42 @@ TEST(SpreadsheetTest, TextsMayStandInTheCellsThemselves) {
     EXPECT_EQ(wide->cell(2, 299), u"2299"_s);
 }
 
-TEST(SpreadsheetTest, EncryptedOnesAreRefused) {
-    for (const QString& ending : {u"xls"_s, u"xlsx"_s, u"ods"_s})
-        EXPECT_FALSE(Spreadsheet::read(workbook(u"encrypted."_s + ending))) << ending.toStdString();
+/// Sheets of the first version, and of BIFF5 without a container.
+TEST(SpreadsheetTest, OldSheetsStandAlone) {
+    for (const QString& name : {u"older.xls"_s, u"bare.xls"_s}) {
+        const auto sheet = Spreadsheet::read(workbook(name));
+        ASSERT_TRUE(sheet) << name.toStdString();
+        EXPECT_EQ(sheet->cell(0, 1), u"First name"_s);
+        QStringList row;
+        for (int column = 0; column < 5; ++column)
+            row += sheet->cell(1, column);
+        EXPECT_EQ(row,
+                  (QStringList{u"O'Brien"_s, u"Zoë"_s, u"7.5"_s, u"-3"_s, u"0.000244140625"_s}));
+    }
+}
+
+TEST(SpreadsheetTest, WhatHindersIsSaid) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.xls"_s);
+    const QString web = writeFile(path, "\r\n<html><table><tr><td>Cole</td></tr></table></html>");
+    const QString empty = writeFile(folder.filePath(u"a.csv"_s), "");
+    struct {
+        QString file;
+        QString word;
+    } const cases[] = {
+        {workbook(u"encrypted.xls"_s), u"password"_s},
+        {workbook(u"encrypted.xlsx"_s), u"password"_s},
+        {workbook(u"encrypted.ods"_s), u"password"_s},
+        {web, u"web page"_s},
+        {empty, u"empty"_s},
+    };
+    for (const auto& each : cases) {
+        EXPECT_FALSE(Spreadsheet::read(each.file)) << each.file.toStdString();
+        EXPECT_TRUE(Spreadsheet::hindrance(each.file).contains(each.word))
+            << each.file.toStdString();
+    }
+    EXPECT_EQ(Spreadsheet::hindrance(folder.filePath(u"none.xls"_s)), QString());
+    EXPECT_EQ(Spreadsheet::hindrance(writeFile(path, "\1\2")), QString());
 }
 
 TEST(SpreadsheetTest, TablesInTextsHaveTheirSeparator) {
@@ -124,9 +157,15 @@ TEST(SpreadsheetTest, TablesInTextsHaveTheirSeparator) {
         {"\"Cole, the \"\"first\"\"\",\"two\nlines\"\n",
          {u"Cole, the \"first\""_s, u"two\nlines"_s}},
         {"One\nTwo", {u"One"_s}},
+        {"Cole;Ed\rDale;Di\r", {u"Cole"_s, u"Ed"_s}},
+        {QByteArray("\xFF\xFE"
+                    "C\0o\0\t\0E\0d\0\r\0\n\0",
+                    16),
+         {u"Co"_s, u"Ed"_s}},
     };
     for (const auto& each : cases) {
-        const auto sheet = Spreadsheet::read(writeFile(folder.filePath(u"a.CSV"_s), each.text));
+        // School systems give them the ending of workbooks too.
+        const auto sheet = Spreadsheet::read(writeFile(folder.filePath(u"a.xls"_s), each.text));
         ASSERT_TRUE(sheet) << each.text.constData();
         QStringList first;
         for (int column = 0; column < sheet->columnCount(); ++column)
@@ -167,13 +206,37 @@ TEST(SpreadsheetTest, AFormatSaysWhatANumberIs) {
         EXPECT_EQ(momentOfFormat(each.id, each.code), each.kind) << each.code.toStdString();
 }
 
+TEST(SpreadsheetTest, ATimeIsOfItsDayUnlessItCountsOn) {
+    NumberFormats formats;
+    formats.codes = {{164, u"h:mm"_s}, {165, u"[h]:mm"_s}};
+    formats.cells = {20, 164, 46, 165};
+    struct {
+        qsizetype style;
+        double number;
+        ReadCell read;
+    } const cases[] = {
+        {0, 46353.5, {CellKind::Time, u"12:00:00"_s}},
+        {1, 46353.5, {CellKind::Time, u"12:00:00"_s}},
+        {2, 1.25, {CellKind::Text, u"1.25"_s}},
+        {3, 1.25, {CellKind::Text, u"1.25"_s}},
+        {3, 0.25, {CellKind::Time, u"06:00:00"_s}},
+    };
+    for (const auto& each : cases) {
+        SheetCells cells;
+        formats.put(cells, 0, 0, each.number, each.style);
+        const ReadCell read = SheetCells::unpacked(cells.packed())->at(0).at(0);
+        EXPECT_EQ(read.kind, each.read.kind) << each.style;
+        EXPECT_EQ(read.text, each.read.text) << each.style;
+    }
+}
+
 /// Bytes changed where the structures are dense: in the container's header and tables, and in the
 /// records of the sheet.
 TEST(SpreadsheetTest, AnyBytesEndInASheetOrInNone) {
     const QTemporaryDir folder;
     std::minstd_rand random(20030903);
-    for (const QString& name :
-         {u"class_list.xls"_s, u"formulas.xls"_s, u"kinds.xlsx"_s, u"kinds.ods"_s}) {
+    for (const QString& name : {u"class_list.xls"_s, u"formulas.xls"_s, u"kinds.xls"_s,
+                                u"kinds.xlsx"_s, u"kinds.ods"_s}) {
         const QByteArray bytes = bytesOf(workbook(name));
         const QString path = folder.filePath(name);
         constexpr int rounds = 30;

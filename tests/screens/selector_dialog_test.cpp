@@ -96,6 +96,17 @@ TEST_F(SelectorTest, ASheetItsColumnsAndItsRow) {
                          ok(form);
                      }),
               (SpreadsheetChoice{1, {u"H"_s, u"B"_s, QString()}}));
+    request.workbook = test::testData(u"spreadsheets/encrypted.xls"_s);
+    EXPECT_EQ(answer(request,
+                     [](QWidget& form) {
+                         EXPECT_TRUE(std::ranges::any_of(
+                             form.findChildren<QLabel*>(), [](const QLabel* label) {
+                                 return label->text().contains(u"by a password"_s);
+                             }));
+                         checkScreen(form, u"SelectorFrm_unreadable"_s);
+                         cancel(form);
+                     }),
+              std::nullopt);
 }
 
 TEST_F(SelectorTest, ANewField) {

@@ -121,8 +121,29 @@ void checkLetters(QWidget& window) {
     }
 }
 
+/// Enter presses the default button, also after the focus has been on another and gone on.
+void checkDefaultButton(QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << described(window);
+    QPushButton* usual = nullptr;
+    QPushButton* other = nullptr;
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (button->isDefault())
+            usual = button;
+        else if (button->isEnabled() && button->isVisible())
+            other = button;
+    }
+    QWidget* focus = window.focusWidget();
+    if (!usual || !other || !focus || qobject_cast<QPushButton*>(focus))
+        return;
+    other->setFocus(Qt::TabFocusReason);
+    focus->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(usual->isDefault()) << described(window);
+}
+
 void checkScreen(QWidget& window, const QString& name) {
     checkFocus(window);
+    checkDefaultButton(window);
     checkLetters(window);
     const QPalette usual = QApplication::palette();
     for (const bool dark : {false, true}) {

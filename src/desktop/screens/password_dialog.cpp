@@ -17,7 +17,6 @@ PasswordDialog::PasswordDialog(QWidget* parent) : QDialog(parent), m_password(ne
     m_password->setEchoMode(QLineEdit::Password);
     auto* ok = new QPushButton(u"OK"_s);
     ok->setObjectName(u"cmdOK"_s);
-    ok->setDefault(true);
     auto* cancel = new QPushButton(u"Cancel"_s);
     cancel->setObjectName(u"cmdCancel"_s);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
@@ -34,6 +33,7 @@ PasswordDialog::PasswordDialog(QWidget* parent) : QDialog(parent), m_password(ne
     layout->addWidget(m_password);
     layout->addLayout(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    ok->setDefault(true); // the dialog has it only now
     m_password->setFocus();
 }
 

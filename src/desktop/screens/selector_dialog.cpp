@@ -47,6 +47,7 @@ bool SelectorDialog::isChosen(const SelectorRequest& request, SelectorContent* c
     layout->addWidget(text);
     layout->addWidget(m_content, 1);
     layout->addWidget(makeButtons());
+    findChild<QPushButton*>(u"cmdOK"_s)->setDefault(true); // the dialog has it only now
     connect(m_content, &SelectorContent::finished, this, &SelectorDialog::accept);
     return exec() == Accepted;
 }
@@ -60,7 +61,6 @@ QWidget* SelectorDialog::makeButtons() {
     auto* cancel = new QPushButton(u"Cancel"_s);
     ok->setObjectName(u"cmdOK"_s);
     cancel->setObjectName(u"cmdCancel"_s);
-    ok->setDefault(true);
     for (QPushButton* button : {ok, cancel})
         layout->addWidget(button);
     connect(ok, &QPushButton::clicked, this, &SelectorDialog::accept);

@@ -91,10 +91,14 @@ SpreadsheetContent::SpreadsheetContent(const SpreadsheetRequest& request, Prompt
     : m_prompts(prompts), m_row(makeRow(request)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
+    const std::optional<Spreadsheet> sheet = Spreadsheet::read(request.workbook);
     makeLine(request.label.isEmpty() ? u"Preview of "_s + QFileInfo(request.workbook).fileName()
                                      : request.label,
              *layout);
-    layout->addWidget(makePreview(request), 1);
+    if (!sheet)
+        makeLine(u"The file can't be shown. "_s + Spreadsheet::hindrance(request.workbook),
+                 *layout);
+    layout->addWidget(makePreview(sheet.value_or(Spreadsheet())), 1);
     auto* form = new QFormLayout;
     for (int i = 0; i < request.columnLabels.size(); ++i) {
         m_columns += makeColumn(request, i);
@@ -104,9 +108,8 @@ SpreadsheetContent::SpreadsheetContent(const SpreadsheetRequest& request, Prompt
     layout->addLayout(form);
 }
 
-QWidget* SpreadsheetContent::makePreview(const SpreadsheetRequest& request) {
+QWidget* SpreadsheetContent::makePreview(const Spreadsheet& sheet) {
     constexpr int mostRows = 60; // as many as help to find one's way
-    const Spreadsheet sheet = Spreadsheet::read(request.workbook).value_or(Spreadsheet());
     const int rows = qMin(sheet.rowCount(), mostRows);
     auto* preview = new QTableWidget(rows, sheet.columnCount());
     preview->setObjectName(u"OLE1"_s);
@@ -116,8 +119,10 @@ QWidget* SpreadsheetContent::makePreview(const SpreadsheetRequest& request) {
     preview->verticalHeader()->setDefaultSectionSize(preview->fontMetrics().height() + 4);
     for (int column = 0; column < sheet.columnCount(); ++column) {
         preview->setHorizontalHeaderItem(column, new QTableWidgetItem(columnLetters(column)));
-        for (int row = 0; row < rows; ++row)
-            preview->setItem(row, column, new QTableWidgetItem(sheet.cell(row, column)));
+        for (int row = 0; row < rows; ++row) {
+            if (const QString text = sheet.cell(row, column); !text.isEmpty()) // most may be
+                preview->setItem(row, column, new QTableWidgetItem(text));
+        }
     }
     constexpr int lines = 9;
     constexpr int characters = 70;

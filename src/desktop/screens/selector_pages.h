@@ -10,6 +10,7 @@
 
 class DateCalendar;
 class Prompts;
+class Spreadsheet;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -63,7 +64,7 @@ public:
     SpreadsheetChoice choice() const;
 
 private:
-    QWidget* makePreview(const SpreadsheetRequest& request);
+    QWidget* makePreview(const Spreadsheet& sheet);
     QComboBox* makeColumn(const SpreadsheetRequest& request, int index);
     QComboBox* makeRow(const SpreadsheetRequest& request);
 

@@ -24,7 +24,7 @@ double asNumber(const Field& field, const Value& value) {
         return value.toDouble();
     bool isNumber = false;
     const double number = value.toText().trimmed().toDouble(&isNumber);
-    if (!isNumber)
+    if (!isNumber || !std::isfinite(number)) // "inf" and "nan" are words
         throw conversionError(field);
     return number;
 }

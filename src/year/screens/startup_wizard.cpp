@@ -99,6 +99,7 @@ void StartupWizard::makePages() {
     layout->addWidget(m_parts, 1);
     layout->addWidget(line);
     layout->addLayout(makeButtons());
+    m_next->setDefault(true); // the wizard has it only now
 }
 
 QWidget* StartupWizard::makeSetupPages() {
@@ -125,7 +126,6 @@ QLayout* StartupWizard::makeButtons() {
     m_back->setObjectName(u"cmdBack"_s);
     m_next->setObjectName(u"cmdNext"_s);
     cancelButton->setObjectName(u"cmdCancel"_s);
-    m_next->setDefault(true);
     auto* row = new QHBoxLayout;
     row->addWidget(m_pageLabel, 1);
     for (QPushButton* button : {m_back, m_next, cancelButton}) {

@@ -3,7 +3,8 @@
 
     make_sheet.py FOLDER
 
-Not those named kinds: LibreOffice has made them of kinds.fods, and encrypted.ods too.
+Not those named kinds: LibreOffice has made them of kinds.fods, and encrypted.ods too. It hides the
+first sheet only in .ods; in the others that is done here, once they have been made.
 
 A workbook is a compound file (a header, one sector of allocation table, one of directory, then the
 stream "Workbook") with BIFF8 records in its stream: BOF, CODEPAGE, BOUNDSHEET, SST, EOF of the
@@ -85,6 +86,45 @@ def directory_entry(name, kind, child, start, size):
             + b"\0" * 36 + struct.pack("<IQ", start, size))
 
 
+def older(rows):
+    """A sheet as the first version had it, without a container."""
+    place = lambda y, x: struct.pack("<HH3x", y, x)
+    sheet = record(0x09, struct.pack("<HH", 2, 0x10)) + record(0x42, struct.pack("<H", 0x8001))
+    sheet += record(0x00, struct.pack("<HHHH", 0, len(rows), 0, max(map(len, rows))))
+    for y, row in enumerate(rows):
+        for x, cell in enumerate(row):
+            if isinstance(cell, str):
+                sheet += record(0x04, place(y, x) + struct.pack("<B", len(cell)) + cell.encode("cp1252"))
+            else:
+                sheet += record(0x03, place(y, x) + struct.pack("<d", cell))
+    return (sheet + record(0x0A, b"")).ljust(SECTOR, b"\0")
+
+
+def bare(rows):
+    """A sheet of BIFF5 without workbook and container, as programs of web servers write it; short
+    numbers side by side, and a text with formats."""
+    sheet = record(0x809, struct.pack("<HH4x", 0, 0x10))
+    for y, row in enumerate(rows):
+        numbers = [cell for cell in row if not isinstance(cell, str)]
+        for x, cell in enumerate(row[:len(row) - len(numbers)]):
+            sheet += record((0x204, 0xD6)[x % 2], struct.pack("<HHHH", y, x, 0, len(cell))
+                            + cell.encode("cp1252") + b"\0" * (x % 2))
+        if numbers:
+            sheet += record(0xBD, struct.pack("<HH", y, len(row) - len(numbers))
+                            + b"".join(struct.pack("<HI", 0, short(each)) for each in numbers)
+                            + struct.pack("<H", len(row) - 1))
+            sheet += record(0x27E, struct.pack("<HHHI", y, len(row), 0, short(numbers[0])))
+    return sheet + record(0x0A, b"")
+
+
+def short(number):
+    """As a whole number, as one in hundredths, or as half of a real one."""
+    for scale in (1, 100):
+        if (number * scale).is_integer():
+            return (int(number * scale) << 2 | 2 | (scale == 100)) & 0xFFFFFFFF
+    return struct.unpack("<Q", struct.pack("<d", number))[0] >> 32 & ~3
+
+
 def compound(stream, name="Workbook"):
     stream = stream.ljust(8 * SECTOR, b"\0")  # shorter ones would have to go into small sectors
     stream = stream.ljust(-(-len(stream) // SECTOR) * SECTOR, b"\0")
@@ -96,8 +136,8 @@ def compound(stream, name="Workbook"):
                             END_OF_CHAIN, 0, END_OF_CHAIN, 0, 0)
               + struct.pack("<I", FREE) * 108)
     table = b"".join(struct.pack("<I", each) for each in fat).ljust(SECTOR, b"\xff")
-    folder = (directory_entry("Root Entry", 5, 1, END_OF_CHAIN, 0)
-              + directory_entry(name, 2, FREE, 2, len(stream)))
+    folder = directory_entry("Root Entry", 5, 1, END_OF_CHAIN, 0)
+    folder += directory_entry(name, 2, FREE, 2, len(stream))
     folder += directory_entry("", 0, FREE, 0, 0) * 2
     return header + table + folder + stream
 
@@ -127,6 +167,20 @@ def zipped_workbook(path, rows, workbook_properties="", styles=""):
                              zipfile.ZIP_DEFLATED)
 
 
+def hide_first_sheet(folder):
+    """Of kinds.xls and kinds.xlsx."""
+    xls = (folder / "kinds.xls").read_bytes()
+    name = xls.index(b"\x05\0Lists")  # behind what shows, and the kind of sheet
+    (folder / "kinds.xls").write_bytes(xls[:name - 2] + b"\x01" + xls[name - 1:])
+    with zipfile.ZipFile(folder / "kinds.xlsx") as archive:
+        parts = {each: archive.read(each) for each in archive.namelist()}
+    with zipfile.ZipFile(folder / "kinds.xlsx", "w", zipfile.ZIP_DEFLATED) as archive:
+        for part, content in parts.items():
+            if part == "xl/workbook.xml":
+                content = content.replace(b'sheetId="1" state="visible"', b'sheetId="1" state="hidden"')
+            archive.writestr(zipfile.ZipInfo(part), content, zipfile.ZIP_DEFLATED)
+
+
 SHEETS = {
     "class_list.xls": [
         ["Class list 10M1"],
@@ -148,6 +202,9 @@ folder = pathlib.Path(sys.argv[1])
 for name, rows in SHEETS.items():
     (folder / name).write_bytes(compound(workbook(rows)))
 (folder / "formulas.xls").write_bytes(compound(formulas()))
+KINDS = [["Surname", "First name", "Test"], ["O'Brien", "Zo\u00eb", 7.5, -3.0, 1 / 4096]]
+(folder / "older.xls").write_bytes(older(KINDS))
+(folder / "bare.xls").write_bytes(bare(KINDS))
 (folder / "encrypted.xls").write_bytes(compound(encrypted(workbook(SHEETS["class_list.xls"]))))
 # An encrypted .xlsx is no zip archive but a compound file too.
 (folder / "encrypted.xlsx").write_bytes(compound(b"?" * 5000, "EncryptedPackage"))
@@ -165,3 +222,5 @@ zipped_workbook(
 zipped_workbook(folder / "wide.xlsx", "".join(
     "<row>" + "".join(f"<c><v>{1000 * row + column}</v></c>" for column in range(300)) + "</row>"
     for row in range(3)))
+if (folder / "kinds.xls").exists():
+    hide_first_sheet(folder)
