@@ -10,7 +10,6 @@
 #include "raw_library.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardItemModel>
@@ -45,11 +44,6 @@ QString emptyBook(const QString& path) {
     return path;
 }
 
-QString madeFolder(const QString& folder) {
-    QDir().mkpath(folder);
-    return folder;
-}
-
 void drawTree() {
     QApplication::sendPostedEvents();
     QApplication::processEvents();
@@ -57,7 +51,7 @@ void drawTree() {
 
 class BookOpened : public Work {
 public:
-    explicit BookOpened(const QString& folder) : m_quiet(madeFolder(folder)) {
+    explicit BookOpened(const QString& folder) : m_quiet(folder) {
         m_quiet.session().AppPath = folder + u'/';
         AddressBook book(m_quiet.session());
         book.load_Contacts_DB();
@@ -125,7 +119,7 @@ private:
 class CsvImported : public Work {
 public:
     explicit CsvImported(const QString& folder)
-        : m_quiet(madeFolder(folder))
+        : m_quiet(folder)
         , m_book(m_quiet.session())
         , m_csv(folder + u"/import.csv"_s)
         , m_path(folder + u"/import.mdb"_s) {

@@ -12,7 +12,6 @@
 #include "core/window_placement.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QHeaderView>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -32,7 +31,7 @@ void drawWindow(QWidget& window) {
 /// From the first page to the register.
 class OpenView : public Work {
 public:
-    explicit OpenView(const QString& path) : m_quiet(madeFolder(path)) {
+    explicit OpenView(const QString& path) : m_quiet(path + u".settings"_s) {
         Session& session = m_quiet.session();
         session.CurrentDB = session.Engine().OpenDatabase(path);
         m_window = std::make_unique<ClassWindow>(session);
@@ -51,12 +50,6 @@ public:
     qint64 finish() override { return m_window->desk().records().rowCount(); }
 
 private:
-    static QString madeFolder(const QString& path) {
-        const QString folder = path + u".settings"_s;
-        QDir().mkpath(folder);
-        return folder;
-    }
-
     QuietSession m_quiet;
     std::unique_ptr<ClassWindow> m_window;
 };

@@ -12,7 +12,6 @@
 #include "store/schema.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QScrollArea>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -54,7 +53,7 @@ void drawChanges() {
 
 class MonthShown : public Work {
 public:
-    explicit MonthShown(const QString& folder) : m_quiet(madeFolder(folder)) {
+    explicit MonthShown(const QString& folder) : m_quiet(folder) {
         const QString path = folder + u"/events.mdb"_s;
         createSampleYear(path);
         Session& session = m_quiet.session();
@@ -86,10 +85,6 @@ public:
     }
 
 private:
-    static QString madeFolder(const QString& folder) {
-        QDir().mkpath(folder);
-        return folder;
-    }
     static void fillMonth(const dao::Database& year) {
         dao::Recordset month =
             openEventMonth(year, {fullMonth.year(), fullMonth.month()}, calendarYear(year));

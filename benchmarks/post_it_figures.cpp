@@ -8,7 +8,6 @@
 #include "sample_year.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QTextDocument>
 #include <QTextEdit>
 
@@ -31,7 +30,7 @@ void drawNotes() {
 
 class PostItsShown : public Work {
 public:
-    explicit PostItsShown(const QString& folder) : m_quiet(madeFolder(folder)) {
+    explicit PostItsShown(const QString& folder) : m_quiet(folder) {
         const QString path = folder + u"/notes.mdb"_s;
         createSampleYear(path);
         Session& session = m_quiet.session();
@@ -56,11 +55,6 @@ public:
     }
 
 private:
-    static QString madeFolder(const QString& folder) {
-        QDir().mkpath(folder);
-        return folder;
-    }
-
     QuietSession m_quiet;
     std::vector<std::unique_ptr<QWidget>> m_windows;
 };

@@ -11,17 +11,22 @@
 
 using namespace Qt::StringLiterals;
 
-/// A session without a year, over a folder of its own.
+/// A session without a year, over a folder of its own, which it makes.
 class QuietSession {
 public:
     explicit QuietSession(const QString& folder)
-        : m_settings(folder + u"/settings.ini"_s)
+        : m_settings(made(folder) + u"/settings.ini"_s)
         , m_session(m_engine, m_settings, {m_prompts, m_progress, m_shell, m_clock},
                     yearOpening()) {}
 
     Session& session() { return m_session; }
 
 private:
+    static QString made(const QString& folder) {
+        QDir().mkpath(folder);
+        return folder;
+    }
+
     dao::DBEngine m_engine;
     Settings m_settings;
     SilentProgress m_progress;
@@ -34,17 +39,12 @@ private:
 /// A session over a year with days of so many periods, opened without its upgrades.
 class QuietYear {
 public:
-    QuietYear(const QString& path, int periods) : m_quiet(madeFolder(path)) {
+    QuietYear(const QString& path, int periods) : m_quiet(path + u".settings"_s) {
         session().CurrentDB = session().Engine().OpenDatabase(path);
         session().PeriodsPerDay = static_cast<qint16>(periods);
     }
     Session& session() { return m_quiet.session(); }
 
 private:
-    static QString madeFolder(const QString& path) {
-        const QString folder = path + u".settings"_s;
-        QDir().mkpath(folder);
-        return folder;
-    }
     QuietSession m_quiet;
 };

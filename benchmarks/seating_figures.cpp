@@ -55,12 +55,6 @@ QString yearWithPlans(const QString& path) {
     return path;
 }
 
-QString settingsFolder(const QString& path) {
-    const QString folder = path + u".settings"_s;
-    QDir().mkpath(folder);
-    return folder;
-}
-
 void drawSeats() {
     QApplication::sendPostedEvents();
     QApplication::processEvents();
@@ -69,7 +63,7 @@ void drawSeats() {
 /// The window on the class without pupils.
 class SeatingShown : public Work {
 public:
-    explicit SeatingShown(const QString& path) : m_quiet(settingsFolder(path)) {
+    explicit SeatingShown(const QString& path) : m_quiet(path + u".settings"_s) {
         Session& session = m_quiet.session();
         session.CurrentDB = session.Engine().OpenDatabase(path);
         m_window = std::make_unique<SeatingPlanWindow>(session);
