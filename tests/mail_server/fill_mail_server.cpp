@@ -1,5 +1,6 @@
 // fill_mail_server event|memo|contact: puts an item, as text on standard input, into the data
-// server of the message bus that the environment names. A program of its own: the libraries that
+// server of the message bus that the environment names; a time zone may come with it, both within a
+// VCALENDAR. A program of its own: the libraries that
 // speak with the server bring a database library whose functions are called as those of the
 // engine's are.
 
@@ -13,10 +14,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Puts the time zone that came with an item beside it; answers the item.
+GOwned<ICalComponent> withoutZone(GOwned<ICalComponent> whole, ECalClient* calendar,
+                                  const Patience& patience) {
+    GOwned<ICalComponent> definition(
+        i_cal_component_get_first_component(whole.get(), I_CAL_VTIMEZONE_COMPONENT));
+    if (!definition)
+        return whole;
+    const GOwned<ICalTimezone> zone(i_cal_timezone_new());
+    i_cal_timezone_set_component(zone.get(), definition.get());
+    GError* error = nullptr;
+    e_cal_client_add_timezone_sync(calendar, zone.get(), patience.cancellable(), &error);
+    raiseFault(error);
+    const GOwned<ICalComponent> item(
+        i_cal_component_get_first_component(whole.get(), I_CAL_VEVENT_COMPONENT));
+    return GOwned<ICalComponent>(i_cal_component_clone(item.get()));
+}
+
 void addItem(ECalClientSourceType type, const QByteArray& text) {
     const Patience patience;
     const GOwned<ECalClient> calendar = defaultCalendar(type, patience);
-    const GOwned<ICalComponent> item(i_cal_component_new_from_string(text.constData()));
+    const GOwned<ICalComponent> item =
+        withoutZone(GOwned<ICalComponent>(i_cal_component_new_from_string(text.constData())),
+                    calendar.get(), patience);
     GError* error = nullptr;
     e_cal_client_create_object_sync(calendar.get(), item.get(), E_CAL_OPERATION_FLAG_NONE, nullptr,
                                     patience.cancellable(), &error);

@@ -82,8 +82,13 @@ TEST(MailClientTest, ReadsAndWritesWhatTheServerKeeps) {
                      "DESCRIPTION:Hall\r\nEND:VEVENT\r\n");
     fill(u"event"_s, "BEGIN:VEVENT\r\nUID:e2\r\nDTSTART;VALUE=DATE:20260910\r\n"
                      "SUMMARY:Trip\r\nEND:VEVENT\r\n");
+    fill(u"event"_s, "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VTIMEZONE\r\nTZID:Invited\r\n"
+                     "BEGIN:STANDARD\r\nDTSTART:19700101T000000\r\nTZOFFSETFROM:+0300\r\n"
+                     "TZOFFSETTO:+0300\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n"
+                     "BEGIN:VEVENT\r\nUID:e3\r\nDTSTART;TZID=Invited:20260914T110000\r\n"
+                     "SUMMARY:Visit\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
     QList<MailEvent> read = client.Outlook_ReadCalendar().items;
-    ASSERT_EQ(read.size(), 2);
+    ASSERT_EQ(read.size(), 3);
     std::sort(read.begin(), read.end(),
               [](const MailEvent& a, const MailEvent& b) { return a.Start < b.Start; });
     EXPECT_EQ(read[0].Start, QDateTime(QDate(2026, 9, 7), QTime(9, 0)));
@@ -92,6 +97,7 @@ TEST(MailClientTest, ReadsAndWritesWhatTheServerKeeps) {
     EXPECT_EQ(read[1].Start.date(), QDate(2026, 9, 10));
     EXPECT_FALSE(read[1].IsRecurring);
     EXPECT_EQ(read[1].Subject + u'|' + read[1].Body, u"Trip|"_s);
+    EXPECT_EQ(read[2].Start.toUTC(), QDateTime(QDate(2026, 9, 14), QTime(8, 0), Qt::UTC));
 
     fill(u"contact"_s, "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann O'Brien\r\nN:O'Brien;Ann\r\n"
                        "EMAIL:ann@home.example\r\nEMAIL:ann@school.example\r\n"

@@ -132,3 +132,9 @@ std::vector<GOwned<EContact>> contactsOf(EBookClient* book, const Patience& pati
     raiseFault(error);
     return taken<EContact>(contacts);
 }
+
+ICalTimezone* zoneIn(ECalClient* calendar, const char* name, const Patience& patience) {
+    ICalTimezone* zone = nullptr;
+    e_cal_client_get_timezone_sync(calendar, name, &zone, patience.cancellable(), nullptr);
+    return zone;
+}

@@ -55,3 +55,7 @@ GOwned<EBookClient> defaultAddressBook(const Patience& patience);
 /// All that is in one. Raise ServerFault.
 std::vector<GOwned<ICalComponent>> itemsOf(ECalClient* calendar, const Patience& patience);
 std::vector<GOwned<EContact>> contactsOf(EBookClient* book, const Patience& patience);
+
+/// A time zone that came with an item into a calendar, as those of invitations do, by its name
+/// there; null for none. The calendar keeps it.
+ICalTimezone* zoneIn(ECalClient* calendar, const char* name, const Patience& patience);

@@ -32,8 +32,11 @@ public:
     MailItems<MailEvent> Outlook_ReadCalendar() override {
         return readItems<MailEvent>([](QList<MailEvent>& events, const Patience& patience) {
             const auto calendar = defaultCalendar(E_CAL_CLIENT_SOURCE_TYPE_EVENTS, patience);
+            const auto zone = [&](const char* name) {
+                return zoneIn(calendar.get(), name, patience);
+            };
             for (const auto& item : itemsOf(calendar.get(), patience)) {
-                if (const std::optional<MailEvent> event = eventOf(item.get()))
+                if (const std::optional<MailEvent> event = eventOf(item.get(), zone))
                     events += *event;
             }
         });

@@ -20,18 +20,20 @@ QString descriptionOf(ICalComponent* item) {
 }
 
 /// The zone of a time by the name that the item gives it; null for none that is known.
-ICalTimezone* zoneOf(ICalProperty* property) {
+ICalTimezone* zoneOf(ICalProperty* property, const ZoneOfCalendar& zoneOfCalendar) {
     const GOwned<ICalParameter> named(
         i_cal_property_get_first_parameter(property, I_CAL_TZID_PARAMETER));
     const char* name = named ? i_cal_parameter_get_tzid(named.get()) : nullptr;
     if (!name)
         return nullptr;
     ICalTimezone* zone = i_cal_timezone_get_builtin_timezone_from_tzid(name);
-    return zone ? zone : i_cal_timezone_get_builtin_timezone(name);
+    if (!zone)
+        zone = i_cal_timezone_get_builtin_timezone(name);
+    return zone ? zone : zoneOfCalendar(name);
 }
 
 /// In the computer's own time; invalid for none.
-QDateTime startOf(ICalComponent* item) {
+QDateTime startOf(ICalComponent* item, const ZoneOfCalendar& zoneOfCalendar) {
     const GOwned<ICalProperty> property(
         i_cal_component_get_first_property(item, I_CAL_DTSTART_PROPERTY));
     const GOwned<ICalTime> start(property ? i_cal_property_get_dtstart(property.get()) : nullptr);
@@ -45,7 +47,7 @@ QDateTime startOf(ICalComponent* item) {
                      i_cal_time_get_second(start.get()));
     if (i_cal_time_is_utc(start.get()))
         return QDateTime(day, time, Qt::UTC).toLocalTime();
-    ICalTimezone* zone = zoneOf(property.get());
+    ICalTimezone* zone = zoneOf(property.get(), zoneOfCalendar);
     return zone ? QDateTime::fromSecsSinceEpoch(i_cal_time_as_timet_with_zone(start.get(), zone))
                 : QDateTime(day, time);
 }
@@ -92,8 +94,8 @@ GOwned<ICalComponent> noteOf(const QString& text) {
     return memo;
 }
 
-std::optional<MailEvent> eventOf(ICalComponent* item) {
-    const QDateTime start = startOf(item);
+std::optional<MailEvent> eventOf(ICalComponent* item, const ZoneOfCalendar& zoneOfCalendar) {
+    const QDateTime start = startOf(item, zoneOfCalendar);
     if (!start.isValid() || e_cal_util_component_is_instance(item))
         return std::nullopt;
     return MailEvent{.Start = start,

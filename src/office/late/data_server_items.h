@@ -4,6 +4,7 @@
 
 #include "core/mail_client.h"
 
+#include <functional>
 #include <optional>
 
 /// What the data server keeps, as the program knows it.
@@ -12,7 +13,10 @@
 QString noteText(ICalComponent* memo);
 GOwned<ICalComponent> noteOf(const QString& text);
 
+/// Answers what `zoneIn` does of the item's calendar.
+using ZoneOfCalendar = std::function<ICalTimezone*(const char* name)>;
+
 /// Nothing for what has no start, and for a single occurrence of an item that recurs.
-std::optional<MailEvent> eventOf(ICalComponent* item);
+std::optional<MailEvent> eventOf(ICalComponent* item, const ZoneOfCalendar& zoneOfCalendar);
 /// Nothing for a list of contacts.
 std::optional<MailContact> contactOf(EContact* contact);
