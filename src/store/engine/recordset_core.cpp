@@ -269,6 +269,7 @@ void RecordsetCore::readAhead(int entry) {
         m_ahead.clear();
         m_aheadStart = entry;
         m_aheadChanges = m_database->file->changes;
+        m_aheadIsHeld = m_database->connection.inTransaction();
         readRows(entry, end);
     }
     m_row = m_ahead.at(entry - m_aheadStart);

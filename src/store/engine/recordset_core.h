@@ -113,6 +113,7 @@ private:
     WriteShape shapeOfUpdate(int source) const;
     void updateRecord();
     bool holdsWhatWasWritten();
+    bool holdsWhatIsInFile() const;
     void updateSource(int source);
     Statement& bound(const WriteShape& shape);
     void checkRequired() const;
@@ -132,6 +133,8 @@ private:
     QList<QList<Value>> m_ahead;
     int m_aheadStart = -1; ///< the entry of the first of them
     quint64 m_aheadChanges = 0;
+    bool m_aheadIsHeld =
+        false; ///< read in a transaction, so that nobody changes them until its end
     EditMode m_editMode = EditMode::None;
     QList<Value> m_edited;
     QList<bool> m_changed;

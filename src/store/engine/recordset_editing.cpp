@@ -36,12 +36,20 @@ void RecordsetCore::edit() {
     requireDynaset();
     requireCurrent();
     m_editMode = EditMode::None;
+    if (!holdsWhatIsInFile()) {
+        m_aheadStart = -1;
+        m_row = readRow(m_keys->entries.at(m_entry).keys);
+    }
     m_rowLoaded = false;
-    m_aheadStart = -1; // another program may have changed the record since it was read
-    QList<Value> values = readRow(m_keys->entries.at(m_entry).keys);
-    if (values.isEmpty())
+    if (m_row.isEmpty())
         throw EngineError(RecordDeleted, u"The record has been deleted."_s);
-    beginEditing(EditMode::InProgress, std::move(values));
+    beginEditing(EditMode::InProgress, m_row);
+}
+
+/// Outside a transaction another program may have changed the record since it was read.
+bool RecordsetCore::holdsWhatIsInFile() const {
+    return m_rowLoaded && m_aheadStart >= 0 && m_aheadIsHeld &&
+           m_aheadChanges == m_database->file->changes && m_database->connection.inTransaction();
 }
 
 void RecordsetCore::cancelUpdate() {
