@@ -387,7 +387,8 @@ TEST_F(BackupTest, AHalfWrittenChangeOfAKilledProgramIsUndoneFirst) {
     completes([&] {
         const dao::Database year = engine.OpenDatabase(database);
         dao::Transaction bulk(year);
-        for (int i = 0; i < 100; ++i)
+        // More than the library keeps in memory, so that it reaches the file.
+        for (int i = 0; i < 200; ++i)
             addRecord(year, u"Pupils"_s, {u"Baker"_s, i, QString(60000, u'x')});
         _exit(1);
     });

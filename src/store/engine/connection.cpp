@@ -140,7 +140,8 @@ void configure(Connection& connection) {
     for (const char* setting :
          {"PRAGMA foreign_keys = ON", "PRAGMA synchronous = FULL", "PRAGMA temp_store = MEMORY",
           "PRAGMA trusted_schema = OFF", "PRAGMA legacy_alter_table = ON",
-          "PRAGMA cell_size_check = ON", "PRAGMA secure_delete = ON"})
+          "PRAGMA cell_size_check = ON", "PRAGMA secure_delete = ON",
+          "PRAGMA cache_size = -8192"}) // kibibytes: most years stay in memory whole
         connection.execute(QLatin1StringView(setting));
     sqlcipher().configure(connection.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
 }
