@@ -69,6 +69,18 @@ std::shared_ptr<dao::OpenFile> lockTarget(const QString& target) {
     return lock;
 }
 
+/// Raises 3356 where the archive's backups would bear the names of the year's: they would push
+/// those out, and who restores the newest would get a year of one class.
+void requireOwnBackups(const QString& year, const QString& target, const QString& backupFolder) {
+    const auto backupOf = [&](const QString& file) {
+        return BackupNames(file, backupFolder).backup(1);
+    };
+    if (backupOf(target).compare(backupOf(year), Qt::CaseInsensitive) == 0)
+        throw dao::EngineError(dao::OpenedExclusively,
+                               u"Its backups would have the names of those of the current "
+                               "database.\nPlease choose another name for the archive."_s);
+}
+
 /// Raises 3265 where the year has no such class.
 void requireClass(const dao::Database& year, const QString& classCode) {
     if (!Load_data(year).contains(classCode))
@@ -194,6 +206,8 @@ bool ArchiveClass(Session& session, const QString& classCode, const QString& tar
     if (!tryTelling(seams.prompts, archiveFailure, [&] {
             requireClass(session.CurrentDB, classCode);
             replaced = lockTarget(target);
+            requireOwnBackups(session.CurrentDB.Name(), target,
+                              session.FolderDefaults[BackupFolder].folder);
         }))
         return false;
     const ProgressWindow window(seams.progress, u"Creating Archive:"_s);

@@ -151,16 +151,20 @@ TEST_F(ClassArchiveTest, OfAnArchiveOfTheOnlyClassAndOfAProtectedYear) {
     }
 }
 
-TEST_F(ClassArchiveTest, NeverOntoTheOpenYear) {
+TEST_F(ClassArchiveTest, NeverOntoTheOpenYearNorItsBackups) {
+    MakeProposedFolder(session.FolderDefaults[BackupFolder]);
+    writeFile(backup(u"year.001"_s), "the year's own");
     QFile::link(path(), path(u"out/link.mdb"_s));
     ASSERT_EQ(::link(qPrintable(path()), qPrintable(path(u"out/hard.mdb"_s))), 0);
     const QByteArray before = bytesOf(path());
-    for (const QString& name : {u"year.mdb"_s, u"out/../year.mdb"_s, u"./year.mdb"_s,
-                                u"out/link.mdb"_s, u"out/hard.mdb"_s}) {
+    for (const QString& name :
+         {u"year.mdb"_s, u"out/../year.mdb"_s, u"./year.mdb"_s, u"out/link.mdb"_s,
+          u"out/hard.mdb"_s, u"out/year.mdb"_s, u"out/Year.mdb"_s}) {
         seams.prompts.expect(PromptKind::Plain, u"Archive Class"_s, AnswerOk);
         EXPECT_FALSE(ArchiveClass(session, u"7A"_s, path(name))) << name.toStdString();
     }
     EXPECT_EQ(bytesOf(path()), before);
+    EXPECT_EQ(bytesOf(backup(u"year.001"_s)), "the year's own");
     checkYear();
 }
 

@@ -94,7 +94,8 @@ GOwned<ECalClient> defaultCalendar(ECalClientSourceType type, const Patience& pa
     const GOwned<ESource> source(isMemos ? e_source_registry_ref_default_memo_list(registry.get())
                                          : e_source_registry_ref_default_calendar(registry.get()));
     if (!source)
-        throw ServerFault{u"The mail client has no calendar of its own."_s};
+        throw ServerFault{isMemos ? u"The mail client has no list of memos of its own."_s
+                                  : u"The mail client has no calendar of its own."_s};
     GError* error = nullptr;
     const guint32 seconds = secondsFor(source.get(), isMemos ? E_SOURCE_EXTENSION_MEMO_LIST
                                                              : E_SOURCE_EXTENSION_CALENDAR);
